@@ -1,0 +1,21 @@
+# Flags of every target, and the functions that make targets: one library for each folder of src/.
+
+add_library(veskora_flags INTERFACE)
+target_compile_features(veskora_flags INTERFACE cxx_std_20)
+target_compile_options(veskora_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+  # Results are the same to the bit on every machine: nothing is fused or reordered.
+  -ffp-contract=off -fno-fast-math
+  $<$<BOOL:${VESKORA_WERROR}>:-Werror>
+  $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
+target_link_options(veskora_flags INTERFACE
+  $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined>)
+
+# veskora_library(NAME SOURCES ... LINKS ...): its own folder is its include path, and that of the
+# targets it links; a wrong include does not compile.
+function(veskora_library name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE veskora_flags)
+endfunction()

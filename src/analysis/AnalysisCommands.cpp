@@ -1,0 +1,75 @@
+#include "AnalysisCommands.h"
+
+#include "Desktop.h"
+#include "Diagrafes.h"
+#include "epilisi.h"
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+
+namespace veskora {
+
+namespace {
+
+bool isConnected(int n)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int end : {element::nodeI, element::nodeJ})
+            if (Stoixeia(e, end) == static_cast<float>(n))
+                return true;
+    return false;
+}
+
+/// The first node without an element, 0 when there is none.
+int firstUnconnectedNode()
+{
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        if (!isConnected(n))
+            return n;
+    return 0;
+}
+
+Answer askToDelete(int n)
+{
+    const std::string text =
+        Metafrasi(137, "Node #") + numberText(n) + " "
+        + Metafrasi(138, "is not connected to other nodes with elements and could probably cause "
+                         "problems to the solution process.");
+    Grammi_Log(text, logColour::red);
+    return desktop().message(
+        text + " "
+            + Metafrasi(139, "Do you want that node to be deleted before starting the analysis?"),
+        Icon::question, Buttons::yesNoCancel);
+}
+
+} // namespace
+
+void Button_Epilisi()
+{
+    if (Arithmos_Kombon == 0)
+        return;
+    while (const int n = firstUnconnectedNode()) {
+        const Answer answer = askToDelete(n);
+        if (answer == Answer::cancel)
+            return;
+        if (answer != Answer::yes)
+            break;
+        Diagrafi_Kombou(static_cast<std::int16_t>(n));
+        desktop().redraw();
+    }
+    Epilisi();
+    if (!Sfalma_Epilisis && Katastasi_Provolis != 0)
+        desktop().redraw(); // the picture shown is then that of the new results
+}
+
+void Erotisi_Epanepilisis()
+{
+    if (Allagi_Montelou
+        && desktop().message(Metafrasi(153, "Model has been changed. Do you want to reanalyze "
+                                            "before the process goes on?"),
+                             Icon::exclamation, Buttons::yesNo)
+               == Answer::yes)
+        Button_Epilisi();
+}
+
+} // namespace veskora

@@ -1,0 +1,198 @@
+#include "elimination.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+// One source, several instruction sets: the loader picks the widest vectors of the machine. Each
+// lane does the same separate product and difference, so the width never shows in a result.
+#if defined(__x86_64__) && defined(__GNUC__) && !defined(__clang__)                                \
+    && !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
+#define VESKORA_VECTOR_CLONES __attribute__((target_clones("default", "avx2", "avx512f")))
+#else
+#define VESKORA_VECTOR_CLONES
+#endif
+
+namespace veskora {
+
+namespace {
+
+/// Pivot rows handled together: a target row is then loaded and stored once for all of them.
+constexpr int panelRows = 8;
+
+/// The pivot rows of a panel that touch one target row, in rising order, with their quotients.
+struct Operands
+{
+    int count = 0;
+    std::array<const double *, panelRows> rows;
+    std::array<double, panelRows> quotients;
+};
+
+/// target[j] = ((target[j] - q0 row0[j]) - q1 row1[j]) - ...; the order of the differences is that
+/// of the plain loops.
+template <int Count>
+[[gnu::always_inline]] inline void subtract(double *__restrict target, const Operands &operands,
+                                            int from, std::size_t begin, std::size_t end)
+{
+    std::array<const double *, Count> rows;
+    std::array<double, Count> quotients;
+    for (int m = 0; m < Count; ++m) {
+        rows[m] = operands.rows[static_cast<std::size_t>(from + m)];
+        quotients[m] = operands.quotients[static_cast<std::size_t>(from + m)];
+    }
+    for (std::size_t j = begin; j < end; ++j) {
+        double value = target[j];
+        for (int m = 0; m < Count; ++m)
+            value = value - quotients[m] * rows[m][j];
+        target[j] = value;
+    }
+}
+
+VESKORA_VECTOR_CLONES
+void subtractRows(double *target, const Operands &operands, std::size_t begin, std::size_t end)
+{
+    int done = 0;
+    for (; operands.count - done >= 4; done += 4)
+        subtract<4>(target, operands, done, begin, end);
+    switch (operands.count - done) {
+    case 3:
+        return subtract<3>(target, operands, done, begin, end);
+    case 2:
+        return subtract<2>(target, operands, done, begin, end);
+    case 1:
+        return subtract<1>(target, operands, done, begin, end);
+    default:
+        return;
+    }
+}
+
+/// The elimination at work. Rows and columns count from 0 here.
+class Elimination
+{
+public:
+    Elimination(PinakasErgasias<maxDofs, maxDofs + 1> &A, std::span<double> b, std::span<double> x)
+        : A_(A), b_(b), x_(x), n_(static_cast<int>(b.size()))
+    {
+        findEnds();
+    }
+
+    void forward()
+    {
+        for (int first = 0; first < n_; first += panelRows) {
+            const int last = std::min(first + panelRows, n_); // one behind the panel
+            int reach = last - 1;
+            for (int k = first; k < last; ++k) {
+                testRow(k);
+                reach = std::max(reach, end_[at(k)]);
+                for (int i = k + 1; i < last; ++i)
+                    eliminate(i, k, k + 1);
+            }
+            for (int i = last; i <= reach; ++i)
+                eliminate(i, first, last);
+        }
+    }
+
+    void backward()
+    {
+        for (int k = n_ - 1; k >= 0; --k) {
+            const double *row = row_[at(k)];
+            double sum = 0;
+            for (int j = k + 1; j <= end_[at(k)]; ++j)
+                sum = sum + x_[at(j)] * row[j];
+            x_[at(k)] = tested(divide(b_[at(k)] - sum, row[k]));
+        }
+    }
+
+private:
+    static std::size_t at(int index) { return static_cast<std::size_t>(index); }
+
+    static double tested(double value)
+    {
+        if (!std::isfinite(value))
+            throw Fault(Fault::Kind::overflow, "Overflow in the solution of the equations");
+        return value;
+    }
+
+    static double divide(double dividend, double divisor)
+    {
+        if (divisor == 0)
+            throw Fault(Fault::Kind::divisionByZero,
+                        "Division by zero in the solution of the equations");
+        return dividend / divisor;
+    }
+
+    /// Finds the last column of each row that is not +0. What lies behind it stays as it is under
+    /// the plain loops too: x - q * 0 is x for every finite q and every x but -0. Sums that start
+    /// from +0, as assembly does, never give -0; where one is found all the same, every row counts
+    /// as full.
+    void findEnds()
+    {
+        bool negativeZero = false;
+        for (int k = 0; k < n_; ++k) {
+            row_[at(k)] = A_.unmarked(k + 1).data();
+            const auto [first, last] = A_.stretch(k + 1);
+            int end = k;
+            for (int j = std::max(first - 1, k); j < std::min(last, n_); ++j) {
+                const double value = row_[at(k)][j];
+                if (value != 0)
+                    end = j;
+                else
+                    negativeZero = negativeZero || !isPositiveZero(value);
+            }
+            end_[at(k)] = end;
+        }
+        if (negativeZero)
+            std::fill_n(end_.begin(), n_, n_ - 1);
+    }
+
+    /// A number that stopped being finite on the way stays so until its row is the pivot row; an
+    /// infinite pivot would hide itself in the quotients, as x / infinity is 0.
+    void testRow(int k) const
+    {
+        for (int j = k; j <= end_[at(k)]; ++j)
+            (void)tested(row_[at(k)][j]);
+    }
+
+    /// Subtracts from row i its multiples of the pivot rows @p first to @p last - 1.
+    void eliminate(int i, int first, int last)
+    {
+        Operands operands;
+        int end = end_[at(i)];
+        for (int k = first; k < last; ++k) {
+            const double *pivotRow = row_[at(k)];
+            if (pivotRow[i] == 0)
+                continue;
+            const double quotient = divide(pivotRow[i], pivotRow[k]);
+            operands.rows[at(operands.count)] = pivotRow;
+            operands.quotients[at(operands.count++)] = quotient;
+            end = std::max(end, end_[at(k)]);
+            b_[at(i)] = b_[at(i)] - quotient * b_[at(k)];
+        }
+        if (operands.count == 0)
+            return;
+        end_[at(i)] = end;
+        A_.markWritten(i + 1, i + 1, end + 1);
+        subtractRows(row_[at(i)], operands, at(i), at(end + 1));
+    }
+
+    PinakasErgasias<maxDofs, maxDofs + 1> &A_;
+    std::span<double> b_;
+    std::span<double> x_;
+    int n_;
+    std::array<double *, maxDofs> row_;
+    std::array<int, maxDofs> end_; ///< last column of each row that may be other than +0
+};
+
+} // namespace
+
+void solveSymmetric(PinakasErgasias<maxDofs, maxDofs + 1> &A, std::span<double> b,
+                    std::span<double> x)
+{
+    if (b.empty())
+        subscriptFault(0, maxDofs, 0, maxDofs + 1);
+    Elimination elimination(A, b, x);
+    elimination.forward();
+    elimination.backward();
+}
+
+} // namespace veskora

@@ -1,0 +1,167 @@
+#include "Batch.h"
+
+#include "Anafora.h"
+#include "AnalysisCommands.h"
+#include "BatchDesktop.h"
+#include "Fault.h"
+#include "Files.h"
+#include "FileSystem.h"
+#include "Metablites.h"
+
+#include <filesystem>
+#include <ostream>
+#include <set>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+
+namespace {
+
+constexpr const char *usage =
+    "Usage: Veskora_batch [--out DIR | -] MODEL.vsk...\n"
+    "\n"
+    "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
+    "\n"
+    "  --out DIR  folder of the reports, made when it is not there; the working\n"
+    "             directory when not given\n"
+    "  -          print the reports instead\n"
+    "  --         what follows is a model, whatever it begins with\n"
+    "  --help     this text\n"
+    "\n"
+    "Exit status: 0 all models analysed, 1 some could not be read or analysed,\n"
+    "2 wrong usage.\n";
+
+struct Order
+{
+    bool print = false;
+    bool help = false;
+    std::string folder = ".";
+    std::vector<std::string> models;
+    std::string complaint; ///< not empty: wrong usage
+};
+
+Order parse(const std::vector<std::string> &arguments)
+{
+    Order order;
+    bool onlyModels = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string &argument = arguments[i];
+        if (onlyModels || !argument.starts_with('-'))
+            order.models.push_back(argument);
+        else if (argument == "--")
+            onlyModels = true;
+        else if (argument == "-")
+            order.print = true;
+        else if (argument == "--help" || argument == "-h")
+            order.help = true;
+        else if (argument == "--out" && i + 1 < arguments.size())
+            order.folder = arguments[++i];
+        else if (order.complaint.empty())
+            order.complaint =
+                argument == "--out" ? "--out needs a folder" : "unknown option " + argument;
+    }
+    if (order.folder == "-")
+        order.print = true;
+    if (order.models.empty() && order.complaint.empty())
+        order.complaint = "no model given";
+    return order;
+}
+
+/// One run over all models.
+class BatchRun
+{
+public:
+    BatchRun(const Order &order, std::ostream &out, std::ostream &err)
+        : order_(order), out_(out), err_(err), desktop_(err)
+    {
+        setDesktop(&desktop_);
+    }
+    ~BatchRun() { setDesktop(nullptr); }
+    BatchRun(const BatchRun &) = delete;
+    BatchRun &operator=(const BatchRun &) = delete;
+
+    /// @return whether the model was analysed and its report written
+    bool run(const std::string &model)
+    {
+        std::string failure;
+        try {
+            failure = process(model);
+        } catch (const Fault &fault) { // what would end a window program ends one model here
+            failure = fault.facts();
+        }
+        desktop_.finishLine();
+        if (!failure.empty())
+            err_ << "Veskora_batch: " << model << ": " << failure << std::endl;
+        return failure.empty();
+    }
+
+private:
+    /// @return what went wrong, empty when nothing
+    std::string process(std::string model)
+    {
+        resetStore();
+        Anagnosi_Arxeiou(model);
+        if (Onoma_Arxeiou.empty())
+            return "not read";
+        if (Arithmos_Kombon == 0)
+            return "no nodes, nothing to analyse";
+        Button_Epilisi();
+        if (Sfalma_Epilisis)
+            return "not analysed";
+        std::string report;
+        for (int kind = 1; kind <= 4; ++kind)
+            report += Anafora_Keimenou(kind);
+        return deliver(model, reportFileText(report));
+    }
+
+    std::string deliver(const std::string &model, const std::string &report)
+    {
+        if (order_.print) {
+            out_ << report << std::flush;
+            return out_ ? "" : "the report could not be printed";
+        }
+        const fs::path target =
+            fs::path(order_.folder) / fs::path(model).filename().replace_extension(".txt");
+        if (!written_.insert(target.string()).second)
+            return target.string() + " holds the report of another model of this run";
+        writeWholeFile(target.string(), report, Durability::onDisk);
+        return {};
+    }
+
+    const Order &order_;
+    std::ostream &out_;
+    std::ostream &err_;
+    BatchDesktop desktop_;
+    std::set<std::string> written_;
+};
+
+} // namespace
+
+int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)
+{
+    const Order order = parse(arguments);
+    if (order.help) {
+        out << usage;
+        return batchStatus::allAnalysed;
+    }
+    if (!order.complaint.empty()) {
+        err << "Veskora_batch: " << order.complaint << "\n\n" << usage;
+        return batchStatus::wrongUsage;
+    }
+    if (!order.print) {
+        std::error_code error;
+        fs::create_directories(order.folder, error);
+        if (error) {
+            err << "Veskora_batch: " << order.folder << ": " << error.message() << "\n";
+            return batchStatus::wrongUsage;
+        }
+    }
+    BatchRun run(order, out, err);
+    bool allAnalysed = true;
+    for (const std::string &model : order.models)
+        allAnalysed = run.run(model) && allAnalysed;
+    return allAnalysed ? batchStatus::allAnalysed : batchStatus::someFailed;
+}
+
+} // namespace veskora

@@ -1,0 +1,28 @@
+#pragma once
+/// @file
+/// Models in, reports out, without a window.
+
+#include <iosfwd>
+#include <string>
+#include <vector>
+
+namespace veskora {
+
+/// Exit status of a batch run.
+namespace batchStatus {
+inline constexpr int allAnalysed = 0;
+inline constexpr int someFailed =
+    1; ///< a model could not be read or analysed, or its report not written
+inline constexpr int wrongUsage = 2;
+} // namespace batchStatus
+
+/// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
+/// and writes its report. Every model starts from a fresh store with the default settings, and a
+/// failure of one does not keep the next from its turn. An unconnected node is reported and kept.
+///
+/// @param out  where "-" prints the reports
+/// @param err  what the message log would say, and why a model failed
+/// @return one of `batchStatus`
+int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err);
+
+} // namespace veskora

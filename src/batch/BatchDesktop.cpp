@@ -1,0 +1,37 @@
+#include "BatchDesktop.h"
+
+#include "Clock.h"
+
+#include <ostream>
+
+namespace veskora {
+
+Answer BatchDesktop::message(const std::string &, Icon, Buttons buttons)
+{
+    return buttons == Buttons::ok ? Answer::ok : Answer::no;
+}
+
+void BatchDesktop::insertLog(const std::string &text, std::uint32_t, bool)
+{
+    std::string_view rest = text;
+    if (rest.starts_with("\r\n")) {
+        finishLine();
+        rest.remove_prefix(2);
+    }
+    log_ << rest;
+    lineOpen_ = true;
+}
+
+void BatchDesktop::finishLine()
+{
+    if (lineOpen_)
+        log_ << std::endl;
+    lineOpen_ = false;
+}
+
+TimeOfDay BatchDesktop::timeOfDay()
+{
+    return localTimeOfDay();
+}
+
+} // namespace veskora

@@ -1,0 +1,45 @@
+#pragma once
+/// @file
+/// The desktop of a process without a window.
+
+#include "Desktop.h"
+
+#include <iosfwd>
+
+namespace veskora {
+
+/// Answers every question by rule and writes the message log to a stream. Nothing is kept between
+/// runs: settings are always the defaults.
+class BatchDesktop : public Desktop
+{
+public:
+    explicit BatchDesktop(std::ostream &log) : log_(log) {}
+
+    /// Ends the log line that stands open.
+    void finishLine();
+
+    /// No to every question: an unconnected node is kept. What a box says is in the log too.
+    Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::optional<std::string> askOpenFile(const FileQuestion &) override { return std::nullopt; }
+    std::optional<std::string> askSaveFile(const FileQuestion &) override { return std::nullopt; }
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
+    void setCaption(const std::string &) override {}
+    void setPointer(Pointer) override {}
+    void enableToolbarItem(int, bool) override {}
+    void repaintMainWindow() override {}
+    void repaintLog() override {}
+    void redraw() override {}
+    TimeOfDay timeOfDay() override;
+    std::string setting(std::string_view, std::string_view, std::string_view standard) override
+    {
+        return std::string(standard);
+    }
+    std::string programFolder() override { return "."; }
+    std::string documentsFolder() override { return "."; }
+
+private:
+    std::ostream &log_;
+    bool lineOpen_ = false;
+};
+
+} // namespace veskora

@@ -1,0 +1,318 @@
+#include "Anafora.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+
+#include <algorithm>
+
+namespace veskora {
+
+namespace {
+
+constexpr std::string_view nl = "\r\n";
+
+/// @p text padded with blanks on the right, or cut, to exactly @p width characters of UTF-8.
+std::string field(std::size_t width, const std::string &text)
+{
+    std::size_t characters = 0;
+    std::size_t end = 0;
+    for (; end < text.size(); ++end) {
+        const bool beginsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+        if (beginsCharacter && characters == width)
+            break;
+        characters += beginsCharacter ? 1 : 0;
+    }
+    return text.substr(0, end) + std::string(width - characters, ' ');
+}
+
+std::string blanks(std::size_t count)
+{
+    return std::string(count, ' ');
+}
+
+/// One report section in the making.
+class Report
+{
+public:
+    Report() : separator_(regionalDecimalSeparator()) {}
+
+    Report &operator<<(std::string_view text)
+    {
+        text_ += text;
+        return *this;
+    }
+    void rule(std::size_t length) { (text_.append(length, '-')) += nl; }
+    void title(const std::string &text) { *this << text << nl << nl; }
+
+    /// The plain and the signed conversion, with the regional separator.
+    std::string plain(auto number) const { return localized(numberText(number)); }
+    std::string withSign(auto number) const { return localized(signedNumberText(number)); }
+
+    std::string take() { return std::move(text_); }
+
+private:
+    std::string localized(std::string text) const
+    {
+        if (const std::size_t point = text.find('.'); point != std::string::npos)
+            text.replace(point, 1, separator_);
+        return text;
+    }
+
+    std::string separator_;
+    std::string text_;
+};
+
+bool isLoadedNode(int n)
+{
+    return Komboi(n, node::Fx) != 0 || Komboi(n, node::Fy) != 0 || Komboi(n, node::M) != 0;
+}
+
+bool isConstrainedNode(int n)
+{
+    return Komboi(n, node::fixedX) == 1 || Komboi(n, node::fixedY) == 1
+           || Komboi(n, node::fixedRotation) == 1;
+}
+
+bool isLoadedElement(int e)
+{
+    return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
+}
+
+int countRows(int rows, bool (*holds)(int))
+{
+    int count = 0;
+    for (int row = 1; row <= rows; ++row)
+        count += holds(row) ? 1 : 0;
+    return count;
+}
+
+/// "xxo" and its like; nothing for a free node.
+std::string constraintCode(int n)
+{
+    std::string code;
+    for (int column = node::fixedX; column <= node::fixedRotation; ++column)
+        code += Komboi(n, column) == 1 ? 'x' : 'o';
+    return code == "ooo" ? "" : code;
+}
+
+std::string elementTypeText(int e)
+{
+    const bool hingeI = Stoixeia(e, element::hingeI) == 1;
+    const bool hingeJ = Stoixeia(e, element::hingeJ) == 1;
+    if (hingeI && hingeJ)
+        return Metafrasi(375, "P1 (Hinges at i,j)");
+    if (hingeI)
+        return Metafrasi(373, "P2' (Hinge at i)");
+    return hingeJ ? Metafrasi(374, "P2' (Hinge at j)") : "P2";
+}
+
+/// A load or spring field: the value, or nothing where there is none.
+std::string signedUnlessZero(const Report &report, float value)
+{
+    return value != 0 ? report.withSign(value) : "";
+}
+
+void generalData(Report &report)
+{
+    report.title(Metafrasi(310, "General data"));
+    const auto line = [&](const std::string &label, int number) {
+        report << field(28, label) << report.plain(number) << nl;
+    };
+    line(Metafrasi(317, "E,A,I Element Groups:"), Arithmos_Omadon);
+    line(Metafrasi(318, "Nodes:"), Arithmos_Kombon);
+    line(Metafrasi(319, "Elements:"), Arithmos_Stoixeion);
+    line(Metafrasi(320, "Constrained nodes:"), countRows(Arithmos_Kombon, isConstrainedNode));
+    line(Metafrasi(321, "Nodes with loads on:"), countRows(Arithmos_Kombon, isLoadedNode));
+    line(Metafrasi(322, "Elements with loads on:"), countRows(Arithmos_Stoixeion, isLoadedElement));
+    line(Metafrasi(323, "DOFs per node:"), 3);
+    line(Metafrasi(324, "Degrees Of Freedom:"), 3 * Arithmos_Kombon);
+}
+
+void groups(Report &report)
+{
+    report << nl;
+    report.title(Metafrasi(353, "EAI Element Groups"));
+    report << Metafrasi(902, "Group") << blanks(4)
+           << field(25, Metafrasi(904, "Youngs Modulus") + " E")
+           << field(25, Metafrasi(905, "Section area") + " A")
+           << field(25, Metafrasi(906, "Sect. moment of inertia") + " I") << nl;
+    report.rule(85);
+    for (int g = 1; g <= Arithmos_Omadon; ++g) {
+        report << field(8, report.plain(g));
+        for (int column = group::E; column <= group::I; ++column)
+            report << field(25, report.withSign(Omades(g, column)));
+        report << nl;
+    }
+}
+
+void nodes(Report &report)
+{
+    report << nl;
+    report.title(Metafrasi(354, "Nodes"));
+    report << field(15, field(9, Metafrasi(340, "Node"))) << field(15, "x") << field(15, "y")
+           << field(15, Metafrasi(361, "Constraints")) << field(15, "Kx") << field(15, "Ky")
+           << field(15, "Kz") << nl;
+    report.rule(92);
+    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+        report << field(15, report.plain(n)) << field(15, report.withSign(Komboi(n, node::x)))
+               << field(15, report.withSign(Komboi(n, node::y))) << field(15, constraintCode(n));
+        for (const float constant : Elatiria.row(n))
+            report << field(15, constant > 0 ? report.plain(constant) : "");
+        report << nl;
+    }
+}
+
+void elements(Report &report)
+{
+    report << nl;
+    report.title(Metafrasi(355, "Elements"));
+    report << field(9, Metafrasi(372, "Element")) << field(8, Metafrasi(368, "Node i")) << blanks(4)
+           << field(8, Metafrasi(369, "Node j")) << blanks(5) << field(25, Metafrasi(370, "Type"))
+           << field(8, Metafrasi(371, "Group")) << nl;
+    report.rule(64);
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        report << field(8, report.plain(e))
+               << field(8, report.withSign(Stoixeia(e, element::nodeI))) << blanks(4)
+               << field(8, report.withSign(Stoixeia(e, element::nodeJ))) << blanks(6)
+               << field(25, elementTypeText(e))
+               << field(8, report.plain(Stoixeia(e, element::group))) << nl;
+}
+
+void nodalLoads(Report &report)
+{
+    report << nl;
+    report.title(Metafrasi(376, "Nodal loads"));
+    report << field(9, Metafrasi(340, "Node")) << field(25, Metafrasi(349, "Force Fx"))
+           << field(25, Metafrasi(350, "Force Fy")) << field(25, Metafrasi(351, "Moment M")) << nl;
+    report.rule(65);
+    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+        if (!isLoadedNode(n))
+            continue;
+        report << field(8, report.plain(n));
+        for (int column = node::Fx; column <= node::M; ++column)
+            report << field(25, signedUnlessZero(report, Komboi(n, column)));
+        report << nl;
+    }
+}
+
+void elementalLoads(Report &report)
+{
+    report << nl;
+    report.title(Metafrasi(357, "Elemental loads"));
+    report << field(9, Metafrasi(372, "Element")) << field(25, "Fx") << field(25, "Fy") << nl;
+    report.rule(41);
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        if (!isLoadedElement(e))
+            continue;
+        report << field(8, report.plain(e));
+        for (int column = element::wx; column <= element::wy; ++column)
+            report << field(25, signedUnlessZero(report, Stoixeia(e, column)));
+        report << nl;
+    }
+}
+
+std::string dataSection()
+{
+    Report report;
+    report.title(Metafrasi(311, "Data"));
+    generalData(report);
+    groups(report);
+    nodes(report);
+    elements(report);
+    nodalLoads(report);
+    elementalLoads(report);
+    report << nl << nl;
+    return report.take();
+}
+
+std::string displacementSection()
+{
+    Report report;
+    report.title(Metafrasi(312, "Node displacements"));
+    report << Metafrasi(340, "Node") << blanks(3) << Metafrasi(343, "x-Displacement") << blanks(11)
+           << Metafrasi(344, "y-Displacement") << blanks(11) << Metafrasi(345, "z-Rotation") << nl;
+    report.rule(79);
+    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+        report << field(8, report.plain(n));
+        for (int component = 1; component <= 3; ++component)
+            report << field(25, report.withSign(Metatopiseis(3 * n - 3 + component)));
+        report << nl;
+    }
+    report << nl << nl;
+    return report.take();
+}
+
+std::string elementForceSection()
+{
+    Report report;
+    report.title(Metafrasi(313, "Element forces"));
+    report << field(8, Metafrasi(342, "Element")) << field(9, "i, j")
+           << field(25, Metafrasi(346, "Axial force")) << field(25, Metafrasi(347, "Shear force"))
+           << field(25, Metafrasi(348, "Moment")) << nl;
+    report.rule(87);
+    const auto endForces = [&](int e, int nodeColumn, int firstColumn) {
+        report << field(8, report.plain(Stoixeia(e, nodeColumn)));
+        for (int column = firstColumn; column < firstColumn + 3; ++column)
+            report << field(25, report.withSign(Entasi_Topiki(e, column)));
+        report << nl;
+    };
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        report << field(8, report.plain(e));
+        endForces(e, element::nodeI, 1);
+        report << blanks(8);
+        endForces(e, element::nodeJ, 4);
+        report << nl;
+    }
+    report << nl;
+    return report.take();
+}
+
+std::string reactionSection()
+{
+    Report report;
+    report.title(Metafrasi(314, "Constraint-Spring reactions"));
+    report << field(9, Metafrasi(340, "Node")) << Metafrasi(349, "Force Fx") << blanks(16)
+           << Metafrasi(350, "Force Fy") << blanks(16) << Metafrasi(351, "Moment M") << nl;
+    report.rule(75);
+    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+        const auto springs = Elatiria.row(n);
+        if (!isConstrainedNode(n) && std::ranges::none_of(springs, [](float k) { return k > 0; }))
+            continue;
+        report << field(8, report.plain(n));
+        for (int k = 1; k <= 3; ++k) {
+            std::string force;
+            if (Elatiria(n, k) > 0) // the spring's force goes before that of a restraint
+                force = report.withSign(-Elatiria(n, k) * Metatopiseis(3 * n - 3 + k));
+            else if (Komboi(n, node::fixedX - 1 + k) == 1)
+                force = report.withSign(Antidraseis(n, k));
+            report << field(25, force);
+        }
+        report << nl;
+    }
+    return report.take();
+}
+
+} // namespace
+
+std::string Anafora_Keimenou(int kind)
+{
+    switch (static_cast<ReportSection>(kind)) {
+    case ReportSection::data:
+        return dataSection();
+    case ReportSection::displacements:
+        return displacementSection();
+    case ReportSection::elementForces:
+        return elementForceSection();
+    case ReportSection::reactions:
+        return reactionSection();
+    }
+    return {};
+}
+
+std::string reportFileText(const std::string &report)
+{
+    return report + std::string(nl);
+}
+
+} // namespace veskora

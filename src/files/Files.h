@@ -1,0 +1,45 @@
+#pragma once
+/// @file
+/// Model files: reading, writing, and whether the model differs from its file.
+///
+/// A model is one text file with the extension .vsk, one value to a line, CR LF line ends, the
+/// point as decimal separator; it carries the model tables and the whole view state. Paths and
+/// texts are UTF-8.
+
+#include <string>
+
+namespace veskora {
+
+/// Reads the model file @p path; when it is empty the user is asked, and the name chosen stands in
+/// it afterwards. All five stages of the format are read; what an early stage lacks takes the start
+/// value of its time or keeps the one it has.
+///
+/// On success the model, the view and the settings are the file's, `Onoma_Arxeiou` and the caption
+/// name it, and the zoom history begins anew. A wrong banner is reported and changes nothing. Any
+/// other failure is reported and leaves an empty model without a name, and settings and view as
+/// they were. Painting is up to the caller.
+void Anagnosi_Arxeiou(std::string &path);
+
+/// Writes the model to @p path; when it is empty the user is asked, and the name chosen stands in
+/// it once the file is written. The file is replaced as a whole or not at all.
+///
+/// @param quiet  whether the caption, `Onoma_Arxeiou` and the log are left alone on success
+/// A failure is reported; the model, @p path and `Onoma_Arxeiou` stay, also when @p path is
+/// `Onoma_Arxeiou` itself.
+/// @return whether the file was written
+bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
+
+/// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
+/// written to a scratch file and the two are compared item by item, view state included.
+bool Idio_Me_To_Arxeio();
+
+/// Shows a save dialog until the user cancels or a name is settled. A name without @p extension
+/// (compared exactly) gets it, with a second overwrite question when that names an existing file.
+/// @return the path, empty when cancelled
+std::string askSavePath(const std::string &filter, const std::string &proposed,
+                        const std::string &extension);
+
+/// The folder where file dialogs start.
+const std::string &dialogFolder();
+
+} // namespace veskora

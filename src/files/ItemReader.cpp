@@ -1,0 +1,93 @@
+#include "ItemReader.h"
+
+#include "Fault.h"
+#include "MathFunc.h"
+
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+/// No item of a file of ours comes near this; more of a longer one is not kept.
+constexpr std::size_t longestItem = 4096;
+constexpr std::size_t longestQuote = 40;
+
+std::string quoted(const std::string &item)
+{
+    std::string text = "'";
+    for (const char c : item.substr(0, longestQuote))
+        text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? '?' : c;
+    return text + (item.size() > longestQuote ? "...'" : "'");
+}
+
+} // namespace
+
+int ItemReader::peek()
+{
+    if (at_ == filled_) {
+        at_ = 0;
+        filled_ = file_.read(buffer_.data(), buffer_.size());
+        if (filled_ == 0)
+            return endOfFile;
+    }
+    return static_cast<unsigned char>(buffer_[at_]);
+}
+
+int ItemReader::next()
+{
+    const int c = peek();
+    if (c != endOfFile)
+        ++at_;
+    return c;
+}
+
+std::string ItemReader::item()
+{
+    itemLine_ = line_;
+    std::string text;
+    int c = next();
+    if (c == endOfFile)
+        throw Fault(Fault::Kind::input,
+                    "Input past end of file in line " + std::to_string(itemLine_));
+    for (; c != endOfFile && c != ',' && c != '\r' && c != '\n'; c = next())
+        if (text.size() < longestItem)
+            text += static_cast<char>(c);
+    if (c == '\r' && peek() == '\n')
+        (void)next();
+    if (c == '\r' || c == '\n')
+        ++line_;
+    return text;
+}
+
+void ItemReader::fail(const char *what, const std::string &item) const
+{
+    throw Fault(Fault::Kind::input, "Line " + std::to_string(itemLine_) + ": " + what
+                                        + " expected, found " + quoted(item));
+}
+
+double ItemReader::asDouble(const std::string &item, const char *what) const
+{
+    const std::optional<double> value = wholeNumberText(item);
+    if (!value)
+        fail(what, item);
+    return *value;
+}
+
+float ItemReader::asSingle(const std::string &item, const char *what) const
+{
+    const std::optional<float> value = toSingle(asDouble(item, what));
+    if (!value)
+        fail(what, item);
+    return *value;
+}
+
+int ItemReader::asInteger(const std::string &item, const char *what, int least, int most) const
+{
+    const double value = asDouble(item, what);
+    if (!(value >= least && value <= most && value == std::floor(value)))
+        fail(what, item);
+    return static_cast<int>(value);
+}
+
+} // namespace veskora

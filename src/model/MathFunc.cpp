@@ -1,0 +1,209 @@
+#include "MathFunc.h"
+
+#include <array>
+#include <bit>
+#include <charconv>
+#include <clocale>
+#include <cmath>
+#include <limits>
+
+namespace veskora {
+
+namespace {
+
+bool isBlank(char c)
+{
+    return c == ' ' || c == '\t';
+}
+
+bool isDigit(char c)
+{
+    return c >= '0' && c <= '9';
+}
+
+/// A decimal number at the start of a text, scanned by hand: `std::from_chars` would take "inf" and
+/// "nan", and refuses a plus sign.
+struct Decimal
+{
+    bool negative = false;
+    std::string_view magnitude; ///< digits, point and exponent; empty when there is no digit
+    std::size_t length = 0;     ///< of all of it, the sign included
+};
+
+Decimal scanDecimal(std::string_view text)
+{
+    Decimal decimal;
+    std::size_t at = 0;
+    if (at < text.size() && (text[at] == '+' || text[at] == '-'))
+        decimal.negative = text[at++] == '-';
+    const std::size_t start = at;
+    bool digits = false;
+    const auto skipDigits = [&] {
+        bool any = false;
+        for (; at < text.size() && isDigit(text[at]); ++at)
+            any = true;
+        return any;
+    };
+    digits = skipDigits();
+    if (at < text.size() && text[at] == '.') {
+        ++at;
+        digits = skipDigits() || digits;
+    }
+    if (!digits)
+        return decimal;
+    if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
+        const std::size_t mantissaEnd = at++;
+        if (at < text.size() && (text[at] == '+' || text[at] == '-'))
+            ++at;
+        if (!skipDigits())
+            at = mantissaEnd;
+    }
+    decimal.magnitude = text.substr(start, at - start);
+    decimal.length = at;
+    return decimal;
+}
+
+/// Whether a magnitude out of a Double's range is too large; else it is too small.
+bool isHuge(std::string_view magnitude)
+{
+    long exponent = 0;
+    const std::size_t e = magnitude.find_first_of("Ee");
+    if (e != std::string_view::npos) {
+        std::string_view digits = magnitude.substr(e + 1);
+        const bool negative = digits.front() == '-';
+        if (!isDigit(digits.front()))
+            digits.remove_prefix(1);
+        constexpr long beyondAnyText = 1'000'000'000'000;
+        if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec
+            != std::errc())
+            exponent = beyondAnyText;
+        exponent = negative ? -exponent : exponent;
+    }
+    const std::string_view mantissa = magnitude.substr(0, e);
+    const std::size_t first = mantissa.find_first_of("123456789");
+    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    const long leading =
+        first < point ? static_cast<long>(point - first) : -static_cast<long>(first - point - 1);
+    return leading + exponent > 0;
+}
+
+double convert(const Decimal &decimal)
+{
+    double value = 0;
+    const std::string_view magnitude = decimal.magnitude;
+    const auto [end, error] =
+        std::from_chars(magnitude.data(), magnitude.data() + magnitude.size(), value);
+    if (error == std::errc::result_out_of_range)
+        value = isHuge(magnitude) ? std::numeric_limits<double>::infinity() : 0;
+    return decimal.negative ? -value : value;
+}
+
+double hexadecimalWord(std::string_view digits)
+{
+    constexpr std::size_t wordDigits = 8;
+    std::uint32_t word = 0;
+    digits = digits.substr(0, wordDigits);
+    std::from_chars(digits.data(), digits.data() + digits.size(), word, 16);
+    return std::bit_cast<std::int32_t>(word);
+}
+
+template <typename Number>
+std::string general(Number value, int digits)
+{
+    if (value == 0)
+        return "0"; // of either sign
+    std::array<char, 40> buffer;
+    const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                            std::chars_format::general, digits);
+    std::string text(buffer.data(), end);
+    if (const std::size_t e = text.find('e'); e != std::string::npos)
+        text[e] = 'E';
+    return text;
+}
+
+std::string withSignPlace(std::string text)
+{
+    const bool negative = text.front() == '-';
+    if (!negative)
+        text.insert(text.begin(), ' ');
+    if (text.compare(1, 2, "0.") == 0)
+        text.erase(1, 1);
+    return text;
+}
+
+} // namespace
+
+double Val(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h'))
+        return hexadecimalWord(text.substr(2));
+    const Decimal decimal = scanDecimal(text);
+    return decimal.magnitude.empty() ? 0 : convert(decimal);
+}
+
+std::optional<double> wholeNumberText(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back()))
+        text.remove_suffix(1);
+    const Decimal decimal = scanDecimal(text);
+    if (decimal.magnitude.empty() || decimal.length != text.size())
+        return std::nullopt;
+    const double value = convert(decimal);
+    return std::isfinite(value) ? std::optional(value) : std::nullopt;
+}
+
+std::optional<float> toSingle(double value)
+{
+    const auto single = static_cast<float>(value);
+    return std::isfinite(single) ? std::optional(single) : std::nullopt;
+}
+
+double Stroggylopoiisi(double value, std::int16_t decimals)
+{
+    const auto power = static_cast<float>(std::pow(10.0, decimals));
+    const double product = std::nearbyint(value * power); // the rounding mode is never changed
+    if (!(product >= std::numeric_limits<std::int32_t>::min()
+          && product <= std::numeric_limits<std::int32_t>::max())
+        || power == 0)
+        return 0;
+    return static_cast<std::int32_t>(product) / static_cast<double>(power);
+}
+
+std::string numberText(float value)
+{
+    return general(value, 7);
+}
+
+std::string numberText(double value)
+{
+    return general(value, 15);
+}
+
+std::string numberText(int value)
+{
+    return std::to_string(value);
+}
+
+std::string signedNumberText(float value)
+{
+    return withSignPlace(numberText(value));
+}
+
+std::string signedNumberText(double value)
+{
+    return withSignPlace(numberText(value));
+}
+
+std::string regionalDecimalSeparator()
+{
+    std::setlocale(LC_NUMERIC, "");
+    std::string separator = std::localeconv()->decimal_point;
+    std::setlocale(LC_NUMERIC, "C");
+    return separator.empty() ? "." : separator;
+}
+
+} // namespace veskora

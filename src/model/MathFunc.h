@@ -1,0 +1,44 @@
+#pragma once
+/// @file
+/// Numbers: reading them from text, narrowing, rounding, and turning them into text.
+///
+/// None of this depends on the locale of the process, except `regionalDecimalSeparator`.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace veskora {
+
+/// The number that a text begins with: blanks, a sign, digits, one point, an exponent behind E or
+/// e; or "&H" and up to eight hexadecimal digits, read as a signed 32-bit word. What follows is
+/// ignored, and a text without digits gives 0. Beyond a Double's range the result is infinite.
+double Val(std::string_view text);
+
+/// The number that @p text is as a whole, blanks around it aside; none where it is anything else,
+/// infinite, or beyond a Double's range.
+std::optional<double> wholeNumberText(std::string_view text);
+
+/// @p value as the Single that the tables store; none where a Single cannot hold it.
+std::optional<float> toSingle(double value);
+
+/// Rounds to @p decimals decimals, ties to the even integer of the last place. The power of ten is
+/// a Single and the product a signed 32-bit integer; a product beyond it gives 0.
+double Stroggylopoiisi(double value, std::int16_t decimals);
+
+/// Default number text: up to 7 significant digits of a Single, 15 of a Double, no trailing zeros,
+/// exponent form when the size demands it (2.1E+08); -0 is 0. The separator is always the point.
+std::string numberText(float value);
+std::string numberText(double value);
+std::string numberText(int value);
+
+/// The same digits with one blank before a number that is not negative and without the zero before
+/// a decimal point: " .5", "-.25", " 1000".
+std::string signedNumberText(float value);
+std::string signedNumberText(double value);
+
+/// The decimal separator of the user's regional settings; "." where none is told.
+std::string regionalDecimalSeparator();
+
+} // namespace veskora

@@ -1,0 +1,185 @@
+#pragma once
+/// @file
+/// The one store of the process: model tables, results, working tables, settings, view, flags.
+///
+/// Rows are one-based and dense: rows 1 to the count of a table are live. Model quantities have no
+/// unit of their own; the user keeps them consistent (for instance kN and m). Everybody may read
+/// and write the store; there is one thread. `resetStore` puts all of it back to its start values.
+
+#include "Pinakas.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <variant>
+
+namespace veskora {
+
+inline constexpr int maxNodes = 200;
+inline constexpr int maxElements = 300;
+inline constexpr int maxGroups = 300;
+inline constexpr int maxDofs = 3 * maxNodes; ///< degrees of freedom, hence equations
+
+/// Columns of `Komboi`.
+namespace node {
+inline constexpr int x = 1; ///< coordinates, global axes
+inline constexpr int y = 2;
+inline constexpr int fixedX = 3; ///< restraints: 1 constrained, 0 free
+inline constexpr int fixedY = 4;
+inline constexpr int fixedRotation = 5;
+inline constexpr int Fx = 6; ///< nodal loads along the global axes
+inline constexpr int Fy = 7;
+inline constexpr int M = 8; ///< nodal moment, counter-clockwise
+} // namespace node
+
+/// Columns of `Omades`.
+namespace group {
+inline constexpr int E = 1; ///< Young's modulus
+inline constexpr int A = 2; ///< section area
+inline constexpr int I = 3; ///< second moment of area
+} // namespace group
+
+/// Columns of `Stoixeia`. Columns 8 and 9 exist and are not used.
+namespace element {
+inline constexpr int nodeI = 1; ///< row numbers, held as floats
+inline constexpr int nodeJ = 2;
+inline constexpr int group = 3;
+inline constexpr int hingeI = 4; ///< 1 hinge, 0 rigid
+inline constexpr int hingeJ = 5;
+inline constexpr int wx = 6; ///< force per unit of the element's own length, global axes
+inline constexpr int wy = 7;
+} // namespace element
+
+/// @name Model tables
+/// @{
+extern std::int16_t Arithmos_Kombon;    ///< number of nodes
+extern std::int16_t Arithmos_Stoixeion; ///< number of elements
+extern std::int16_t Arithmos_Omadon;    ///< number of E,A,I groups
+
+extern Pinakas<float, maxNodes, 8> Komboi;      ///< nodes, columns `node::`
+extern Pinakas<float, maxNodes, 3> Elatiria;    ///< springs Kx, Ky, Kz of the node of the same row
+extern Pinakas<double, maxGroups, 3> Omades;    ///< E,A,I groups, columns `group::`
+extern Pinakas<float, maxElements, 9> Stoixeia; ///< elements, columns `element::`
+/// @}
+
+/// @name Results
+/// A table that no analysis has filled reads 0; an edit of the model leaves them as they are.
+/// @{
+extern Pinakas<double, maxDofs>
+    Metatopiseis; ///< displacements: 3n-2 x, 3n-1 y, 3n rotation of node n
+/// Forces that the nodes apply to the element's ends, in local axes: axial, transverse, moment at
+/// i, then at j; positive along positive local axes and counter-clockwise.
+extern Pinakas<double, maxElements, 6> Entasi_Topiki;
+extern Pinakas<double, maxNodes, 3>
+    Antidraseis;                     ///< reactions Rx, Ry, Mz; of use at constrained freedoms only
+extern Pinakas<double, 19> Akrotata; ///< the extremes, in the order of `Functions_Bres_Megista.h`
+/// @}
+
+/// @name Working tables of the analysis
+/// They hold nothing of value outside an analysis. Degrees of freedom count naturally, as in
+/// `Metatopiseis`, unless a comment says permuted: the free ones first, then the constrained.
+/// @{
+extern PinakasErgasias<maxDofs, maxDofs> K_Oliko;      ///< stiffness of the structure
+extern PinakasErgasias<maxDofs, maxDofs> K_Anadiataxi; ///< the same, permuted
+extern PinakasErgasias<maxDofs, maxDofs + 1> K_ff;     ///< free by free
+extern PinakasErgasias<maxDofs, maxDofs> K_fs;         ///< free by constrained
+extern PinakasErgasias<maxDofs, maxDofs> K_sf;         ///< constrained by free
+extern PinakasErgasias<maxDofs, maxDofs> K_ss;         ///< constrained by constrained
+extern Pinakas<double, maxDofs> P_Oliko;               ///< sum of the fixed-end forces
+extern Pinakas<double, maxDofs + 1, 1, 0>
+    P_Eleftheroi;                             ///< right-hand side, free freedoms; entry 0 unused
+extern Pinakas<double, maxDofs> U_Eleftheroi; ///< solution, free freedoms
+extern Pinakas<double, maxDofs> R_Desmevmena; ///< `K_sf` times the solution
+extern Pinakas<double, maxDofs>
+    Seira_Vathmon; ///< natural number of the freedom at each permuted position
+extern Pinakas<double, maxElements, 6> Entasi_Oliki; ///< end forces in global axes
+extern std::int16_t Eleftheroi_Vathmoi;              ///< number of free degrees of freedom
+extern std::int16_t Desmevmenoi_Vathmoi;             ///< number of constrained ones
+
+/// Of the element at hand; positions are axial (x), transverse (y), rotation at i, then at j.
+extern Pinakas<double, 6, 6> T_Pinakas;       ///< rotation from global to local axes
+extern Pinakas<double, 6, 6> T_Anastrofos;    ///< its transpose
+extern Pinakas<double, 6, 6> K_Topiko;        ///< stiffness, local axes
+extern Pinakas<double, 6, 6> K_Stoixeiou;     ///< stiffness, global axes
+extern Pinakas<double, 6> F_Pakton_Oliko;     ///< fixed-end forces, global axes
+extern Pinakas<double, 6> F_Pakton_Topiko;    ///< fixed-end forces, local axes
+extern Pinakas<double, 6> U_Stoixeiou_Oliko;  ///< end displacements, global axes
+extern Pinakas<double, 6> U_Stoixeiou_Topiko; ///< end displacements, local axes
+/// @}
+
+/// @name State
+/// @{
+extern bool Allagi_Montelou;      ///< the model differs from what the last analysis saw
+extern bool Sfalma_Epilisis;      ///< the last solve failed
+extern std::string Onoma_Arxeiou; ///< path of the model file, empty for an unnamed model
+/// What the canvas shows: 0 model, 1 M, 2 Q, 3 N, 4 deformed shape.
+extern std::int16_t Katastasi_Provolis;
+/// Where file dialogs start: the working directory, then the folder of the last file used.
+extern std::string currentFolder;
+extern std::string Anafora; ///< report text, empty between commands
+/// @}
+
+/// @name Language
+/// @{
+inline constexpr int languageSlots = 2500;
+extern bool Nai_Agglika; ///< English: the defaults in the code stand
+extern Pinakas<std::string, languageSlots> Pinakas_Glossas;
+/// @}
+
+/// @name View
+/// @{
+extern float Klimaka; ///< scale 1:`Klimaka`; one world unit is 100/`Klimaka` cm of canvas
+extern double Arxi_X; ///< shift of the world origin, canvas cm; larger moves the drawing left
+extern double Arxi_Y; ///< the same upward from the canvas's bottom edge
+inline constexpr int zoomSteps = 100;
+/// One view a row, rows 0 to 100: scale, `Arxi_Y`, `Arxi_X`.
+extern Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
+extern std::int16_t Thesi_Istorikou; ///< row of the current view
+/// @}
+
+/// @name Settings
+/// Start values and texts of the store stand in `settings`.
+/// @{
+extern bool nai_aksones, nai_grid, nai_komboi, nai_arithmisi_kombon, nai_desmefseis, nai_graf_stir;
+extern bool nai_sint_kombon, nai_springs, nai_stoixeia, nai_arithmisi_stoixeion, nai_eleftheroseis;
+extern bool nai_omades, nai_miki, nai_fortiseis_si, nai_times_fortiseon_si, nai_fortiseis_om;
+extern bool nai_times_fortiseon_om, nai_times_M, nai_times_Q, nai_times_N;
+extern bool Q_sin_Ina, N_sin_Ina, M_sin_Tension, Nai_Apolites_Sint, Nai_Sxetikes_Sint;
+extern float kannab; ///< grid step, model units
+/// What 1 cm of paper stands for: moment, shear, axial force, and displacement in thousandths.
+extern float Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000;
+extern std::int16_t dekadika_M, dekadika_Q, dekadika_N; ///< decimals of the diagrams' values
+inline constexpr int maxDecimals = 13;
+/// Colour words, red in the low byte; a word with the high bit set names a system colour.
+extern double xroma_background, xroma_aksonon, xroma_grid, xroma_stoixeion, xroma_kombon;
+extern double xroma_sigkentromenon, xroma_omoiomorfon, xroma_paramorfosis;
+extern double xroma_M, xroma_Q, xroma_N;
+
+/// A variable of the store of one of the types that settings and view have.
+using StoreVariable = std::variant<bool *, std::int16_t *, float *, double *>;
+
+struct Setting
+{
+    const char *key; ///< in the per-user store
+    StoreVariable value;
+    const char *standard; ///< text taken when the store has none
+};
+
+/// All view settings in the order in which they are read from the per-user store.
+extern const std::array<Setting, 44> settings;
+/// @}
+
+/// The view of a new model: scale 100, the world origin 2 cm from the left and bottom edges.
+void resetView();
+
+/// Forgets the zoom history; the current view becomes its row 0.
+void resetZoomHistory();
+
+/// Empties the model: counts, extremes, model tables, results and working tables all become 0.
+/// Settings, language and zoom history stay.
+void Katharismos_Montelou();
+
+/// Puts the whole store back to its values at process start, with the default settings.
+void resetStore();
+
+} // namespace veskora

@@ -1,0 +1,80 @@
+#pragma once
+/// @file
+/// What the program needs of a desktop, as one abstract interface.
+///
+/// Everything below the forms speaks to the user through `desktop()`. The window program, the batch
+/// runner and the tests each bring an implementation of their own. All texts are UTF-8; line breaks
+/// inside a text are CR LF.
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace veskora {
+
+/// The application's title: in message boxes, in captions, and the name of its settings.
+inline constexpr std::string_view applicationTitle = "Kalvorn Veskora ML";
+
+enum class Icon { none, question, exclamation, critical };
+enum class Buttons { ok, yesNo, yesNoCancel };
+enum class Answer { ok, yes, no, cancel };
+enum class Pointer { standard, hourglass };
+
+/// The time of day, read once.
+struct TimeOfDay
+{
+    std::string text; ///< "HH:mm:ss"
+    double seconds;   ///< since midnight, with fractions
+};
+
+/// A file dialog's question.
+struct FileQuestion
+{
+    std::string filter;        ///< "Name (*.ext)|*.ext", several joined by "|"
+    std::string folder;        ///< where the dialog starts
+    std::string proposed = {}; ///< proposed file name, saving only
+};
+
+class Desktop
+{
+public:
+    virtual ~Desktop() = default;
+
+    /// Shows a modal box under the application's title and returns the button pressed.
+    virtual Answer message(const std::string &text, Icon icon, Buttons buttons = Buttons::ok) = 0;
+
+    /// File dialogs; no value when the user cancelled. The save dialog asks before an existing file
+    /// is chosen.
+    virtual std::optional<std::string> askOpenFile(const FileQuestion &question) = 0;
+    virtual std::optional<std::string> askSaveFile(const FileQuestion &question) = 0;
+
+    /// Inserts @p text, line break included, at the end of the message log.
+    /// @param colour  a colour word, red in the low byte
+    virtual void insertLog(const std::string &text, std::uint32_t colour, bool bold) = 0;
+
+    virtual void setCaption(const std::string &text) = 0;
+    virtual void setPointer(Pointer pointer) = 0;
+    /// @param item  position in the main toolbar, separators counted, from 1
+    virtual void enableToolbarItem(int item, bool enabled) = 0;
+    virtual void repaintMainWindow() = 0;
+    virtual void repaintLog() = 0;
+    /// Paints the whole picture anew from the tables.
+    virtual void redraw() = 0;
+
+    virtual TimeOfDay timeOfDay() = 0;
+
+    /// The per-user settings: texts keyed by section and key.
+    virtual std::string setting(std::string_view section, std::string_view key,
+                                std::string_view standard) = 0;
+
+    /// The folder of the program's executable, and the user's folder for documents.
+    virtual std::string programFolder() = 0;
+    virtual std::string documentsFolder() = 0;
+};
+
+/// The desktop in use. A process sets it once, before anything else of the program runs.
+Desktop &desktop();
+void setDesktop(Desktop *desktop);
+
+} // namespace veskora

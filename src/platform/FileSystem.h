@@ -1,0 +1,54 @@
+#pragma once
+/// @file
+/// Files as the program handles them: only regular ones are read, and a written one is there whole
+/// or not at all. Paths are UTF-8. Every refusal is a `Fault` of kind `system` that carries the
+/// system's reason.
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace veskora {
+
+/// A regular file opened for reading, closed on every way out.
+class InputFile
+{
+public:
+    explicit InputFile(const std::string &path);
+    ~InputFile();
+    InputFile(const InputFile &) = delete;
+    InputFile &operator=(const InputFile &) = delete;
+
+    /// Reads up to @p size bytes; 0 at the end of the file.
+    std::size_t read(char *buffer, std::size_t size);
+
+private:
+    int descriptor_;
+};
+
+enum class Durability {
+    untilPowerFails, ///< scratch files
+    onDisk,          ///< what the user saves
+};
+
+/// Puts @p content into @p path so that at every moment either the old file or the whole new one
+/// stands there: it is written beside the target and renamed over it. Symbolic links are followed,
+/// the mode and, where possible, the owner of the old file are kept. Only where the folder forbids
+/// new files, an existing file is written in place.
+void writeWholeFile(const std::string &path, std::string_view content, Durability durability);
+
+/// The folder for the scratch file of this copy of the program: @p programFolder where it can be
+/// written and no other running copy uses it, else a private one that is removed at the end.
+std::string scratchFolder(const std::string &programFolder);
+
+/// The folder that @p path stands in, as an absolute path.
+std::string folderOf(const std::string &path);
+
+/// Whether files can be made in @p folder.
+bool isWritableFolder(const std::string &folder);
+
+/// The working directory when it is worth starting from, else @p documentsFolder: a program started
+/// from a menu stands in "/", and one started from read-only media cannot save there.
+std::string startFolder(const std::string &documentsFolder);
+
+} // namespace veskora
