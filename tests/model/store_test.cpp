@@ -1,0 +1,122 @@
+#include "Diagrafes.h"
+#include "Fault.h"
+#include "Functions.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "Registry.h"
+#include "ScriptedDesktop.h"
+
+namespace veskora {
+namespace {
+
+TEST(Tables, AnIndexOutOfRangeIsAFault)
+{
+    for (const auto &[row, column] : {std::pair{0, 1}, {201, 1}, {1, 0}, {1, 9}, {-1, -1}})
+        EXPECT_THROW(Komboi(row, column) = 1, Fault) << row << ", " << column;
+    EXPECT_THROW(K_ff(1, 602) = 1, Fault);
+    EXPECT_THROW((void)K_ff.read(1, 0, 5), Fault);
+    EXPECT_NO_THROW(P_Eleftheroi(0) = 0);
+}
+
+TEST(Tables, AClearedWorkingTableIsZeroWhereverItWasWritten)
+{
+    K_Oliko(3, 600) = 1;
+    K_Oliko(3, 5) = 2;
+    K_Oliko.write(600, 1, 600)[0] = 3;
+    K_Oliko.unmarked(7)[99] = 4;
+    K_Oliko.markWritten(7, 100, 100);
+    K_Oliko.clear();
+    for (int row = 1; row <= 600; ++row)
+        for (const double value : K_Oliko.read(row, 1, 600))
+            ASSERT_TRUE(isPositiveZero(value)) << row;
+}
+
+using Store = StoreTest;
+
+TEST_F(Store, LogLinesBeginWithALineEndABlankAndTheirColour)
+{
+    Grammi_Log("first", logColour::navy, true, true);
+    Grammi_Log("second", logColour::red);
+    Grammi_Log("more", logColour::black, false, true);
+    EXPECT_EQ(desktop.log, (std::vector<LogLine>{{"first", 8388608, true}, {"second more", 255}}));
+}
+
+TEST_F(Store, APackGivesEveryTextAndAnEmptyOneForWhatItLeavesOut)
+{
+    Pinakas_Glossas(2500) = "letzter";
+    EXPECT_EQ(Metafrasi(2500, "last"), "last");
+    Nai_Agglika = false;
+    EXPECT_EQ(Metafrasi(2500, "last"), "letzter");
+    EXPECT_EQ(Metafrasi(1, "first"), "");
+}
+
+TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
+{
+    EXPECT_TRUE(nai_springs);
+    EXPECT_EQ(xroma_grid, 14737632);
+    EXPECT_EQ(xroma_background, -2147483634.);
+    desktop.settingsStore = {
+        {"Rithmiseis/nai_grid", "FALSE"}, {"Rithmiseis/nai_miki", "yes"},
+        {"Rithmiseis/kannab", "2.5 m"},   {"Rithmiseis/Ena_cm_posa_KN_Q", "0"},
+        {"Rithmiseis/dekadika_M", "13"},  {"Rithmiseis/dekadika_Q", "14"},
+        {"Rithmiseis/dekadika_N", "2.5"}, {"Rithmiseis/xroma_M", "&HFF"},
+        {"Rithmiseis/xroma_Q", "1e300"},  {"Rithmiseis/Ena_cm_posa_KN_N", "1e60"},
+    };
+    Fortosi_Rithmiseon();
+    EXPECT_FALSE(nai_grid);
+    EXPECT_FALSE(nai_miki);
+    EXPECT_EQ(kannab, 2.5F);
+    EXPECT_EQ(Ena_cm_posa_KN_Q, 100);
+    EXPECT_EQ(Ena_cm_posa_KN_N, 100);
+    EXPECT_EQ(dekadika_M, 13);
+    EXPECT_EQ(dekadika_Q, 3);
+    EXPECT_EQ(dekadika_N, 3);
+    EXPECT_EQ(xroma_M, 255);
+    EXPECT_EQ(xroma_Q, 10499638);
+}
+
+TEST_F(Store, DeletingANodeMovesTheLaterOnesWithAllTheyHave)
+{
+    struct Case
+    {
+        int n;
+        const char *says;
+    };
+    for (const Case &c : {Case{1, "Node deleted: #1. Nodes renumbered: #2 to # 4."},
+                          {3, "Node deleted: #3. Nodes renumbered: #4."},
+                          {4, "Node deleted: #4."}}) {
+        buildModel(
+            "G 1 1 1; N 1 0 xoo 1; N 2 0 oxo 2; N 3 0 oox 3; N 4 0 xxx 4; S 4 7 8 9; S 1 1 2 3;"
+            "E 2 4 1; E 4 2 1");
+        Allagi_Montelou = false;
+        Diagrafi_Kombou(static_cast<std::int16_t>(c.n));
+        EXPECT_EQ(desktop.log.back(), (LogLine{c.says, 32768}));
+        EXPECT_EQ(Arithmos_Kombon, 3);
+        EXPECT_TRUE(Allagi_Montelou);
+        for (int n = 1; n <= 3; ++n)
+            EXPECT_EQ(Komboi(n, node::x), static_cast<float>(n < c.n ? n : n + 1));
+        EXPECT_EQ(Komboi(4, node::x), 0);
+        EXPECT_EQ(Elatiria(4, 3), 0);
+        EXPECT_EQ(Elatiria(3, 3), c.n < 4 ? 9 : 0);
+        EXPECT_EQ(Komboi(3, node::fixedRotation), 1);
+        EXPECT_EQ(Stoixeia(1, element::nodeI), c.n < 2 ? 1 : 2);
+        EXPECT_EQ(Stoixeia(1, element::nodeJ),
+                  c.n < 4 ? 3 : 4); // a reference to the row itself stays
+        EXPECT_EQ(Stoixeia(2, element::nodeI), c.n < 4 ? 3 : 4);
+    }
+}
+
+TEST_F(Store, DeletingAnElementMovesTheLaterOnes)
+{
+    buildModel("N 0 0; N 1 0; N 2 0; G 1 1 1; E 1 2 1 0 1 5 6; E 2 3 1 1 0 7 8; E 3 1 1 1 1 9 10");
+    Diagrafi_Stoixeiou(1);
+    EXPECT_EQ(desktop.log.back(),
+              (LogLine{"Element deleted: #1. Elements renumbered: #2 to # 3.", 32768}));
+    EXPECT_EQ(Stoixeia(1, element::wy), 8);
+    EXPECT_EQ(Stoixeia(2, element::hingeJ), 1);
+    EXPECT_EQ(Stoixeia(3, element::wy), 0);
+    EXPECT_EQ(Arithmos_Stoixeion, 2);
+}
+
+} // namespace
+} // namespace veskora

@@ -1,0 +1,288 @@
+#include "LiteralSolver.h"
+
+#include "Metablites.h"
+
+#include <cmath>
+
+namespace veskora::literal {
+
+namespace {
+
+struct Element
+{
+    int ni, nj;
+    double L, T[7][7], K[7][7], fixedEnd[7];
+};
+
+void rotateBack(const double (&T)[7][7], const double (&local)[7], double (&global)[7])
+{
+    for (int r = 1; r <= 6; ++r) {
+        global[r] = 0;
+        for (int m = 1; m <= 6; ++m)
+            global[r] = global[r] + T[m][r] * local[m];
+    }
+}
+
+void rotate(const double (&T)[7][7], const double (&global)[7], double (&local)[7])
+{
+    for (int r = 1; r <= 6; ++r) {
+        local[r] = 0;
+        for (int m = 1; m <= 6; ++m)
+            local[r] = local[r] + T[r][m] * global[m];
+    }
+}
+
+Element elementOf(int e)
+{
+    Element element = {};
+    element.ni = static_cast<int>(Stoixeia(e, 1));
+    element.nj = static_cast<int>(Stoixeia(e, 2));
+    const float dx = Komboi(element.nj, 1) - Komboi(element.ni, 1);
+    const float dy = Komboi(element.nj, 2) - Komboi(element.ni, 2);
+    const double L = std::sqrt(static_cast<double>(dx) * static_cast<double>(dx)
+                               + static_cast<double>(dy) * static_cast<double>(dy));
+    const double c = static_cast<double>(dx) / L;
+    const double s = static_cast<double>(dy) / L;
+    element.L = L;
+
+    const double T[7][7] = {{},
+                            {0, c, s, 0, 0, 0, 0},
+                            {0, -s, c, 0, 0, 0, 0},
+                            {0, 0, 0, 1, 0, 0, 0},
+                            {0, 0, 0, 0, c, s, 0},
+                            {0, 0, 0, 0, -s, c, 0},
+                            {0, 0, 0, 0, 0, 0, 1}};
+    for (int r = 0; r <= 6; ++r)
+        for (int m = 0; m <= 6; ++m)
+            element.T[r][m] = T[r][m];
+
+    const int g = static_cast<int>(Stoixeia(e, 3));
+    const double E = Omades(g, 1);
+    const double A = Omades(g, 2);
+    const double I = Omades(g, 3);
+    const double q =
+        -static_cast<double>(Stoixeia(e, 6)) * s + static_cast<double>(Stoixeia(e, 7)) * c;
+    const double n =
+        static_cast<double>(Stoixeia(e, 6)) * c + static_cast<double>(Stoixeia(e, 7)) * s;
+    auto &K = element.K;
+    K[1][1] = K[4][4] = (A * E) / L;
+    K[1][4] = K[4][1] = (-1 * A * E) / L;
+    double local[7] = {0, -n * L / 2, 0, 0, -n * L / 2, 0, 0};
+    const bool hingeI = Stoixeia(e, 4) == 1;
+    const bool hingeJ = Stoixeia(e, 5) == 1;
+    if (!hingeI && !hingeJ) {
+        K[2][2] = K[5][5] = 12 * E * I / (L * L * L);
+        K[2][5] = K[5][2] = -12 * E * I / (L * L * L);
+        K[2][3] = K[3][2] = K[2][6] = K[6][2] = 6 * E * I / (L * L);
+        K[3][5] = K[5][3] = K[5][6] = K[6][5] = -6 * E * I / (L * L);
+        K[3][3] = K[6][6] = 4 * E * I / L;
+        K[3][6] = K[6][3] = 2 * E * I / L;
+        local[2] = local[5] = -q * L / 2;
+        local[3] = -q * (L * L) / 12;
+        local[6] = q * (L * L) / 12;
+    } else if (hingeI != hingeJ) {
+        K[2][2] = K[5][5] = 3 * E * I / (L * L * L);
+        K[2][5] = K[5][2] = -3 * E * I / (L * L * L);
+        const int rigid = hingeJ ? 3 : 6;
+        K[2][rigid] = K[rigid][2] = 3 * E * I / (L * L);
+        K[5][rigid] = K[rigid][5] = -3 * E * I / (L * L);
+        K[rigid][rigid] = 3 * E * I / L;
+        local[2] = -q * L * (hingeJ ? 5 : 3) / 8;
+        local[5] = -q * L * (hingeJ ? 3 : 5) / 8;
+        local[rigid] = (hingeJ ? -q : q) * (L * L) / 8;
+    } else {
+        local[2] = local[5] = -q * L / 2;
+    }
+    rotateBack(element.T, local, element.fixedEnd);
+    return element;
+}
+
+void assemble(const Element &element, Table &whole)
+{
+    double work[7][7] = {};
+    double K[7][7] = {};
+    for (int r = 1; r <= 6; ++r)
+        for (int c = 1; c <= 6; ++c)
+            for (int m = 1; m <= 6; ++m)
+                work[r][c] = work[r][c] + element.T[m][r] * element.K[m][c];
+    for (int r = 1; r <= 6; ++r)
+        for (int c = r; c <= 6; ++c) {
+            for (int m = 1; m <= 6; ++m)
+                K[r][c] = K[r][c] + work[r][m] * element.T[m][c];
+            K[c][r] = K[r][c];
+        }
+    const int bi = 3 * element.ni - 3;
+    const int bj = 3 * element.nj - 3;
+    for (int r = 1; r <= 3; ++r)
+        for (int c = 1; c <= 3; ++c) {
+            whole(bi + r, bi + c) += K[r][c];
+            whole(bi + r, bj + c) += K[r][c + 3];
+            whole(bj + r, bi + c) += K[r + 3][c];
+            whole(bj + r, bj + c) += K[r + 3][c + 3];
+        }
+}
+
+void extremes(Results &results)
+{
+    const auto search = [](int count, int ends, auto value, bool largest) {
+        double best = value(1, 0);
+        for (int row = 1; row <= count; ++row)
+            for (int end = 0; end < ends; ++end)
+                if (largest ? value(row, end) > best : value(row, end) < best)
+                    best = value(row, end);
+        return best;
+    };
+    const auto &u = results.displacements;
+    const auto &f = results.endForces;
+    const int nodes = Arithmos_Kombon;
+    const int elements = Arithmos_Stoixeion;
+    int at = 0;
+    for (const int component : {1, 2, 3}) {
+        const auto signedValue = [&](int n, int) { return u(3 * n - 3 + component); };
+        const auto absolute = [&](int n, int) { return std::abs(u(3 * n - 3 + component)); };
+        results.extremes(++at) = search(nodes, 1, absolute, true);
+        results.extremes(++at) = search(nodes, 1, signedValue, true);
+        results.extremes(++at) = search(nodes, 1, signedValue, false);
+        if (component == 2)
+            results.extremes(++at) = search(
+                nodes, 1,
+                [&](int n, int) {
+                    return std::sqrt(u(3 * n - 2) * u(3 * n - 2) + u(3 * n - 1) * u(3 * n - 1));
+                },
+                true);
+    }
+    for (const int component : {3, 2, 1}) {
+        const double atI = component == 2 ? 1 : -1;
+        const auto signedValue = [&](int e, int end) {
+            return (end == 0 ? atI : -atI) * f(e, component + 3 * end);
+        };
+        const auto absolute = [&](int e, int end) { return std::abs(f(e, component + 3 * end)); };
+        results.extremes(++at) = search(elements, 2, absolute, true);
+        results.extremes(++at) = search(elements, 2, signedValue, true);
+        results.extremes(++at) = search(elements, 2, signedValue, false);
+    }
+}
+
+} // namespace
+
+bool eliminate(Table &A, Table &b, Table &x, int n)
+{
+    bool fault = n == 0;
+    const auto divided = [&](double dividend, double divisor) {
+        fault = fault || divisor == 0 || !std::isfinite(dividend / divisor);
+        return dividend / divisor;
+    };
+    const auto tested = [&](double value) {
+        fault = fault || !std::isfinite(value);
+        return value;
+    };
+    for (int k = 1; k <= n; ++k) {
+        for (int j = k; j <= n; ++j)
+            tested(A(k, j));
+        for (int i = k + 1; i <= n && !fault; ++i) {
+            if (A(k, i) == 0)
+                continue;
+            for (int j = i; j <= n && !fault; ++j)
+                A(i, j) = tested(A(i, j) - divided(A(k, i), A(k, k)) * A(k, j));
+            b(i) = tested(b(i) - divided(A(k, i), A(k, k)) * b(k));
+        }
+        if (fault)
+            return false;
+    }
+    for (int k = n; k >= 1 && !fault; --k) {
+        double sum = 0;
+        for (int j = k + 1; j <= n; ++j)
+            sum = tested(sum + x(j) * A(k, j));
+        x(k) = divided(k == n ? b(n) : tested(b(k) - sum), A(k, k));
+    }
+    return !fault;
+}
+
+Results analyse()
+{
+    Results results;
+    const int freedoms = 3 * Arithmos_Kombon;
+    Table whole(600, 600), permuted(600, 600), ff(600, 601), fs(600, 600), sf(600, 600),
+        ss(600, 600);
+    Table fixedEnds(600), loads(600), solution(600), order(600), global(300, 6);
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        assemble(elementOf(e), whole);
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int k = 1; k <= 3; ++k)
+            whole(3 * n - 3 + k, 3 * n - 3 + k) += Elatiria(n, k);
+
+    const auto restraint = [](int d) { return Komboi((d - 1) / 3 + 1, (d - 1) % 3 + 3); };
+    int free = 0;
+    for (int d = 1; d <= freedoms; ++d)
+        if (restraint(d) == 0)
+            order(++free) = d;
+    for (int d = 1, p = free; d <= freedoms; ++d)
+        if (restraint(d) == 1)
+            order(++p) = d;
+    const int constrained = freedoms - free;
+    for (int p = 1; p <= freedoms; ++p)
+        for (int q = 1; q <= freedoms; ++q)
+            permuted(p, q) = whole(static_cast<int>(order(p)), static_cast<int>(order(q)));
+    const auto cut = [&](Table &part, int rows, int columns, int below, int right) {
+        for (int p = 1; p <= rows; ++p)
+            for (int q = 1; q <= columns; ++q)
+                part(p, q) = permuted(below + p, right + q);
+    };
+    cut(ff, free, free, 0, 0);
+    cut(fs, free, constrained, 0, free);
+    cut(sf, constrained, free, free, 0);
+    cut(ss, constrained, constrained, free, free);
+
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const Element element = elementOf(e);
+        for (int k = 1; k <= 3; ++k) {
+            fixedEnds(3 * element.ni - 3 + k) += element.fixedEnd[k];
+            fixedEnds(3 * element.nj - 3 + k) += element.fixedEnd[k + 3];
+        }
+    }
+    for (int p = 1; p <= free; ++p) {
+        const int d = static_cast<int>(order(p));
+        loads(p) = Komboi((d - 1) / 3 + 1, (d - 1) % 3 + 6) - fixedEnds(d);
+    }
+    results.solved = eliminate(ff, loads, solution, free);
+    if (!results.solved)
+        return results;
+    for (int p = 1; p <= free; ++p)
+        results.displacements(static_cast<int>(order(p))) = solution(p);
+
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const Element element = elementOf(e);
+        double u[7] = {}, uLocal[7], fixedEnd[7];
+        for (int k = 1; k <= 3; ++k) {
+            u[k] = results.displacements(3 * element.ni - 3 + k);
+            u[k + 3] = results.displacements(3 * element.nj - 3 + k);
+        }
+        rotate(element.T, u, uLocal);
+        rotate(element.T, element.fixedEnd, fixedEnd);
+        for (int r = 1; r <= 6; ++r) {
+            for (int m = 1; m <= 6; ++m)
+                results.endForces(e, r) += element.K[r][m] * uLocal[m];
+            results.endForces(e, r) += fixedEnd[r];
+        }
+        for (int r = 1; r <= 6; ++r)
+            for (int m = 1; m <= 6; ++m)
+                global(e, r) += element.T[m][r] * results.endForces(e, m);
+        for (int r = 1; r <= 6; ++r) {
+            const int n = r <= 3 ? element.ni : element.nj;
+            const int k = (r - 1) % 3 + 1;
+            if (Komboi(n, k + 2) == 1)
+                results.reactions(n, k) += global(e, r);
+        }
+    }
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int k = 1; k <= 3; ++k)
+            results.reactions(n, k) -= Komboi(n, k + 5);
+    extremes(results);
+    // At the end every working table is released and created once more.
+    for (Table *table : {&whole, &permuted, &fs, &sf, &ss})
+        *table = Table(600, 600);
+    ff = Table(600, 601);
+    return results;
+}
+
+} // namespace veskora::literal

@@ -1,0 +1,90 @@
+#pragma once
+/// @file
+/// The tests' desktop: answers by a script, remembers all that was said.
+
+#include "Desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace veskora {
+
+struct LogLine
+{
+    std::string text; ///< without the line break and the blank before it
+    std::uint32_t colour = 0;
+    bool bold = false;
+    bool operator==(const LogLine &) const = default;
+};
+void PrintTo(const LogLine &line, std::ostream *out);
+
+/// Fails the test on a question that was not foreseen and on an answer left over.
+class ScriptedDesktop : public Desktop
+{
+public:
+    /// The next box must say exactly @p text under @p icon.
+    void expectMessage(const std::string &text, Icon icon = Icon::exclamation,
+                       Answer answer = Answer::ok);
+    /// The next file dialog gives @p path; none is Cancel.
+    void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
+    void expectNothingLeft() const;
+
+    std::vector<LogLine> log;
+    std::string caption;
+    std::vector<FileQuestion> fileQuestions;
+    std::vector<std::string> events; ///< pointer, toolbar and repaint calls in their order
+    std::map<std::string, std::string> settingsStore;
+    std::string program = std::filesystem::temp_directory_path();
+    std::deque<TimeOfDay> times; ///< "12:00:00" when used up
+
+    Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::optional<std::string> askOpenFile(const FileQuestion &question) override;
+    std::optional<std::string> askSaveFile(const FileQuestion &question) override;
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
+    void setCaption(const std::string &text) override { caption = text; }
+    void setPointer(Pointer pointer) override;
+    void enableToolbarItem(int item, bool enabled) override;
+    void repaintMainWindow() override { events.emplace_back("repaint window"); }
+    void repaintLog() override { events.emplace_back("repaint log"); }
+    void redraw() override { events.emplace_back("redraw"); }
+    TimeOfDay timeOfDay() override;
+    std::string setting(std::string_view section, std::string_view key,
+                        std::string_view standard) override;
+    std::string programFolder() override { return program; }
+    std::string documentsFolder() override { return "/documents"; }
+
+private:
+    struct Expected
+    {
+        std::string text;
+        Icon icon;
+        Answer answer;
+    };
+    std::deque<Expected> messages_;
+    std::deque<std::optional<std::string>> files_;
+};
+
+/// A fresh store, a scripted desktop, and a folder of the test's own.
+class StoreTest : public testing::Test
+{
+protected:
+    StoreTest();
+    ~StoreTest() override;
+
+    /// A path in the test's folder.
+    std::string path(const std::string &name) const { return (folder_ / name).string(); }
+    static std::string contentOf(const std::string &path);
+    static void write(const std::string &path, const std::string &content);
+
+    ScriptedDesktop desktop;
+
+private:
+    std::filesystem::path folder_;
+};
+
+} // namespace veskora
