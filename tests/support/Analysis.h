@@ -1,0 +1,22 @@
+#pragma once
+
+#include "epilisi.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "ScriptedDesktop.h"
+
+namespace veskora {
+
+/// Analyses the store's model, which must succeed.
+inline void analyse()
+{
+    Epilisi();
+    ASSERT_FALSE(Sfalma_Epilisis);
+}
+
+inline double displacement(int n, int component)
+{
+    return Metatopiseis(3 * n - 3 + component);
+}
+
+} // namespace veskora
