@@ -20,32 +20,32 @@ namespace veskora {
 
 namespace {
 
-/// Pivot rows handled together: a target row is then loaded and stored once for all of them.
+/// Pivot rows handled together: a target row is then loaded and stored once for four of them.
 constexpr int panelRows = 8;
 
 /// The pivot rows of a panel that touch one target row, in rising order, with their quotients.
 struct Operands
 {
-    int count = 0;
+    std::size_t count = 0;
     std::array<const double *, panelRows> rows;
     std::array<double, panelRows> quotients;
 };
 
 /// target[j] = ((target[j] - q0 row0[j]) - q1 row1[j]) - ...; the order of the differences is that
 /// of the plain loops.
-template <int Count>
+template <std::size_t Count>
 [[gnu::always_inline]] inline void subtract(double *__restrict target, const Operands &operands,
-                                            int from, std::size_t begin, std::size_t end)
+                                            std::size_t from, std::size_t begin, std::size_t end)
 {
     std::array<const double *, Count> rows;
     std::array<double, Count> quotients;
-    for (int m = 0; m < Count; ++m) {
-        rows[m] = operands.rows[static_cast<std::size_t>(from + m)];
-        quotients[m] = operands.quotients[static_cast<std::size_t>(from + m)];
+    for (std::size_t m = 0; m < Count; ++m) {
+        rows[m] = operands.rows[from + m];
+        quotients[m] = operands.quotients[from + m];
     }
     for (std::size_t j = begin; j < end; ++j) {
         double value = target[j];
-        for (int m = 0; m < Count; ++m)
+        for (std::size_t m = 0; m < Count; ++m)
             value = value - quotients[m] * rows[m][j];
         target[j] = value;
     }
@@ -54,7 +54,7 @@ template <int Count>
 VESKORA_VECTOR_CLONES
 void subtractRows(double *target, const Operands &operands, std::size_t begin, std::size_t end)
 {
-    int done = 0;
+    std::size_t done = 0;
     for (; operands.count - done >= 4; done += 4)
         subtract<4>(target, operands, done, begin, end);
     switch (operands.count - done) {
@@ -253,8 +253,8 @@ private:
             if (pivotRow[i] == 0)
                 continue;
             const double quotient = divide(pivotRow[i], pivotRow[k]);
-            operands.rows[at(operands.count)] = pivotRow;
-            operands.quotients[at(operands.count++)] = quotient;
+            operands.rows[operands.count] = pivotRow;
+            operands.quotients[operands.count++] = quotient;
             end = std::max(end, end_[at(k)]);
             b_[at(i)] = b_[at(i)] - quotient * b_[at(k)];
         }

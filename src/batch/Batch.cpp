@@ -8,6 +8,7 @@
 #include "FileSystem.h"
 #include "Metablites.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <ostream>
 #include <set>
@@ -36,7 +37,7 @@ struct Order
 {
     bool print = false;
     bool help = false;
-    std::string folder = ".";
+    std::string folder; ///< empty: the working directory
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
 };
@@ -55,16 +56,17 @@ Order parse(const std::vector<std::string> &arguments)
             order.print = true;
         else if (argument == "--help" || argument == "-h")
             order.help = true;
-        else if (argument == "--out" && i + 1 < arguments.size())
+        else if (argument == "--out" && order.folder.empty() && i + 1 < arguments.size())
             order.folder = arguments[++i];
-        else if (order.complaint.empty())
-            order.complaint =
-                argument == "--out" ? "--out needs a folder" : "unknown option " + argument;
+        else if (argument == "--out")
+            order.complaint = "--out needs one folder";
+        else
+            order.complaint = "unknown option " + argument;
     }
-    if (order.folder == "-")
-        order.print = true;
-    if (order.models.empty() && order.complaint.empty())
-        order.complaint = "no model given";
+    if (order.print && !order.folder.empty())
+        order.complaint = "--out and - exclude each other";
+    if (order.models.empty() || std::ranges::count(order.models, "") > 0)
+        order.complaint = order.complaint.empty() ? "no model given" : order.complaint;
     return order;
 }
 
@@ -91,8 +93,10 @@ public:
             failure = fault.facts();
         }
         desktop_.finishLine();
-        if (!failure.empty())
+        if (!failure.empty()) {
             err_ << "Veskora_batch: " << model << ": " << failure << std::endl;
+            warnOfOldReport(model);
+        }
         return failure.empty();
     }
 
@@ -121,12 +125,41 @@ private:
             out_ << report << std::flush;
             return out_ ? "" : "the report could not be printed";
         }
-        const fs::path target =
-            fs::path(order_.folder) / fs::path(model).filename().replace_extension(".txt");
-        if (!written_.insert(target.string()).second)
-            return target.string() + " holds the report of another model of this run";
-        writeWholeFile(target.string(), report, Durability::onDisk);
+        const std::string target = reportPath(model);
+        if (!written_.insert(target).second)
+            return target + " was written in this run already";
+        if (isModelOfRun(target))
+            return target + " is a model of this run and no place for a report";
+        try {
+            writeWholeFile(target, report, Durability::onDisk);
+        } catch (const Fault &fault) {
+            return target + ": " + fault.facts();
+        }
         return {};
+    }
+
+    /// A report left from an earlier run must not pass for one of this model as it is now.
+    void warnOfOldReport(const std::string &model)
+    {
+        std::error_code ignored;
+        const std::string target = reportPath(model);
+        if (!order_.print && !written_.contains(target) && fs::exists(target, ignored)
+            && !isModelOfRun(target))
+            err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
+    }
+
+    std::string reportPath(const std::string &model) const
+    {
+        return (fs::path(order_.folder) / fs::path(model).filename().replace_extension(".txt"))
+            .string();
+    }
+
+    bool isModelOfRun(const std::string &target) const
+    {
+        return std::ranges::any_of(order_.models, [&](const std::string &model) {
+            std::error_code ignored;
+            return fs::equivalent(model, target, ignored);
+        });
     }
 
     const Order &order_;
@@ -142,19 +175,19 @@ int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::
 {
     const Order order = parse(arguments);
     if (order.help) {
-        out << usage;
-        return batchStatus::allAnalysed;
+        out << usage << std::flush;
+        return out ? batchStatus::allAnalysed : batchStatus::someFailed;
     }
     if (!order.complaint.empty()) {
         err << "Veskora_batch: " << order.complaint << "\n\n" << usage;
         return batchStatus::wrongUsage;
     }
-    if (!order.print) {
+    if (!order.folder.empty()) {
         std::error_code error;
         fs::create_directories(order.folder, error);
         if (error) {
             err << "Veskora_batch: " << order.folder << ": " << error.message() << "\n";
-            return batchStatus::wrongUsage;
+            return batchStatus::someFailed;
         }
     }
     BatchRun run(order, out, err);

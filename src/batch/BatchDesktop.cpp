@@ -6,8 +6,11 @@
 
 namespace veskora {
 
-Answer BatchDesktop::message(const std::string &, Icon, Buttons buttons)
+Answer BatchDesktop::message(const std::string &text, Icon, Buttons buttons)
 {
+    // The log repeats the first paragraph of a box; what stands below it is said here.
+    if (const std::size_t paragraph = text.find("\r\n\r\n"); paragraph != std::string::npos)
+        insertLog("\r\n " + text.substr(paragraph + 4), 0, false);
     return buttons == Buttons::ok ? Answer::ok : Answer::no;
 }
 

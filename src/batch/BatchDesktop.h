@@ -18,7 +18,8 @@ public:
     /// Ends the log line that stands open.
     void finishLine();
 
-    /// No to every question: an unconnected node is kept. What a box says is in the log too.
+    /// No to every question: an unconnected node is kept. What a box says beyond the log is
+    /// logged.
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
     std::optional<std::string> askOpenFile(const FileQuestion &) override { return std::nullopt; }
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return std::nullopt; }

@@ -17,7 +17,7 @@ std::string quoted(const std::string &item)
 {
     std::string text = "'";
     for (const char c : item.substr(0, longestQuote))
-        text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? '?' : c;
+        text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? '.' : c;
     return text + (item.size() > longestQuote ? "...'" : "'");
 }
 

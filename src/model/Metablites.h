@@ -138,7 +138,7 @@ extern std::int16_t Thesi_Istorikou; ///< row of the current view
 /// @}
 
 /// @name Settings
-/// Start values and texts of the store stand in `settings`.
+/// Their keys and start values stand in `settings`.
 /// @{
 extern bool nai_aksones, nai_grid, nai_komboi, nai_arithmisi_kombon, nai_desmefseis, nai_graf_stir;
 extern bool nai_sint_kombon, nai_springs, nai_stoixeia, nai_arithmisi_stoixeion, nai_eleftheroseis;
@@ -162,10 +162,10 @@ struct Setting
 {
     const char *key; ///< in the per-user store
     StoreVariable value;
-    const char *standard; ///< text taken when the store has none
+    const char *standard; ///< text taken when the user has none
 };
 
-/// All view settings in the order in which they are read from the per-user store.
+/// All view settings in the order in which they are read from the user's.
 extern const std::array<Setting, 44> settings;
 /// @}
 

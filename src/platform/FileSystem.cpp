@@ -176,7 +176,7 @@ bool claimsFolder(const std::string &folder)
 {
     static std::string claimed;
     static std::optional<Descriptor> lock;
-    if (claimed == folder)
+    if (lock && claimed == folder)
         return true;
     if (!isWritableFolder(folder))
         return false;

@@ -1,0 +1,23 @@
+#!/usr/bin/env python3
+"""Prints the medians of a Google Benchmark result file, and the ratios that matter."""
+import json
+import sys
+
+RATIOS = [
+    ("elimination_literal/storey", "elimination/storey"),
+    ("elimination_literal/shuffled", "elimination/shuffled"),
+    ("eigen_sparse/storey", "elimination/storey"),
+    ("eigen_sparse/shuffled", "elimination/shuffled"),
+    ("analysis_literal/storey", "analysis/storey"),
+    ("analysis_literal/shuffled", "analysis/shuffled"),
+]
+
+with open(sys.argv[1], encoding="utf-8") as file:
+    rows = json.load(file)["benchmarks"]
+median = {row["run_name"]: row["real_time"] for row in rows if row.get("aggregate_name") == "median"}
+
+for name, time in median.items():
+    print(f"{name:32}{time:12.1f} us")
+print()
+for slow, fast in RATIOS:
+    print(f"{slow + ' : ' + fast:60}{median[slow] / median[fast]:8.1f}")

@@ -1,0 +1,17 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and analyses a model: its report is printed.
+#   ./run.sh [model.vsk]
+set -eu
+root=$(cd "$(dirname "$0")" && pwd)
+model=${1:-$root/examples/portal_frame.vsk}
+
+"$root/scripts/install-packages.sh" build
+(
+  cd "$root"
+  preset=(--preset release)
+  # The tests need more packages than the program does.
+  dpkg-query -W libgmock-dev >/dev/null 2>&1 || preset+=(-DVESKORA_TESTS=OFF)
+  cmake "${preset[@]}" >/dev/null
+  cmake --build --preset release --target Veskora_batch
+) >&2
+exec "$root/build/release/bin/Veskora_batch" - -- "$model"

@@ -1,0 +1,29 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that are missing.   scripts/install-packages.sh build|test|bench...
+set -eu
+
+declare -A packages=(
+  [build]="cmake ninja-build g++"
+  [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales"
+  [bench]="libbenchmark-dev libeigen3-dev python3"
+)
+
+missing=()
+for group in "$@"; do
+  for package in ${packages[$group]}; do
+    dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q '^install ok installed' || missing+=("$package")
+  done
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+echo "Installing: ${missing[*]}" >&2
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "Please install as the superuser: apt-get install ${missing[*]}" >&2; exit 1; }
+  as_root=(sudo)
+fi
+export DEBIAN_FRONTEND=noninteractive
+{
+  "${as_root[@]}" apt-get update -qq
+  "${as_root[@]}" apt-get install -y -qq --no-install-recommends "${missing[@]}"
+} >&2

@@ -1,0 +1,20 @@
+#!/usr/bin/env bash
+# Installs what is missing, builds, and runs every test. Needs no display.
+set -eu
+cd "$(dirname "$0")"
+scripts/install-packages.sh build test
+
+scripts/format.sh --check
+
+echo "== Tests, optimised"
+cmake --preset release -DVESKORA_TESTS=ON >/dev/null
+cmake --build --preset release
+ctest --preset release -j "$(nproc)"
+
+echo "== Tests, under the address and undefined-behaviour sanitizers"
+cmake --preset sanitize >/dev/null
+cmake --build --preset sanitize
+ctest --preset sanitize -j "$(nproc)"
+
+echo "== Fuzzing"
+tests/fuzz/run.sh build/sanitize/tests/fuzz/read_model_fuzz

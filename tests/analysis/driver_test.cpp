@@ -1,0 +1,233 @@
+// The course of an analysis: what is said, in which order, and what is left behind.
+
+#include "Analysis.h"
+#include "AnalysisCommands.h"
+
+#include <algorithm>
+#include <gmock/gmock.h>
+
+namespace veskora {
+namespace {
+
+using testing::ElementsAre;
+
+constexpr std::uint32_t black = 0, green = 32768, red = 255;
+
+const std::string notSolved = "An error occured during the analysis process. Make sure that the "
+                              "structure is well defined (not a mechanism) and can be analyzed.";
+const std::string mechanism =
+    "The analysis has been carried out successfully, yet some of the resultant displacements have "
+    "excessive values. The structure is probably a mechanism.";
+const std::string changed =
+    "Model has been changed. Do you want to reanalyze before the process goes on?";
+
+const std::string cantilever = "G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; E 1 2 1;";
+
+std::string unconnected(int n)
+{
+    return "Node #" + std::to_string(n)
+           + " is not connected to other nodes with elements and could probably cause problems to "
+             "the "
+             "solution process.";
+}
+
+std::string question(int n)
+{
+    return unconnected(n) + " Do you want that node to be deleted before starting the analysis?";
+}
+
+using Driver = StoreTest;
+
+TEST_F(Driver, AFinishedAnalysisLogsItsTimesAndClearsItsTables)
+{
+    buildModel(cantilever);
+    desktop.times = {{"09:59:59", 35999.25}, {"10:00:01", 36000.5}};
+    Epilisi();
+    EXPECT_THAT(desktop.log,
+                ElementsAre(LogLine{"ANALYSIS", black, true}, LogLine{"Start:  09:59:59", black},
+                            LogLine{"Finish:  10:00:01", black},
+                            LogLine{"Total time:  1.25 sec", black}));
+    EXPECT_THAT(desktop.events, ElementsAre("disable 25", "repaint window", "repaint log",
+                                            "hourglass", "pointer", "enable 25"));
+    EXPECT_FALSE(Allagi_Montelou);
+    EXPECT_NEAR(Akrotata(6), -10 * 64 / 3.0 / 21000, 1e-12);
+    for (int d = 1; d <= 600; ++d) {
+        EXPECT_GT(K_Oliko.stretch(d).first, K_Oliko.stretch(d).last);
+        EXPECT_GT(K_ff.stretch(d).first, K_ff.stretch(d).last);
+    }
+    EXPECT_EQ(std::as_const(K_sf)(1, 1) + Seira_Vathmon(1) + U_Eleftheroi(2) + T_Pinakas(1, 1), 0);
+}
+
+TEST_F(Driver, AnAnalysisOverMidnightTakesSecondsNotMinusADay)
+{
+    buildModel(cantilever);
+    desktop.times = {{"23:59:59", 86399.5}, {"00:00:00", .25}};
+    Epilisi();
+    EXPECT_EQ(desktop.log.back().text, "Total time:  0.75 sec");
+}
+
+TEST_F(Driver, WhatCannotBeSolvedIsSaidAndLeavesTheOldResults)
+{
+    struct Case
+    {
+        const char *what;
+        std::string model;
+    };
+    for (const Case &c : {
+             Case{"nothing free", "G 1 1 1; N 0 0 xxx; N 1 0 xxx; E 1 2 1"},
+             Case{"nodes alone", "N 0 0"},
+             Case{"free body", "G 1 1 1; N 0 0; N 1 0; E 1 2 1"},
+             Case{"free rotation of a truss", "G 1 1 1; N 0 0 xxx; N 1 0 oxo; E 1 2 1 1 1"},
+             Case{"E of 0", "G 0 1 1; N 0 0 xxx; N 1 0; E 1 2 1"},
+             Case{"springs that cancel", "N 0 0 oxx; S 1 0 0 0"},
+             Case{"infinite stiffness", "G 1e200 1e200 1; N 0 0 xxx; N 1 0; E 1 2 1"},
+             Case{"infinite stiffness of a part held all round",
+                  "G 1e200 1e200 1; G 1 1 1; N 0 0 xxx; N 1 0 xxx; N 2 0; E 1 2 1; E 2 3 2"},
+         }) {
+        SCOPED_TRACE(c.what);
+        buildModel(c.model);
+        Allagi_Montelou = true;
+        Metatopiseis(1) = 42;
+        Akrotata(1) = 43;
+        desktop.log.clear();
+        desktop.events.clear();
+        desktop.times = {{"10:00:00", 0}, {"10:00:05", 5}};
+        desktop.expectMessage(notSolved, Icon::critical);
+        Epilisi();
+        EXPECT_THAT(desktop.log,
+                    ElementsAre(LogLine{"ANALYSIS", black, true},
+                                LogLine{"Start:  10:00:00 , Termination: 10:00:05", black},
+                                LogLine{notSolved, red}));
+        EXPECT_TRUE(Sfalma_Epilisis);
+        EXPECT_TRUE(Allagi_Montelou);
+        EXPECT_EQ(Metatopiseis(1), 42);
+        EXPECT_EQ(Akrotata(1), 43);
+        EXPECT_EQ(desktop.events.back(), "enable 25");
+    }
+}
+
+TEST_F(Driver, AFaultOutsideTheSolverLeavesTheAnalysisWithPointerAndToolbarRestored)
+{
+    struct Case
+    {
+        std::string model;
+        Fault::Kind kind;
+    };
+    for (const Case &c : {
+             Case{"G 1 1 1; N 0 0 xxx; N 0 0; E 1 2 1", Fault::Kind::divisionByZero},
+             Case{"G 1 1 1; N 0 0 xxx; N 1 0; E 1 3 1", Fault::Kind::subscript},
+             Case{"G 1 1 1; N 0 0 xxx; N 1 0; E 0 2 1", Fault::Kind::subscript},
+             Case{"G 1 1 1; N 0 0 xxx; N 1 0; E 1 2 2", Fault::Kind::subscript},
+             Case{"G 1 1 1; N -3e38 0 xxx; N 3e38 0; E 1 2 1", Fault::Kind::overflow},
+         }) {
+        buildModel(c.model);
+        desktop.events.clear();
+        try {
+            Epilisi();
+            ADD_FAILURE() << c.model;
+        } catch (const Fault &fault) {
+            EXPECT_EQ(fault.kind(), c.kind) << c.model << ": " << fault.facts();
+        }
+        EXPECT_THAT(desktop.events, testing::IsSupersetOf({"pointer", "enable 25"}));
+    }
+}
+
+TEST_F(Driver, AProbableMechanismIsReportedAboveTenMillion)
+{
+    struct Case
+    {
+        double load;
+        bool warns;
+    };
+    for (const Case &c : {Case{-1e7, false}, Case{-10000001, true}}) { // spring of 1: u = load
+        buildModel("N 0 0 xox 0 " + std::to_string(c.load) + "; S 1 0 1 0");
+        desktop.log.clear();
+        if (c.warns)
+            desktop.expectMessage(mechanism + "\r\n\r\nmax.(u) = u(2) = 10000001", Icon::critical);
+        Epilisi();
+        EXPECT_EQ(desktop.log.back() == (LogLine{mechanism, red}), c.warns);
+        EXPECT_FALSE(Allagi_Montelou);
+        EXPECT_EQ(Akrotata(6), c.load);
+    }
+}
+
+TEST_F(Driver, ExtremesBeginWithTheFirstRowAndElementsMayBeMissing)
+{
+    buildModel("N 0 0 oox -2 -3; N 1 0 oox -5 -1; S 1 1 1 0; S 2 1 1 0");
+    Epilisi();
+    EXPECT_EQ(Akrotata(1), 5);
+    EXPECT_EQ(Akrotata(2), -2); // all displacements are negative
+    EXPECT_EQ(Akrotata(3), -5);
+    EXPECT_EQ(Akrotata(4), 3);
+    EXPECT_EQ(Akrotata(5), -1);
+    EXPECT_EQ(Akrotata(6), -3);
+    EXPECT_DOUBLE_EQ(Akrotata(7), std::sqrt(26.0));
+    for (int number = 8; number <= 19; ++number)
+        EXPECT_EQ(Akrotata(number), 0) << number;
+
+    // A cantilever pulled and pressed down at its end: M and Q by the drawing's sign rule.
+    buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 7 -10; E 1 2 1;");
+    Epilisi();
+    const std::array<double, 9> resultants = {40, 0, -40, 10, 10, 10, 7, 7, 7};
+    for (int i = 0; i < 9; ++i)
+        EXPECT_NEAR(Akrotata(11 + i), resultants[static_cast<std::size_t>(i)], 1e-9) << 11 + i;
+}
+
+using Commands = StoreTest;
+
+TEST_F(Commands, AnEmptyModelIsNotAnalysed)
+{
+    Button_Epilisi();
+    EXPECT_TRUE(desktop.log.empty());
+}
+
+TEST_F(Commands, UnconnectedNodesAreOfferedFromTheFirstOnAfterEachDeletion)
+{
+    const std::string loose =
+        "G 2.1e8 .01 1e-4; N 9 9 xxx; N 0 0 xxx; N 8 8 xxx; N 4 0 ooo 0 -10; E 2 4 1;";
+    buildModel(loose);
+    desktop.expectMessage(question(1), Icon::question, Answer::yes);
+    desktop.expectMessage(question(2), Icon::question, Answer::yes);
+    Button_Epilisi();
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_EQ(std::ranges::count(desktop.events, "redraw"), 2);
+    EXPECT_EQ(desktop.log[0], (LogLine{unconnected(1), red}));
+    EXPECT_EQ(desktop.log[1], (LogLine{"Node deleted: #1. Nodes renumbered: #2 to # 4.", green}));
+    EXPECT_FALSE(Allagi_Montelou);
+
+    buildModel(loose); // No looks no further
+    desktop.events.clear();
+    desktop.expectMessage(question(1), Icon::question, Answer::no);
+    Katastasi_Provolis = 1;
+    Button_Epilisi();
+    EXPECT_EQ(Arithmos_Kombon, 4);
+    EXPECT_FALSE(Allagi_Montelou);
+    EXPECT_EQ(desktop.events.back(), "redraw"); // the diagram on show is the new one
+
+    buildModel(loose);
+    Allagi_Montelou = true;
+    desktop.expectMessage(question(1), Icon::question, Answer::cancel);
+    Button_Epilisi();
+    EXPECT_TRUE(Allagi_Montelou);
+
+    buildModel("N 0 0"); // the last node goes, and there is nothing to solve
+    desktop.expectMessage(question(1), Icon::question, Answer::yes);
+    desktop.expectMessage(notSolved, Icon::critical);
+    Button_Epilisi();
+    EXPECT_EQ(Arithmos_Kombon, 0);
+}
+
+TEST_F(Commands, OldResultsAreOfferedANewAnalysis)
+{
+    buildModel(cantilever);
+    desktop.expectMessage(changed, Icon::exclamation, Answer::no);
+    Erotisi_Epanepilisis();
+    EXPECT_TRUE(Allagi_Montelou);
+    desktop.expectMessage(changed, Icon::exclamation, Answer::yes);
+    Erotisi_Epanepilisis();
+    EXPECT_FALSE(Allagi_Montelou);
+    Erotisi_Epanepilisis(); // asks nothing
+}
+
+} // namespace
+} // namespace veskora
