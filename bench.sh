@@ -5,7 +5,7 @@ set -eu
 json=
 case "${1:-}" in
   "") ;;
-  --json) json=$(realpath -m "${2:?--json needs a file}") ;;
+  --json) [ $# -eq 2 ] || { echo "Usage: ./bench.sh [--json FILE]" >&2; exit 2; }; json=$(realpath -m "$2") ;;
   *) echo "Usage: ./bench.sh [--json FILE]" >&2; exit 2 ;;
 esac
 cd "$(dirname "$0")"

@@ -2,6 +2,9 @@
 # Installs what is missing, builds, and analyses a model: its report is printed.
 #   ./run.sh [model.vsk]
 set -eu
+usage() { echo "Usage: ./run.sh [model.vsk]   (several models: build/release/bin/Veskora_batch --help)"; }
+case "${1:-}" in -h | --help) usage; exit 0 ;; esac
+[ $# -le 1 ] || { usage >&2; exit 2; }
 root=$(cd "$(dirname "$0")" && pwd)
 model=${1:-$root/examples/portal_frame.vsk}
 

@@ -3,7 +3,7 @@
 set -eu
 
 declare -A packages=(
-  [build]="cmake ninja-build g++"
+  [build]="cmake ninja-build g++ qt6-base-dev qt6-svg-dev fonts-liberation2"
   [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales"
   [bench]="libbenchmark-dev libeigen3-dev python3"
 )

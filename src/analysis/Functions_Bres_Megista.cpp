@@ -163,7 +163,8 @@ void storeExtremes()
         Bres_Min_Q,      Bres_Max_Abs_N, Bres_Max_N,       Bres_Min_N,
     };
     for (int i = 0; const auto function : functions)
-        Akrotata(++i) = function();
+        if (!std::isfinite(Akrotata(++i) = function())) // a square, say
+            throw Fault(Fault::Kind::overflow, "Overflow in the extreme values");
 }
 
 } // namespace veskora

@@ -93,7 +93,10 @@ void Ipologismos_Antidraseon()
     }
     for (int n = 1; n <= Arithmos_Kombon; ++n)
         for (int component = 1; component <= 3; ++component)
-            Antidraseis(n, component) -= Komboi(n, node::Fx - 1 + component);
+            if (double &reaction = Antidraseis(n, component);
+                !std::isfinite(reaction -= Komboi(n, node::Fx - 1 + component)))
+                throw Fault(Fault::Kind::overflow,
+                            "Overflow in the reactions of node " + std::to_string(n));
 }
 
 } // namespace veskora

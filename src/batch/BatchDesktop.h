@@ -35,8 +35,10 @@ public:
     {
         return std::string(standard);
     }
+    void storeSetting(std::string_view, std::string_view, std::string_view) override {}
     std::string programFolder() override { return "."; }
     std::string documentsFolder() override { return "."; }
+    std::string dataFolder() override { return "."; }
 
 private:
     std::ostream &log_;

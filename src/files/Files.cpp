@@ -447,6 +447,11 @@ void Anagnosi_Arxeiou(std::string &path)
     resetZoomHistory();
 }
 
+void writeModelFile(const std::string &path)
+{
+    writeWholeFile(path, modelText(), Durability::onDisk);
+}
+
 bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
 {
     std::string target = path;

@@ -29,6 +29,9 @@ void Anagnosi_Arxeiou(std::string &path);
 /// @return whether the file was written
 bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 
+/// Writes the model to @p path without a word. Fault: what the system refused.
+void writeModelFile(const std::string &path);
+
 /// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
 /// written to a scratch file and the two are compared item by item, view state included.
 bool Idio_Me_To_Arxeio();

@@ -53,6 +53,8 @@ std::string ItemReader::item()
     for (; c != endOfFile && c != ',' && c != '\r' && c != '\n'; c = next())
         if (text.size() < longestItem)
             text += static_cast<char>(c);
+    if (c == ',' && commaLine_ == 0)
+        commaLine_ = line_;
     if (c == '\r' && peek() == '\n')
         (void)next();
     if (c == '\r' || c == '\n')
@@ -62,8 +64,13 @@ std::string ItemReader::item()
 
 void ItemReader::fail(const char *what, const std::string &item) const
 {
-    throw Fault(Fault::Kind::input, "Line " + std::to_string(itemLine_) + ": " + what
-                                        + " expected, found " + quoted(item));
+    std::string facts =
+        "Line " + std::to_string(itemLine_) + ": " + what + " expected, found " + quoted(item);
+    // A decimal comma shifts all that follows, and the reader stumbles far behind it.
+    if (commaLine_ != 0)
+        facts += " (the comma in line " + std::to_string(commaLine_)
+                 + " ended an item: the decimal separator is the point)";
+    throw Fault(Fault::Kind::input, facts);
 }
 
 double ItemReader::asDouble(const std::string &item, const char *what) const

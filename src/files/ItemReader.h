@@ -41,8 +41,9 @@ private:
     std::array<char, 16384> buffer_;
     std::size_t at_ = 0;
     std::size_t filled_ = 0;
-    long line_ = 1;     ///< the reader stands in this line
-    long itemLine_ = 1; ///< the item last read stands in this one
+    long line_ = 1;      ///< the reader stands in this line
+    long itemLine_ = 1;  ///< the item last read stands in this one
+    long commaLine_ = 0; ///< the first line that held a comma, 0 when none did
 };
 
 } // namespace veskora

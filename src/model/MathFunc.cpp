@@ -1,5 +1,7 @@
 #include "MathFunc.h"
 
+#include "Metablites.h"
+
 #include <array>
 #include <bit>
 #include <charconv>
@@ -171,6 +173,32 @@ double Stroggylopoiisi(double value, std::int16_t decimals)
         || power == 0)
         return 0;
     return static_cast<std::int32_t>(product) / static_cast<double>(power);
+}
+
+double Gonia_Dianysmatos(double dx, double dy)
+{
+    const double quarter = std::atan(1.0); // of pi
+    if (dx == 0)
+        return dy == 0 ? 0 : dy > 0 ? 2 * quarter : 6 * quarter;
+    const double angle = std::atan(dy / dx);
+    if (dx < 0)
+        return angle + 4 * quarter;
+    return dy < 0 ? angle + 8 * quarter : angle;
+}
+
+double Se_Moires(double angle)
+{
+    return 180 * angle / 3.14159265358979;
+}
+
+double Stroggylopoiisi_Bima(double x, double step)
+{
+    return Stroggylopoiisi(x / step, 0) * step;
+}
+
+double Kannabos_Sintetagmeni(double x)
+{
+    return Stroggylopoiisi_Bima(x, kannab);
 }
 
 std::string numberText(float value)

@@ -27,6 +27,17 @@ std::optional<float> toSingle(double value);
 /// a Single and the product a signed 32-bit integer; a product beyond it gives 0.
 double Stroggylopoiisi(double value, std::int16_t decimals);
 
+/// Direction angle of the vector (@p dx, @p dy), radians from 0 up to 2 pi; 0 for the zero vector.
+double Gonia_Dianysmatos(double dx, double dy);
+
+/// Radians to degrees with 15 digits of pi, so that the angles of both vertical directions come out
+/// a little above 90 and 270.
+double Se_Moires(double angle);
+
+/// @p x rounded to a whole multiple of @p step, and to one of the grid's.
+double Stroggylopoiisi_Bima(double x, double step);
+double Kannabos_Sintetagmeni(double x);
+
 /// Default number text: up to 7 significant digits of a Single, 15 of a Double, no trailing zeros,
 /// exponent form when the size demands it (2.1E+08); -0 is 0. The separator is always the point.
 std::string numberText(float value);

@@ -48,6 +48,7 @@ std::string Onoma_Arxeiou;
 std::int16_t Katastasi_Provolis = 0;
 std::string currentFolder;
 std::string Anafora;
+bool Nai_Dedomena = false, Nai_Metakiniseis = false, Nai_Entaseis = false, Nai_Antidraseis = false;
 
 bool Nai_Agglika = true;
 Pinakas<std::string, languageSlots> Pinakas_Glossas;
@@ -57,6 +58,7 @@ double Arxi_X = -2;
 double Arxi_Y = 2;
 Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 std::int16_t Thesi_Istorikou = 0;
+std::int16_t denseGridReportedAt = -1;
 
 void resetView()
 {
@@ -119,11 +121,13 @@ void resetStore()
     Katastasi_Provolis = 0;
     currentFolder.clear();
     Anafora.clear();
+    Nai_Dedomena = Nai_Metakiniseis = Nai_Entaseis = Nai_Antidraseis = false;
     Nai_Agglika = true;
     Pinakas_Glossas.clear();
     setStandardSettings();
     resetView();
     resetZoomHistory();
+    denseGridReportedAt = -1;
 }
 
 } // namespace veskora

@@ -117,6 +117,8 @@ extern std::int16_t Katastasi_Provolis;
 /// Where file dialogs start: the working directory, then the folder of the last file used.
 extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
+/// The report sections that the user last chose: data, displacements, element forces, reactions.
+extern bool Nai_Dedomena, Nai_Metakiniseis, Nai_Entaseis, Nai_Antidraseis;
 /// @}
 
 /// @name Language
@@ -135,6 +137,8 @@ inline constexpr int zoomSteps = 100;
 /// One view a row, rows 0 to 100: scale, `Arxi_Y`, `Arxi_X`.
 extern Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 extern std::int16_t Thesi_Istorikou; ///< row of the current view
+extern std::int16_t
+    denseGridReportedAt; ///< row of the view whose grid was said to be too dense, or -1
 /// @}
 
 /// @name Settings

@@ -52,6 +52,8 @@ public:
     /// Moves every row behind @p row up to @p last one place down and makes row @p last 0.
     void removeRow(int row, int last)
     {
+        if (row > last)
+            subscriptFault(row, Rows, 1, Columns);
         const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(index(row, 1));
         const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(index(last, 1)) + Columns;
         std::fill(std::copy(begin + Columns, end, begin), end, T{});
@@ -82,8 +84,8 @@ public:
     /// The columns of one row that may hold anything but +0; empty when first > last.
     struct Stretch
     {
-        int first = Columns + 1;
-        int last = 0;
+        int first;
+        int last;
     };
 
     double operator()(int row, int column) const { return cells_[index(row, column)]; }
@@ -98,7 +100,8 @@ public:
     Stretch stretch(int row) const
     {
         (void)index(row, 1);
-        return stretches_[static_cast<std::size_t>(row - 1)];
+        const Used &used = used_[static_cast<std::size_t>(row - 1)];
+        return {Columns + 1 - used.fromEnd, used.last};
     }
 
     /// Columns @p first to @p last of a row, to be written; empty when first > last.
@@ -133,11 +136,9 @@ public:
     void clear()
     {
         for (int row = 1; row <= Rows; ++row) {
-            Stretch &used = stretches_[static_cast<std::size_t>(row - 1)];
-            if (used.first > used.last)
-                continue;
-            std::ranges::fill(write(row, used.first, used.last), 0.0);
-            used = Stretch{};
+            const auto [first, last] = stretch(row);
+            std::ranges::fill(write(row, first, last), 0.0);
+            used_[static_cast<std::size_t>(row - 1)] = Used{};
         }
     }
 
@@ -154,13 +155,21 @@ private:
 
     void widen(int row, int first, int last)
     {
-        Stretch &used = stretches_[static_cast<std::size_t>(row - 1)];
-        used.first = std::min(used.first, first);
+        Used &used = used_[static_cast<std::size_t>(row - 1)];
+        used.fromEnd = std::max(used.fromEnd, Columns + 1 - first);
         used.last = std::max(used.last, last);
     }
 
+    /// The stretch of a row, the first column counted from the end: a table that was never written
+    /// is all zero bits, and the program's file need not hold it.
+    struct Used
+    {
+        int fromEnd = 0;
+        int last = 0;
+    };
+
     alignas(64) std::array<double, Rows * pitch> cells_{};
-    std::array<Stretch, Rows> stretches_{};
+    std::array<Used, Rows> used_{};
 };
 
 /// Whether @p value is +0 to the bit; -0 is not.

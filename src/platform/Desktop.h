@@ -16,8 +16,8 @@ namespace veskora {
 /// The application's title: in message boxes, in captions, and the name of its settings.
 inline constexpr std::string_view applicationTitle = "Kalvorn Veskora ML";
 
-enum class Icon { none, question, exclamation, critical };
-enum class Buttons { ok, yesNo, yesNoCancel };
+enum class Icon { none, information, question, exclamation, critical };
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
 enum class Answer { ok, yes, no, cancel };
 enum class Pointer { standard, hourglass };
 
@@ -68,9 +68,14 @@ public:
     virtual std::string setting(std::string_view section, std::string_view key,
                                 std::string_view standard) = 0;
 
-    /// The folder of the program's executable, and the user's folder for documents.
+    virtual void storeSetting(std::string_view section, std::string_view key,
+                              std::string_view value) = 0;
+
+    /// The folder of the program's executable, the user's folder for documents, and the user's
+    /// folder for the program's own data.
     virtual std::string programFolder() = 0;
     virtual std::string documentsFolder() = 0;
+    virtual std::string dataFolder() = 0;
 };
 
 /// The desktop in use. A process sets it once, before anything else of the program runs.

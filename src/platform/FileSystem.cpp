@@ -3,6 +3,7 @@
 #include "Fault.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
@@ -83,48 +84,54 @@ fs::path resolveLinks(fs::path path)
     return path;
 }
 
-/// A name beside the target, removed again unless it was renamed.
+/// A file beside the target with a name of its own, removed again unless it was renamed.
 class TemporaryFile
 {
 public:
-    TemporaryFile(const fs::path &target, mode_t mode)
-        : name_(target.parent_path() / (".veskora-" + std::to_string(::getpid()) + ".new")),
-          descriptor_(open(name_, mode))
+    explicit TemporaryFile(const fs::path &target)
+        : name_(target.parent_path() / ".veskora-XXXXXX"),
+          descriptor_(::mkostemp(name_.data(), O_CLOEXEC)),
+          exists_(descriptor_.valid())
     {}
     ~TemporaryFile()
     {
-        if (!renamed_)
+        if (exists_)
             ::unlink(name_.c_str());
     }
     TemporaryFile(const TemporaryFile &) = delete;
     TemporaryFile &operator=(const TemporaryFile &) = delete;
 
     Descriptor &descriptor() { return descriptor_; }
-    bool valid() const { return opened_; }
+    bool valid() const { return exists_; }
 
-    void renameTo(const fs::path &target)
+    /// @return whether the system allowed it
+    bool renameTo(const fs::path &target)
     {
-        if (::rename(name_.c_str(), target.c_str()) != 0)
-            fail();
-        renamed_ = true;
+        const bool renamed = ::rename(name_.c_str(), target.c_str()) == 0;
+        exists_ = exists_ && !renamed;
+        return renamed;
     }
 
 private:
-    int open(const std::string &name, mode_t mode)
-    {
-        // A file of this name can only be left over from a process that died: the name is ours.
-        ::unlink(name.c_str());
-        const int number = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        opened_ = number >= 0;
-        renamed_ = !opened_;
-        return number;
-    }
-
     std::string name_;
-    bool opened_ = false;
-    bool renamed_ = false;
     Descriptor descriptor_;
+    bool exists_;
 };
+
+/// Whether a refusal of the folder is one that a file written in place does not meet: a folder that
+/// forbids new files, or one where only owners may replace, or a file mounted by itself.
+bool allowsWritingInPlace(int error)
+{
+    return error == EACCES || error == EPERM || error == EROFS || error == EBUSY || error == EXDEV;
+}
+
+/// The mode that a new file gets from the user's mask.
+mode_t newFileMode()
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
 
 void syncFolder(const fs::path &folder)
 {
@@ -142,11 +149,30 @@ void writeInPlace(const fs::path &target, std::string_view content, Durability d
     file.close();
 }
 
-/// A folder that no other user can enter, removed with the process.
+/// A folder that no other user can enter, removed by the process that made it.
 class PrivateFolder
 {
 public:
-    PrivateFolder()
+    PrivateFolder() = default;
+    ~PrivateFolder()
+    {
+        std::error_code ignored;
+        if (maker_ == ::getpid()) // a child that was forked off must leave it
+            fs::remove_all(path_, ignored);
+    }
+    PrivateFolder(const PrivateFolder &) = delete;
+    PrivateFolder &operator=(const PrivateFolder &) = delete;
+
+    /// Its path; made anew when it is not there, as after a clean-up of temporary files.
+    const std::string &path()
+    {
+        if (maker_ != ::getpid() || !isWritableFolder(path_))
+            make();
+        return path_;
+    }
+
+private:
+    void make()
     {
         std::error_code ignored;
         fs::path base = fs::temp_directory_path(ignored);
@@ -156,18 +182,11 @@ public:
         if (::mkdtemp(pattern.data()) == nullptr)
             fail();
         path_ = pattern;
+        maker_ = ::getpid();
     }
-    ~PrivateFolder()
-    {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    PrivateFolder(const PrivateFolder &) = delete;
-    PrivateFolder &operator=(const PrivateFolder &) = delete;
-    const std::string &path() const { return path_; }
 
-private:
     std::string path_;
+    pid_t maker_ = 0;
 };
 
 /// The first running copy to lock the program's folder may write there. The lock goes with the
@@ -236,23 +255,24 @@ try {
     if (exists && ::access(target.c_str(), W_OK) != 0)
         fail();
 
-    // What only its owner may read must not be readable for a moment either.
-    TemporaryFile temporary(target, exists ? 0600 : 0666);
+    TemporaryFile temporary(target); // readable by its owner alone until it has its mode
     if (!temporary.valid()) {
-        const int error = errno;
-        if (exists && (error == EACCES || error == EPERM || error == EROFS))
+        if (exists && allowsWritingInPlace(errno))
             return writeInPlace(target, content, durability);
-        fail(error);
+        fail();
     }
     Descriptor &file = temporary.descriptor();
     writeAll(file.number(), content, durability);
-    if (exists) {
+    if (exists)
         (void)!::fchown(file.number(), old.st_uid, old.st_gid); // only the superuser always may
-        if (::fchmod(file.number(), old.st_mode & 07777) != 0)
-            fail();
-    }
+    if (::fchmod(file.number(), exists ? old.st_mode & 07777 : newFileMode()) != 0)
+        fail();
     file.close();
-    temporary.renameTo(target);
+    if (!temporary.renameTo(target)) {
+        if (exists && allowsWritingInPlace(errno))
+            return writeInPlace(target, content, durability);
+        fail();
+    }
     if (durability == Durability::onDisk)
         syncFolder(folderOf(target.string()));
 } catch (const fs::filesystem_error &error) {
@@ -263,7 +283,7 @@ std::string scratchFolder(const std::string &programFolder)
 {
     if (claimsFolder(programFolder))
         return programFolder;
-    static const PrivateFolder folder;
+    static PrivateFolder folder;
     return folder.path();
 }
 

@@ -132,6 +132,14 @@ TEST_F(Driver, AFaultOutsideTheSolverLeavesTheAnalysisWithPointerAndToolbarResto
     }
 }
 
+TEST_F(Driver, ResultsThatAreNoNumbersAreNeverShown)
+{
+    buildModel("G 1e-160 1 1; N 0 0 xxx; N 1 0 oxx 1; E 1 2 1"); // no square can take this u
+    desktop.expectMessage(mechanism + "\r\n\r\nmax.(u) = u(4) = 1E+160", Icon::critical);
+    EXPECT_THROW(Epilisi(), Fault);
+    EXPECT_TRUE(Allagi_Montelou);
+}
+
 TEST_F(Driver, AProbableMechanismIsReportedAboveTenMillion)
 {
     struct Case
@@ -211,10 +219,12 @@ TEST_F(Commands, UnconnectedNodesAreOfferedFromTheFirstOnAfterEachDeletion)
     EXPECT_TRUE(Allagi_Montelou);
 
     buildModel("N 0 0"); // the last node goes, and there is nothing to solve
+    desktop.events.clear();
     desktop.expectMessage(question(1), Icon::question, Answer::yes);
     desktop.expectMessage(notSolved, Icon::critical);
     Button_Epilisi();
     EXPECT_EQ(Arithmos_Kombon, 0);
+    EXPECT_EQ(std::ranges::count(desktop.events, "redraw"), 1); // of the deletion alone
 }
 
 TEST_F(Commands, OldResultsAreOfferedANewAnalysis)

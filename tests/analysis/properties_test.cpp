@@ -126,34 +126,60 @@ TEST_F(Properties, DirectionNumberingAndPositionOfTheModelDoNotMatter)
     }
 }
 
-// A quarter turn keeps the Singles exact: (x, y) becomes (-y, x), and so do loads and restraints.
+// By the angle of the 3-4-5 triangle, all on whole numbers: (x, y) becomes (3x - 4y, 4x + 3y), five
+// times as large. Restraints turn only when both directions are held or free.
 TEST_F(Properties, TurningTheModelTurnsTheResults)
 {
     for (int round = 0; round < 12; ++round) {
         buildRandomFrame(random, 10 + 5 * round);
+        for (int g = 1; g <= Arithmos_Omadon; ++g) { // the model becomes fifty times as large
+            Omades(g, group::E) *= 2500;
+            Omades(g, group::I) *= 2500;
+        }
+        for (int n = 1; n <= Arithmos_Kombon; ++n) {
+            Komboi(n, node::fixedY) = Komboi(n, node::fixedX);
+            Elatiria(n, 2) = Elatiria(n, 1);
+            for (const int column : {node::x, node::y, node::Fx, node::Fy})
+                Komboi(n, column) = std::round(10 * Komboi(n, column));
+        }
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+            for (const int column : {element::wx, element::wy})
+                Stoixeia(e, column) = std::round(Stoixeia(e, column));
+        const auto turn = [](float &x, float &y, float length) {
+            const float turned = (3 * x - 4 * y) / length;
+            y = (4 * x + 3 * y) / length;
+            x = turned;
+        };
+        const auto scaleToFive = [](float &x, float &y) {
+            x *= 5;
+            y *= 5;
+        };
+        for (int n = 1; n <= Arithmos_Kombon; ++n)
+            for (const int column : {node::x, node::Fx})
+                scaleToFive(Komboi(n, column), Komboi(n, column + 1));
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+            scaleToFive(Stoixeia(e, element::wx), Stoixeia(e, element::wy));
         analyse();
         const auto u = Metatopiseis;
         const auto f = Entasi_Topiki;
+        const auto reactions = Antidraseis;
         const double scale = Bres_Max_U();
         const double forces = std::max({Bres_Max_Abs_M(), Bres_Max_Abs_N(), Bres_Max_Abs_Q()});
-        for (int n = 1; n <= Arithmos_Kombon; ++n) {
-            for (const int column : {node::x, node::Fx}) {
-                const float x = Komboi(n, column);
-                Komboi(n, column) = -Komboi(n, column + 1);
-                Komboi(n, column + 1) = x;
-            }
-            std::swap(Komboi(n, node::fixedX), Komboi(n, node::fixedY));
-            std::swap(Elatiria(n, 1), Elatiria(n, 2));
-        }
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-            const float wx = Stoixeia(e, element::wx);
-            Stoixeia(e, element::wx) = -Stoixeia(e, element::wy);
-            Stoixeia(e, element::wy) = wx;
-        }
+        for (int n = 1; n <= Arithmos_Kombon; ++n)
+            for (const int column : {node::x, node::Fx})
+                turn(Komboi(n, column), Komboi(n, column + 1), 5);
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+            turn(Stoixeia(e, element::wx), Stoixeia(e, element::wy), 5);
         analyse();
         for (int n = 1; n <= Arithmos_Kombon; ++n) {
-            EXPECT_NEAR(displacement(n, 2), u(3 * n - 2), 1e-7 * scale);
-            EXPECT_NEAR(displacement(n, 1), -u(3 * n - 1), 1e-7 * scale);
+            const double x = u(3 * n - 2), y = u(3 * n - 1);
+            EXPECT_NEAR(displacement(n, 1), (3 * x - 4 * y) / 5, 1e-7 * scale);
+            EXPECT_NEAR(displacement(n, 2), (4 * x + 3 * y) / 5, 1e-7 * scale);
+            EXPECT_NEAR(displacement(n, 3), u(3 * n), 1e-7 * scale);
+            if (Komboi(n, node::fixedX) == 1) {
+                EXPECT_NEAR(Antidraseis(n, 1), (3 * reactions(n, 1) - 4 * reactions(n, 2)) / 5,
+                            1e-7 * forces);
+            }
         }
         for (int e = 1; e <= Arithmos_Stoixeion; ++e)
             for (int k = 1; k <= 6; ++k)

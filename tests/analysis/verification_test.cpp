@@ -141,6 +141,8 @@ TEST_F(Verification, ClosedForms)
                "E 1 2 1 0 1 0 -12; E 2 3 1 1 0 0 -12; E 4 5 1;E 5 3 1 1 1;S 5 1 1 0;"
              + eq("f 1 2", 37.5) + eq("f 1 5", 22.5) + eq("f 1 3", 37.5) + eq("f 2 2", 22.5)
              + eq("f 2 5", 37.5) + eq("f 2 6", -37.5) + eq("r 2 2", 45)},
+        // The following by the force method (Timoshenko, Strength of Materials, Part I, ch. V and
+        // X).
         // Tip force of the spring: (wL4/8EI) / (1/k + L3/3EI).
         {"cantilever on a tip spring",
          group + "N 0 0 xxx; N 5 0; S 2 0 8000 0; E 1 2 1 0 0 0 -12;"
@@ -154,21 +156,23 @@ TEST_F(Verification, ClosedForms)
         {"a spring at a restraint does nothing",
          group + "N 0 0 xxx; N 5 0 oxo; S 1 9 9 9; S 2 0 7 0; E 1 2 1 0 0 0 -12;"
              + eq("r 2 2", 3 * q * L / 8) + eq("r 1 3", q * L * L / 8)},
-        // Vertical load w per unit of true length on a 3-4-5 member: w cos = 0.6 w across it.
+        // By statics and the fixed beam. Vertical load w per unit of true length on a 3-4-5 member:
+        // w cos = 0.6 w across it.
         {"inclined fixed member under a global load",
          group + "N 0 0 xxx; N 3 4 xxx; N 10 0 xxo; N 12 0 oxo; E 1 2 1 0 0 0 -10; E 3 4 1;"
              + eq("f 1 1", 20) + eq("f 1 2", 15) + eq("f 1 3", 12.5) + eq("f 1 6", -12.5)
              + eq("r 1 2", 25) + eq("r 2 2", 25)},
-        // Two bars at 45 degrees under P: S = P / sqrt 2, v = P l / (E A).
+        // By statics and Hooke's law. Two bars at 45 degrees under P: S = P / sqrt 2, v = P l / (E
+        // A).
         {"two-bar truss",
          "G 1000 2 1; N 0 0 xxx; N 2 0 xxx; N 1 -1 oox 0 -10 0; E 1 3 1 1 1; E 2 3 1 1 1;"
              + eq("f 1 4", 10 / root) + eq("u 3 2", -10 * root / 2000)},
-        // Three-hinged frame, w on the beam: H = w l2 / (8 h).
+        // By statics. Three-hinged frame, w on the beam: H = w l2 / (8 h).
         {"three-hinged frame", "G 2.1e8 1e6 2e-4; N 0 0 xxo; N 0 4; N 3 4; N 6 4; N 6 0 xxo;"
                                "E 1 2 1; E 2 3 1 0 1 0 -20; E 3 4 1 0 0 0 -20; E 4 5 1;"
                                    + eq("r 1 1", 20 * 36 / 32.0) + eq("r 1 2", 60) + eq("f 2 3", 90)
                                    + eq("f 3 6", -90)},
-        // Bar under load along itself: u = w L2 / (2 E A).
+        // By Hooke's law. Bar under load along itself: u = w L2 / (2 E A).
         {"bar under its own load", group + "N 0 0 xxx; N 0 -5 xox; E 1 2 1 1 1 0 -12;"
                                        + eq("u 2 2", -q * L * L / 2 / (E * A))
                                        + eq("r 1 2", q * L)},

@@ -82,7 +82,11 @@ TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextM
     text.replace(text.find("Stoixeia"), 0, "3\r\n9\r\n9\r\n1\r\n1\r\n1\r\n0\r\n0\r\n0\r\n\r\n");
     write(name, text);
     Nai_Agglika = false;
-    EXPECT_EQ(run({"--out", path(""), "--", name}), batchStatus::allAnalysed) << err.str();
+    Klimaka = 7;
+    nai_grid = false;
+    EXPECT_EQ(run({"--out", path(""), "--", name, path("missing.vsk")}), batchStatus::someFailed);
+    EXPECT_EQ(Klimaka, 100);
+    EXPECT_TRUE(nai_grid);
     EXPECT_THAT(err.str(), HasSubstr("Node #3 is not connected"));
     EXPECT_THAT(contentOf(path("loose.txt")), HasSubstr("Nodes:                      3\r\n"));
     EXPECT_THAT(contentOf(path("loose.txt")), testing::EndsWith("\r\n\r\n"));

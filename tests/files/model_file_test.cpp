@@ -114,28 +114,71 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
     EXPECT_EQ(Onoma_Arxeiou, path("m.vsk")); // quiet
 }
 
-// Every line of the section lands in its own variable: a file with a value of its own in each line
-// comes back as the same file.
+// Each line of the section alone gets another value, which must show in its own variable.
 TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 {
-    std::vector<std::string> lines = linesOf(small);
-    const auto first = std::ranges::find(lines, "Rithmiseis") + 1;
-    for (int line = 1; line <= 48; ++line)
-        if (std::string &text = first[line - 1];
-            line >= 22 && line != 42 && line != 43 && line != 44 && line != 47 && line != 48)
-            text = line >= 32 && line <= 34 ? std::to_string(line) : std::to_string(line) + ".5";
-    for (const int flipped : {1, 3, 7, 21, 42, 43, 44, 47, 48}) {
-        std::vector<std::string> changed = lines;
-        std::string &text = changed[static_cast<std::size_t>(first - lines.begin() + flipped - 1)];
-        text = text == "1" ? "0" : "1";
-        read(joined(changed));
+    const std::vector<StoreVariable> variables = {&nai_aksones,
+                                                  &nai_grid,
+                                                  &nai_komboi,
+                                                  &nai_arithmisi_kombon,
+                                                  &nai_desmefseis,
+                                                  &nai_sint_kombon,
+                                                  &nai_stoixeia,
+                                                  &nai_arithmisi_stoixeion,
+                                                  &nai_eleftheroseis,
+                                                  &nai_omades,
+                                                  &nai_miki,
+                                                  &nai_fortiseis_si,
+                                                  &nai_times_fortiseon_si,
+                                                  &nai_fortiseis_om,
+                                                  &nai_times_fortiseon_om,
+                                                  &nai_times_M,
+                                                  &nai_times_Q,
+                                                  &nai_times_N,
+                                                  &Q_sin_Ina,
+                                                  &N_sin_Ina,
+                                                  &xroma_background,
+                                                  &xroma_aksonon,
+                                                  &xroma_grid,
+                                                  &xroma_stoixeion,
+                                                  &xroma_kombon,
+                                                  &xroma_sigkentromenon,
+                                                  &xroma_omoiomorfon,
+                                                  &xroma_M,
+                                                  &xroma_Q,
+                                                  &xroma_N,
+                                                  &dekadika_M,
+                                                  &dekadika_Q,
+                                                  &dekadika_N,
+                                                  &Ena_cm_posa_KNm_M,
+                                                  &Ena_cm_posa_KN_Q,
+                                                  &Ena_cm_posa_KN_N,
+                                                  &Klimaka,
+                                                  &Arxi_X,
+                                                  &Arxi_Y,
+                                                  &kannab,
+                                                  &nai_graf_stir,
+                                                  &Nai_Apolites_Sint,
+                                                  &Nai_Sxetikes_Sint,
+                                                  &xroma_paramorfosis,
+                                                  &Ena_cm_posa_m_epi_1000,
+                                                  &M_sin_Tension,
+                                                  &nai_springs};
+    ASSERT_EQ(variables.size(), 47U); // and the retired line, the second
+    constexpr std::size_t firstLine = 50;
+    for (std::size_t i = 0; i < variables.size(); ++i) {
+        std::vector<std::string> lines = linesOf(small);
+        std::string &text = lines[firstLine + i + (i == 0 ? 0 : 1)];
+        const bool isSwitch = std::holds_alternative<bool *>(variables[i]);
+        text = isSwitch ? text == "1" ? "0" : "1" : "7";
+        read(joined(lines));
+        std::visit(
+            [&](const auto *variable) { EXPECT_EQ(*variable, isSwitch ? text == "1" : 7) << i; },
+            variables[i]);
         std::string name = path("again.vsk");
         Apothikefsi_Arxeiou(name, true);
-        EXPECT_EQ(contentOf(name), joined(changed)) << flipped;
+        EXPECT_EQ(contentOf(name), joined(lines)) << i;
     }
-    EXPECT_EQ(Klimaka, 38.5F);
-    EXPECT_EQ(dekadika_Q, 33);
-    EXPECT_EQ(xroma_paramorfosis, 45.5);
 }
 
 TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)
@@ -216,6 +259,11 @@ TEST_F(ModelFile, WhatTheProgramCannotHaveWrittenIsRefused)
         lines[static_cast<std::size_t>(c.line - 1)] = c.text;
         refuse(joined(lines), "Line " + std::to_string(c.line) + ": " + c.says);
     }
+    std::string comma = small;
+    comma.replace(comma.find("0.01"), 4, "0,01");
+    refuse(comma,
+           "Line 15: the number of nodes expected, found 'Komboi' (the comma in line 12 ended an "
+           "item: the decimal separator is the point)");
     const std::string bigRow(1 << 20, 'x');
     std::vector<std::string> lines = linesOf(small);
     lines[10] = bigRow;
@@ -268,11 +316,15 @@ TEST_F(ModelFile, AWrongBannerChangesNothing)
         std::string content = small;
         content.replace(content.find(from), std::string(from).size(), to);
         buildModel("N 1 2");
+        Allagi_Montelou = false;
+        Klimaka = 77;
         Onoma_Arxeiou = "old.vsk";
         desktop.caption = "old";
         desktop.expectMessage(wrongBanner, Icon::critical);
         read(content);
         EXPECT_EQ(desktop.log.back(), (LogLine{wrongBanner, red, true}));
+        EXPECT_FALSE(Allagi_Montelou);
+        EXPECT_EQ(Klimaka, 77);
         EXPECT_EQ(Arithmos_Kombon, 1);
         EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
         EXPECT_EQ(desktop.caption, "old");
@@ -330,6 +382,7 @@ TEST_F(ModelFile, SaveAsksForANameAndMindsItsExtension)
         EXPECT_EQ(desktop.caption, path(c.written) + " - " + title);
         EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(c.written), black, true}));
         EXPECT_TRUE(fs::exists(path(c.written)));
+        EXPECT_EQ(currentFolder + "/", path(""));
     }
     // The dialog asked about "a", which is not there; "a.vsk" is.
     desktop.expectFileDialog(path("a"));
@@ -387,6 +440,12 @@ TEST_F(ChangeTest, AnswersByTheWholeFile)
     fs::remove(path("m.vsk"));
     EXPECT_FALSE(Idio_Me_To_Arxeio());
     EXPECT_TRUE(fs::exists(scratch)); // an error leaves it
+
+    read(small); // a scratch file that was not written says nothing, whatever stands there
+    fs::remove(scratch);
+    fs::create_directory(scratch);
+    desktop.expectMessage("There was an error saving the file: Is a directory", Icon::critical);
+    EXPECT_FALSE(Idio_Me_To_Arxeio());
 }
 
 TEST_F(ChangeTest, ASecondRunningCopyHasItsScratchFileElsewhere)
@@ -491,6 +550,23 @@ TEST_F(WholeFile, AFolderThatForbidsNewFilesIsWrittenInPlaceAndAProtectedFileIsN
         testing::ExitedWithCode(7), "");
     EXPECT_EQ(contentOf(path("mine.vsk")), "new");
     EXPECT_EQ(contentOf(path("protected.vsk")), "a longer old content");
+
+    // In a folder of one's own a rename would get past the protection of the file.
+    fs::create_directory(path("open"));
+    write(path("open/protected.vsk"), "old");
+    ::chmod(path("open").c_str(), 0777);
+    EXPECT_EXIT(
+        {
+            if (::setuid(nobody) != 0)
+                std::exit(1);
+            try {
+                writeWholeFile(folder + "open/protected.vsk", "new", Durability::onDisk);
+            } catch (const Fault &fault) {
+                std::exit(fault.facts() == "Permission denied" ? 7 : 8);
+            }
+        },
+        testing::ExitedWithCode(7), "");
+    EXPECT_EQ(contentOf(path("open/protected.vsk")), "old");
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "Diagrafes.h"
 #include "Fault.h"
+#include "Files.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Models.h"
@@ -38,7 +39,10 @@ TEST_F(Store, LogLinesBeginWithALineEndABlankAndTheirColour)
     Grammi_Log("first", logColour::navy, true, true);
     Grammi_Log("second", logColour::red);
     Grammi_Log("more", logColour::black, false, true);
-    EXPECT_EQ(desktop.log, (std::vector<LogLine>{{"first", 8388608, true}, {"second more", 255}}));
+    Grammi_Log("third", logColour::grey);
+    EXPECT_EQ(
+        desktop.log,
+        (std::vector<LogLine>{{"first", 8388608, true}, {"second more", 255}, {"third", 8421504}}));
 }
 
 TEST_F(Store, APackGivesEveryTextAndAnEmptyOneForWhatItLeavesOut)
@@ -48,6 +52,32 @@ TEST_F(Store, APackGivesEveryTextAndAnEmptyOneForWhatItLeavesOut)
     Nai_Agglika = false;
     EXPECT_EQ(Metafrasi(2500, "last"), "letzter");
     EXPECT_EQ(Metafrasi(1, "first"), "");
+}
+
+// The text of a new user's settings as a file of the start values has them, and a store in which
+// every table was written to.
+TEST_F(Store, EverythingGoesBackToItsStart)
+{
+    for (int i = 1; i <= 19; ++i)
+        Akrotata(i) = i;
+    Metatopiseis(600) = Entasi_Topiki(300, 6) = Antidraseis(200, 3) = Seira_Vathmon(600) = 5;
+    Istoriko_Zoom(100, 3) = Entasi_Oliki(1, 1) = U_Eleftheroi(1) = P_Oliko(1) = 5;
+    Omades(300, 3) = 1;
+    Elatiria(200, 3) = Stoixeia(300, 9) = 1;
+    for (const Setting &setting : settings)
+        std::visit([](auto *value) { *value = 0; }, setting.value);
+    resetStore();
+    double sum = Metatopiseis(600) + Entasi_Topiki(300, 6) + Antidraseis(200, 3)
+                 + Seira_Vathmon(600) + Istoriko_Zoom(100, 3) + Entasi_Oliki(1, 1) + U_Eleftheroi(1)
+                 + P_Oliko(1) + Omades(300, 3) + Elatiria(200, 3) + Stoixeia(300, 9);
+    for (int i = 1; i <= 19; ++i)
+        sum += Akrotata(i);
+    EXPECT_EQ(sum, 0);
+    EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
+    std::string path = this->path("start.vsk");
+    buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; S 2 0 5000 0; E 1 2 1");
+    Apothikefsi_Arxeiou(path, true); // all but the keys that the file does not carry in this order
+    EXPECT_EQ(contentOf(path), contentOf(TEST_DATA "/small.vsk"));
 }
 
 TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)

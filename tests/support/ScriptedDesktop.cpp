@@ -92,6 +92,12 @@ std::string ScriptedDesktop::setting(std::string_view section, std::string_view 
     return found != settingsStore.end() ? found->second : std::string(standard);
 }
 
+void ScriptedDesktop::storeSetting(std::string_view section, std::string_view key,
+                                   std::string_view value)
+{
+    settingsStore[std::string(section) + "/" + std::string(key)] = value;
+}
+
 StoreTest::StoreTest()
 {
     resetStore();

@@ -55,8 +55,11 @@ public:
     TimeOfDay timeOfDay() override;
     std::string setting(std::string_view section, std::string_view key,
                         std::string_view standard) override;
+    void storeSetting(std::string_view section, std::string_view key,
+                      std::string_view value) override;
     std::string programFolder() override { return program; }
     std::string documentsFolder() override { return "/documents"; }
+    std::string dataFolder() override { return program + "/data"; }
 
 private:
     struct Expected

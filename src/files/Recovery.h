@@ -1,0 +1,16 @@
+#pragma once
+/// @file
+/// What is kept of a model that would otherwise be lost.
+
+#include <string>
+
+namespace veskora {
+
+/// Writes the model of the store to a new file in the user's data folder.
+/// @return its path, empty when it could not be written
+std::string writeRecoveryFile();
+
+/// Whether the store holds anything that a recovery file could keep.
+bool isModelEmpty();
+
+} // namespace veskora

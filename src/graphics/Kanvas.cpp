@@ -1,0 +1,113 @@
+#include "Kanvas.h"
+
+#include "Fault.h"
+#include "MathFunc.h"
+
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+Kanvas *current = nullptr;
+
+template <typename... Values>
+bool allSingles(Values... values)
+{
+    return (std::isfinite(static_cast<float>(values)) && ...);
+}
+
+template <typename Number>
+std::string printedNumber(Number number)
+{
+    const std::string text = numberText(number);
+    return (text.front() == '-' ? "" : " ") + text + " ";
+}
+
+} // namespace
+
+Kanvas &Picture1()
+{
+    if (current == nullptr)
+        throw Fault(Fault::Kind::system, "no canvas has been set");
+    return *current;
+}
+
+void setPicture1(Kanvas *kanvas)
+{
+    current = kanvas;
+}
+
+void Kanvas::clear()
+{
+    doClear();
+    moveTo(0, 0);
+}
+
+void Kanvas::moveTo(double x, double y)
+{
+    if (!allSingles(x, y))
+        return;
+    currentX_ = static_cast<float>(x);
+    currentY_ = static_cast<float>(y);
+}
+
+void Kanvas::line(double x1, double y1, double x2, double y2)
+{
+    if (!allSingles(x1, y1, x2, y2))
+        return;
+    doLine(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
+           static_cast<float>(y2));
+    moveTo(x2, y2);
+}
+
+void Kanvas::point(double x, double y)
+{
+    if (!allSingles(x, y))
+        return;
+    doPoint(static_cast<float>(x), static_cast<float>(y));
+    moveTo(x, y);
+}
+
+void Kanvas::circle(double x, double y, double radius)
+{
+    if (!allSingles(x, y, radius))
+        return;
+    doCircle(static_cast<float>(x), static_cast<float>(y), static_cast<float>(radius));
+    moveTo(x, y);
+}
+
+void Kanvas::arc(double x, double y, double radius, double start, double end)
+{
+    if (!allSingles(x, y, radius, start, end))
+        return;
+    doArc(static_cast<float>(x), static_cast<float>(y), static_cast<float>(radius), start, end);
+    moveTo(x, y);
+}
+
+void Kanvas::print(const std::string &text)
+{
+    doPrint(text, currentX_, currentY_);
+    moveTo(0, currentY_ + lineAdvance());
+}
+
+void Kanvas::print(float number)
+{
+    print(printedNumber(number));
+}
+
+void Kanvas::print(double number)
+{
+    print(printedNumber(number));
+}
+
+void Kanvas::printRotated(const std::string &text, double x, double y, const RotatedFont &font,
+                          int angle)
+{
+    if (!allSingles(x, y))
+        return;
+    doPrintRotated(text, static_cast<float>(x), static_cast<float>(y), font, angle);
+    moveTo(0, y + lineAdvance());
+}
+
+} // namespace veskora

@@ -1,0 +1,107 @@
+#pragma once
+/// @file
+/// The drawing surface: exactly the operations that drawing needs of the canvas `Picture1`.
+///
+/// Lengths are centimetres, y grows downward, and the surface keeps its picture between repaints.
+/// Pen, fill and font stay until they are changed; clearing and resizing leave them. Coordinates
+/// are narrowed to Single. An operation with a coordinate that is not finite is left out whole, the
+/// move of the current point with it: that is what a statement that fails does to a picture.
+
+#include <string>
+
+namespace veskora {
+
+enum class PenStyle { solid, dotted };
+
+/// A font of its own for text at an angle.
+struct RotatedFont
+{
+    std::string face;
+    int height; ///< of the character cell, device units
+    int weight; ///< 400 regular, 700 bold
+    bool italic = false;
+    bool underline = false;
+    bool strikeout = false;
+};
+
+class Kanvas
+{
+public:
+    virtual ~Kanvas() = default;
+
+    /// The drawable size.
+    virtual double width() const = 0;
+    virtual double height() const = 0;
+
+    /// Fills all with the background colour; the current point becomes (0, 0).
+    void clear();
+
+    void line(double x1, double y1, double x2, double y2);
+    void lineRelative(double x1, double y1, double dx, double dy)
+    {
+        line(x1, y1, x1 + dx, y1 + dy);
+    }
+    /// From the current point.
+    void lineTo(double x, double y) { line(currentX_, currentY_, x, y); }
+    void lineToRelative(double dx, double dy) { lineTo(currentX_ + dx, currentY_ + dy); }
+
+    /// One dot as wide as the pen.
+    void point(double x, double y);
+    /// An outline in the pen, filled while the fill is on; the current point becomes the centre.
+    void circle(double x, double y, double radius);
+    /// Counter-clockwise from @p start to @p end, radians, 0 along +x and pi/2 up the screen; not
+    /// filled; the current point becomes the centre.
+    void arc(double x, double y, double radius, double start, double end);
+
+    double currentX() const { return currentX_; }
+    double currentY() const { return currentY_; }
+    void setCurrentX(double x) { moveTo(x, currentY_); }
+    void setCurrentY(double y) { moveTo(currentX_, y); }
+    void moveTo(double x, double y);
+
+    /// Text with its top left corner at the current point, in the pen colour. Afterwards x of the
+    /// current point is 0 and y one text line lower.
+    void print(const std::string &text);
+    /// A number with one blank in front, unless it is negative, and one behind.
+    void print(float number);
+    void print(double number);
+
+    /// Text turned by @p angle, tenths of a degree, counter-clockwise around (x, y), its top left
+    /// corner. The current point goes as with `print`.
+    void printRotated(const std::string &text, double x, double y, const RotatedFont &font,
+                      int angle);
+
+    /// @name Pen, fill and font. A colour is a colour word, red in the low byte.
+    /// @{
+    virtual void setBackground(double colour) = 0;
+    virtual void setPenColour(double colour) = 0;
+    virtual void setPenWidth(int devicePixels) = 0;
+    virtual void setPenStyle(PenStyle style) = 0;
+    virtual void setFillOn(bool on) = 0;
+    virtual void setFillColour(double colour) = 0;
+    virtual void setFontSize(int points) = 0;
+    virtual void setFontBold(bool bold) = 0;
+    /// @}
+
+protected:
+    virtual void doClear() = 0;
+    virtual void doLine(float x1, float y1, float x2, float y2) = 0;
+    virtual void doPoint(float x, float y) = 0;
+    virtual void doCircle(float x, float y, float radius) = 0;
+    virtual void doArc(float x, float y, float radius, double start, double end) = 0;
+    virtual void doPrint(const std::string &text, float x, float y) = 0;
+    virtual void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
+                                int angle) = 0;
+    /// From one line of text to the next.
+    virtual double lineAdvance() const = 0;
+
+private:
+    float currentX_ = 0;
+    float currentY_ = 0;
+};
+
+/// The canvas in use. A process sets it once, before anything is drawn.
+Kanvas &Picture1();
+void setPicture1(Kanvas *kanvas);
+
+} // namespace veskora

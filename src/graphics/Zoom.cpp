@@ -1,0 +1,193 @@
+#include "Zoom.h"
+
+#include "Kanvas.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+struct View
+{
+    float scale = Klimaka;
+    double originX = Arxi_X;
+    double originY = Arxi_Y;
+
+    void restore() const
+    {
+        Klimaka = scale;
+        Arxi_X = originX;
+        Arxi_Y = originY;
+    }
+};
+
+struct Extent
+{
+    double xmin, xmax, ymin, ymax;
+};
+
+constexpr std::int16_t scaleDecimals = 3;
+
+void fitWidth(const Extent &extent, double margin)
+{
+    const double W = Picture1().width();
+    const double H = Picture1().height();
+    Klimaka = static_cast<float>(
+        Stroggylopoiisi(100 * (extent.xmax - extent.xmin) / (W - 2 * margin), scaleDecimals));
+    Arxi_X = Mikos_Se_Othoni(extent.xmin) - margin;
+    Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(extent.ymax))
+             - (H - Mikos_Se_Othoni(extent.ymax - extent.ymin)) / 2;
+}
+
+void fitHeight(const Extent &extent, double margin)
+{
+    const double W = Picture1().width();
+    const double H = Picture1().height();
+    Klimaka = static_cast<float>(
+        Stroggylopoiisi(100 * (extent.ymax - extent.ymin) / (H - 2 * margin), scaleDecimals));
+    Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(extent.ymax)) - margin;
+    Arxi_X = Mikos_Se_Othoni(extent.xmin) - (W - Mikos_Se_Othoni(extent.xmax - extent.xmin)) / 2;
+}
+
+/// Fits the direction that needs the coarser scale; an extent of 0 in one direction leaves the
+/// other. A result finer than 1:1, or none at all, leaves the view.
+void fit(const Extent &extent, double margin)
+{
+    const View before;
+    const double width = extent.xmax - extent.xmin;
+    const double height = extent.ymax - extent.ymin;
+    const double fx = (Picture1().width() - 2 * margin) / width;
+    const double fy = (Picture1().height() - 2 * margin) / height;
+    if (width == 0 || (height != 0 && fx > fy))
+        fitHeight(extent, margin);
+    else
+        fitWidth(extent, margin);
+    if (!(Klimaka >= 1) || !std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
+        before.restore();
+}
+
+} // namespace
+
+double Kosmos_X(double x)
+{
+    return 100 * x / Klimaka - Arxi_X;
+}
+
+double Kosmos_Y_Orthio(double y)
+{
+    return 100 * y / Klimaka + Arxi_Y;
+}
+
+double Anastrofi_Y(double v)
+{
+    return Picture1().height() - v;
+}
+
+double Kosmos_Y(double y)
+{
+    return Anastrofi_Y(Kosmos_Y_Orthio(y));
+}
+
+double Othoni_X(double c)
+{
+    return Klimaka * (c + Arxi_X) / 100;
+}
+
+double Othoni_Y_Orthio(double c)
+{
+    return Klimaka * (c - Arxi_Y) / 100;
+}
+
+double Othoni_Y(double c)
+{
+    return Othoni_Y_Orthio(Anastrofi_Y(c));
+}
+
+double Mikos_Se_Othoni(double length)
+{
+    return 100 * length / Klimaka;
+}
+
+void Zoom_Best_Fit()
+{
+    if (Arithmos_Kombon == 0) {
+        Arxi_X = -2;
+        Arxi_Y = 2;
+        return;
+    }
+    if (Arithmos_Kombon == 1) {
+        const View before;
+        Arxi_X = Mikos_Se_Othoni(Komboi(1, node::x)) - Picture1().width() / 2;
+        Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(Komboi(1, node::y))) - Picture1().height() / 2;
+        if (!std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
+            before.restore();
+        return;
+    }
+    Extent extent = {Komboi(1, node::x), Komboi(1, node::x), Komboi(1, node::y),
+                     Komboi(1, node::y)};
+    for (int n = 2; n <= Arithmos_Kombon; ++n) {
+        const double x = Komboi(n, node::x);
+        const double y = Komboi(n, node::y);
+        extent = {std::min(extent.xmin, x), std::max(extent.xmax, x), std::min(extent.ymin, y),
+                  std::max(extent.ymax, y)};
+    }
+    constexpr double margin = 1.8;
+    fit(extent, margin);
+}
+
+void Zoom_Parathyrou(double x1, double y1, double x2, double y2)
+{
+    if (x1 == x2 && y1 == y2)
+        return;
+    const auto [left, right] = std::minmax(x1, x2);
+    const auto [top, bottom] = std::minmax(y1, y2);
+    fit({Othoni_X(left), Othoni_X(right), Othoni_Y(bottom), Othoni_Y(top)}, 0);
+}
+
+void Zoom_Syrsimatos(double y0, double y)
+{
+    constexpr double doublingDistance = 20;
+    const double r =
+        y > y0 ? (y - y0) / doublingDistance + 1 : 1 / ((y0 - y) / doublingDistance + 1);
+    const double W = Picture1().width();
+    const double H = Picture1().height();
+    if (r * Klimaka >= 1)
+        Klimaka = toSingle(r * Klimaka).value_or(Klimaka);
+    // The first-order form: the canvas's centre stays nearly still.
+    Arxi_X = Arxi_X - (W / 2 + Arxi_X) * (r - 1);
+    Arxi_Y = Arxi_Y - (Arxi_Y - H / 2) * (r - 1);
+}
+
+void Apothikefsi_Zoom()
+{
+    const int top = Thesi_Istorikou;
+    if (Klimaka == static_cast<float>(Istoriko_Zoom(top, 1)) && Arxi_Y == Istoriko_Zoom(top, 2)
+        && Arxi_X == Istoriko_Zoom(top, 3))
+        return;
+    if (Thesi_Istorikou == zoomSteps) {
+        for (int row = 1; row <= zoomSteps; ++row)
+            std::ranges::copy(Istoriko_Zoom.row(row), Istoriko_Zoom.row(row - 1).begin());
+        Thesi_Istorikou = zoomSteps - 1;
+    }
+    ++Thesi_Istorikou;
+    Istoriko_Zoom(Thesi_Istorikou, 1) = Klimaka;
+    Istoriko_Zoom(Thesi_Istorikou, 2) = Arxi_Y;
+    Istoriko_Zoom(Thesi_Istorikou, 3) = Arxi_X;
+}
+
+bool Zoom_Proigoumeno()
+{
+    if (Thesi_Istorikou == 0)
+        return false;
+    --Thesi_Istorikou;
+    Klimaka = static_cast<float>(Istoriko_Zoom(Thesi_Istorikou, 1));
+    Arxi_Y = Istoriko_Zoom(Thesi_Istorikou, 2);
+    Arxi_X = Istoriko_Zoom(Thesi_Istorikou, 3);
+    return true;
+}
+
+} // namespace veskora

@@ -1,0 +1,51 @@
+#pragma once
+/// @file
+/// The view: conversions between model and canvas, the operations that change it, its history.
+///
+/// The canvas is measured in centimetres and the model is drawn like a sheet of paper at the scale
+/// 1:`Klimaka`: one world unit is 100/`Klimaka` cm. Canvas y grows downward, world y upward;
+/// upright canvas y is measured upward from the canvas's bottom edge. The canvas's size is read
+/// from `Picture1` at every use. Nothing is rounded unless said so.
+
+namespace veskora {
+
+/// @name World to canvas, centimetres
+/// @{
+double Kosmos_X(double x);
+double Kosmos_Y_Orthio(double y); ///< upright
+double Kosmos_Y(double y);
+double Mikos_Se_Othoni(double length);
+/// @}
+
+/// Between upright and downward canvas y, either way.
+double Anastrofi_Y(double v);
+
+/// @name Canvas to world
+/// @{
+double Othoni_X(double c);
+double Othoni_Y_Orthio(double c); ///< from upright y
+double Othoni_Y(double c);
+/// @}
+
+/// Makes the whole model fill the canvas with a margin of 1.8 cm, the scale rounded to 3 decimals.
+/// One node is centred at the scale there is; without nodes the origin goes to its start place.
+/// A scale finer than 1:1, or nodes that all stand at one point, leave the view as it is.
+void Zoom_Best_Fit();
+
+/// Makes the rectangle between two canvas points fill the canvas, with the same floor at 1:1. A
+/// rectangle that is a point changes nothing.
+void Zoom_Parathyrou(double x1, double y1, double x2, double y2);
+
+/// One step of the drag zoom, from canvas y @p y0 to @p y: downward zooms out. Below 1:1 the scale
+/// stays, and the origin still moves.
+void Zoom_Syrsimatos(double y0, double y);
+
+/// Pushes the current view onto the history, unless it is the one on top. The oldest of 100 steps
+/// is lost.
+void Apothikefsi_Zoom();
+
+/// Steps one view back.
+/// @return whether there was one
+bool Zoom_Proigoumeno();
+
+} // namespace veskora

@@ -1,0 +1,137 @@
+#include "CanvasWidget.h"
+
+#include "Units.h"
+
+#include <QMouseEvent>
+#include <QPaintEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veskora {
+
+CanvasWidget::CanvasWidget(QWidget *parent) : QWidget(parent), kanvas_(QSize(1, 1))
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::ClickFocus);
+}
+
+void CanvasWidget::paintEvent(QPaintEvent *event)
+{
+    QPainter painter(this);
+    const QRect part = event->rect();
+    const double scale = kanvas_.scale();
+    painter.drawImage(
+        QRectF(part), kanvas_.image(),
+        QRectF(part.x() * scale, part.y() * scale, part.width() * scale, part.height() * scale));
+}
+
+void CanvasWidget::fitImage()
+{
+    if (kanvas_.size() == size() && kanvas_.scale() == devicePixelRatioF())
+        return;
+    kanvas_.resize(size(), devicePixelRatioF());
+    emit resized();
+}
+
+void CanvasWidget::resizeEvent(QResizeEvent *)
+{
+    fitImage();
+}
+
+bool CanvasWidget::event(QEvent *event)
+{
+    // Another screen may have another resolution.
+    if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::Show)
+        fitImage();
+    return QWidget::event(event);
+}
+
+void CanvasWidget::mousePressEvent(QMouseEvent *event)
+{
+    emit pressed(event->button(), event->position().x() / pixelsPerCentimetre,
+                 event->position().y() / pixelsPerCentimetre);
+}
+
+void CanvasWidget::mouseMoveEvent(QMouseEvent *event)
+{
+    emit moved(event->position().x() / pixelsPerCentimetre,
+               event->position().y() / pixelsPerCentimetre);
+}
+
+void CanvasWidget::mouseReleaseEvent(QMouseEvent *event)
+{
+    emit released(event->button(), event->position().x() / pixelsPerCentimetre,
+                  event->position().y() / pixelsPerCentimetre);
+}
+
+void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::LeftButton)
+        emit doubleClicked();
+}
+
+CanvasOverlay::CanvasOverlay(CanvasWidget *canvas, const QString &name) : QWidget(canvas)
+{
+    setObjectName(name);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+}
+
+void CanvasOverlay::setForm(Form form)
+{
+    form_ = form;
+    update();
+}
+
+void CanvasOverlay::setPen(const QPen &pen)
+{
+    pen_ = pen;
+    update();
+}
+
+void CanvasOverlay::span(double x1, double y1, double x2, double y2)
+{
+    if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
+        return;
+    static constexpr double far = 10000; // logical pixels; a wider widget is refused
+    const auto pixel = [](double c) { return std::clamp(c * pixelsPerCentimetre, -far, far); };
+    from_ = {pixel(x1), pixel(y1)};
+    to_ = {pixel(x2), pixel(y2)};
+    place();
+}
+
+void CanvasOverlay::place()
+{
+    const int margin = static_cast<int>(std::ceil(pen_.widthF())) + 1;
+    setGeometry(
+        QRectF(from_, to_).normalized().toAlignedRect().adjusted(-margin, -margin, margin, margin));
+    update();
+}
+
+void CanvasOverlay::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.translate(-pos());
+    painter.setPen(pen_);
+    if (form_ != Form::rectangle)
+        painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF frame = QRectF(from_, to_).normalized();
+    switch (form_) {
+    case Form::line:
+        painter.drawLine(from_, to_);
+        break;
+    case Form::rectangle:
+        painter.drawRect(frame);
+        break;
+    case Form::roundedSquare:
+        painter.drawRoundedRect(frame, frame.width() / 4, frame.height() / 4);
+        break;
+    case Form::circle:
+        painter.drawEllipse(frame);
+        break;
+    }
+}
+
+} // namespace veskora

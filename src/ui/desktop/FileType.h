@@ -1,0 +1,14 @@
+#pragma once
+/// @file
+/// The model file's type on the desktop.
+
+#include <QString>
+
+namespace veskora {
+
+/// Writes, in the user's data folder, the MIME type of model files (by extension and by the banner
+/// they begin with), a desktop entry that opens them with @p program, and the icons of both. What
+/// cannot be written is left out without a word.
+void registerFileType(const QString &program);
+
+} // namespace veskora

@@ -1,0 +1,317 @@
+#include "ImageKanvas.h"
+
+#include "ColourWord.h"
+#include "Sxediastika.h"
+#include "Units.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+namespace veskora {
+
+namespace {
+
+/// Coordinates far outside the image say nothing to the eye but take a rasteriser long.
+constexpr double farOutside = 32000;
+
+/// Cuts a line to the square of `farOutside` around the origin.
+/// @return whether any of it is left
+bool clip(QPointF &from, QPointF &to)
+{
+    double begin = 0;
+    double end = 1;
+    const QPointF way = to - from;
+    const auto cut = [&](double start, double step) {
+        if (step == 0)
+            return std::abs(start) <= farOutside;
+        const double a = (-farOutside - start) / step;
+        const double b = (farOutside - start) / step;
+        begin = std::max(begin, std::min(a, b));
+        end = std::min(end, std::max(a, b));
+        return begin <= end;
+    };
+    if (!cut(from.x(), way.x()) || !cut(from.y(), way.y()))
+        return false;
+    const QPointF start = from;
+    if (begin > 0)
+        from = start + begin * way;
+    if (end < 1)
+        to = start + end * way;
+    return true;
+}
+
+} // namespace
+
+QColor qtColour(double word)
+{
+    const Rgb rgb = colourOf(word);
+    return {rgb.red, rgb.green, rgb.blue};
+}
+
+ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)
+{
+    open();
+    doClear();
+}
+
+ImageKanvas::~ImageKanvas() = default;
+
+void ImageKanvas::resize(QSize size, double scale)
+{
+    size_ = size;
+    scale_ = scale;
+    open();
+    clear();
+}
+
+void ImageKanvas::open()
+{
+    painter_.reset();
+    const QSize devicePixels(std::max(1, static_cast<int>(std::lround(size_.width() * scale_))),
+                             std::max(1, static_cast<int>(std::lround(size_.height() * scale_))));
+    image_ = QImage(devicePixels, QImage::Format_RGB32);
+    painter_ = std::make_unique<QPainter>(&image_);
+    painter_->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+    applyPen();
+    applyFont();
+    rotatedAscent_ = 0; // made anew for the new scale
+}
+
+double ImageKanvas::width() const
+{
+    return size_.width() / pixelsPerCentimetre;
+}
+
+double ImageKanvas::height() const
+{
+    return size_.height() / pixelsPerCentimetre;
+}
+
+double ImageKanvas::device(float centimetres) const
+{
+    return centimetres * pixelsPerCentimetre * scale_;
+}
+
+int ImageKanvas::penPixels() const
+{
+    return penWidth_ * std::max(1, static_cast<int>(std::lround(scale_)));
+}
+
+double ImageKanvas::aligned(float centimetres) const
+{
+    const double offset = penPixels() % 2 == 0 ? 0 : 0.5;
+    return std::floor(device(centimetres) + 0.5 - offset) + offset;
+}
+
+QPointF ImageKanvas::alignedPoint(float x, float y) const
+{
+    return {aligned(x), aligned(y)};
+}
+
+void ImageKanvas::applyPen()
+{
+    QPen pen(penColour_, penPixels());
+    pen.setCapStyle(Qt::FlatCap);
+    pen.setJoinStyle(Qt::MiterJoin);
+    if (penStyle_ == PenStyle::dotted) {
+        pen.setDashPattern({1, 2});
+        pen.setCosmetic(true);
+    } else {
+        pen.setCapStyle(Qt::SquareCap);
+    }
+    painter_->setPen(pen);
+}
+
+void ImageKanvas::applyFont()
+{
+    constexpr double pixelsPerPoint = 96.0 / 72;
+    font_ = QFont(QString::fromLatin1(canvasFontFace));
+    font_.setStyleHint(QFont::SansSerif);
+    font_.setBold(fontBold_);
+    font_.setPixelSize(
+        std::max(1, static_cast<int>(std::lround(fontSize_ * pixelsPerPoint * scale_))));
+    painter_->setFont(font_);
+    const QFontMetricsF metrics(font_);
+    ascent_ = metrics.ascent();
+    lineHeight_ = metrics.ascent() + metrics.descent();
+}
+
+void ImageKanvas::setBackground(double word)
+{
+    background_ = qtColour(word);
+}
+
+void ImageKanvas::setPenColour(double word)
+{
+    const QColor wanted = qtColour(word);
+    if (wanted == penColour_)
+        return;
+    penColour_ = wanted;
+    applyPen();
+}
+
+void ImageKanvas::setPenWidth(int devicePixels)
+{
+    if (devicePixels == penWidth_)
+        return;
+    penWidth_ = devicePixels;
+    applyPen();
+}
+
+void ImageKanvas::setPenStyle(PenStyle style)
+{
+    if (style == penStyle_)
+        return;
+    penStyle_ = style;
+    applyPen();
+}
+
+void ImageKanvas::setFillOn(bool on)
+{
+    fillOn_ = on;
+}
+
+void ImageKanvas::setFillColour(double word)
+{
+    fillColour_ = qtColour(word);
+}
+
+void ImageKanvas::setFontSize(int points)
+{
+    if (points == fontSize_)
+        return;
+    fontSize_ = points;
+    applyFont();
+}
+
+void ImageKanvas::setFontBold(bool bold)
+{
+    if (bold == fontBold_)
+        return;
+    fontBold_ = bold;
+    applyFont();
+}
+
+void ImageKanvas::doClear()
+{
+    painter_->fillRect(image_.rect(), background_);
+}
+
+void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
+{
+    QPointF from = alignedPoint(x1, y1);
+    QPointF to = alignedPoint(x2, y2);
+    if (!clip(from, to))
+        return;
+    // An upright or level line that covers whole pixels needs no smoothing, and dots want none.
+    const bool smooth = penStyle_ == PenStyle::solid && from.x() != to.x() && from.y() != to.y();
+    painter_->setRenderHint(QPainter::Antialiasing, smooth);
+    painter_->drawLine(from, to);
+    if (!smooth)
+        painter_->setRenderHint(QPainter::Antialiasing, true);
+}
+
+bool ImageKanvas::reachesImage(double x, double y, double radius) const
+{
+    return x + radius >= 0 && y + radius >= 0 && x - radius <= image_.width()
+           && y - radius <= image_.height();
+}
+
+void ImageKanvas::doPoint(float x, float y)
+{
+    const double side = penPixels();
+    const QPointF centre = alignedPoint(x, y);
+    if (!reachesImage(centre.x(), centre.y(), side))
+        return;
+    painter_->save();
+    painter_->setPen(Qt::NoPen);
+    painter_->setBrush(penColour_);
+    painter_->drawEllipse(centre, side / 2, side / 2);
+    painter_->restore();
+}
+
+void ImageKanvas::doCircle(float x, float y, float radius)
+{
+    const QPointF centre(device(x), device(y));
+    const double deviceRadius = device(radius);
+    if (!reachesImage(centre.x(), centre.y(), deviceRadius) || deviceRadius > farOutside)
+        return;
+    painter_->setBrush(fillOn_ ? QBrush(fillColour_) : QBrush(Qt::NoBrush));
+    painter_->drawEllipse(centre, deviceRadius, deviceRadius);
+    painter_->setBrush(Qt::NoBrush);
+}
+
+void ImageKanvas::doArc(float x, float y, float radius, double start, double end)
+{
+    constexpr double whole = 2 * std::numbers::pi;
+    constexpr double stepsPerRadian = 16 * 180 / std::numbers::pi;
+    const double deviceRadius = device(radius);
+    if (!reachesImage(device(x), device(y), deviceRadius) || deviceRadius > farOutside)
+        return;
+    double span = std::fmod(end - start, whole);
+    if (span <= 0)
+        span += whole;
+    const QRectF square(device(x) - deviceRadius, device(y) - deviceRadius, 2 * deviceRadius,
+                        2 * deviceRadius);
+    painter_->drawArc(square,
+                      static_cast<int>(std::lround(std::fmod(start, whole) * stepsPerRadian)),
+                      static_cast<int>(std::lround(span * stepsPerRadian)));
+}
+
+void ImageKanvas::doPrint(const std::string &text, float x, float y)
+{
+    // Text is never higher than a few lines nor longer than the widest of screens.
+    if (device(y) > image_.height() || device(y) < -farOutside || std::abs(device(x)) > farOutside)
+        return;
+    const QPointF place(std::round(device(x)), std::round(device(y) + ascent_));
+    painter_->drawText(place, QString::fromStdString(text));
+}
+
+const QFont &ImageKanvas::rotatedFont(const RotatedFont &font)
+{
+    const bool same = font.face == rotatedKey_.face && font.height == rotatedKey_.height
+                      && font.weight == rotatedKey_.weight && font.italic == rotatedKey_.italic
+                      && font.underline == rotatedKey_.underline
+                      && font.strikeout == rotatedKey_.strikeout && rotatedAscent_ > 0;
+    if (same)
+        return rotated_;
+    rotatedKey_ = font;
+    rotated_ = QFont(QString::fromStdString(font.face));
+    rotated_.setStyleHint(QFont::SansSerif);
+    rotated_.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight, 1, 1000)));
+    rotated_.setItalic(font.italic);
+    rotated_.setUnderline(font.underline);
+    rotated_.setStrikeOut(font.strikeout);
+    // The height is that of ascent and descent together, not of the letter M.
+    constexpr int probe = 100;
+    rotated_.setPixelSize(probe);
+    const QFontMetricsF large(rotated_);
+    const double ratio = probe / (large.ascent() + large.descent());
+    rotated_.setPixelSize(std::max(1, static_cast<int>(std::lround(font.height * scale_ * ratio))));
+    rotatedAscent_ = QFontMetricsF(rotated_).ascent();
+    return rotated_;
+}
+
+void ImageKanvas::doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
+                                 int angle)
+{
+    constexpr double reach = 2000; // device pixels, longer than any label
+    if (text.empty() || !reachesImage(device(x), device(y), reach))
+        return;
+    painter_->setFont(rotatedFont(font));
+    painter_->translate(std::round(device(x)), std::round(device(y)));
+    painter_->rotate(-angle / 10.0);
+    painter_->drawText(QPointF(0, std::round(rotatedAscent_)), QString::fromStdString(text));
+    painter_->resetTransform();
+    painter_->setFont(font_);
+}
+
+double ImageKanvas::lineAdvance() const
+{
+    return lineHeight_ / scale_ / pixelsPerCentimetre;
+}
+
+} // namespace veskora

@@ -1,0 +1,225 @@
+#include "QtDesktop.h"
+
+#include "Clock.h"
+#include "Functions.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QStandardPaths>
+
+/// Resources of a static library are not found by themselves.
+static void initResources()
+{
+    Q_INIT_RESOURCE(icons);
+}
+
+namespace veskora {
+
+namespace {
+
+QString applicationName()
+{
+    return QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
+}
+
+QString settingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + '/'
+           + applicationName() + "/settings.ini";
+}
+
+QString settingKey(std::string_view section, std::string_view key)
+{
+    return QString::fromStdString(std::string(section) + "/" + std::string(key));
+}
+
+QMessageBox::Icon boxIcon(Icon icon)
+{
+    switch (icon) {
+    case Icon::question:
+        return QMessageBox::Question;
+    case Icon::exclamation:
+        return QMessageBox::Warning;
+    case Icon::critical:
+        return QMessageBox::Critical;
+    case Icon::information:
+        return QMessageBox::Information;
+    case Icon::none:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+/// "Name (*.a)|*.a|All files (*.*)|*.*" as Qt's "Name (*.a);;All files (*)".
+QString qtFilter(const std::string &filter)
+{
+    QStringList filters;
+    const QStringList parts = qtText(filter).split('|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
+        filters << (parts[i + 1] == "*.*" ? QString(parts[i]).replace("*.*", "*") : parts[i]);
+    return filters.join(";;");
+}
+
+std::optional<std::string> chosen(const QString &path)
+{
+    return path.isEmpty() ? std::nullopt : std::optional(plainText(path));
+}
+
+} // namespace
+
+QString qtText(const std::string &text)
+{
+    return QString::fromStdString(text).replace("\r\n", "\n");
+}
+
+std::string plainText(const QString &text)
+{
+    return text.toStdString();
+}
+
+QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
+{
+    initResources();
+}
+
+QWidget *QtDesktop::parent() const
+{
+    // A box over an open dialog belongs to the dialog.
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    return window_ != nullptr ? window_->window() : nullptr;
+}
+
+Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
+{
+    QMessageBox box(parent());
+    box.setWindowTitle(applicationName());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(qtText(text));
+    box.setIcon(boxIcon(icon));
+    switch (buttons) {
+    case Buttons::ok:
+        box.setStandardButtons(QMessageBox::Ok);
+        break;
+    case Buttons::okCancel:
+        box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+        break;
+    case Buttons::yesNo:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        break;
+    case Buttons::yesNoCancel:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+        break;
+    }
+    if (QAbstractButton *button = box.button(QMessageBox::Ok))
+        button->setText(qtText(Metafrasi(2002, "OK")));
+    if (QAbstractButton *button = box.button(QMessageBox::Cancel))
+        button->setText(qtText(Metafrasi(2003, "Cancel")));
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return Answer::yes;
+    case QMessageBox::No:
+        return Answer::no;
+    case QMessageBox::Cancel:
+        return Answer::cancel;
+    default:
+        return Answer::ok;
+    }
+}
+
+std::optional<std::string> QtDesktop::askOpenFile(const FileQuestion &question)
+{
+    return chosen(QFileDialog::getOpenFileName(parent(), QString(), qtText(question.folder),
+                                               qtFilter(question.filter)));
+}
+
+std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
+{
+    const QString start = QDir(qtText(question.folder)).filePath(qtText(question.proposed));
+    return chosen(
+        QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
+}
+
+void QtDesktop::insertLog(const std::string &text, std::uint32_t colour, bool bold)
+{
+    if (window_ != nullptr)
+        window_->insertLog(text, colour, bold);
+}
+
+void QtDesktop::setCaption(const std::string &text)
+{
+    if (window_ != nullptr)
+        window_->setCaption(text);
+}
+
+void QtDesktop::setPointer(Pointer pointer)
+{
+    if (window_ != nullptr)
+        window_->setPointer(pointer);
+}
+
+void QtDesktop::enableToolbarItem(int item, bool enabled)
+{
+    if (window_ != nullptr)
+        window_->enableToolbarItem(item, enabled);
+}
+
+void QtDesktop::repaintMainWindow()
+{
+    if (window_ != nullptr)
+        window_->repaintMainWindow();
+}
+
+void QtDesktop::repaintLog()
+{
+    if (window_ != nullptr)
+        window_->repaintLog();
+}
+
+void QtDesktop::redraw()
+{
+    if (window_ != nullptr)
+        window_->redraw();
+}
+
+TimeOfDay QtDesktop::timeOfDay()
+{
+    return localTimeOfDay();
+}
+
+std::string QtDesktop::setting(std::string_view section, std::string_view key,
+                               std::string_view standard)
+{
+    const QVariant value = settings_.value(settingKey(section, key));
+    if (!value.isValid())
+        return std::string(standard);
+    // A text with commas that somebody typed into the file comes as a list.
+    return plainText(value.toStringList().join(','));
+}
+
+void QtDesktop::storeSetting(std::string_view section, std::string_view key, std::string_view value)
+{
+    settings_.setValue(settingKey(section, key), QString::fromStdString(std::string(value)));
+    settings_.sync();
+}
+
+std::string QtDesktop::programFolder()
+{
+    return plainText(QApplication::applicationDirPath());
+}
+
+std::string QtDesktop::documentsFolder()
+{
+    return plainText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+}
+
+std::string QtDesktop::dataFolder()
+{
+    return plainText(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + '/'
+                     + applicationName());
+}
+
+} // namespace veskora

@@ -1,0 +1,68 @@
+#pragma once
+/// @file
+/// The desktop of a process with a window.
+
+#include "Desktop.h"
+
+#include <QSettings>
+#include <QString>
+
+class QWidget;
+
+namespace veskora {
+
+/// UTF-8 text with CR LF as Qt shows it.
+QString qtText(const std::string &text);
+std::string plainText(const QString &text);
+
+/// What the desktop hands on to the main window.
+class MainWindowSurface
+{
+public:
+    virtual ~MainWindowSurface() = default;
+    virtual QWidget *window() = 0;
+    virtual void insertLog(const std::string &text, std::uint32_t colour, bool bold) = 0;
+    virtual void setCaption(const std::string &text) = 0;
+    virtual void setPointer(Pointer pointer) = 0;
+    virtual void enableToolbarItem(int item, bool enabled) = 0;
+    virtual void repaintMainWindow() = 0;
+    virtual void repaintLog() = 0;
+    virtual void redraw() = 0;
+};
+
+/// Boxes and dialogs of Qt; log, caption and picture of the main window; settings in a file of the
+/// user's under the application's name.
+class QtDesktop : public Desktop
+{
+public:
+    QtDesktop();
+
+    void attach(MainWindowSurface *window) { window_ = window; }
+
+    Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::optional<std::string> askOpenFile(const FileQuestion &question) override;
+    std::optional<std::string> askSaveFile(const FileQuestion &question) override;
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
+    void setCaption(const std::string &text) override;
+    void setPointer(Pointer pointer) override;
+    void enableToolbarItem(int item, bool enabled) override;
+    void repaintMainWindow() override;
+    void repaintLog() override;
+    void redraw() override;
+    TimeOfDay timeOfDay() override;
+    std::string setting(std::string_view section, std::string_view key,
+                        std::string_view standard) override;
+    void storeSetting(std::string_view section, std::string_view key,
+                      std::string_view value) override;
+    std::string programFolder() override;
+    std::string documentsFolder() override;
+    std::string dataFolder() override;
+
+private:
+    QWidget *parent() const;
+
+    MainWindowSurface *window_ = nullptr;
+    QSettings settings_;
+};
+
+} // namespace veskora

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QPushButton>
+
+namespace veskora {
+
+/// A panel of the status bar that is pressed. Off is only a dimmed look: a panel never stops
+/// answering.
+class StatusPanel : public QPushButton
+{
+    Q_OBJECT
+    Q_PROPERTY(bool look READ look WRITE setLook)
+public:
+    StatusPanel(const QString &name, QWidget *parent);
+
+    bool look() const { return look_; }
+    void setLook(bool on);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void paintLook();
+
+    bool look_ = true;
+};
+
+} // namespace veskora

@@ -1,0 +1,402 @@
+// The window itself: its parts, its layout, how it starts and ends.
+
+#include "frmMain.h"
+
+#include "Files.h"
+#include "FileSystem.h"
+#include "FileType.h"
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+#include "Registry.h"
+#include "StatusPanel.h"
+#include "Sxediastika.h"
+#include "ui_frmMain.h"
+#include "Units.h"
+#include "Version.h"
+#include "Zoom.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDate>
+#include <QLocale>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+/// The canvas begins under the toolbar, which is as high as this.
+constexpr int toolbarHeight = 420; // twips
+
+} // namespace
+
+frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
+{
+    ui_->setupUi(this);
+    buildToolbar();
+    buildStatusBar();
+    buildCanvasObjects();
+    buildPopups();
+    connectCommands();
+    ui_->centralwidget->installEventFilter(this);
+
+    constexpr int instantMessageTime = 5000; // ms
+    Timer1_.setObjectName("Timer1");
+    Timer1_.setSingleShot(true);
+    Timer1_.setInterval(instantMessageTime);
+    connect(&Timer1_, &QTimer::timeout, Label1_, &QWidget::hide);
+
+    // The log has its own light ground: its colours are made for one.
+    QPalette paper = ui_->RichTextBox1->palette();
+    paper.setColor(QPalette::Base, Qt::white);
+    paper.setColor(QPalette::Text, Qt::black);
+    ui_->RichTextBox1->setPalette(paper);
+
+    setPicture1(&ui_->Picture1->kanvas());
+    Reset_Pointer();
+}
+
+frmMain::~frmMain()
+{
+    setPicture1(nullptr);
+}
+
+void frmMain::buildToolbar()
+{
+    ui_->Toolbar2->setFixedHeight(pixels(toolbarHeight));
+    for (QAction *action : ui_->Toolbar2->actions())
+        if (QWidget *button = ui_->Toolbar2->widgetForAction(action); !action->isSeparator())
+            button->setObjectName(action->objectName());
+}
+
+void frmMain::buildStatusBar()
+{
+    const auto label = [this](const char *name, int stretch) {
+        auto *panel = new QLabel(ui_->StatusBar1);
+        panel->setObjectName(name);
+        panel->setTextFormat(Qt::PlainText);
+        ui_->StatusBar1->addWidget(panel, stretch);
+        return panel;
+    };
+    const auto button = [this](const char *name) {
+        auto *panel = new StatusPanel(name, ui_->StatusBar1);
+        ui_->StatusBar1->addWidget(panel);
+        return panel;
+    };
+    panel1_ = label("Panel1", 0);
+    panel2_ = label("Panel2", 0);
+    for (QLabel *panel : {panel1_, panel2_})
+        panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance("x = -12345.67890  "));
+    sint_ = button("sint");
+    aksones_ = button("Aksones");
+    kannabos_ = button("Kannabos");
+    times_ = button("Times");
+    panel7_ = label("Panel7", 1);
+}
+
+void frmMain::buildCanvasObjects()
+{
+    CanvasWidget *canvas = ui_->Picture1;
+    const auto label = [canvas](const char *name) {
+        auto *text = new QLabel(canvas);
+        text->setObjectName(name);
+        text->setTextFormat(Qt::PlainText);
+        text->setAttribute(Qt::WA_TransparentForMouseEvents);
+        text->hide();
+        return text;
+    };
+    const auto button = [canvas](const char *name, const char *caption) {
+        constexpr int side = 26; // logical pixels
+        auto *push = new QPushButton(caption, canvas);
+        push->setObjectName(name);
+        push->setFixedSize(side, side);
+        push->setCursor(Qt::ArrowCursor);
+        push->hide();
+        return push;
+    };
+    Shape_Kombos_ = new CanvasOverlay(canvas, "Shape_Kombos");
+    Line_Stoixeio_ = new CanvasOverlay(canvas, "Line_Stoixeio");
+    Line1_ = new CanvasOverlay(canvas, "Line1");
+    Shape1_ = new CanvasOverlay(canvas, "Shape1");
+    Shape1_->setForm(CanvasOverlay::Form::rectangle);
+    Shape1_->setPen(QPen(Qt::black, 1, Qt::DotLine));
+    Label_Kombos_ = label("Label_Kombos");
+    Label_Stoixeio_ = label("Label_Stoixeio");
+    Label2_ = label("Label2");
+    Label1_ = label("Label1");
+    Label1_->setMargin(6);
+    Command1_ = button("Command1", "+");
+    Command2_ = button("Command2", "-");
+    connect(canvas, &CanvasWidget::pressed, this, &frmMain::canvasPressed);
+    connect(canvas, &CanvasWidget::moved, this, &frmMain::canvasMoved);
+    connect(canvas, &CanvasWidget::released, this, &frmMain::canvasReleased);
+    connect(canvas, &CanvasWidget::resized, this, [this] {
+        if (!arranging_)
+            redraw();
+    });
+}
+
+// ------------------------------------------------------------------------------------------ start
+
+void frmMain::start(const QString &commandLine)
+{
+    registerFileType(QApplication::applicationFilePath());
+    setCaptions();
+    logStartLines();
+    resetView();
+    Fortosi_Rithmiseon();
+    applyColours();
+    Katastasi_Provolis = 0;
+    showMode(0);
+    sint_->setLook(true);
+    showPanels();
+    if (commandLine.isEmpty()) {
+        showModelCaption({});
+    } else {
+        std::string path = plainText(commandLine);
+        currentFolder = folderOf(path);
+        Anagnosi_Arxeiou(path);
+        applyColours();
+        showPanels();
+    }
+    resetZoomHistory();
+    restoreGeometryFromSettings();
+    desktop().storeSetting("Startup", "Version", programVersion);
+}
+
+void frmMain::logStartLines()
+{
+    const std::string title(applicationTitle);
+    Grammi_Log(title + " - " + Metafrasi(2001, "Linear static analysis of plane frames program"),
+               logColour::navy, true, true);
+    Grammi_Log(Metafrasi(112, "Made at Kalvorn for those who design frames and those who learn to"),
+               logColour::navy, true);
+    Grammi_Log("", logColour::black);
+    const auto weekday = [](int day) {
+        switch (day) {
+        case Qt::Monday:
+            return Metafrasi(106, "Monday");
+        case Qt::Tuesday:
+            return Metafrasi(107, "Tuesday");
+        case Qt::Wednesday:
+            return Metafrasi(108, "Wednesday");
+        case Qt::Thursday:
+            return Metafrasi(109, "Thursday");
+        case Qt::Friday:
+            return Metafrasi(110, "Friday");
+        case Qt::Saturday:
+            return Metafrasi(111, "Saturday");
+        default:
+            return Metafrasi(105, "Sunday");
+        }
+    };
+    const QDate today = QDate::currentDate();
+    Grammi_Log(weekday(today.dayOfWeek()) + " "
+                   + plainText(QLocale().toString(today, QLocale::ShortFormat)),
+               logColour::grey);
+}
+
+void frmMain::restoreGeometryFromSettings()
+{
+    const auto stored = [](const char *key, double standard) {
+        const double twips = Val(desktop().setting("Startup", key, numberText(standard)));
+        constexpr double largest = 1e6; // beyond any screen: a damaged store
+        return static_cast<int>(std::abs(twips) < largest ? twips : standard) / twipsPerPixel;
+    };
+    const QRect whole = QGuiApplication::primaryScreen()->availableGeometry();
+    QSize size(stored("frmM_W", 10000), stored("frmM_H", 8000));
+    size = size.expandedTo(minimumSize()).boundedTo(whole.size().expandedTo(minimumSize()));
+    const double centredLeft = (whole.width() - size.width()) / 2.0 * twipsPerPixel;
+    const double centredTop = (whole.height() - size.height()) / 2.0 * twipsPerPixel;
+    QRect frame(QPoint(stored("frmM_L", centredLeft), stored("frmM_T", centredTop)), size);
+
+    // A screen may have gone since: the window comes back on one that is there.
+    const QScreen *screen = QGuiApplication::screenAt(frame.center());
+    const QRect area = screen != nullptr ? screen->availableGeometry() : whole;
+    frame.moveLeft(std::clamp(frame.left(), area.left(),
+                              std::max(area.left(), area.right() - frame.width() + 1)));
+    frame.moveTop(std::clamp(frame.top(), area.top(),
+                             std::max(area.top(), area.bottom() - frame.height() + 1)));
+    setGeometry(frame);
+    if (Val(desktop().setting("Startup", "WindowState", "2")) == 2)
+        showMaximized();
+    else
+        showNormal();
+}
+
+void frmMain::Apothikefsi_Geometrias()
+{
+    // The state is never changed to measure: the window would flicker.
+    const QRect normal = normalGeometry().isEmpty() ? geometry() : normalGeometry();
+    const auto store = [](const char *key, int value) {
+        desktop().storeSetting("Startup", key, numberText(value));
+    };
+    store("WindowState", isMaximized() ? 2 : 0);
+    store("frmM_W", normal.width() * twipsPerPixel);
+    store("frmM_H", normal.height() * twipsPerPixel);
+    store("frmM_L", normal.left() * twipsPerPixel);
+    store("frmM_T", normal.top() * twipsPerPixel);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    if (closed_) // the last step of closing closes all windows, this one among them
+        return event->accept();
+    Apothikefsi_Geometrias();
+    if (!askToSave(true))
+        return event->ignore();
+    closed_ = true;
+    event->accept();
+    QApplication::closeAllWindows();
+    QApplication::quit();
+}
+
+// ----------------------------------------------------------------------------------------- layout
+
+int frmMain::innerWidth() const
+{
+    return ui_->centralwidget->width() * twipsPerPixel;
+}
+
+int frmMain::innerHeight() const
+{
+    return (ui_->centralwidget->height() + ui_->StatusBar1->height()) * twipsPerPixel
+           + toolbarHeight;
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui_->centralwidget && event->type() == QEvent::Resize)
+        arrangeForSize();
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::arrangeForSize()
+{
+    const int W = innerWidth();
+    const int H = innerHeight();
+    if (!ui_->RichTextBox1->isHidden() && H > 2600)
+        arrange(H - 2340, H - 1875, W - 720);
+    else if (ui_->RichTextBox1->isHidden() && H > 1600)
+        arrange(H - 1335, H - 1305, W - 480);
+}
+
+void frmMain::toggleLog()
+{
+    const bool show = ui_->RichTextBox1->isHidden();
+    const int W = innerWidth();
+    const int H = innerHeight();
+    ui_->RichTextBox1->setVisible(show);
+    ui_->SSCommand32->setText(show ? "x" : "<");
+    if (show)
+        arrange(H - 2220, H - 1755, W - 720);
+    else
+        arrange(H - 1320, H - 1290, W - 480);
+}
+
+/// Lengths in twips from under the menu bar; the numbers of the callers are the layout.
+void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
+{
+    constexpr int leftMargin = 135;
+    const int width = innerWidth() - 285;
+    const int logTop = toolbarHeight + pictureHeight + 45;
+    const int aboveStatusBar = toolbarHeight + ui_->centralwidget->height() * twipsPerPixel - 45;
+    const auto rectangle = [](int left, int top, int w, int h) {
+        return QRect(pixels(left), pixels(top - toolbarHeight), pixels(w), pixels(h));
+    };
+    arranging_ = true;
+    ui_->Picture1->setGeometry(rectangle(leftMargin, toolbarHeight, width, pictureHeight));
+    arranging_ = false;
+    ui_->RichTextBox1->setGeometry(
+        rectangle(leftMargin, logTop, width, std::max(0, aboveStatusBar - logTop)));
+    ui_->SSCommand32->setGeometry(QRect(rectangle(collapseLeft, collapseTop, 0, 0).topLeft(),
+                                        ui_->SSCommand32->maximumSize()));
+    ui_->SSCommand32->raise();
+
+    constexpr int gap = 6; // logical pixels
+    const int right = ui_->Picture1->width() - gap - Command2_->width();
+    Command2_->move(right, gap);
+    Command1_->move(right - Command1_->width(), gap);
+    Label1_->move((ui_->Picture1->width() - Label1_->width()) / 2, gap);
+    redraw();
+}
+
+// ---------------------------------------------------------------------------- for the desktop
+
+void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold)
+{
+    QTextCursor caret(ui_->RichTextBox1->document());
+    caret.movePosition(QTextCursor::End);
+    QTextCharFormat format;
+    format.setForeground(qtColour(colour));
+    format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
+    caret.insertText(qtText(text), format);
+    ui_->RichTextBox1->setTextCursor(caret);
+    ui_->RichTextBox1->verticalScrollBar()->setValue(
+        ui_->RichTextBox1->verticalScrollBar()->maximum());
+}
+
+void frmMain::setCaption(const std::string &text)
+{
+    setWindowTitle(qtText(text).replace("[*]", "[*][*]")); // one of them stands for "modified"
+}
+
+void frmMain::setPointer(Pointer pointer)
+{
+    QApplication::restoreOverrideCursor();
+    if (pointer == Pointer::hourglass)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void frmMain::enableToolbarItem(int item, bool enabled)
+{
+    ui_->Toolbar2->actions().at(item - 1)->setEnabled(enabled);
+}
+
+void frmMain::repaintLog()
+{
+    ui_->RichTextBox1->viewport()->repaint();
+}
+
+void frmMain::redraw()
+{
+    Ananeosi_Sxediou();
+    // At once and without the event loop: an analysis may follow.
+    if (ui_->Picture1->isVisible() && !arranging_)
+        ui_->Picture1->repaint();
+}
+
+void frmMain::Stigmiaio_Minima(const std::string &text)
+{
+    QPalette colours = Label1_->palette();
+    colours.setColor(QPalette::WindowText, qtColour(xroma_stoixeion));
+    colours.setColor(QPalette::Window, qtColour(xroma_background));
+    Label1_->setPalette(colours);
+    Label1_->setAutoFillBackground(true);
+    Label1_->setText(qtText(text));
+    Label1_->adjustSize();
+    Label1_->move((ui_->Picture1->width() - Label1_->width()) / 2, Label1_->y());
+    Label1_->show();
+    Label1_->raise();
+    Timer1_.start();
+}
+
+void frmMain::applyColours()
+{
+    const QColor lines = qtColour(xroma_stoixeion);
+    ui_->Picture1->kanvas().setBackground(xroma_background);
+    Line1_->setPen(QPen(lines, 1));
+    QPalette colours = Label2_->palette();
+    colours.setColor(QPalette::WindowText, lines);
+    colours.setColor(QPalette::Window, qtColour(xroma_background));
+    Label2_->setPalette(colours);
+    Label2_->setAutoFillBackground(true);
+}
+
+} // namespace veskora

@@ -1,0 +1,192 @@
+#pragma once
+/// @file
+/// The main window: it owns the process, the canvas, the message log and every command.
+
+#include "CanvasWidget.h"
+#include "QtDesktop.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenu>
+#include <QPushButton>
+#include <QTimer>
+
+#include <memory>
+#include <vector>
+
+QT_BEGIN_NAMESPACE
+namespace Ui {
+class frmMain;
+}
+QT_END_NAMESPACE
+
+namespace veskora {
+
+class StatusPanel;
+
+class frmMain : public QMainWindow, public MainWindowSurface
+{
+    Q_OBJECT
+public:
+    frmMain();
+    ~frmMain() override; // in the .cpp, where Ui::frmMain is complete
+
+    /// Brings the program up, from the file type to the window on the screen.
+    /// @param commandLine  what stands behind the program's name, as it stands; a model file's path
+    void start(const QString &commandLine);
+
+    /// @name Commands
+    /// @{
+    void Button_Neo_arxeio();
+    void Button_Anagnosi_Arxeiou();
+    void Button_Apothikefsi_Arxeiou();
+    void Button_Xeraki();
+    void Button_Zoom();
+    void Button_Zoom_Window();
+    void Button_Zoom_Previous();
+    void Button_Zoom_Best_Fit();
+    void Button_EAI();
+    void Button_Komboi();
+    void Button_Stoixeia();
+    void Button_Epikombia();
+    void Button_Omoiomorfa();
+    void Button_Foreas();
+    void Button_M();
+    void Button_Q();
+    void Button_N();
+    void Button_Deform();
+    void Button_Rithmiseis();
+    void Button_Apotelesmata();
+    void Reset_Pointer(); ///< all tools off, cross pointer
+    /// @}
+
+    /// A message on the canvas that goes after five seconds.
+    void Stigmiaio_Minima(const std::string &text);
+
+    /// @name For the desktop
+    /// @{
+    QWidget *window() override { return this; }
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
+    void setCaption(const std::string &text) override;
+    void setPointer(Pointer pointer) override;
+    void enableToolbarItem(int item, bool enabled) override;
+    void repaintMainWindow() override { repaint(); }
+    void repaintLog() override;
+    void redraw() override;
+    /// @}
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    /// A label switch of the panel LABELS, its setting and its entry.
+    struct LabelSwitch
+    {
+        bool *setting;
+        QAction *entry;
+    };
+
+    // Building
+    void buildToolbar();
+    void buildStatusBar();
+    void buildCanvasObjects();
+    void buildPopups();
+    QAction *popupEntry(QMenu *menu, const char *name, void (frmMain::*command)());
+    void addLabelSwitch(const char *name, bool *setting);
+    void connectCommands();
+    void setCaptions();
+    void assignMenuMnemonics();
+
+    // Start and end
+    void logStartLines();
+    void restoreGeometryFromSettings();
+    void Apothikefsi_Geometrias();
+
+    // Layout
+    void arrange(int pictureHeight, int collapseTop, int collapseLeft);
+    void arrangeForSize();
+    void toggleLog();
+    int innerWidth() const;  ///< twips
+    int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included
+
+    // Files
+    /// The save question before the model is left.
+    /// @return whether the command goes on
+    bool askToSave(bool closing);
+    void saveBeforeLeaving(bool closing);
+    void saveAs();
+    void showFreshModel();
+
+    // View
+    void applyColours();
+    void showPanels();
+    void showMode(int mode);
+    void showResults(int mode);
+    void resizeDiagram(void (*change)());
+    void setAllLabels(bool on);
+    void setBasicLabels();
+    void showLabelSwitches();
+
+    // Tools
+    bool isToolOn() const;
+    void switchTool(bool &tool);
+    void hideHighlights();
+    void exitTools();
+    void canvasPressed(Qt::MouseButton button, double x, double y);
+    void canvasMoved(double x, double y);
+    void canvasReleased(Qt::MouseButton button, double x, double y);
+    void leftReleased(double x, double y);
+    void showCoordinates(double x, double y);
+
+    // Model commands whose windows need rows to work on
+    bool refuseWithoutNodes();
+    bool refuseWithoutElements();
+    void refuse(const std::string &text);
+    void showNotYetBuilt();
+    void createArc();
+
+    void copyPicture();
+    void savePicture();
+    void startCalculator();
+    void openWebPage();
+    void showAbout();
+
+    const std::unique_ptr<Ui::frmMain> ui_;
+
+    StatusPanel *sint_ = nullptr;
+    StatusPanel *aksones_ = nullptr;
+    StatusPanel *kannabos_ = nullptr;
+    StatusPanel *times_ = nullptr;
+    QLabel *panel1_ = nullptr;
+    QLabel *panel2_ = nullptr;
+    QLabel *panel7_ = nullptr;
+
+    QMenu *mnuZoomakia_ = nullptr;
+    QMenu *mnu_Aorato_Times_ = nullptr;
+    std::vector<LabelSwitch> labelSwitches_;
+
+    QLabel *Label1_ = nullptr;
+    QLabel *Label2_ = nullptr;
+    QLabel *Label_Kombos_ = nullptr;
+    QLabel *Label_Stoixeio_ = nullptr;
+    CanvasOverlay *Shape_Kombos_ = nullptr;
+    CanvasOverlay *Line_Stoixeio_ = nullptr;
+    CanvasOverlay *Line1_ = nullptr;
+    CanvasOverlay *Shape1_ = nullptr;
+    QPushButton *Command1_ = nullptr;
+    QPushButton *Command2_ = nullptr;
+    QTimer Timer1_;
+
+    bool Xeraki_Energo = false;
+    bool Zoom_Energo = false;
+    bool Zoom_Window_Energo = false;
+    bool Patimeno_Koumpi = false;     ///< the left button is down on the canvas
+    float Patima_X = 0, Patima_Y = 0; ///< the pointer at the last left press, canvas cm
+    float Agkyra_X = 0, Agkyra_Y = 0; ///< the same plus the origin then
+
+    bool arranging_ = false;
+    bool closed_ = false;
+};
+
+} // namespace veskora

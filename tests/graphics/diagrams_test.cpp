@@ -1,0 +1,239 @@
+#include "Analysis.h"
+#include "Functions.h"
+#include "RecordingKanvas.h"
+#include "Sxediastika.h"
+
+#include <array>
+#include <cmath>
+
+namespace veskora {
+namespace {
+
+using Pens = RecordingKanvas::Pens;
+
+constexpr double nearly = 2e-5; // centimetres held in Singles
+
+class Diagrams : public DrawingTest
+{
+protected:
+    Diagrams()
+    {
+        originAt(0, 0);
+        nai_grid = nai_aksones = nai_arithmisi_stoixeion = nai_arithmisi_kombon = false;
+        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = 10;
+    }
+
+    static void setEndForces(int e, const std::array<double, 6> &forces)
+    {
+        std::ranges::copy(forces, Entasi_Topiki.row(e).begin());
+    }
+};
+
+TEST_F(Diagrams, PositiveValuesStandOnTheRightSeenFromIToJ)
+{
+    struct Case
+    {
+        void (*draw)();
+        bool &side;
+        bool &values;
+        const char *lines; ///< of the diagram, values aside
+        const char *picture;
+    };
+    buildModel("N 0 0; N 3 4; E 1 2");
+    setEndForces(1, {-10, 20, -30, 12.0625, -5, -8});
+    nai_stoixeia = false;
+    for (const Case &c : {
+             Case{Diagramma_M, M_sin_Tension, nai_times_M,
+                  "line 0 0 2.4 1.8; line 2.4 1.8 -.04 -6.28; line 2.36 -4.48 .64 .48",
+                  "pen 3557577 1 7; line 0 0 2.4 1.8; line 2.4 1.8 -.04 -6.28;"
+                  "text 2.4 1.8 ' 30 '; text 2.36 -4.48 '-8 '; line 2.36 -4.48 .64 .48;"
+                  "pen 0 1 12 bold; text .1 .07 'M'; pen 0 1 8; text .1 .55 'max.= 30';"
+                  "text .1 .87 'min.= -8'"},
+             {Diagramma_Q, Q_sin_Ina, nai_times_Q,
+              "line 0 0 1.6 1.2; line 1.6 1.2 1.8 -4.9; line 3.4 -3.7 -.4 -.3",
+              "pen 10499638 1 7; line 0 0 1.6 1.2; text 1.6 1.2 ' 20 ';"
+              "line 1.6 1.2 1.8 -4.9; text 3.4 -3.7 ' 5 '; line 3.4 -3.7 -.4 -.3;"
+              "pen 0 1 12 bold; text .1 .07 'Q'; pen 0 1 8; text .1 .55 'max.= 20';"
+              "text .1 .87 'min.= 5'"},
+             {Diagramma_N, N_sin_Ina, nai_times_N,
+              "line 0 0 .8 .6; line .8 .6 3.165 -3.8763; line 3.965 -3.2763 -.965 -.7238",
+              "pen 2852397 1 7; line 0 0 .8 .6; text .8 .6 ' 10 ';"
+              "line .8 .6 3.165 -3.8763; text 3.965 -3.2763 ' 12.062 ';"
+              "line 3.965 -3.2763 -.965 -.7238; pen 0 1 12 bold; text .1 .07 'N';"
+              "pen 0 1 8; text .1 .55 'max.= 12.062'; text .1 .87 'min.= 10'"},
+         }) {
+        kanvas.pen = Pen{};
+        c.draw();
+        EXPECT_EQ(kanvas.picture(0, 0, Pens::shown), picture(c.picture));
+        EXPECT_EQ(kanvas.pen.fontSize, 8);
+
+        // The other side, at a zoom that the ordinates do not follow.
+        const auto before = kanvas.of(Primitive::Kind::line).at(0);
+        const auto texts = kanvas.of(Primitive::Kind::text);
+        c.side = false;
+        originAt(0, 0, 50);
+        c.draw();
+        const auto after = kanvas.of(Primitive::Kind::line).at(0);
+        EXPECT_NEAR(after.x2, -before.x2, nearly);
+        EXPECT_NEAR(after.y2, -before.y2, nearly);
+        EXPECT_EQ(kanvas.of(Primitive::Kind::text).at(0).text, texts.at(0).text);
+        c.side = true;
+        c.values = false;
+        originAt(0, 0);
+        c.draw();
+        std::erase_if(kanvas.drawn, [](const Primitive &p) { return p.pen.fontSize != 7; });
+        EXPECT_EQ(kanvas.picture(), picture(c.lines));
+    }
+}
+
+// Beams between two clamps, q per length across them, positive towards the right-hand side: end
+// moments -q L^2/12, with one hinge -q L^2/8 at the other end, and between them
+// M(x) = Mi (1 - x/L) + Mj x/L + q x (L - x)/2.
+TEST_F(Diagrams, MomentsOfLoadedBeamsAreTheParabolasOfTheTextbook)
+{
+    struct Case
+    {
+        double dx, dy;
+        int hingeI, hingeJ;
+        double wx, wy;
+    };
+    for (const Case &c : {
+             Case{6, 0, 0, 0, 0, -10},
+             {6, 0, 0, 1, 3, -10},
+             {6, 0, 1, 0, 0, 10},
+             {6, 0, 1, 1, 0, -10},
+             {3, 4, 0, 0, 0, -10},
+             {-4, 3, 0, 1, 7, 2},
+             {-4, -3, 1, 0, -7, 2},
+             {0, 5, 0, 0, 10, 0},
+             {0, -5, 0, 0, 10, 4},
+             {0, 5, 0, 0, 0, -10}, // along the element: straight
+             {3, 4, 0, 0, 3, 4},
+         }) {
+        Katharismos_Montelou();
+        addGroup(3e7, 0.1, 0.001);
+        addNode(0, 0, "xxx");
+        addNode(c.dx, c.dy, "xxx");
+        addElement(1, 2, 1, c.hingeI, c.hingeJ, c.wx, c.wy);
+        addElement(2, addNode(9, 9)); // something to solve
+        analyse();
+        for (const double side : {1, -1}) {
+            M_sin_Tension = side > 0;
+            Diagramma_M();
+            const double L = std::hypot(c.dx, c.dy);
+            const double q = (c.wx * c.dy - c.wy * c.dx) / L;
+            const double fixedEnd = -q * L * L / (c.hingeI == c.hingeJ ? 12 : 8);
+            const double Mi = c.hingeI == 1 ? 0 : fixedEnd;
+            const double Mj = c.hingeJ == 1 ? 0 : fixedEnd;
+            const auto lines = kanvas.linesOf(xroma_M);
+            ASSERT_EQ(lines.size(), 18U + 3);
+            for (int k = 0; k <= 16; ++k) {
+                const double t = k / 16.0;
+                const double M = Mi * (1 - t) + Mj * t + q * L * L * t * (1 - t) / 2;
+                const double x = c.dx * t + side * M / 10 * c.dy / L;
+                const double y = -(c.dy * t - side * M / 10 * c.dx / L);
+                const std::size_t chord = static_cast<std::size_t>(k) + 1;
+                if (k > 0) {
+                    EXPECT_NEAR(lines[chord].x2, x, nearly) << c.dx << ' ' << c.dy << " at " << k;
+                    EXPECT_NEAR(lines[chord].y2, y, nearly) << c.dx << ' ' << c.dy << " at " << k;
+                }
+                const auto &begin = k == 0 ? lines[0] : lines[1];
+                if (k == 0 || k == 16) { // from the element's ends to the parabola's
+                    EXPECT_NEAR(begin.x, c.dx * t, nearly);
+                    EXPECT_NEAR(begin.x2, x, nearly);
+                    EXPECT_NEAR(begin.y2, y, nearly);
+                }
+            }
+        }
+    }
+    buildModel("G 3e7 .1 .001; N 0 0 xxx; N 6 0 xxo; E 1 2 1 0 1 0 -10");
+    analyse();
+    M_sin_Tension = true;
+    Diagramma_M();
+    const auto texts = kanvas.of(Primitive::Kind::text);
+    EXPECT_EQ(texts.at(0).text, "-45 ");
+    EXPECT_NEAR(texts.at(0).y, -4.5, nearly);
+    EXPECT_EQ(texts.at(1).text, " 0 ");
+    EXPECT_NEAR(texts.at(1).x, 6, nearly);
+}
+
+TEST_F(Diagrams, WhatHasNoOrdinateSpoilsNothingElse)
+{
+    buildModel("N 0 0; N 0 0; N 4 0; E 1 2; E 1 3");
+    setEndForces(1, {1, 1, 1, 1, 1, 1});
+    setEndForces(2, {-10, 20, -30, 10, -20, 30});
+    for (const auto &[draw, scale, colour] : {std::tuple{&Diagramma_M, &Ena_cm_posa_KNm_M, xroma_M},
+                                              {&Diagramma_Q, &Ena_cm_posa_KN_Q, xroma_Q},
+                                              {&Diagramma_N, &Ena_cm_posa_KN_N, xroma_N}}) {
+        draw();
+        EXPECT_EQ(kanvas.linesOf(colour).size(), 3U);
+        *scale = 0;
+        draw();
+        EXPECT_TRUE(kanvas.linesOf(colour).empty());
+        EXPECT_EQ(kanvas.of(Primitive::Kind::line).size(), 2U);
+        EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 3U);
+    }
+}
+
+TEST_F(Diagrams, AValueTooLargeToBeRoundedIsReportedOnceAPicture)
+{
+    buildModel("N 0 0; N 4 0; E 1 2");
+    setEndForces(1, {0, 0.0001, -3e6, 0, 0, 4e6});
+    Diagramma_Q(); // rounds to 0 by itself
+    EXPECT_TRUE(desktop.log.empty());
+    Diagramma_M();
+    ASSERT_EQ(desktop.log.size(), 1U);
+    EXPECT_EQ(desktop.log.at(0),
+              LogLine("Values beyond this limit are shown as 0; use fewer decimals or larger "
+                      "units: 2147483.647",
+                      255));
+    dekadika_M = 2;
+    Diagramma_M();
+    EXPECT_EQ(desktop.log.size(), 1U);
+}
+
+TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
+{
+    struct Case
+    {
+        std::int16_t mode;
+        float scale;
+        double greatest;
+        float enlarged, reduced;
+    };
+    const std::array<float *, 5> scales = {nullptr, &Ena_cm_posa_KNm_M, &Ena_cm_posa_KN_Q,
+                                           &Ena_cm_posa_KN_N, &Ena_cm_posa_m_epi_1000};
+    for (const Case &c : {
+             Case{1, 10, 10, 8.33F, 12.5F},
+             {2, 10, 10, 8.33F, 12.5F},
+             {3, 10, 10, 8.33F, 12.5F},
+             {4, 10, 0.01, 8.33F, 12.5F},
+             {1, 10, 0, 10, 10},
+             {1, 0, 0, 0, 0},
+             {1, 50, 10, 25, 50},       // no divisor
+             {1, 100, 10, 33.33F, 100}, // a negative scale
+             {1, 0.01F, 10, 0.01F, 0.01F},
+             {2, 2e7F, 4.1e6, 10123457, 2e7F}, // beyond what can be rounded
+             {0, 10, 10, 10, 10},
+         }) {
+        Katastasi_Provolis = c.mode;
+        Entasi_Topiki.clear();
+        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(static_cast<std::size_t>(c.mode))) =
+            -c.greatest;
+        Metatopiseis(1) = -c.greatest;
+        for (const bool enlarge : {true, false}) {
+            for (float *scale : scales)
+                if (scale != nullptr)
+                    *scale = c.scale;
+            enlarge ? enlargeDiagram() : reduceDiagram();
+            for (std::size_t mode = 1; mode < scales.size(); ++mode)
+                EXPECT_EQ(*scales.at(mode), mode != static_cast<std::size_t>(c.mode) ? c.scale
+                                            : enlarge                                ? c.enlarged
+                                                                                     : c.reduced)
+                    << c.mode << ' ' << c.scale << ' ' << c.greatest;
+        }
+    }
+}
+
+} // namespace
+} // namespace veskora

@@ -1,0 +1,106 @@
+#pragma once
+/// @file
+/// A canvas that remembers what was drawn on it, primitive by primitive.
+
+#include "Kanvas.h"
+#include "ScriptedDesktop.h"
+
+#include <string>
+#include <vector>
+
+namespace veskora {
+
+/// The state of pen, fill and font.
+struct Pen
+{
+    double colour = 0;
+    int width = 1;
+    PenStyle style = PenStyle::solid;
+    bool fillOn = false;
+    double fillColour = 0;
+    int fontSize = 7;
+    bool bold = false;
+};
+
+struct Primitive
+{
+    enum class Kind { line, point, circle, arc, text, turnedText };
+    Kind kind;
+    Pen pen; ///< when it was drawn
+    double x = 0, y = 0;
+    double x2 = 0, y2 = 0; ///< end of a line
+    double radius = 0, start = 0, end = 0;
+    std::string text = {};
+    RotatedFont font = {};
+    int angle = 0;
+};
+
+class RecordingKanvas : public Kanvas
+{
+public:
+    double w = 20;
+    double h = 20;
+    Pen pen;
+    double background = 0;
+    std::vector<Primitive> drawn; ///< since the last clear; empty texts are no part of it
+
+    std::vector<Primitive> of(Primitive::Kind kind) const;
+    /// The lines in one pen colour, in their order.
+    std::vector<Primitive> linesOf(double colour) const;
+
+    enum class Pens { hidden, shown };
+    /// The drawing as text, one primitive a line, lengths from (x0, y0) with four decimals:
+    ///
+    ///     line X Y DX DY              circle X Y RADIUS [fill COLOUR]
+    ///     point X Y                   arc X Y RADIUS START END
+    ///     text X Y 'WORDS'            turned X Y ANGLE HEIGHT WEIGHT 'WORDS'
+    ///     pen COLOUR WIDTH FONTSIZE [bold] [dotted]
+    ///
+    /// Pens stand where they change, if at all.
+    std::string picture(double x0 = 0, double y0 = 0, Pens pens = Pens::hidden) const;
+
+    double width() const override { return w; }
+    double height() const override { return h; }
+    void setBackground(double colour) override { background = colour; }
+    void setPenColour(double colour) override { pen.colour = colour; }
+    void setPenWidth(int devicePixels) override { pen.width = devicePixels; }
+    void setPenStyle(PenStyle style) override { pen.style = style; }
+    void setFillOn(bool on) override { pen.fillOn = on; }
+    void setFillColour(double colour) override { pen.fillColour = colour; }
+    void setFontSize(int points) override { pen.fontSize = points; }
+    void setFontBold(bool bold) override { pen.bold = bold; }
+
+protected:
+    void doClear() override { drawn.clear(); }
+    void doLine(float x1, float y1, float x2, float y2) override;
+    void doPoint(float x, float y) override;
+    void doCircle(float x, float y, float radius) override;
+    void doArc(float x, float y, float radius, double start, double end) override;
+    void doPrint(const std::string &text, float x, float y) override;
+    void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
+                        int angle) override;
+    double lineAdvance() const override { return 0.04 * pen.fontSize; }
+
+private:
+    Primitive &add(Primitive::Kind kind, float x, float y);
+};
+
+/// The text that `RecordingKanvas::picture` gives for primitives written by hand: separated by
+/// ";", numbers in any form. "5 by .1 0: line ... | circle ..." stands for five times the same,
+/// each a step of (.1, 0) further. The whole may be mirrored about x = 0 and y = 0.
+std::string picture(const std::string &records, double signX = 1, double signY = 1);
+
+/// A fresh store, a scripted desktop and a recording canvas.
+class DrawingTest : public StoreTest
+{
+protected:
+    DrawingTest() { setPicture1(&kanvas); }
+    ~DrawingTest() override { setPicture1(nullptr); }
+
+    /// Puts the world's origin at a point of the canvas.
+    void originAt(double x, double y, float scale = 100);
+
+    RecordingKanvas kanvas;
+};
+
+} // namespace veskora
