@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 namespace veskora {
 
@@ -105,20 +104,18 @@ public:
     }
 
 private:
-    /// Leaves of the places start + k * step those from -1 to size + 1, an arrow being shorter
-    /// than a centimetre.
+    /// Leaves of the places start + k * step those from -1 to size + 1: no arrow is longer than a
+    /// centimetre.
     void narrow(double &last, double start, double step, double size)
     {
         constexpr double margin = 1;
-        double from = (-margin - start) / step;
-        double to = (size + margin - start) / step;
-        if (step == 0) { // infinite where all places are seen, empty where none is
-            const bool seen = start >= -margin && start <= size + margin;
-            from = 0;
-            to = seen ? last : -1;
+        if (step == 0) {
+            if (!(start >= -margin && start <= size + margin))
+                last = -1;
+            return;
         }
-        if (from > to)
-            std::swap(from, to);
+        const auto [from, to] =
+            std::minmax({(-margin - start) / step, (size + margin - start) / step});
         first_ = std::max(first_, std::ceil(from));
         last = std::min(last, std::floor(to));
     }

@@ -118,7 +118,7 @@ TEST_F(DeformedShape, WhatCannotBeComputedSpoilsNothingElse)
     EXPECT_NEAR(chords[29].x2, 12 + 4 * 16.0 / 8, nearly); // q L^2 / 8 EA
     Ena_cm_posa_m_epi_1000 = 0;
     Sxedio_Paramorfosis();
-    EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 3U);
+    EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 4U);
 }
 
 } // namespace

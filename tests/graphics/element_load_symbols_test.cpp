@@ -121,16 +121,16 @@ TEST_F(LoadSymbols, UniformLoadsStandAboveAndLeftOfTheElement)
     for (const Case &c : {
              Case{"N 0 0; N 5 0; E 1 2 1 0 0 0 -2",
                   "text 5 -.6 ' 2 '; line 0 -.6 5 0;"
-                  "6 by 1 0: line 0 -.6 0 .6 | line 0 0 .05 -.2 | line -.05 -.2 .05 .2"},
+                  "6 by 1 0: line 0 -.6 0 .6 & line 0 0 .05 -.2 & line -.05 -.2 .05 .2"},
              {"N 0 0; N 3 4; E 1 2 1 0 0 0 2",
               "text 3 -4.6 ' 2 '; line 0 -.6 3 -4;"
-              "6 by .6 -.8: line 0 0 0 -.6 | line 0 -.6 .05 .2 | line -.05 -.4 .05 -.2"},
+              "6 by .6 -.8: line 0 0 0 -.6 & line 0 -.6 .05 .2 & line -.05 -.4 .05 -.2"},
              {"N 0 0; N 0 2.9; E 1 2 1 0 0 2",
               "text -.6 -2.9 ' 2 '; line -.6 0 0 -2.9;"
-              "3 by 0 -1.45: line -.6 0 .6 0 | line 0 0 -.2 .05 | line -.2 -.05 .2 .05"},
+              "3 by 0 -1.45: line -.6 0 .6 0 & line 0 0 -.2 .05 & line -.2 -.05 .2 .05"},
              {"N 0 0; N 0 .5; E 2 1 1 0 0 -2", // never fewer than two bays
               "text -.6 0 ' 2 '; line -.6 -.5 0 .5;"
-              "3 by 0 .25: line 0 -.5 -.6 0 | line -.6 -.5 .2 .05 | line -.4 -.55 -.2 .05"},
+              "3 by 0 .25: line 0 -.5 -.6 0 & line -.6 -.5 .2 .05 & line -.4 -.55 -.2 .05"},
          }) {
         buildModel(c.element);
         originAt(5, 10);

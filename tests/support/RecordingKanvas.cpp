@@ -193,7 +193,7 @@ std::string picture(const std::string &records, double signX, double signY)
             part = part.substr(colon + 1);
         }
         for (int i = 0; i < times; ++i)
-            for (const std::string &one : split(part, '|'))
+            for (const std::string &one : split(part, '&'))
                 text += byHand(one, stepX * i, stepY * i, signX, signY);
     }
     return text;

@@ -86,7 +86,7 @@ private:
 };
 
 /// The text that `RecordingKanvas::picture` gives for primitives written by hand: separated by
-/// ";", numbers in any form. "5 by .1 0: line ... | circle ..." stands for five times the same,
+/// ";", numbers in any form. "5 by .1 0: line ... & circle ..." stands for five times the same,
 /// each a step of (.1, 0) further. The whole may be mirrored about x = 0 and y = 0.
 std::string picture(const std::string &records, double signX = 1, double signY = 1);
 

@@ -30,6 +30,8 @@ public:
     /// The next box must say exactly @p text under @p icon.
     void expectMessage(const std::string &text, Icon icon = Icon::exclamation,
                        Answer answer = Answer::ok);
+    /// The next box may say anything, which goes to @p said.
+    void expectAnyMessage(std::string &said);
     /// The next file dialog gives @p path; none is Cancel.
     void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
     void expectNothingLeft() const;
@@ -67,6 +69,7 @@ private:
         std::string text;
         Icon icon;
         Answer answer;
+        std::string *said = nullptr; ///< where any text is welcome
     };
     std::deque<Expected> messages_;
     std::deque<std::optional<std::string>> files_;

@@ -202,16 +202,22 @@ void ImageKanvas::doClear()
 
 void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
 {
-    QPointF from = alignedPoint(x1, y1);
-    QPointF to = alignedPoint(x2, y2);
+    QPointF from(device(x1), device(y1));
+    QPointF to(device(x2), device(y2));
+    // An upright or level line is put on whole pixels and needs no smoothing; dots want none.
+    constexpr double straight = 0.5; // device pixels
+    const bool upright = std::abs(from.x() - to.x()) < straight;
+    const bool level = std::abs(from.y() - to.y()) < straight;
+    const bool onPixels = upright || level || penStyle_ == PenStyle::dotted;
+    if (onPixels) {
+        from = alignedPoint(x1, y1);
+        to = alignedPoint(upright ? x1 : x2, level ? y1 : y2);
+    }
     if (!clip(from, to))
         return;
-    // An upright or level line that covers whole pixels needs no smoothing, and dots want none.
-    const bool smooth = penStyle_ == PenStyle::solid && from.x() != to.x() && from.y() != to.y();
-    painter_->setRenderHint(QPainter::Antialiasing, smooth);
+    painter_->setRenderHint(QPainter::Antialiasing, !onPixels);
     painter_->drawLine(from, to);
-    if (!smooth)
-        painter_->setRenderHint(QPainter::Antialiasing, true);
+    painter_->setRenderHint(QPainter::Antialiasing, true);
 }
 
 bool ImageKanvas::reachesImage(double x, double y, double radius) const

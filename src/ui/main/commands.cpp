@@ -141,7 +141,7 @@ void frmMain::connectCommands()
         connect(action, &QAction::triggered, this, &frmMain::hideHighlights);
         connect(action, &QAction::triggered, this, command);
     };
-    const auto dialogButton = [this, button](QAction *action, auto command) {
+    const auto dialogButton = [this](QAction *action, auto command) {
         connect(action, &QAction::triggered, this, &frmMain::hideHighlights);
         connect(action, &QAction::triggered, this, &frmMain::Reset_Pointer);
         connect(action, &QAction::triggered, this, command);
@@ -184,7 +184,9 @@ void frmMain::connectCommands()
     flip(kannabos_, &nai_grid);
     connect(times_, &QPushButton::clicked, this, [this] {
         showLabelSwitches();
-        mnu_Aorato_Times_->popup(times_->mapToGlobal(QPoint(0, 0)));
+        // Above the status bar: the panel stays in sight.
+        mnu_Aorato_Times_->popup(
+            times_->mapToGlobal(QPoint(0, -mnu_Aorato_Times_->sizeHint().height())));
     });
     connect(ui_->SSCommand32, &QToolButton::clicked, this, &frmMain::toggleLog);
     connect(Command1_, &QPushButton::clicked, this, [this] { resizeDiagram(enlargeDiagram); });

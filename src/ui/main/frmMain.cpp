@@ -47,6 +47,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     ui_->centralwidget->installEventFilter(this);
 
     constexpr int instantMessageTime = 5000; // ms
+    Timer1_.setParent(this);
     Timer1_.setObjectName("Timer1");
     Timer1_.setSingleShot(true);
     Timer1_.setInterval(instantMessageTime);

@@ -1,0 +1,232 @@
+// The view: conversions, fits, zooms, history; grid, axes and sketch.
+
+#include "ColourWord.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "RecordingKanvas.h"
+#include "Sxediastika.h"
+#include "Zoom.h"
+
+#include <algorithm>
+
+namespace veskora {
+namespace {
+
+class View : public StoreTest
+{
+protected:
+    View() { setPicture1(&kanvas); }
+    ~View() override { setPicture1(nullptr); }
+
+    static void expectView(double scale, double x, double y)
+    {
+        EXPECT_FLOAT_EQ(Klimaka, static_cast<float>(scale));
+        EXPECT_NEAR(Arxi_X, x, 1e-5);
+        EXPECT_NEAR(Arxi_Y, y, 1e-5);
+    }
+
+    RecordingKanvas kanvas; // 20 by 20 cm
+};
+
+TEST_F(View, ConversionsAreEachOthersInverse)
+{
+    Klimaka = 50;
+    Arxi_X = -3;
+    Arxi_Y = 4;
+    EXPECT_EQ(Kosmos_X(5), 13);
+    EXPECT_EQ(Kosmos_Y_Orthio(1), 6);
+    EXPECT_EQ(Kosmos_Y(1), 14);
+    EXPECT_EQ(Mikos_Se_Othoni(2.5), 5);
+    EXPECT_EQ(Othoni_X(13), 5);
+    EXPECT_EQ(Othoni_Y(14), 1);
+    EXPECT_EQ(Othoni_Y_Orthio(6), 1);
+}
+
+TEST_F(View, BestFitTakesTheCoarserDirection)
+{
+    struct Case
+    {
+        const char *nodes;
+        double scale, x, y;
+    };
+    for (const Case &c : {
+             Case{"", 70, -2, 2}, Case{"N 7 14", 70, 0, -10}, // one node in the middle, same scale
+             Case{"N 1 1; N 17.4 1", 100, -.8, 9},            // level: width 16.4 at 1:100
+             Case{"N 3 2; N 3 34.8", 200, -8.5, .8},          // upright
+             Case{"N 0 0; N 8.2 16.4", 100, -5.9, 1.8},       // tall: by height
+             Case{"N 0 0; N 16.4 16.4", 100, -1.8, 1.8},      // a tie: by width
+             Case{"N 0 0; N .1 .1", 70, 5, 6},                // finer than 1:1 is not shown
+             Case{"N 4 4; N 4 4", 70, 5, 6},                  // all at one point
+         }) {
+        SCOPED_TRACE(c.nodes);
+        buildModel(c.nodes);
+        Klimaka = 70;
+        Arxi_X = 5;
+        Arxi_Y = 6;
+        Zoom_Best_Fit();
+        expectView(c.scale, c.x, c.y);
+    }
+}
+
+TEST_F(View, TheZoomWindowTouchesTheEdges)
+{
+    struct Case
+    {
+        double x1, y1, x2, y2, scale, x, y;
+    };
+    for (const Case &c : {
+             Case{5, 5, 15, 15, 50, 8,
+                  -12}, // the middle quarter, twice as large; world x 4 .. 14, y 6 .. 16
+             Case{15, 15, 5, 5, 50, 8, -12},      // drawn the other way
+             Case{5, 5, 15, 10, 50, 8, -17},      // wide: centred in height
+             Case{5, 5, 10, 15, 50, 3, -12},      // high: centred in width
+             Case{7, 7, 7, 7, 100, -1, -1},       // a click
+             Case{5, 5, 5.05, 5.05, 100, -1, -1}, // below 1:1
+             Case{5, 5, 15, 5, 50, 8, -22},       // no height: by width
+         }) {
+        Klimaka = 100;
+        Arxi_X = -1;
+        Arxi_Y = -1;
+        Zoom_Parathyrou(c.x1, c.y1, c.x2, c.y2);
+        expectView(c.scale, c.x, c.y);
+    }
+}
+
+TEST_F(View, TheDragZoomGoesByTwentiethsAndStopsAtOneToOne)
+{
+    Klimaka = 100;
+    Arxi_X = -2;
+    Arxi_Y = 2;
+    Zoom_Syrsimatos(5, 7); // r = 1.1, out
+    expectView(110, -2 - 8 * .1, 2 - (2 - 10) * .1);
+    Klimaka = 1.01F;
+    Arxi_X = -2;
+    Arxi_Y = 2;
+    Zoom_Syrsimatos(7, 5); // r = 1/1.1, in: the origin moves all the same
+    const double r = 1 / 1.1;
+    expectView(1.01, -2 - 8 * (r - 1), 2 - (2 - 10) * (r - 1));
+}
+
+TEST_F(View, TheHistoryKeepsAHundredSteps)
+{
+    EXPECT_FALSE(Zoom_Proigoumeno());
+    Apothikefsi_Zoom(); // the view on top is not pushed again
+    EXPECT_EQ(Thesi_Istorikou, 0);
+    for (int step = 1; step <= 103; ++step) {
+        Arxi_X = step;
+        Apothikefsi_Zoom();
+        Apothikefsi_Zoom();
+        EXPECT_EQ(Thesi_Istorikou, std::min(step, 100));
+    }
+    for (int step = 102; step >= 3; --step) {
+        EXPECT_TRUE(Zoom_Proigoumeno());
+        EXPECT_EQ(Arxi_X, step);
+    }
+    EXPECT_FALSE(Zoom_Proigoumeno());
+    Arxi_Y = 99; // a new step overwrites those above
+    Apothikefsi_Zoom();
+    EXPECT_EQ(Thesi_Istorikou, 1);
+    EXPECT_EQ(Istoriko_Zoom(1, 2), 99);
+}
+
+TEST_F(View, TheGridGoesThroughMultiplesOfItsStep)
+{
+    nai_aksones = false;
+    Ananeosi_Sxediou();
+    // 1 cm steps; the world origin 2 cm from left and bottom.
+    EXPECT_EQ(kanvas.linesOf(xroma_grid).size(), 21U + 21U);
+    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].x, 1);
+    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].pen.style, PenStyle::dotted);
+    EXPECT_EQ(kanvas.pen.style, PenStyle::solid);
+    EXPECT_EQ(kanvas.pen.fontSize, 7);
+    Arxi_X = 2.25;
+    Ananeosi_Sxediou();
+    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].x, .75);
+}
+
+TEST_F(View, ADenseGridIsSaidOnceWhenAZoomCrossesTheLimit)
+{
+    const auto said = [this] {
+        return std::ranges::count(desktop.log, "Grid too dense to display.", &LogLine::text);
+    };
+    Klimaka = 1001; // as at the start: no view before this one
+    Ananeosi_Sxediou();
+    EXPECT_EQ(said(), 0);
+    const auto zoomTo = [](float scale) {
+        Klimaka = scale;
+        Apothikefsi_Zoom();
+        Ananeosi_Sxediou();
+        Ananeosi_Sxediou();
+    };
+    zoomTo(1000); // exactly 0.1
+    EXPECT_FALSE(kanvas.linesOf(xroma_grid).empty());
+    EXPECT_EQ(said(), 0);
+    zoomTo(1001);
+    EXPECT_TRUE(kanvas.linesOf(xroma_grid).empty());
+    EXPECT_EQ(said(), 1);
+    zoomTo(1002);
+    EXPECT_EQ(said(), 1);
+    zoomTo(900);
+    zoomTo(1001);
+    EXPECT_EQ(said(), 2);
+}
+
+TEST_F(View, TheAxesStandAtTheWorldOriginAtEveryZoom)
+{
+    nai_grid = false;
+    Klimaka = 33;
+    Ananeosi_Sxediou();
+    const auto axes = kanvas.linesOf(xroma_aksonon);
+    ASSERT_EQ(axes.size(), 8U);
+    EXPECT_EQ(kanvas.picture(2, 18),
+              "line -0.2000 0.0000 1.7000 0.0000\nline 1.8000 0.0000 -0.3000 0.1000\nline 1.8000 "
+              "0.0000 -0.3000 -0.1000\nline 1.5000 -0.1000 0.0000 0.2000\n"
+              "text 1.6000 0.1000 'x'\nline 0.0000 0.2000 0.0000 -1.7000\nline 0.0000 -1.8000 "
+              "-0.1000 0.3000\nline 0.0000 -1.8000 0.1000 0.3000\n"
+              "line 0.1000 -1.5000 -0.2000 0.0000\ntext -0.3500 -1.8000 'y'\n");
+}
+
+TEST_F(View, TheSketchHasAxesAndElementLinesAlone)
+{
+    buildModel("G 1 1 1; N 0 0 xxx; N 2 0 ooo 5 5 5; N 2 3; E 1 2 1 1 1 5 5; E 2 3 1");
+    Sxedio_Grigoro();
+    const auto lines = kanvas.linesOf(xroma_stoixeion);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(kanvas.drawn.size(), 2 + 10U);
+    EXPECT_EQ(lines[1].x, 4);
+    EXPECT_EQ(lines[1].y2, 15);
+}
+
+TEST_F(View, NoViewAndNoModelEndsADrawing)
+{
+    buildModel("G 0 0 0; N 0 0 xxx 1 1 1; N 0 0 oxo 1e30 -1e30 3e38; N 3e38 -3e38; E 1 2 1 0 0 5 "
+               "5; E 2 3 1 1 0 -5 3e38; E 3 3 1");
+    Stoixeia(3, element::nodeJ) = 77; // no such node
+    for (const float scale : {100.F, 0.F, -5.F, 1e-38F, 3e38F})
+        for (const double origin : {0., 1e300, -1e300})
+            for (const float step : {1.F, 0.F, -1.F, 1e-38F, 3e38F})
+                for (std::int16_t mode = -1; mode <= 5; ++mode) {
+                    Klimaka = scale;
+                    Arxi_X = Arxi_Y = origin;
+                    kannab = step;
+                    Ena_cm_posa_KNm_M = Ena_cm_posa_m_epi_1000 = step - 1;
+                    Katastasi_Provolis = mode;
+                    EXPECT_NO_THROW(Ananeosi_Sxediou());
+                    EXPECT_NO_THROW(Sxedio_Grigoro());
+                    EXPECT_LT(kanvas.drawn.size(), 5000U);
+                }
+}
+
+TEST(Colours, AWordHasRedInItsLowByteOrNamesASystemColour)
+{
+    EXPECT_EQ(colourOf(255), (Rgb{255, 0, 0}));
+    EXPECT_EQ(colourOf(14737632), (Rgb{0xE0, 0xE0, 0xE0}));
+    EXPECT_EQ(colourOf(8388608), (Rgb{0, 0, 128}));
+    EXPECT_EQ(colourOf(-2147483634.), (Rgb{255, 255, 255})); // 14, as a signed word
+    EXPECT_EQ(colourOf(2147483648. + 15), (Rgb{0xF0, 0xF0, 0xF0}));
+    for (const double nonsense : {1e300, -1e300, 2147483648. + 99})
+        EXPECT_EQ(colourOf(nonsense), (Rgb{0, 0, 0}));
+}
+
+} // namespace
+} // namespace veskora

@@ -1,0 +1,565 @@
+// The main window on the offscreen platform: found by name, pressed as a user does, its boxes and
+// file dialogs answered by a script.
+
+#include "AnalysisCommands.h"
+#include "Application.h"
+#include "Files.h"
+#include "frmMain.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "ScriptedDesktop.h"
+#include "Zoom.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QSignalSpy>
+#include <QTextEdit>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+namespace {
+
+const std::string title = "Kalvorn Veskora ML";
+
+/// The window's desktop with scripted boxes and dialogs.
+class WindowDesktop : public QtDesktop
+{
+public:
+    explicit WindowDesktop(ScriptedDesktop &script) : script_(script) {}
+    Answer message(const std::string &text, Icon icon, Buttons buttons) override
+    {
+        return script_.message(text, icon, buttons);
+    }
+    std::optional<std::string> askOpenFile(const FileQuestion &question) override
+    {
+        return script_.askOpenFile(question);
+    }
+    std::optional<std::string> askSaveFile(const FileQuestion &question) override
+    {
+        return script_.askSaveFile(question);
+    }
+    std::string programFolder() override { return script_.programFolder(); }
+
+private:
+    ScriptedDesktop &script_;
+};
+
+class MainWindow : public StoreTest
+{
+protected:
+    MainWindow()
+    {
+        ::setenv("XDG_CONFIG_HOME", path("config").c_str(), 1);
+        ::setenv("XDG_DATA_HOME", path("data").c_str(), 1);
+        qtDesktop = std::make_unique<WindowDesktop>(desktop);
+        setDesktop(qtDesktop.get());
+        reopen();
+    }
+    ~MainWindow() override
+    {
+        window.reset();
+        setDesktop(nullptr);
+    }
+
+    /// A window of a new run of the program.
+    void reopen()
+    {
+        window.reset();
+        resetStore();
+        window = std::make_unique<frmMain>();
+        qtDesktop->attach(window.get());
+    }
+    void start(const std::string &commandLine = {})
+    {
+        qtDesktop->storeSetting("Startup", "WindowState", "0");
+        window->start(QString::fromStdString(commandLine));
+        QCoreApplication::processEvents();
+    }
+
+    template <typename Object>
+    Object *find(const char *name)
+    {
+        auto *object = window->findChild<Object *>(name);
+        if (object == nullptr)
+            throw std::runtime_error(std::string("no control named ") + name);
+        return object;
+    }
+    void trigger(const char *action) { find<QAction>(action)->trigger(); }
+    void click(const char *button) { find<QAbstractButton>(button)->click(); }
+    std::string caption() const { return window->windowTitle().toStdString(); }
+    std::string panel(const char *name) { return find<QLabel>(name)->text().toStdString(); }
+    QStringList log() { return find<QTextEdit>("RichTextBox1")->toPlainText().split('\n'); }
+    CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
+
+    void mouse(QEvent::Type type, Qt::MouseButton button, double x, double y)
+    {
+        const QPointF place(x * 96 / 2.54, y * 96 / 2.54);
+        QMouseEvent event(type, place, canvas().mapToGlobal(place), button,
+                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button,
+                          Qt::NoModifier);
+        QCoreApplication::sendEvent(&canvas(), &event);
+    }
+    void drag(double x1, double y1, double x2, double y2)
+    {
+        mouse(QEvent::MouseButtonPress, Qt::LeftButton, x1, y1);
+        mouse(QEvent::MouseMove, Qt::LeftButton, x2, y2);
+        mouse(QEvent::MouseButtonRelease, Qt::LeftButton, x2, y2);
+    }
+
+    const std::string small = contentOf(TEST_DATA "/small.vsk");
+    std::unique_ptr<WindowDesktop> qtDesktop;
+    std::unique_ptr<frmMain> window;
+};
+
+TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
+{
+    start();
+    EXPECT_EQ(caption(), title + " - Untitled.vsk");
+    EXPECT_EQ(panel("Panel7"), " Model");
+    EXPECT_FALSE(find<QWidget>("Command1")->isVisible());
+    EXPECT_TRUE(find<QWidget>("sint")->property("look").toBool());
+    const QStringList lines = log();
+    ASSERT_EQ(lines.size(), 4);
+    EXPECT_EQ(lines[0], " Kalvorn Veskora ML - Linear static analysis of plane frames program");
+    EXPECT_EQ(lines[2], " ");
+    EXPECT_THAT(lines[3].toStdString(), testing::ContainsRegex("^ [A-Z][a-z]+day [0-9]"));
+    EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), "1.00");
+    EXPECT_EQ(Thesi_Istorikou, 0);
+
+    EXPECT_THAT(contentOf(path("data/mime/packages/veskora-ml.xml")),
+                testing::HasSubstr("offset=\"37\""));
+    const std::string entry = contentOf(path("data/applications/veskora-ml.desktop"));
+    EXPECT_THAT(entry, testing::ContainsRegex("Exec=\"/[^\n]*\" %f\n"));
+    EXPECT_THAT(contentOf(path("data/icons/hicolor/scalable/apps/veskora-ml.svg")),
+                testing::HasSubstr("<svg"));
+}
+
+TEST_F(MainWindow, OpensTheFileOfTheCommandLine)
+{
+    write(path("a file with  blanks.vsk"), small);
+    std::string other = small;
+    other.replace(other.find("Rithmiseis\r\n1\r\n0\r\n1"), 19,
+                  "Rithmiseis\r\n0\r\n0\r\n0"); // no axes, no grid
+    write(path("a file with  blanks.vsk"), other);
+    start(path("a file with  blanks.vsk"));
+    EXPECT_EQ(caption(), path("a file with  blanks.vsk") + " - " + title);
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_FALSE(find<QWidget>("Aksones")->property("look").toBool());
+    EXPECT_FALSE(find<QWidget>("Kannabos")->property("look").toBool());
+
+    for (const auto &[name, says] : {std::pair{"missing.vsk", "No such file or directory"},
+                                     {"damaged.vsk", "Input past end of file in line 7"}}) {
+        write(path("damaged.vsk"), small.substr(0, small.find("Omadas")).substr(0, 190));
+        reopen();
+        desktop.expectMessage(std::string("There was an error opening the file: ") + says,
+                              Icon::critical);
+        start(path(name));
+        EXPECT_EQ(caption(), title + " - Untitled.vsk");
+        EXPECT_EQ(currentFolder, fs::path(path(name)).parent_path().string());
+    }
+}
+
+// What is asked, what each answer does, and that nothing is lost by a Yes whose save did not come
+// off.
+TEST_F(MainWindow, AsksToSaveBeforeTheModelIsLeft)
+{
+    const std::string sentence = "Do you want to save the changes you made to file:";
+    enum class Change { none, scale, unsaved };
+    struct Case
+    {
+        bool named;
+        Change change;
+        Answer answer;
+        bool saves, leaves;
+    };
+    for (const Case &c : {
+             Case{true, Change::none, Answer::ok, false, true},
+             Case{true, Change::scale, Answer::yes, true, true},
+             Case{true, Change::scale, Answer::no, false, true},
+             Case{true, Change::scale, Answer::cancel, false, false},
+             Case{false, Change::none, Answer::ok, false, true},
+             Case{false, Change::unsaved, Answer::yes, true, true},
+             Case{false, Change::unsaved, Answer::no, false, true},
+             Case{false, Change::unsaved, Answer::cancel, false, false},
+         })
+        for (const char *command : {"mnuNEOitem", "mnuANAGNOSIitem", "mnuEKSODOSitem"}) {
+            SCOPED_TRACE(command);
+            const bool closing = std::string(command) == "mnuEKSODOSitem";
+            write(path("m.vsk"), small);
+            fs::remove(path("new.vsk"));
+            reopen();
+            start(c.named ? path("m.vsk") : "");
+            if (c.change == Change::scale)
+                Ena_cm_posa_KN_Q = 55;
+            if (c.change == Change::unsaved)
+                addGroup(1, 1, 1);
+            if (c.change != Change::none)
+                desktop.expectMessage(sentence + " '" + (c.named ? path("m.vsk") : "Untitled.vsk")
+                                          + "'?",
+                                      closing ? Icon::exclamation : Icon::none, c.answer);
+            if (c.saves && !c.named)
+                desktop.expectFileDialog(path("new"));
+            if (c.leaves && std::string(command) == "mnuANAGNOSIitem")
+                desktop.expectFileDialog(std::nullopt);
+            trigger(command);
+            desktop.expectNothingLeft();
+            EXPECT_EQ(contentOf(path("m.vsk")) != small, c.saves && c.named);
+            EXPECT_EQ(fs::exists(path("new.vsk")), c.saves && !c.named);
+            EXPECT_EQ(window->isVisible(), !closing || !c.leaves);
+            if (c.leaves && std::string(command) == "mnuNEOitem") {
+                EXPECT_EQ(Arithmos_Kombon + Arithmos_Omadon, 0);
+            }
+        }
+}
+
+TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
+{
+    for (const char *command : {"mnuNEOitem", "mnuEKSODOSitem"}) {
+        reopen();
+        start();
+        addGroup(7, 8, 9);
+        const bool closing = std::string(command) == "mnuEKSODOSitem";
+        desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
+                              closing ? Icon::exclamation : Icon::none, Answer::yes);
+        desktop.expectFileDialog(std::nullopt); // the save dialog is cancelled
+        const fs::path folder = path("data/" + title + "/Recovery");
+        fs::remove_all(folder);
+        std::string said;
+        if (closing)
+            desktop.expectAnyMessage(said);
+        trigger(command);
+        ASSERT_TRUE(fs::exists(folder));
+        const std::string kept = fs::directory_iterator(folder)->path();
+        const std::string text =
+            "The model was not saved. It is kept in the recovery file: " + kept;
+        EXPECT_EQ(said, closing ? text : "");
+        EXPECT_TRUE(log().contains(" " + QString::fromStdString(text)));
+        std::string again = kept;
+        Anagnosi_Arxeiou(again);
+        EXPECT_EQ(Omades(1, group::I), 9);
+        Katharismos_Montelou();
+        Onoma_Arxeiou.clear();
+    }
+}
+
+TEST_F(MainWindow, NewGivesTheStartValuesAndForgetsTheZooms)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    trigger("ZoomBestFit");
+    trigger("Xeraki");
+    Katastasi_Provolis = 2;
+    desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
+                              + "'?",
+                          Icon::none, Answer::no);
+    trigger("New");
+    EXPECT_EQ(caption(), title + " - Untitled.vsk");
+    EXPECT_EQ(Klimaka, 100);
+    EXPECT_EQ(Thesi_Istorikou, 0);
+    EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
+    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(log().last(), " New file");
+    EXPECT_TRUE(Allagi_Montelou);
+}
+
+TEST_F(MainWindow, GeometryComesBackOnAScreenThatIsThere)
+{
+    start();
+    window->setGeometry(50, 60, 700, 500);
+    QCoreApplication::processEvents();
+    trigger("mnuEKSODOSitem");
+    EXPECT_EQ(qtDesktop->setting("Startup", "frmM_W", ""), "10500");
+    EXPECT_EQ(qtDesktop->setting("Startup", "frmM_T", ""), "900");
+    EXPECT_EQ(qtDesktop->setting("Startup", "WindowState", ""), "0");
+    reopen();
+    start();
+    EXPECT_EQ(window->geometry(), QRect(50, 60, 700, 500));
+    for (const char *left : {"900000", "-900000", "nonsense", "1e300"}) {
+        reopen();
+        qtDesktop->storeSetting("Startup", "frmM_L", left);
+        start();
+        EXPECT_TRUE(window->screen()->geometry().contains(window->geometry())) << left;
+    }
+    reopen();
+    qtDesktop->storeSetting("Startup", "WindowState", "2");
+    window->start({});
+    EXPECT_TRUE(window->isMaximized());
+}
+
+// All in twips, from under the menu bar; fifteen are a pixel.
+TEST_F(MainWindow, IsLaidOutByItsNumbers)
+{
+    start();
+    window->resize(900, 700);
+    QCoreApplication::processEvents();
+    const auto *central = find<QWidget>("centralwidget");
+    const int W = central->width() * 15;
+    const int H = (central->height() + find<QWidget>("StatusBar1")->height()) * 15 + 420;
+    const auto *log = find<QWidget>("RichTextBox1");
+    const auto *collapse = find<QToolButton>("SSCommand32");
+    const auto expectLayout = [&](int height, int top, int left, const char *text) {
+        EXPECT_EQ(canvas().width(), (W - 285) / 15);
+        EXPECT_EQ(canvas().height(), (H - height) / 15);
+        EXPECT_EQ(canvas().y(), 0);
+        EXPECT_EQ(collapse->y(), (H - top - 420) / 15);
+        EXPECT_EQ(collapse->x(), (W - left) / 15);
+        EXPECT_EQ(collapse->text(), text);
+        if (log->isVisible()) {
+            EXPECT_EQ(log->y(), canvas().height() + 3);
+            EXPECT_EQ(log->y() + log->height(), central->height() - 3);
+        }
+        EXPECT_EQ(canvas().kanvas().image().size(), canvas().size());
+    };
+    expectLayout(2340, 1875, 720, "x");
+    click("SSCommand32");
+    expectLayout(1320, 1290, 480, "<");
+    window->resize(901, 700);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(canvas().height(), (H - 1335) / 15);
+    EXPECT_EQ(collapse->y(), (H - 1305 - 420) / 15);
+    window->resize(900, 700);
+    QCoreApplication::processEvents();
+    click("SSCommand32");
+    expectLayout(2220, 1755, 720, "x");
+}
+
+TEST_F(MainWindow, ToolsPanAndZoomWithTheMouse)
+{
+    start();
+    trigger("Xeraki");
+    EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
+    drag(5, 5, 7, 4);
+    EXPECT_NEAR(Arxi_X, -4, 1e-6);
+    EXPECT_NEAR(Arxi_Y, 3, 1e-6);
+    EXPECT_EQ(Thesi_Istorikou, 1);
+    trigger("Zoom"); // another tool's button switches
+    drag(5, 5, 5, 7);
+    EXPECT_FLOAT_EQ(Klimaka, 110);
+    EXPECT_EQ(Thesi_Istorikou, 2);
+    trigger("Zoom_Window");
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, 2, 2);
+    mouse(QEvent::MouseMove, Qt::LeftButton, 8, 6);
+    EXPECT_TRUE(find<QWidget>("Shape1")->isVisible());
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, 8, 6);
+    EXPECT_FALSE(find<QWidget>("Shape1")->isVisible());
+    EXPECT_LT(Klimaka, 60);
+    EXPECT_EQ(Thesi_Istorikou, 3);
+    drag(3, 3, 3, 3); // a click
+    EXPECT_EQ(Thesi_Istorikou, 3);
+    trigger("Zoom_Window");
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+    trigger("Zoom_Previous");
+    trigger("Zoom_Previous");
+    trigger("Zoom_Previous");
+    trigger("Zoom_Previous");
+    EXPECT_EQ(Klimaka, 100);
+    EXPECT_EQ(Arxi_X, -2);
+}
+
+TEST_F(MainWindow, PanelsShowThePointerAndSwitchTheView)
+{
+    start();
+    nai_grid = false;
+    Klimaka = 100;
+    const double bottom = canvas().kanvas().height();
+    mouse(QEvent::MouseMove, Qt::NoButton, 3.25, bottom - 2.5);
+    EXPECT_THAT(panel("Panel1"), testing::StartsWith("x = 1.2"));
+    EXPECT_THAT(panel("Panel2"), testing::StartsWith("y = 0."));
+    nai_grid = true;
+    mouse(QEvent::MouseMove, Qt::NoButton, 3.3, bottom - 2.2);
+    EXPECT_EQ(panel("Panel1") + panel("Panel2"), "x = 1y = 0");
+    click("sint");
+    EXPECT_FALSE(find<QLabel>("Panel1")->isVisible());
+    click("Aksones");
+    EXPECT_FALSE(nai_aksones);
+    EXPECT_FALSE(find<QWidget>("Aksones")->property("look").toBool());
+    EXPECT_TRUE(find<QWidget>("Aksones")->isEnabled());
+    click("Kannabos");
+    EXPECT_FALSE(nai_grid);
+}
+
+TEST_F(MainWindow, TheLabelsPopUpFlipsItsSwitches)
+{
+    start();
+    const std::vector<std::pair<const char *, bool *>> switches = {
+        {"mnuArithmisi_kombon_item", &nai_arithmisi_kombon},
+        {"mnuSintet_kombon_item", &nai_sint_kombon},
+        {"mnuArithmisi_Stoixeion_item", &nai_arithmisi_stoixeion},
+        {"mnuOmades1_item", &nai_omades},
+        {"mnuMiki_item", &nai_miki},
+        {"mnuTimes_Sig_item", &nai_times_fortiseon_si},
+        {"mnuTimes_Om_item", &nai_times_fortiseon_om},
+        {"mnuTimes_M_item", &nai_times_M},
+        {"mnuTimes_Q_item", &nai_times_Q},
+        {"mnuTimes_N_item", &nai_times_N}};
+    click("Times");
+    auto *popup = find<QMenu>("mnu_Aorato_Times");
+    EXPECT_TRUE(popup->isVisible());
+    popup->close();
+    for (const auto &[name, setting] : switches) {
+        const bool before = *setting;
+        EXPECT_EQ(find<QAction>(name)->isChecked(), before) << name;
+        trigger(name);
+        EXPECT_EQ(*setting, !before) << name;
+        EXPECT_EQ(find<QAction>(name)->isChecked(), !before) << name;
+    }
+    const auto states = [&] {
+        std::string text;
+        for (const auto &[name, setting] : switches)
+            text += *setting ? '1' : '0';
+        return text;
+    };
+    trigger("mnuKamia_item");
+    EXPECT_EQ(states(), "0000000000");
+    trigger("mnuOles_item");
+    EXPECT_EQ(states(), "1111111111");
+    trigger("mnuBasikes_item");
+    EXPECT_EQ(states(), "1010011111");
+    Katastasi_Provolis = 3;
+    trigger("mnuBasikes_item");
+    EXPECT_EQ(states(), "0000000111");
+    Katastasi_Provolis = 4;
+    trigger("mnuKamia_item");
+    trigger("mnuBasikes_item");
+    EXPECT_EQ(states(), "0000000000");
+}
+
+TEST_F(MainWindow, AnalyzesAndShowsTheResults)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    trigger("Epilisi");
+    EXPECT_FALSE(Allagi_Montelou);
+    EXPECT_THAT(log().last().toStdString(),
+                testing::ContainsRegex("^ Total time:  [0-9.E-]+ sec$"));
+    EXPECT_TRUE(find<QAction>("ToolbarSeparator25")->isEnabled());
+    EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().at(25)->objectName(), "Epilisi");
+    for (const auto &[key, text] : {std::pair{"M", " Bending moment Diagram [M]"},
+                                    {"Q", " Shear force Diagram [Q]"},
+                                    {"N", " Axial force Diagram [N]"},
+                                    {"Deform", " Deformed model"}}) {
+        trigger(key);
+        EXPECT_EQ(panel("Panel7"), text);
+        EXPECT_TRUE(find<QWidget>("Command1")->isVisible());
+    }
+    trigger("M");
+    click("Command1"); // 0.2 cm more on an ordinate of 6.58 / 100 cm
+    EXPECT_FLOAT_EQ(Ena_cm_posa_KNm_M, 24.75F);
+    trigger("Foreas");
+    EXPECT_FALSE(find<QWidget>("Command2")->isVisible());
+    EXPECT_EQ(panel("Panel7"), " Model");
+}
+
+TEST_F(MainWindow, CommandsWithoutRowsRefuseInTheBoxAndInRed)
+{
+    start();
+    struct Case
+    {
+        const char *command;
+        const char *text;
+        const char *model;
+    };
+    const char *noNodes = "No nodes have been defined yet.";
+    const char *noElements = "No elements have been defined yet.";
+    for (const Case &c : {
+             Case{"mnuMETAKINISIKOMBONitem", noNodes, ""},
+             Case{"mnuSIGXONEFSIitem", noNodes, ""},
+             Case{"mnuSIMP_KOMBitem", noNodes, ""},
+             Case{"mnuDIAIRESIitem", noElements, "N 0 0"},
+             Case{"mnuSIMP_STOIXitem", noElements, "N 0 0"},
+             Case{"Epikombia",
+                  "Before defining a nodal load, at least one node must have been defined", ""},
+             Case{"mnuOMOIOMORFAitem",
+                  "Before defining an elemental load, at least one element must have been defined",
+                  "N 0 0"},
+             Case{"Stoixeia",
+                  "Before defining an element, at least one E,A,I Element Group must have been "
+                  "defined.",
+                  ""},
+             Case{"mnuSTOIXEIAitem",
+                  "Before defining an element, at least two nodes must have been defined.",
+                  "G 1 1 1; N 0 0"},
+         }) {
+        buildModel(c.model);
+        desktop.expectMessage(c.text);
+        trigger(c.command);
+        EXPECT_EQ(log().last().toStdString(), std::string(" ") + c.text);
+        QTextCursor end(find<QTextEdit>("RichTextBox1")->document());
+        end.movePosition(QTextCursor::End);
+        EXPECT_EQ(end.charFormat().foreground().color(), QColor(255, 0, 0)) << c.command;
+    }
+}
+
+TEST_F(MainWindow, EveryEntryHasACaptionAndItsOwnMnemonic)
+{
+    start();
+    for (const QMenu *menu : window->findChildren<QMenu *>()) {
+        QString letters;
+        for (const QAction *action : menu->actions()) {
+            if (action->isSeparator())
+                continue;
+            EXPECT_FALSE(action->text().isEmpty()) << action->objectName().toStdString();
+            const QString letter = action->text().section('&', 1).left(1).toLower();
+            EXPECT_FALSE(action->isVisible() && letters.contains(letter))
+                << action->text().toStdString();
+            letters += action->isVisible() ? letter : QString();
+        }
+    }
+    EXPECT_FALSE(find<QAction>("mnuDRAWING_DXF_item")->isVisible());
+    EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().size(), 28);
+    for (const QAction *action : find<QToolBar>("Toolbar2")->actions())
+        EXPECT_TRUE(action->isSeparator() || !action->icon().pixmap(20).isNull())
+            << action->text().toStdString();
+}
+
+TEST_F(MainWindow, AnInstantMessageGoesAfterItsTime)
+{
+    start();
+    window->Stigmiaio_Minima("Saved");
+    auto *label = find<QLabel>("Label1");
+    EXPECT_TRUE(label->isVisible());
+    auto *timer = find<QTimer>("Timer1");
+    EXPECT_EQ(timer->interval(), 5000);
+    timer->start(1);
+    QSignalSpy(timer, &QTimer::timeout).wait();
+    EXPECT_FALSE(label->isVisible());
+}
+
+TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
+{
+    start();
+    addGroup(3, 4, 5);
+    EXPECT_EXIT(
+        {
+            std::string said;
+            desktop.expectAnyMessage(said);
+            QTimer::singleShot(0, [] { Komboi(999, 1) = 1; });
+            for (;;)
+                QCoreApplication::processEvents();
+        },
+        testing::ExitedWithCode(EXIT_FAILURE), "out of range(.|\n)*kept in the recovery file: ");
+    const std::string kept = fs::directory_iterator(path("data/" + title + "/Recovery"))->path();
+    EXPECT_THAT(contentOf(kept), testing::HasSubstr("Omades\r\n1\r\n\r\n1\r\n3\r\n4\r\n5\r\n"));
+}
+
+} // namespace
+} // namespace veskora
+
+int main(int argc, char **argv)
+{
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    testing::InitGoogleMock(&argc, argv);
+    veskora::Application application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}
