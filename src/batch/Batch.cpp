@@ -6,9 +6,13 @@
 #include "Fault.h"
 #include "Files.h"
 #include "FileSystem.h"
+#include "ImageKanvas.h"
 #include "Metablites.h"
+#include "Sxediastika.h"
+#include "Zoom.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <ostream>
 #include <set>
@@ -20,13 +24,15 @@ namespace veskora {
 namespace {
 
 constexpr const char *usage =
-    "Usage: Veskora_batch [--out DIR | -] MODEL.vsk...\n"
+    "Usage: Veskora_batch [--out DIR | -] [--pictures] MODEL.vsk...\n"
     "\n"
     "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
     "\n"
     "  --out DIR  folder of the reports, made when it is not there; the working\n"
     "             directory when not given\n"
     "  -          print the reports instead\n"
+    "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
+    "             and MODEL_D.png too, the whole model in view\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
     "\n"
@@ -36,6 +42,7 @@ constexpr const char *usage =
 struct Order
 {
     bool print = false;
+    bool pictures = false;
     bool help = false;
     std::string folder; ///< empty: the working directory
     std::vector<std::string> models;
@@ -54,6 +61,8 @@ Order parse(const std::vector<std::string> &arguments)
             onlyModels = true;
         else if (argument == "-")
             order.print = true;
+        else if (argument == "--pictures")
+            order.pictures = true;
         else if (argument == "--help" || argument == "-h")
             order.help = true;
         else if (argument == "--out" && order.folder.empty() && i + 1 < arguments.size())
@@ -116,7 +125,8 @@ private:
         std::string report;
         for (int kind = 1; kind <= 4; ++kind)
             report += Anafora_Keimenou(kind);
-        return deliver(model, reportFileText(report));
+        const std::string failure = deliver(model, reportFileText(report));
+        return failure.empty() && order_.pictures ? drawPictures(model) : failure;
     }
 
     std::string deliver(const std::string &model, const std::string &report)
@@ -148,11 +158,34 @@ private:
             err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
     }
 
-    std::string reportPath(const std::string &model) const
+    /// The five views of the model at best fit.
+    std::string drawPictures(const std::string &model)
     {
-        return (fs::path(order_.folder) / fs::path(model).filename().replace_extension(".txt"))
-            .string();
+        constexpr std::array names = {"_model.png", "_M.png", "_Q.png", "_N.png", "_D.png"};
+        const QSize size(1280, 800);
+        ImageKanvas kanvas(size);
+        kanvas.setBackground(xroma_background);
+        setPicture1(&kanvas);
+        Zoom_Best_Fit();
+        std::string failure;
+        for (std::size_t mode = 0; mode < names.size() && failure.empty(); ++mode) {
+            Katastasi_Provolis = static_cast<std::int16_t>(mode);
+            Ananeosi_Sxediou();
+            const std::string path = pathWithout(model) + names[mode];
+            if (!kanvas.image().save(QString::fromStdString(path)))
+                failure = path + ": the picture could not be written";
+        }
+        setPicture1(nullptr);
+        return failure;
     }
+
+    /// Where the results of a model go, without an extension.
+    std::string pathWithout(const std::string &model) const
+    {
+        return (fs::path(order_.folder) / fs::path(model).stem()).string();
+    }
+
+    std::string reportPath(const std::string &model) const { return pathWithout(model) + ".txt"; }
 
     bool isModelOfRun(const std::string &target) const
     {
@@ -170,6 +203,11 @@ private:
 };
 
 } // namespace
+
+bool wantsPictures(const std::vector<std::string> &arguments)
+{
+    return parse(arguments).pictures;
+}
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)
 {

@@ -16,6 +16,10 @@ inline constexpr int someFailed =
 inline constexpr int wrongUsage = 2;
 } // namespace batchStatus
 
+/// Whether these arguments ask for pictures, which need Qt's fonts: a `QGuiApplication` must exist
+/// while `runBatch` runs.
+bool wantsPictures(const std::vector<std::string> &arguments);
+
 /// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
 /// and writes its report. Every model starts from a fresh store with the default settings, and a
 /// failure of one does not keep the next from its turn. An unconnected node is reported and kept.

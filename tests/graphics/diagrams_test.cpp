@@ -182,9 +182,9 @@ TEST_F(Diagrams, AValueTooLargeToBeRoundedIsReportedOnceAPicture)
     Diagramma_M();
     ASSERT_EQ(desktop.log.size(), 1U);
     EXPECT_EQ(desktop.log.at(0),
-              LogLine("Values beyond this limit are shown as 0; use fewer decimals or larger "
-                      "units: 2147483.647",
-                      255));
+              (LogLine{"Values beyond this limit are shown as 0; use fewer decimals or larger "
+                       "units: 2147483.647",
+                       255}));
     dekadika_M = 2;
     Diagramma_M();
     EXPECT_EQ(desktop.log.size(), 1U);

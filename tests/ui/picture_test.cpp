@@ -1,0 +1,158 @@
+// What is really painted: the canvas's image, and the pictures of the batch runner.
+
+#include "Batch.h"
+#include "ImageKanvas.h"
+#include "ScriptedDesktop.h"
+
+#include <QGuiApplication>
+
+#include <sstream>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+namespace {
+
+constexpr double red = 255, blue = 0xFF0000, white = 0xFFFFFF;
+constexpr double centimetre = 96 / 2.54; // pixels
+
+QRgb at(const ImageKanvas &kanvas, double x, double y)
+{
+    return kanvas.image().pixel(static_cast<int>(x), static_cast<int>(y)) | 0xFF000000;
+}
+
+int count(const ImageKanvas &kanvas, QRgb colour, QRect part)
+{
+    int pixels = 0;
+    for (int y = part.top(); y <= part.bottom(); ++y)
+        for (int x = part.left(); x <= part.right(); ++x)
+            pixels += kanvas.image().pixel(x, y) == colour ? 1 : 0;
+    return pixels;
+}
+
+constexpr QRgb redPixel = 0xFFFF0000, bluePixel = 0xFF0000FF, whitePixel = 0xFFFFFFFF;
+
+TEST(Image, StraightLinesCoverWholePixelsAtEveryScale)
+{
+    for (const double scale : {1., 1.5, 2.}) {
+        for (const int width : {1, 2, 3}) {
+            ImageKanvas kanvas(QSize(100, 100), scale);
+            kanvas.setPenColour(red);
+            kanvas.setPenWidth(width);
+            kanvas.line(0.5, 0.51, 2, 0.51);
+            kanvas.line(1.03, 1, 1.03, 2);
+            const int side = static_cast<int>(100 * scale);
+            ASSERT_EQ(kanvas.image().size(), QSize(side, side));
+            const int thickness = width * static_cast<int>(std::lround(scale));
+            const int across = static_cast<int>(1.2 * centimetre * scale);
+            EXPECT_EQ(count(kanvas, redPixel, QRect(across, 0, 1, side / 2)), thickness) << scale;
+            const int along = static_cast<int>(1.5 * centimetre * scale);
+            EXPECT_EQ(count(kanvas, redPixel, QRect(0, along, side, 1)), thickness) << scale;
+            EXPECT_EQ(count(kanvas, whitePixel, QRect(0, along, side, 1)), side - thickness);
+        }
+    }
+}
+
+TEST(Image, StateSurvivesClearAndResize)
+{
+    ImageKanvas kanvas(QSize(100, 100));
+    kanvas.setBackground(blue);
+    kanvas.setPenColour(red);
+    kanvas.setPenWidth(3);
+    kanvas.setFillOn(true);
+    kanvas.setFillColour(white);
+    kanvas.resize(QSize(200, 200), 1);
+    EXPECT_EQ(at(kanvas, 199, 199), bluePixel);
+    kanvas.clear();
+    kanvas.circle(2, 2, 1);
+    EXPECT_EQ(at(kanvas, 2 * centimetre, 2 * centimetre), whitePixel);
+    EXPECT_EQ(at(kanvas, 3 * centimetre, 2 * centimetre), redPixel);
+    kanvas.arc(4, 4, .5, 0, 1); // never filled
+    EXPECT_EQ(at(kanvas, 4 * centimetre, 4 * centimetre), bluePixel);
+}
+
+TEST(Image, ArcsRunCounterClockwiseFromTheRight)
+{
+    ImageKanvas kanvas(QSize(200, 200));
+    kanvas.setPenColour(red);
+    kanvas.setPenWidth(3);
+    const auto painted = [&](double angle) {
+        return at(kanvas, (2 + std::cos(angle)) * centimetre, (2 - std::sin(angle)) * centimetre)
+               == redPixel;
+    };
+    kanvas.arc(2, 2, 1, 3.14159265358979 + 2.1,
+               4.2 - 3.14159265358979); // over the right, 119 degrees
+    EXPECT_TRUE(painted(0) && painted(-.9) && painted(.9));
+    EXPECT_FALSE(painted(1.3) || painted(3) || painted(-1.3));
+}
+
+TEST(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
+{
+    ImageKanvas kanvas(QSize(400, 400));
+    kanvas.setPenColour(red);
+    kanvas.setFontSize(8);
+    kanvas.moveTo(2, 3);
+    kanvas.print("WWW");
+    EXPECT_EQ(kanvas.currentX(), 0);
+    EXPECT_NEAR(kanvas.currentY(), 3 + kanvas.textHeight(), 1e-6);
+    const int x = static_cast<int>(2 * centimetre), y = static_cast<int>(3 * centimetre);
+    const auto inked = [&](QRect part) {
+        return part.width() * part.height() - count(kanvas, whitePixel, part);
+    };
+    EXPECT_GT(inked(QRect(x, y, 60, 20)), 20);
+    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x, y, 60, 20)));
+    kanvas.clear();
+    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 900); // upward, its top to the left
+    EXPECT_GT(inked(QRect(x, y - 60, 14, 62)), 20);
+    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x, y - 60, 14, 62)));
+    kanvas.clear();
+    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 2700);
+    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x - 14, y - 2, 16, 62)));
+}
+
+TEST(Image, PrimitivesFarOutsideAreNoTrouble)
+{
+    ImageKanvas kanvas(QSize(100, 100));
+    kanvas.setPenColour(red);
+    for (const double far : {1e4, 1e9, 3e38}) {
+        kanvas.line(-far, -far, far, far); // through the middle of what is seen
+        kanvas.circle(far, far, far);
+        kanvas.arc(0, 0, far, 0, 1);
+        kanvas.point(far, -far);
+        kanvas.moveTo(-far, far);
+        kanvas.print("text");
+        kanvas.printRotated("text", far, far, {"Arial", 11, 200}, 450);
+    }
+    EXPECT_NE(at(kanvas, 50, 50), whitePixel);
+    kanvas.clear();
+    kanvas.line(NAN, 0, 1, 1);
+    kanvas.line(0, 0, HUGE_VAL, 1);
+    EXPECT_EQ(count(kanvas, whitePixel, QRect(0, 0, 100, 100)), 10000);
+}
+
+class Pictures : public StoreTest
+{};
+
+TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
+{
+    std::ostringstream out, err;
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), EXAMPLES "/portal_frame.vsk"}, out, err),
+              batchStatus::allAnalysed)
+        << err.str();
+    EXPECT_EQ(std::distance(fs::directory_iterator(path("p")), {}), 6);
+    QImage previous;
+    for (const char *view : {"model", "M", "Q", "N", "D"}) {
+        const QImage picture(QString::fromStdString(path("p/portal_frame_") + view + ".png"));
+        EXPECT_EQ(picture.size(), QSize(1280, 800)) << view;
+        EXPECT_NE(picture, previous) << view;
+        previous = picture;
+    }
+    fs::create_directories(path("q/portal_frame_M.png"));
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("q"), EXAMPLES "/portal_frame.vsk"}, out, err),
+              batchStatus::someFailed);
+    EXPECT_NE(err.str().find("portal_frame_M.png: the picture could not be written"),
+              std::string::npos);
+}
+
+} // namespace
+} // namespace veskora
