@@ -201,6 +201,14 @@ double Kannabos_Sintetagmeni(double x)
     return Stroggylopoiisi_Bima(x, kannab);
 }
 
+double Apostasi_Apo_Eutheia(double x1, double y1, double x2, double y2, double px, double py)
+{
+    const double A = y1 - y2;
+    const double B = x2 - x1;
+    const double C = x1 * y2 - x2 * y1;
+    return std::abs(A * px + B * py + C) / std::sqrt(A * A + B * B);
+}
+
 std::string numberText(float value)
 {
     return general(value, 7);

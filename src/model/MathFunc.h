@@ -38,6 +38,10 @@ double Se_Moires(double angle);
 double Stroggylopoiisi_Bima(double x, double step);
 double Kannabos_Sintetagmeni(double x);
 
+/// Distance of point (@p px, @p py) from the infinite line through two points; not a number where
+/// the two are one.
+double Apostasi_Apo_Eutheia(double x1, double y1, double x2, double y2, double px, double py);
+
 /// Default number text: up to 7 significant digits of a Single, 15 of a Double, no trailing zeros,
 /// exponent form when the size demands it (2.1E+08); -0 is 0. The separator is always the point.
 std::string numberText(float value);

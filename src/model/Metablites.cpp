@@ -50,6 +50,11 @@ std::string currentFolder;
 std::string Anafora;
 bool Nai_Dedomena = false, Nai_Metakiniseis = false, Nai_Entaseis = false, Nai_Antidraseis = false;
 
+float Patima_X = 0, Patima_Y = 0;
+float Agkyra_X = 0, Agkyra_Y = 0;
+std::int16_t Kombos_Arxis = 0;
+bool Neos_Kombos_Sto_Patima = false;
+
 bool Nai_Agglika = true;
 Pinakas<std::string, languageSlots> Pinakas_Glossas;
 
@@ -122,6 +127,9 @@ void resetStore()
     currentFolder.clear();
     Anafora.clear();
     Nai_Dedomena = Nai_Metakiniseis = Nai_Entaseis = Nai_Antidraseis = false;
+    Patima_X = Patima_Y = Agkyra_X = Agkyra_Y = 0;
+    Kombos_Arxis = 0;
+    Neos_Kombos_Sto_Patima = false;
     Nai_Agglika = true;
     Pinakas_Glossas.clear();
     setStandardSettings();

@@ -121,6 +121,17 @@ extern std::string Anafora; ///< report text, empty between commands
 extern bool Nai_Dedomena, Nai_Metakiniseis, Nai_Entaseis, Nai_Antidraseis;
 /// @}
 
+/// @name Mouse on the canvas
+/// Canvas centimetres.
+/// @{
+extern float Patima_X, Patima_Y;  ///< the pointer at the last left press
+extern float Agkyra_X, Agkyra_Y;  ///< the same plus the origin of the view at that moment
+extern std::int16_t Kombos_Arxis; ///< node at which the last press began; it keeps its old value
+                                  ///< where a press set none
+extern bool
+    Neos_Kombos_Sto_Patima; ///< this press defined a node and the pointer has not moved since
+/// @}
+
 /// @name Language
 /// @{
 inline constexpr int languageSlots = 2500;

@@ -14,12 +14,12 @@ protected:
     void node(const std::string &code, double dx = 0, double dy = 0)
     {
         Katharismos_Montelou();
-        originAt(0, 0);
-        addNode(0, 0, code);
-        addNode(dx, dy);
+        originAt(-1, 2);
+        addNode(1, 2, code);
+        addNode(1 + dx, 2 + dy);
         if (dx != 0 || dy != 0)
             addElement(2, 1);
-        addNode(0, 0);
+        addNode(1, 2);
         addElement(1, 3);
     }
 
@@ -95,7 +95,7 @@ TEST_F(NodeSymbols, SupportsStandOnTheSideAwayFromTheStructure)
 TEST_F(NodeSymbols, ElementsInOneLineCancel)
 {
     node("xoo", 2, 0);
-    addNode(-5, 0);
+    addNode(-4, 2);
     addElement(1, 4);
     drawn();
     EXPECT_GT(kanvas.of(Primitive::Kind::circle).at(0).x, 0);
@@ -112,22 +112,22 @@ TEST_F(NodeSymbols, LabelsNameNumberRestraintsAndCoordinates)
     for (const Case &c : {
              Case{"xxo", true, false, false, "text 0 0 '1 xxo'"},
              {"xxo", false, false, false, "text 0 0 ' xxo'"},
-             {"ooo", true, false, true, "text 0 0 '1'; text 0 .28 ' (0.1, 0)'"},
-             {"xxx", true, true, true, "text 0 .1 '1'; text 0 .38 ' (0.1, 0)'"},
-             {"xxx", false, true, true, "text 0 .1 ' (0.1, 0)'"},
+             {"ooo", true, false, true, "text 0 0 '1'; text 0 .28 ' (1.1, 2)'"},
+             {"xxx", true, true, true, "text 0 .1 '1'; text 0 .38 ' (1.1, 2)'"},
+             {"xxx", false, true, true, "text 0 .1 ' (1.1, 2)'"},
              {"oxo", true, true, false, "text 0 0 '1'"},
-             {"xoo", true, true, true, "text -.3 0 '1'; text 0 .28 ' (0.1, 0)'"},
+             {"xoo", true, true, true, "text -.3 0 '1'; text 0 .28 ' (1.1, 2)'"},
              {"xox", true, true, false, "text -.3 0 '1'"},
          }) {
         node(c.code);
         Arithmos_Stoixeion = 0;
-        Komboi(1, node::x) = 0.1F;
+        Komboi(1, node::x) = 1.1F;
         nai_arithmisi_kombon = c.numbers;
         nai_graf_stir = c.symbols;
         nai_sint_kombon = c.coordinates;
         drawn();
         std::erase_if(kanvas.drawn, [](const Primitive &p) { return p.text.empty(); });
-        EXPECT_EQ(kanvas.picture(0.1, 0), picture(c.texts)) << c.code;
+        EXPECT_EQ(kanvas.picture(1.1, 2), picture(c.texts)) << c.code;
     }
 }
 

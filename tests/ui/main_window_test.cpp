@@ -4,121 +4,22 @@
 #include "AnalysisCommands.h"
 #include "Application.h"
 #include "Files.h"
-#include "frmMain.h"
-#include "Metablites.h"
+#include "MainWindowTest.h"
 #include "Models.h"
-#include "ScriptedDesktop.h"
 #include "Zoom.h"
 
-#include <QAbstractButton>
 #include <QFile>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QSignalSpy>
-#include <QTextEdit>
 #include <QToolBar>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-
 namespace fs = std::filesystem;
 
 namespace veskora {
 namespace {
-
-const std::string title = "Kalvorn Veskora ML";
-
-/// The window's desktop with scripted boxes and dialogs.
-class WindowDesktop : public QtDesktop
-{
-public:
-    explicit WindowDesktop(ScriptedDesktop &script) : script_(script) {}
-    Answer message(const std::string &text, Icon icon, Buttons buttons) override
-    {
-        return script_.message(text, icon, buttons);
-    }
-    std::optional<std::string> askOpenFile(const FileQuestion &question) override
-    {
-        return script_.askOpenFile(question);
-    }
-    std::optional<std::string> askSaveFile(const FileQuestion &question) override
-    {
-        return script_.askSaveFile(question);
-    }
-    std::string programFolder() override { return script_.programFolder(); }
-
-private:
-    ScriptedDesktop &script_;
-};
-
-class MainWindow : public StoreTest
-{
-protected:
-    MainWindow()
-    {
-        ::setenv("XDG_CONFIG_HOME", path("config").c_str(), 1);
-        ::setenv("XDG_DATA_HOME", path("data").c_str(), 1);
-        qtDesktop = std::make_unique<WindowDesktop>(desktop);
-        setDesktop(qtDesktop.get());
-        reopen();
-    }
-    ~MainWindow() override
-    {
-        window.reset();
-        setDesktop(nullptr);
-    }
-
-    /// A window of a new run of the program.
-    void reopen()
-    {
-        window.reset();
-        resetStore();
-        window = std::make_unique<frmMain>();
-        qtDesktop->attach(window.get());
-    }
-    void start(const std::string &commandLine = {})
-    {
-        qtDesktop->storeSetting("Startup", "WindowState", "0");
-        window->start(QString::fromStdString(commandLine));
-        QCoreApplication::processEvents();
-    }
-
-    template <typename Object>
-    Object *find(const char *name)
-    {
-        auto *object = window->findChild<Object *>(name);
-        if (object == nullptr)
-            throw std::runtime_error(std::string("no control named ") + name);
-        return object;
-    }
-    void trigger(const char *action) { find<QAction>(action)->trigger(); }
-    void click(const char *button) { find<QAbstractButton>(button)->click(); }
-    std::string caption() const { return window->windowTitle().toStdString(); }
-    std::string panel(const char *name) { return find<QLabel>(name)->text().toStdString(); }
-    QStringList log() { return find<QTextEdit>("RichTextBox1")->toPlainText().split('\n'); }
-    CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
-
-    void mouse(QEvent::Type type, Qt::MouseButton button, double x, double y)
-    {
-        const QPointF place(x * 96 / 2.54, y * 96 / 2.54);
-        QMouseEvent event(type, place, canvas().mapToGlobal(place), button,
-                          type == QEvent::MouseButtonRelease ? Qt::NoButton : button,
-                          Qt::NoModifier);
-        QCoreApplication::sendEvent(&canvas(), &event);
-    }
-    void drag(double x1, double y1, double x2, double y2)
-    {
-        mouse(QEvent::MouseButtonPress, Qt::LeftButton, x1, y1);
-        mouse(QEvent::MouseMove, Qt::LeftButton, x2, y2);
-        mouse(QEvent::MouseButtonRelease, Qt::LeftButton, x2, y2);
-    }
-
-    const std::string small = contentOf(TEST_DATA "/small.vsk");
-    std::unique_ptr<WindowDesktop> qtDesktop;
-    std::unique_ptr<frmMain> window;
-};
 
 TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
 {
@@ -504,6 +405,8 @@ TEST_F(MainWindow, EveryEntryHasACaptionAndItsOwnMnemonic)
 {
     start();
     for (const QMenu *menu : window->findChildren<QMenu *>()) {
+        if (menu->objectName() == "mnuAorato")
+            continue; // its captions come with what lies under the pointer
         QString letters;
         for (const QAction *action : menu->actions()) {
             if (action->isSeparator())

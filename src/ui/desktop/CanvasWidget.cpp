@@ -56,7 +56,7 @@ void CanvasWidget::mousePressEvent(QMouseEvent *event)
 
 void CanvasWidget::mouseMoveEvent(QMouseEvent *event)
 {
-    emit moved(event->position().x() / pixelsPerCentimetre,
+    emit moved(event->buttons(), event->position().x() / pixelsPerCentimetre,
                event->position().y() / pixelsPerCentimetre);
 }
 

@@ -20,7 +20,7 @@ public:
 
 signals:
     void pressed(Qt::MouseButton button, double x, double y);
-    void moved(double x, double y);
+    void moved(Qt::MouseButtons buttons, double x, double y);
     void released(Qt::MouseButton button, double x, double y);
     void doubleClicked();
     /// The picture was lost: it has another size or resolution.
@@ -52,6 +52,7 @@ public:
     explicit CanvasOverlay(CanvasWidget *canvas, const QString &name);
 
     void setForm(Form form);
+    const QPen &pen() const { return pen_; }
     void setPen(const QPen &pen);
     /// Two opposite corners, or the ends of the line, in canvas centimetres.
     void span(double x1, double y1, double x2, double y2);

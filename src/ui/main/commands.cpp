@@ -67,6 +67,20 @@ void frmMain::buildPopups()
     popupEntry(mnuZoomakia_, "mnuPREVIOUSitem", &frmMain::Button_Zoom_Previous);
     popupEntry(mnuZoomakia_, "mnuEXTENDSitem", &frmMain::Button_Zoom_Best_Fit);
 
+    mnuAorato_ = new QMenu(this);
+    mnuAorato_->setObjectName("mnuAorato");
+    for (const char *name : {"mnu1item", "mnu3item", "mnusss77", "mnu2item", "mnu4item"}) {
+        QAction *action = std::string(name) == "mnusss77" ? mnuAorato_->addSeparator()
+                                                          : mnuAorato_->addAction(QString());
+        action->setObjectName(name);
+        if (!action->isSeparator())
+            connect(action, &QAction::triggered, this, [this] {
+                hideHighlights();
+                showNotYetBuilt();
+                hoverAgain();
+            });
+    }
+
     mnu_Aorato_Times_ = new QMenu(this);
     mnu_Aorato_Times_->setObjectName("mnu_Aorato_Times");
     addLabelSwitch("mnuArithmisi_kombon_item", &nai_arithmisi_kombon);
@@ -232,6 +246,7 @@ void frmMain::showFreshModel()
     applyColours();
     Katastasi_Provolis = 0;
     Reset_Pointer();
+    forgetHover();
     showMode(0);
     showPanels();
     redraw();

@@ -34,6 +34,9 @@ namespace {
 /// The canvas begins under the toolbar, which is as high as this.
 constexpr int toolbarHeight = 420; // twips
 
+const QColor nodeHighlight(255, 128, 0);
+const QColor elementHighlight(Qt::red);
+
 } // namespace
 
 frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
@@ -45,6 +48,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     buildPopups();
     connectCommands();
     ui_->centralwidget->installEventFilter(this);
+    qApp->installEventFilter(this);
 
     constexpr int instantMessageTime = 5000; // ms
     Timer1_.setParent(this);
@@ -104,8 +108,11 @@ void frmMain::buildStatusBar()
 void frmMain::buildCanvasObjects()
 {
     CanvasWidget *canvas = ui_->Picture1;
-    const auto label = [canvas](const char *name) {
+    const auto label = [canvas](const char *name, QColor colour = Qt::black) {
         auto *text = new QLabel(canvas);
+        QPalette colours = text->palette();
+        colours.setColor(QPalette::WindowText, colour);
+        text->setPalette(colours);
         text->setObjectName(name);
         text->setTextFormat(Qt::PlainText);
         text->setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -125,10 +132,13 @@ void frmMain::buildCanvasObjects()
     Line_Stoixeio_ = new CanvasOverlay(canvas, "Line_Stoixeio");
     Line1_ = new CanvasOverlay(canvas, "Line1");
     Shape1_ = new CanvasOverlay(canvas, "Shape1");
+    Shape_Kombos_->setForm(CanvasOverlay::Form::roundedSquare);
+    Shape_Kombos_->setPen(QPen(nodeHighlight, 1));
+    Line_Stoixeio_->setPen(QPen(elementHighlight, 1));
     Shape1_->setForm(CanvasOverlay::Form::rectangle);
     Shape1_->setPen(QPen(Qt::black, 1, Qt::DotLine));
-    Label_Kombos_ = label("Label_Kombos");
-    Label_Stoixeio_ = label("Label_Stoixeio");
+    Label_Kombos_ = label("Label_Kombos", nodeHighlight);
+    Label_Stoixeio_ = label("Label_Stoixeio", elementHighlight);
     Label2_ = label("Label2");
     Label1_ = label("Label1");
     Label1_->setMargin(6);
@@ -137,6 +147,7 @@ void frmMain::buildCanvasObjects()
     connect(canvas, &CanvasWidget::pressed, this, &frmMain::canvasPressed);
     connect(canvas, &CanvasWidget::moved, this, &frmMain::canvasMoved);
     connect(canvas, &CanvasWidget::released, this, &frmMain::canvasReleased);
+    connect(canvas, &CanvasWidget::doubleClicked, this, &frmMain::canvasDoubleClicked);
     connect(canvas, &CanvasWidget::resized, this, [this] {
         if (!arranging_)
             redraw();
@@ -275,6 +286,9 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui_->centralwidget && event->type() == QEvent::Resize)
         arrangeForSize();
+    // A command in the middle of a drag would pull the model away under the pointer.
+    if (event->type() == QEvent::Shortcut && Patimeno_Koumpi)
+        return true;
     return QMainWindow::eventFilter(watched, event);
 }
 

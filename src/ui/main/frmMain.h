@@ -133,11 +133,30 @@ private:
     void switchTool(bool &tool);
     void hideHighlights();
     void exitTools();
+
+    // The mouse on the canvas, canvas centimetres
     void canvasPressed(Qt::MouseButton button, double x, double y);
-    void canvasMoved(double x, double y);
+    void canvasMoved(Qt::MouseButtons buttons, double x, double y);
     void canvasReleased(Qt::MouseButton button, double x, double y);
+    void canvasDoubleClicked();
+    bool moveView(double x, double y);
+    void pressOnModel(double x, double y);
     void leftReleased(double x, double y);
+    void endRelease();
+    void defineElementTo(double x, double y);
+    void offerMainGroup();
+    void addElement(int end);
+    /// The new node's number, 0 when the table is full or the place cannot be told.
+    int defineNode(double x, double y, bool atPress);
     void showCoordinates(double x, double y);
+    void showRubberBand(double x, double y);
+    /// The node and the element under the pointer, and their highlights.
+    void hover(double x, double y);
+    void hoverAgain();
+    void forgetHover();
+    void highlightNode(int before);
+    void highlightElement();
+    void showPopup();
 
     // Model commands whose windows need rows to work on
     bool refuseWithoutNodes();
@@ -163,6 +182,7 @@ private:
     QLabel *panel7_ = nullptr;
 
     QMenu *mnuZoomakia_ = nullptr;
+    QMenu *mnuAorato_ = nullptr;
     QMenu *mnu_Aorato_Times_ = nullptr;
     std::vector<LabelSwitch> labelSwitches_;
 
@@ -181,9 +201,14 @@ private:
     bool Xeraki_Energo = false;
     bool Zoom_Energo = false;
     bool Zoom_Window_Energo = false;
-    bool Patimeno_Koumpi = false;     ///< the left button is down on the canvas
-    float Patima_X = 0, Patima_Y = 0; ///< the pointer at the last left press, canvas cm
-    float Agkyra_X = 0, Agkyra_Y = 0; ///< the same plus the origin then
+    bool Patimeno_Koumpi = false;  ///< the left button is down on the canvas
+    bool Pano_Se_Kombo = false;    ///< the pointer is over node `Kombos_Deikti`
+    bool Pano_Se_Stoixeio = false; ///< the pointer is over element `Stoixeio_Deikti`
+    int Kombos_Deikti = 0;
+    int Stoixeio_Deikti = 0;
+    /// Set by the first press that defines a node in this run; until then no rubber band shows.
+    bool Exei_Oristei_Kombos = false;
+    float Teleftaio_X = 0, Teleftaio_Y = 0; ///< the pointer's last place, canvas cm
 
     bool arranging_ = false;
     bool closed_ = false;

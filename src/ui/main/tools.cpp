@@ -2,14 +2,22 @@
 
 #include "frmMain.h"
 #include "Functions.h"
+#include "HitTest.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "Mnemonics.h"
 #include "StatusPanel.h"
 #include "Sxediastika.h"
 #include "ui_frmMain.h"
+#include "Units.h"
 #include "Zoom.h"
 
 #include <QIcon>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
 
 namespace veskora {
 
@@ -24,6 +32,31 @@ struct PointerPicture
 constexpr PointerPicture hand = {":/icons/pointer_hand.svg", 16, 18};
 constexpr PointerPicture zoom = {":/icons/pointer_zoom.svg", 12, 12};
 constexpr PointerPicture zoomWindow = {":/icons/pointer_zoom_window.svg", 8, 8};
+
+/// Decimals of a node's coordinates as the mouse gives them.
+constexpr std::int16_t Dekadika_Sintetagmenon = 4;
+
+/// Puts a label at a place of the canvas, centimetres.
+void placeLabel(QLabel *label, double left, double top, double height)
+{
+    label->adjustSize();
+    label->setGeometry(
+        static_cast<int>(std::lround(left * pixelsPerCentimetre)),
+        static_cast<int>(std::lround(top * pixelsPerCentimetre)), label->width(),
+        std::max(label->height(), static_cast<int>(std::lround(height * pixelsPerCentimetre))));
+}
+
+bool areJoined(int a, int b)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const float i = Stoixeia(e, element::nodeI);
+        const float j = Stoixeia(e, element::nodeJ);
+        if ((i == static_cast<float>(a) && j == static_cast<float>(b))
+            || (i == static_cast<float>(b) && j == static_cast<float>(a)))
+            return true;
+    }
+    return false;
+}
 
 QCursor toolCursor(const PointerPicture &picture, double scale)
 {
@@ -103,6 +136,8 @@ void frmMain::Button_Zoom_Best_Fit()
     redraw();
 }
 
+// ------------------------------------------------------------------------------------------ press
+
 void frmMain::canvasPressed(Qt::MouseButton button, double x, double y)
 {
     if (button != Qt::LeftButton)
@@ -114,7 +149,85 @@ void frmMain::canvasPressed(Qt::MouseButton button, double x, double y)
     Agkyra_Y = static_cast<float>(y + Arxi_Y);
     Label_Stoixeio_->hide();
     Line_Stoixeio_->hide();
+    const QPoint place(static_cast<int>(x * pixelsPerCentimetre),
+                       static_cast<int>(y * pixelsPerCentimetre));
+    if (Label2_->geometry().contains(place))
+        Label2_->hide();
+    if (Katastasi_Provolis == 0 && !isToolOn() && Arithmos_Kombon < maxNodes)
+        pressOnModel(x, y);
 }
+
+void frmMain::pressOnModel(double x, double y)
+{
+    if (Pano_Se_Kombo && Kombos_Deikti <= Arithmos_Kombon) {
+        Kombos_Arxis = static_cast<std::int16_t>(Kombos_Deikti);
+        return;
+    }
+    const int n = defineNode(x, y, true);
+    if (n == 0)
+        return;
+    Exei_Oristei_Kombos = true;
+    Neos_Kombos_Sto_Patima = true;
+    Kombos_Arxis = static_cast<std::int16_t>(n);
+}
+
+namespace {
+
+/// The model coordinate that a place on the canvas stands for, as nodes get it.
+double nodeCoordinate(double coordinate, bool toGrid)
+{
+    return toGrid ? Kannabos_Sintetagmeni(coordinate)
+                  : Stroggylopoiisi(coordinate, Dekadika_Sintetagmenon);
+}
+
+/// Whether the rounding, which counts in 32 bits, can tell @p coordinate.
+bool canBeTold(double coordinate)
+{
+    const double steps =
+        nai_grid ? coordinate / kannab : coordinate * std::pow(10.0, Dekadika_Sintetagmenon);
+    return std::abs(steps) < std::numeric_limits<std::int32_t>::max();
+}
+
+std::string restraintCode(int n)
+{
+    std::string code;
+    for (int column = node::fixedX; column <= node::fixedRotation; ++column)
+        code += Komboi(n, column) != 0 ? 'x' : 'o';
+    return code;
+}
+
+} // namespace
+
+int frmMain::defineNode(double x, double y, bool atPress)
+{
+    if (Arithmos_Kombon >= maxNodes)
+        return 0;
+    const double worldX = Othoni_X(x);
+    const double worldY = Othoni_Y(y);
+    if (!canBeTold(worldX) || !canBeTold(worldY)) {
+        Grammi_Log(Metafrasi(135, "This place is too far from the origin for a node."),
+                   logColour::red);
+        return 0;
+    }
+    const int n = ++Arithmos_Kombon;
+    Komboi(n, node::x) = static_cast<float>(nodeCoordinate(worldX, nai_grid));
+    Komboi(n, node::y) = static_cast<float>(nodeCoordinate(worldY, nai_grid));
+    std::string text = Metafrasi(118, "New node #") + numberText(n) + Metafrasi(119, ", x=")
+                       + numberText(Komboi(n, node::x)) + Metafrasi(120, ", y=")
+                       + numberText(Komboi(n, node::y)) + ", ";
+    const std::string code = restraintCode(n);
+    if (atPress || code == "ooo")
+        text += Metafrasi(121, "Free");
+    else
+        text += Metafrasi(122, "Constraints:") + " " + code;
+    Grammi_Log(text, logColour::navy);
+    Sxedio_Kombou(n);
+    ui_->Picture1->update();
+    Allagi_Montelou = true;
+    return n;
+}
+
+// ------------------------------------------------------------------------------------------- move
 
 void frmMain::showCoordinates(double x, double y)
 {
@@ -127,50 +240,272 @@ void frmMain::showCoordinates(double x, double y)
     panel2_->setText(qtText(Metafrasi(67, "y = ") + shown(Othoni_Y(y))));
 }
 
-void frmMain::canvasMoved(double x, double y)
+void frmMain::canvasMoved(Qt::MouseButtons buttons, double x, double y)
 {
+    if (Patimeno_Koumpi && !buttons.testFlag(Qt::LeftButton))
+        endRelease(); // the release went to somebody else
     if (sint_->look())
         showCoordinates(x, y);
-    if (!Patimeno_Koumpi)
+    if (Patimeno_Koumpi && moveView(x, y))
         return;
+    Neos_Kombos_Sto_Patima = false;
+    if (Katastasi_Provolis != 0)
+        return;
+    if (Patimeno_Koumpi && !isToolOn() && Arithmos_Stoixeion < maxElements && Exei_Oristei_Kombos)
+        showRubberBand(x, y);
+    hover(x, y);
+}
+
+/// @return whether a tool took the move
+bool frmMain::moveView(double x, double y)
+{
+    if (Zoom_Window_Energo) {
+        Shape1_->span(Patima_X, Patima_Y, x, y);
+        Shape1_->show();
+        return true;
+    }
     if (Xeraki_Energo) {
         Arxi_X = Agkyra_X - x;
         Arxi_Y = Agkyra_Y - y;
     } else if (Zoom_Energo) {
         Zoom_Syrsimatos(Patima_Y, y);
         Patima_Y = static_cast<float>(y);
-    } else if (Zoom_Window_Energo) {
-        Shape1_->span(Patima_X, Patima_Y, x, y);
-        Shape1_->show();
-        return;
     } else {
-        return;
+        return false;
     }
     Sxedio_Grigoro();
     ui_->Picture1->update();
+    return true;
 }
+
+void frmMain::showRubberBand(double x, double y)
+{
+    const auto snapX = [](double c) { return Kosmos_X(nodeCoordinate(Othoni_X(c), nai_grid)); };
+    const auto snapY = [](double c) { return Kosmos_Y(nodeCoordinate(Othoni_Y(c), nai_grid)); };
+    Line1_->span(snapX(Patima_X), snapY(Patima_Y), snapX(x), snapY(y));
+    Line1_->show();
+
+    const double worldX = Stroggylopoiisi(Kannabos_Sintetagmeni(Othoni_X(x)), 5);
+    const double worldY = Stroggylopoiisi(Kannabos_Sintetagmeni(Othoni_Y(y)), 5);
+    std::string text;
+    if (Nai_Apolites_Sint)
+        text = numberText(worldX) + ", " + numberText(worldY) + "\r\n";
+    if (Nai_Sxetikes_Sint && Kombos_Arxis >= 1 && Kombos_Arxis <= Arithmos_Kombon) {
+        const auto relative = [](double coordinate, float start) {
+            return numberText(Stroggylopoiisi(coordinate - start, Dekadika_Sintetagmenon));
+        };
+        text += "@ " + relative(worldX, Komboi(Kombos_Arxis, node::x)) + ", "
+                + relative(worldY, Komboi(Kombos_Arxis, node::y));
+    }
+    Label2_->setText(qtText(text));
+    placeLabel(Label2_, x + 0.1, y + 0.1, ui_->Picture1->kanvas().textHeight() + 0.5);
+    Label2_->setVisible(!text.empty());
+}
+
+void frmMain::hover(double x, double y)
+{
+    Teleftaio_X = static_cast<float>(x);
+    Teleftaio_Y = static_cast<float>(y);
+    const int nodeBefore = Kombos_Deikti;
+    const int elementBefore = Stoixeio_Deikti;
+    Kombos_Deikti = nodeUnderPointer(x, y);
+    Pano_Se_Kombo = Kombos_Deikti != 0;
+    highlightNode(nodeBefore);
+    if (Patimeno_Koumpi)
+        return;
+    Stoixeio_Deikti = elementUnderPointer(x, y);
+    Pano_Se_Stoixeio = Stoixeio_Deikti != 0;
+    if (Stoixeio_Deikti != elementBefore)
+        highlightElement();
+}
+
+void frmMain::hoverAgain()
+{
+    if (Katastasi_Provolis == 0)
+        hover(Teleftaio_X, Teleftaio_Y);
+}
+
+void frmMain::forgetHover()
+{
+    Pano_Se_Kombo = Pano_Se_Stoixeio = false;
+    Kombos_Deikti = Stoixeio_Deikti = 0;
+    hideHighlights();
+}
+
+/// Marks where a node would come, or the node that is there.
+void frmMain::highlightNode(int before)
+{
+    constexpr double markSide = 0.238;
+    constexpr double nodeSide = 0.45;
+    const bool toGrid = nai_grid && !isToolOn();
+    const double x = Kosmos_X(nodeCoordinate(Othoni_X(Teleftaio_X), toGrid));
+    const double y = Kosmos_Y(nodeCoordinate(Othoni_Y(Teleftaio_Y), toGrid));
+    const bool onNode = Pano_Se_Kombo && !isToolOn();
+    const double half = (onNode ? nodeSide : markSide) / 2;
+    if (Kombos_Deikti != before) {
+        QPen pen = Shape_Kombos_->pen();
+        pen.setWidth(onNode ? 2 : 1);
+        Shape_Kombos_->setPen(pen);
+        Shape_Kombos_->setForm(onNode ? CanvasOverlay::Form::circle
+                                      : CanvasOverlay::Form::roundedSquare);
+        Label_Kombos_->setText(qtText(numberText(Kombos_Deikti)));
+        Label_Kombos_->setVisible(onNode);
+    }
+    Shape_Kombos_->span(x - half, y - half, x + half, y + half);
+    Shape_Kombos_->setVisible(!isToolOn());
+    if (onNode)
+        placeLabel(Label_Kombos_, x - half + 0.32, y - half - 0.32,
+                   ui_->Picture1->kanvas().textHeight() + 0.2);
+}
+
+void frmMain::highlightElement()
+{
+    const bool shown = Pano_Se_Stoixeio && !isToolOn();
+    if (shown) {
+        const auto place = [this](int end) {
+            const auto n = static_cast<int>(Stoixeia(Stoixeio_Deikti, end));
+            return std::pair(Kosmos_X(Komboi(n, node::x)), Kosmos_Y(Komboi(n, node::y)));
+        };
+        const auto [x1, y1] = place(element::nodeI);
+        const auto [x2, y2] = place(element::nodeJ);
+        Line_Stoixeio_->span(x1, y1, x2, y2);
+        Label_Stoixeio_->setText(qtText(numberText(Stoixeio_Deikti)));
+        placeLabel(Label_Stoixeio_, (x1 + x2) / 2, (y1 + y2) / 2 - 0.4,
+                   ui_->Picture1->kanvas().textHeight() + 0.2);
+    }
+    Line_Stoixeio_->setVisible(shown);
+    Label_Stoixeio_->setVisible(shown);
+}
+
+// ---------------------------------------------------------------------------------------- release
 
 void frmMain::canvasReleased(Qt::MouseButton button, double x, double y)
 {
     if (button == Qt::LeftButton)
         leftReleased(x, y);
-    else if (button == Qt::RightButton && isToolOn())
-        mnuZoomakia_->popup(QCursor::pos());
+    else if (button == Qt::RightButton && !Patimeno_Koumpi)
+        showPopup();
 }
 
 void frmMain::leftReleased(double x, double y)
 {
-    if (Zoom_Window_Energo) {
-        Zoom_Parathyrou(Patima_X, Patima_Y, static_cast<float>(x), static_cast<float>(y));
-        Shape1_->hide();
-    }
-    if (isToolOn())
+    if (Patimeno_Koumpi && isToolOn()) {
+        if (Zoom_Window_Energo) {
+            Zoom_Parathyrou(Patima_X, Patima_Y, static_cast<float>(x), static_cast<float>(y));
+            Shape1_->hide();
+        }
         Apothikefsi_Zoom();
+    } else if (Patimeno_Koumpi && Katastasi_Provolis == 0) {
+        defineElementTo(x, y);
+    }
+    endRelease();
+    hoverAgain();
+}
+
+void frmMain::endRelease()
+{
     Line1_->hide();
     Label2_->hide();
     Patimeno_Koumpi = false;
     if (isToolOn())
         redraw();
+}
+
+/// Ends a drag in the model: a node at its end where there is none, and the element between.
+void frmMain::defineElementTo(double x, double y)
+{
+    int end = 0;
+    if (Pano_Se_Kombo && Kombos_Deikti <= Arithmos_Kombon)
+        end = Kombos_Deikti;
+    else if (!Neos_Kombos_Sto_Patima)
+        end = defineNode(x, y, false);
+    if (end != 0 && end != Kombos_Arxis) {
+        if (Arithmos_Omadon == 0)
+            offerMainGroup();
+        if (Arithmos_Omadon >= 1 && Kombos_Arxis >= 1 && Kombos_Arxis <= Arithmos_Kombon
+            && Arithmos_Stoixeion < maxElements && !areJoined(Kombos_Arxis, end))
+            addElement(end);
+    }
+    redraw();
+}
+
+void frmMain::offerMainGroup()
+{
+    const std::string text =
+        Metafrasi(128, "Before defining an element, the main E,A,I Element Group must have been "
+                       "defined (#1).")
+        + "\r\n"
+        + Metafrasi(129, "Elements defined on screen always belong to the main E,A,I Element "
+                         "Group.")
+        + "\r\n\r\n" + Metafrasi(130, "Do you want to define the main E,A,I Element Group now?");
+    Grammi_Log(text, logColour::red);
+    if (desktop().message(text, Icon::exclamation, Buttons::yesNo) == Answer::yes)
+        Button_EAI();
+}
+
+void frmMain::addElement(int end)
+{
+    const int e = ++Arithmos_Stoixeion;
+    Stoixeia(e, element::nodeI) = Kombos_Arxis;
+    Stoixeia(e, element::nodeJ) = static_cast<float>(end);
+    Stoixeia(e, element::group) = 1;
+    Grammi_Log(Metafrasi(123, "New element #") + numberText(e) + ", " + Metafrasi(124, "Node i: #")
+                   + numberText(int{Kombos_Arxis}) + ", " + Metafrasi(125, "Node j: #")
+                   + numberText(end) + ", " + Metafrasi(126, "E,A,I Group: #") + numberText(1)
+                   + ", " + Metafrasi(127, "P2 Type"),
+               logColour::navy);
+    Allagi_Montelou = true;
+}
+
+// ----------------------------------------------------------------------- right button, double
+// click
+
+void frmMain::showPopup()
+{
+    if (isToolOn()) {
+        mnuZoomakia_->popup(QCursor::pos());
+        return;
+    }
+    const bool onNode = Pano_Se_Kombo && Kombos_Deikti <= Arithmos_Kombon;
+    const bool onElement = Pano_Se_Stoixeio && Stoixeio_Deikti <= Arithmos_Stoixeion;
+    const auto entry = [this](const char *name) { return findChild<QAction *>(name); };
+    const auto set = [](QAction *action, const std::string &text, int row, bool visible) {
+        if (visible) {
+            action->setText(qtText(text + numberText(row)));
+            action->setData(row);
+        }
+        action->setVisible(visible);
+    };
+    set(entry("mnu1item"), Metafrasi(137, "Node #"), Kombos_Deikti, onNode);
+    set(entry("mnu3item"), Metafrasi(132, "Loads on node #"), Kombos_Deikti, onNode);
+    set(entry("mnu2item"), Metafrasi(133, "Element #"), Stoixeio_Deikti, onElement);
+    set(entry("mnu4item"), Metafrasi(134, "Loads on element #"), Stoixeio_Deikti, onElement);
+    entry("mnusss77")->setVisible(onNode && onElement);
+    assignMnemonics(mnuAorato_->actions());
+    if (onNode || onElement)
+        mnuAorato_->popup(QCursor::pos());
+}
+
+void frmMain::canvasDoubleClicked()
+{
+    if (isToolOn() || Katastasi_Provolis != 0)
+        return;
+    constexpr double near = 2; // centimetres
+    constexpr std::array<const char *, 8> ring = {"ooo", "xoo", "oxo", "oox",
+                                                  "xxo", "xox", "oxx", "xxx"};
+    if (const int n = nearestNode(Teleftaio_X, Teleftaio_Y, near)) {
+        const auto isCode = [n](int column) {
+            return Komboi(n, column) == 0 || Komboi(n, column) == 1;
+        };
+        const auto at = std::ranges::find(ring, restraintCode(n));
+        if (isCode(node::fixedX) && isCode(node::fixedY) && isCode(node::fixedRotation)) {
+            const char *next = at + 1 == ring.end() ? ring.front() : *(at + 1);
+            for (int k = 0; k < 3; ++k)
+                Komboi(n, node::fixedX + k) = next[k] == 'x' ? 1.0F : 0.0F;
+            Allagi_Montelou = true;
+        }
+    }
+    redraw();
 }
 
 } // namespace veskora

@@ -1,0 +1,337 @@
+// A model built with the mouse.
+
+#include "MainWindowTest.h"
+
+#include "Files.h"
+#include "MathFunc.h"
+#include "Models.h"
+#include "Sxediastika.h"
+#include "Zoom.h"
+
+#include <QMenu>
+
+#include <gmock/gmock.h>
+
+#include <random>
+
+namespace veskora {
+namespace {
+
+class CanvasTools : public MainWindow
+{
+protected:
+    CanvasTools()
+    {
+        start();
+        window->resize(1200, 900);
+        QCoreApplication::processEvents();
+    }
+
+    double canvasX(double x) const { return Kosmos_X(x); }
+    double canvasY(double y) const { return Kosmos_Y(y); }
+    void press(double x, double y)
+    {
+        moveTo(x, y);
+        mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(x), canvasY(y));
+    }
+    void moveTo(double x, double y, Qt::MouseButton held = Qt::NoButton)
+    {
+        mouse(QEvent::MouseMove, held, canvasX(x), canvasY(y));
+    }
+    void release(double x, double y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        mouse(QEvent::MouseButtonRelease, button, canvasX(x), canvasY(y));
+    }
+    /// All in model coordinates, through the events that a desktop sends.
+    void dragModel(double x1, double y1, double x2, double y2)
+    {
+        press(x1, y1);
+        moveTo((x1 + x2) / 2, (y1 + y2) / 2, Qt::LeftButton);
+        moveTo(x2, y2, Qt::LeftButton);
+        release(x2, y2);
+    }
+    void click(double x, double y)
+    {
+        press(x, y);
+        release(x, y);
+    }
+    void doubleClick(double x, double y)
+    {
+        click(x, y);
+        mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
+        release(x, y);
+    }
+    std::string code(int n) const
+    {
+        std::string text;
+        for (int column = node::fixedX; column <= node::fixedRotation; ++column)
+            text += Komboi(n, column) == 1 ? 'x' : 'o';
+        return text;
+    }
+    bool shown(const char *name) { return find<QWidget>(name)->isVisible(); }
+
+    const std::string groupQuestion =
+        "Before defining an element, the main E,A,I Element Group must have been defined (#1).\r\n"
+        "Elements defined on screen always belong to the main E,A,I Element Group.\r\n\r\n"
+        "Do you want to define the main E,A,I Element Group now?";
+};
+
+TEST_F(CanvasTools, APortalIsDrawnAndSaved)
+{
+    addGroup(2.1e8, .01, 1e-4);
+    dragModel(0, 0, 0, 3.9); // the grid takes the pointer to (0, 4)
+    dragModel(.1, 4.1, 6, 4);
+    dragModel(6, 4, 6, 0);
+    const auto lines = log();
+    EXPECT_EQ(lines[4], " New node #1, x=0, y=0, Free");
+    EXPECT_EQ(lines[5], " New node #2, x=0, y=4, Free");
+    EXPECT_EQ(lines[6], " New element #1, Node i: #1, Node j: #2, E,A,I Group: #1, P2 Type");
+    EXPECT_EQ(lines[10], " New element #3, Node i: #3, Node j: #4, E,A,I Group: #1, P2 Type");
+    for (int times = 0; times < 7; ++times) // round the ring to the clamp
+        doubleClick(0, 0);
+    EXPECT_EQ(code(1), "xxx");
+    EXPECT_EQ(Arithmos_Kombon, 4);
+    EXPECT_EQ(Arithmos_Stoixeion, 3);
+    EXPECT_TRUE(Allagi_Montelou);
+    desktop.expectFileDialog(path("drawn.vsk"));
+    trigger("Save");
+    const auto saved = [this](const char *model) {
+        buildModel(model);
+        std::string name = path("expected.vsk");
+        Apothikefsi_Arxeiou(name, true);
+        return contentOf(name);
+    };
+    const std::string drawn = contentOf(path("drawn.vsk"));
+    EXPECT_EQ(drawn,
+              saved("G 2.1e8 .01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0; E 1 2 1; E 2 3 1; E 3 4 1"));
+}
+
+TEST_F(CanvasTools, AClickDefinesANodeAndADoubleClickItsRestraint)
+{
+    click(2, 3);
+    EXPECT_EQ(Arithmos_Kombon, 1);
+    EXPECT_EQ(log().size(), 5);
+    click(2.2, 3.2); // the same grid point: the node is taken
+    EXPECT_EQ(Arithmos_Kombon, 1);
+    for (const char *next : {"xoo", "oxo", "oox", "xxo", "xox", "oxx", "xxx", "ooo"}) {
+        doubleClick(2, 3);
+        EXPECT_EQ(code(1), next);
+    }
+    doubleClick(8, 1); // on empty canvas: a node, at once restrained
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_EQ(code(2), "xoo");
+    Komboi(2, node::fixedX) = .5F; // no code of the ring
+    doubleClick(8, 1);
+    EXPECT_EQ(Komboi(2, node::fixedX), .5F);
+}
+
+TEST_F(CanvasTools, WithoutTheGridNodesStandWhereThePointerIsToFourDecimals)
+{
+    nai_grid = false;
+    click(1.23456, 2.34567);
+    EXPECT_NEAR(Komboi(1, node::x), 1.2346, .02); // pixels are coarser
+    EXPECT_EQ(Stroggylopoiisi(Komboi(1, node::x), 4), Stroggylopoiisi(Komboi(1, node::x), 6));
+    const double x = Komboi(1, node::x), y = Komboi(1, node::y);
+    click(x + .1, y - .1); // within 0.15 cm
+    EXPECT_EQ(Arithmos_Kombon, 1);
+    click(x + .3, y);
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    Komboi(2, node::x) = static_cast<float>(x + .1); // two close ones: the lower number
+    moveTo(x + .1, y);
+    EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "1");
+}
+
+TEST_F(CanvasTools, TheMainGroupIsAskedForWhenAnElementNeedsIt)
+{
+    desktop.expectMessage(groupQuestion, Icon::exclamation, Answer::no);
+    dragModel(0, 0, 4, 0);
+    EXPECT_EQ(Arithmos_Kombon, 2); // both stay
+    EXPECT_EQ(Arithmos_Stoixeion, 0);
+    EXPECT_TRUE(log().contains(
+        " Before defining an element, the main E,A,I Element Group must have been defined (#1)."));
+}
+
+TEST_F(CanvasTools, DragsThatDefineNothing)
+{
+    addGroup(1, 1, 1);
+    dragModel(0, 0, 4, 0);
+    dragModel(4, 0, 0, 0); // joined already, the other way
+    dragModel(0, 0, 0, 0); // back to itself
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_EQ(Arithmos_Stoixeion, 1);
+    Katastasi_Provolis = 1; // over a diagram
+    dragModel(5, 5, 8, 8);
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    Katastasi_Provolis = 0;
+    nai_grid = false;
+    Klimaka = 3e11F; // beyond what coordinates can be rounded to
+    mouse(QEvent::MouseMove, Qt::NoButton, 9, 9);
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, 9, 9);
+    mouse(QEvent::MouseButtonRelease, Qt::LeftButton, 9, 9);
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_TRUE(log().last().startsWith(" This place is too far"));
+}
+
+TEST_F(CanvasTools, FullTablesTakeNoMoreAndSayNothing)
+{
+    addGroup(1, 1, 1);
+    while (Arithmos_Kombon < maxNodes)
+        addNode(100 + Arithmos_Kombon, 100);
+    const auto lines = log().size();
+    dragModel(0, 0, 4, 0);
+    EXPECT_EQ(Arithmos_Kombon, maxNodes);
+    EXPECT_EQ(Arithmos_Stoixeion, 0);
+    EXPECT_EQ(log().size(), lines);
+    Katharismos_Montelou();
+    addGroup(1, 1, 1);
+    addNode(50, 50);
+    addNode(60, 50);
+    while (Arithmos_Stoixeion < maxElements)
+        addElement(1, 2);
+    dragModel(0, 0, 4, 0);
+    EXPECT_EQ(Arithmos_Kombon, 4);
+    EXPECT_EQ(Arithmos_Stoixeion, maxElements);
+}
+
+TEST_F(CanvasTools, TheRubberBandShowsWhereTheElementWillLie)
+{
+    Nai_Apolites_Sint = true;
+    addGroup(1, 1, 1);
+    addNode(2, 2);
+    press(2, 2); // from a node that was there before: no band in this run yet
+    moveTo(4, 2, Qt::LeftButton);
+    EXPECT_FALSE(shown("Line1"));
+    release(4, 2);
+    press(1, 1);
+    moveTo(5.2, 3.3, Qt::LeftButton);
+    EXPECT_TRUE(shown("Line1"));
+    EXPECT_EQ(find<QLabel>("Label2")->text(), "5, 3\n@ 4, 2");
+    release(5.2, 3.3);
+    EXPECT_FALSE(shown("Line1") || shown("Label2"));
+}
+
+TEST_F(CanvasTools, HighlightsFollowThePointer)
+{
+    buildModel("G 1 1 1; N 1 1; N 7 4; N 7 4; E 1 2 1; E 2 1 1; E 2 3 1");
+    moveTo(1, 1);
+    EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "1");
+    EXPECT_TRUE(shown("Label_Kombos") && shown("Shape_Kombos"));
+    EXPECT_EQ(find<QWidget>("Shape_Kombos")->width(),
+              static_cast<int>(std::lround(.45 * 96 / 2.54)) + 7);
+    moveTo(4, 2.55);
+    EXPECT_FALSE(shown("Label_Kombos"));
+    EXPECT_EQ(find<QLabel>("Label_Stoixeio")->text(), "1"); // of two alike the lower
+    EXPECT_TRUE(shown("Line_Stoixeio"));
+    moveTo(4, 3.5);
+    EXPECT_FALSE(shown("Line_Stoixeio"));
+    trigger("Xeraki");
+    EXPECT_FALSE(shown("Shape_Kombos"));
+    moveTo(1, 1);
+    EXPECT_FALSE(shown("Label_Kombos") || shown("Shape_Kombos"));
+}
+
+TEST_F(CanvasTools, TheRightButtonOffersWhatLiesUnderThePointer)
+{
+    buildModel("G 1 1 1; N 1 1; N 7 1; E 1 2 1");
+    const auto entries = [this] {
+        std::string text;
+        for (const char *name : {"mnu1item", "mnu3item", "mnusss77", "mnu2item", "mnu4item"})
+            if (const auto *action = find<QAction>(name); action->isVisible())
+                text +=
+                    action->isSeparator() ? "-" : action->text().remove('&').toStdString() + ";";
+        return text;
+    };
+    struct Case
+    {
+        double x, y;
+        const char *entries;
+    };
+    for (const Case &c : {Case{1, 1, "Node #1;Loads on node #1;-Element #1;Loads on element #1;"},
+                          {4, 1.1, "Element #1;Loads on element #1;"}}) {
+        moveTo(c.x, c.y);
+        release(c.x, c.y, Qt::RightButton);
+        EXPECT_TRUE(find<QMenu>("mnuAorato")->isVisible());
+        EXPECT_EQ(entries(), c.entries);
+        find<QMenu>("mnuAorato")->close();
+    }
+    moveTo(4, 5);
+    release(4, 5, Qt::RightButton);
+    EXPECT_FALSE(find<QMenu>("mnuAorato")->isVisible());
+    trigger("Zoom");
+    release(4, 5, Qt::RightButton);
+    EXPECT_TRUE(find<QMenu>("mnuZoomakia")->isVisible());
+    find<QMenu>("mnuZoomakia")->close();
+}
+
+// Thousands of events of every kind; after each the tables are sound.
+TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
+{
+    std::mt19937 random(42);
+    const auto pick = [&](int low, int high) {
+        return std::uniform_int_distribution(low, high)(random);
+    };
+    addGroup(2e8, 1e-2, 1e-4);
+    constexpr std::array tools = {"Xeraki",      "Zoom",     "Zoom_Window", "Zoom_Previous",
+                                  "ZoomBestFit", "Kannabos", "M",           "Foreas"};
+    bool down = false;
+    int mostNodes = 0, mostElements = 0;
+    constexpr int events = 6000;
+    for (int i = 0; i < events; ++i) {
+        const double x = pick(-20, 320) / 10., y = pick(-20, 220) / 10.;
+        switch (pick(0, 80)) {
+        case 0: {
+            const char *tool = tools.at(static_cast<std::size_t>(pick(0, tools.size() - 1)));
+            if (std::string(tool) == "Kannabos")
+                nai_grid = !nai_grid;
+            else if (std::string(tool) == "M")
+                Katastasi_Provolis = 1;
+            else
+                trigger(tool);
+            break;
+        }
+        case 1:
+            mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, x, y);
+            break;
+        case 2:
+            mouse(QEvent::MouseButtonRelease, Qt::RightButton, x, y);
+            find<QMenu>("mnuAorato")->close();
+            find<QMenu>("mnuZoomakia")->close();
+            break;
+        case 3:
+            if (pick(0, 9) == 0) {
+                Katharismos_Montelou();
+                addGroup(2e8, 1e-2, 1e-4);
+            }
+            break;
+        case 5:
+            window->Reset_Pointer();
+            break;
+        case 4:
+            resetView();
+            break;
+        default:
+            if (pick(0, 2) == 0) {
+                mouse(down ? QEvent::MouseButtonRelease : QEvent::MouseButtonPress, Qt::LeftButton,
+                      x, y);
+                down = !down;
+            } else {
+                mouse(QEvent::MouseMove, down ? Qt::LeftButton : Qt::NoButton, x, y);
+            }
+        }
+        mostNodes = std::max<int>(mostNodes, Arithmos_Kombon);
+        mostElements = std::max<int>(mostElements, Arithmos_Stoixeion);
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+            for (const int end : {element::nodeI, element::nodeJ}) {
+                ASSERT_GE(Stoixeia(e, end), 1) << i;
+                ASSERT_LE(Stoixeia(e, end), Arithmos_Kombon) << i;
+            }
+        for (int n = Arithmos_Kombon + 1; n <= maxNodes; ++n)
+            ASSERT_EQ(Komboi(n, 1), 0) << i;
+        ASSERT_TRUE(std::isfinite(Arxi_X) && std::isfinite(Arxi_Y) && Klimaka > 0) << i;
+    }
+    EXPECT_GT(mostNodes, 50); // it did build something on its way
+    EXPECT_GT(mostElements, 20);
+}
+
+} // namespace
+} // namespace veskora
