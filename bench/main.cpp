@@ -1,13 +1,13 @@
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
+#include <QApplication>
 
 #include <cstdlib>
 
 int main(int argc, char **argv)
 {
-    ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // fonts are Qt's, a display is not needed
-    const QGuiApplication application(argc, argv);
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // windows and fonts without a display
+    const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();

@@ -113,6 +113,7 @@ void frmMain::buildCanvasObjects()
         QPalette colours = text->palette();
         colours.setColor(QPalette::WindowText, colour);
         text->setPalette(colours);
+        text->setFont(QFont(QString::fromLatin1(canvasFontFace), 9));
         text->setObjectName(name);
         text->setTextFormat(Qt::PlainText);
         text->setAttribute(Qt::WA_TransparentForMouseEvents);
