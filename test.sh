@@ -11,6 +11,9 @@ cmake --preset release -DVESKORA_TESTS=ON >/dev/null
 cmake --build --preset release
 ctest --preset release -j "$(nproc)"
 
+echo "== What the README quotes"
+scripts/check-docs.sh build/release/bin/Veskora_batch
+
 echo "== Tests, under the address and undefined-behaviour sanitizers"
 cmake --preset sanitize >/dev/null
 cmake --build --preset sanitize

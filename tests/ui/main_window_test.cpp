@@ -8,6 +8,7 @@
 #include "Models.h"
 #include "Zoom.h"
 
+#include <QClipboard>
 #include <QFile>
 #include <QMenu>
 #include <QSignalSpy>
@@ -359,6 +360,32 @@ TEST_F(MainWindow, AnalyzesAndShowsTheResults)
     trigger("Foreas");
     EXPECT_FALSE(find<QWidget>("Command2")->isVisible());
     EXPECT_EQ(panel("Panel7"), " Model");
+}
+
+TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    trigger("Epilisi");
+    trigger("M");
+    const QImage shown = canvas().kanvas().image().copy();
+    trigger("mnuEIKONA_Clipboard_item");
+    EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(shown.format()), shown);
+    struct Case
+    {
+        const char *chosen, *written;
+    };
+    for (const Case &c : {Case{"a", "a.bmp"}, {"b.bmp", "b.bmp"}, {"c.BMP", "c.BMP.bmp"}}) {
+        desktop.expectFileDialog(path(c.chosen));
+        trigger("mnuEIKONA_arxeio_bmp_item");
+        EXPECT_EQ(QImage(QString::fromStdString(path(c.written)), "bmp"), shown) << c.written;
+    }
+    EXPECT_EQ(desktop.fileQuestions.back().filter, "Bitmap Files (*.bmp)|*.bmp");
+    EXPECT_EQ(desktop.fileQuestions.back().proposed, "Picture");
+    desktop.expectFileDialog(path("none/d.bmp")); // a failing write is silent
+    trigger("mnuEIKONA_arxeio_bmp_item");
+    desktop.expectFileDialog(std::nullopt);
+    trigger("mnuEIKONA_arxeio_bmp_item");
 }
 
 TEST_F(MainWindow, CommandsWithoutRowsRefuseInTheBoxAndInRed)
