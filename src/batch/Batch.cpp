@@ -172,7 +172,9 @@ private:
             Katastasi_Provolis = static_cast<std::int16_t>(mode);
             Ananeosi_Sxediou();
             const std::string path = pathWithout(model) + names[mode];
-            if (!kanvas.image().save(QString::fromStdString(path)))
+            if (!written_.insert(path).second)
+                failure = path + " was written in this run already";
+            else if (!writeImage(kanvas.image(), QString::fromStdString(path), "png"))
                 failure = path + ": the picture could not be written";
         }
         setPicture1(nullptr);

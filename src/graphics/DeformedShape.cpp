@@ -176,7 +176,7 @@ void Sxedio_Paramorfosis()
     Sxedio_Kombon();
     kanvas.setPenColour(xroma_paramorfosis);
     kanvas.setPenWidth(2);
-    if (nai_stoixeia) {
+    if (nai_stoixeia && Ena_cm_posa_m_epi_1000 != 0) {
         Station station;
         for (int e = 1; e <= Arithmos_Stoixeion; ++e)
             skipFaults([&, e] { drawDeformedElement(e, station); });

@@ -33,6 +33,10 @@ public:
     virtual double width() const = 0;
     virtual double height() const = 0;
 
+    /// The nearest place where a line in the pen in force covers whole device pixels: a symbol that
+    /// stands there is crisp as a whole.
+    virtual double crisp(double centimetres) const { return centimetres; }
+
     /// Fills all with the background colour; the current point becomes (0, 0).
     void clear();
 

@@ -77,13 +77,13 @@ void drawMoment(const SymbolPen &pen, float moment)
 class ArrowRow
 {
 public:
-    /// @param i,j  the element's ends on the canvas
-    ArrowRow(Point i, Point j) : start_(i)
+    /// @param i,j     the element's ends on the canvas
+    /// @param length  between them; told by itself, since the difference of two places that move
+    ///                with every pan rounds now to one number of bays and now to the next
+    ArrowRow(Point i, Point j, double length) : start_(i)
     {
-        const double dx = j.x - i.x;
-        const double dy = j.y - i.y;
-        const double bays = std::max(2.0, std::floor(std::sqrt(dx * dx + dy * dy)));
-        step_ = {dx / bays, dy / bays};
+        const double bays = std::max(2.0, std::floor(length));
+        step_ = {(j.x - i.x) / bays, (j.y - i.y) / bays};
         double last = bays;
         narrow(last, start_.x, step_.x, Picture1().width());
         narrow(last, start_.y, step_.y, Picture1().height());
@@ -127,7 +127,7 @@ private:
 };
 
 /// Above the element on the screen, whatever its slope.
-void drawFieldY(Point i, Point j, float load)
+void drawFieldY(Point i, Point j, double length, float load)
 {
     constexpr double depth = 0.6;
     const double s = signOf(load);
@@ -136,7 +136,7 @@ void drawFieldY(Point i, Point j, float load)
     if (!nai_fortiseis_om)
         return;
     Picture1().line(i.x, i.y - depth, j.x, j.y - depth);
-    ArrowRow(i, j).each([=](const SymbolPen &pen) {
+    ArrowRow(i, j, length).each([=](const SymbolPen &pen) {
         if (s < 0)
             pen.line(0, -depth, 0, depth);
         else
@@ -148,7 +148,7 @@ void drawFieldY(Point i, Point j, float load)
 }
 
 /// Left of the element.
-void drawFieldX(Point i, Point j, float load)
+void drawFieldX(Point i, Point j, double length, float load)
 {
     constexpr double depth = 0.6;
     const double s = signOf(load);
@@ -157,7 +157,7 @@ void drawFieldX(Point i, Point j, float load)
     if (!nai_fortiseis_om)
         return;
     Picture1().line(i.x - depth, i.y, j.x - depth, j.y);
-    ArrowRow(i, j).each([=](const SymbolPen &pen) {
+    ArrowRow(i, j, length).each([=](const SymbolPen &pen) {
         if (s < 0)
             pen.line(0, 0, -depth, 0);
         else
@@ -202,10 +202,11 @@ void Sxedio_Fortiseon_Om()
             const ElementLine line = elementLine(e);
             const Point i = toCanvas(line.i);
             const Point j = toCanvas(line.j);
+            const double length = Mikos_Se_Othoni(line.length);
             if (wy != 0)
-                drawFieldY(i, j, wy);
+                drawFieldY(i, j, length, wy);
             if (wx != 0)
-                drawFieldX(i, j, wx);
+                drawFieldX(i, j, length, wx);
         });
 }
 

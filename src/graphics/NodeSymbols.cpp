@@ -39,7 +39,10 @@ Point structureDirection(int n)
         if (j == static_cast<float>(n))
             add(i);
     }
-    return sum;
+    // Elements in a straight line cancel but for the rounding of their nodes' coordinates.
+    constexpr double noise = 1e-6;
+    const auto clean = [](double part) { return std::abs(part) < noise ? 0 : part; };
+    return {clean(sum.x), clean(sum.y)};
 }
 
 /// Five strokes of the ground's hatch, the first one from (x, y).

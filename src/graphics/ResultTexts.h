@@ -31,14 +31,17 @@ public:
         return rounded;
     }
 
-    /// Tells the user, once a picture, what the zeros in it may be.
+    /// Tells the user what the zeros in the picture may be; once, until another picture is shown or
+    /// this one has none.
     void report() const
     {
-        if (lost_)
+        const auto picture = static_cast<std::int16_t>(100 * Katastasi_Provolis + decimals_);
+        if (lost_ && roundingReportedFor != picture)
             Grammi_Log(Metafrasi(136, "Values beyond this limit are shown as 0; use fewer decimals "
                                       "or larger units:")
                            + " " + numberText(std::numeric_limits<std::int32_t>::max() / power_),
                        logColour::red);
+        roundingReportedFor = lost_ ? picture : std::int16_t{-1};
     }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "Sxediastika.h"
 
+#include "ElementLine.h"
 #include "Functions.h"
 #include "Kanvas.h"
 #include "Metablites.h"
@@ -84,8 +85,8 @@ void Sxedio_Aksonon()
     if (nai_aksones) {
         kanvas.setPenColour(xroma_aksonon);
         kanvas.setPenWidth(1);
-        const double a = Kosmos_X(0);
-        const double b = Kosmos_Y(0);
+        const double a = kanvas.crisp(Kosmos_X(0));
+        const double b = kanvas.crisp(Kosmos_Y(0));
         kanvas.lineRelative(a - 0.2, b, 1.7, 0);
         kanvas.lineRelative(a + 1.8, b, -0.3, 0.1);
         kanvas.lineRelative(a + 1.8, b, -0.3, -0.1);
@@ -124,10 +125,10 @@ void Sxedio_Grigoro()
     kanvas.setPenColour(xroma_stoixeion);
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         skipFaults([&, e] {
-            const int i = static_cast<int>(Stoixeia(e, element::nodeI));
-            const int j = static_cast<int>(Stoixeia(e, element::nodeJ));
-            kanvas.line(Kosmos_X(Komboi(i, node::x)), Kosmos_Y(Komboi(i, node::y)),
-                        Kosmos_X(Komboi(j, node::x)), Kosmos_Y(Komboi(j, node::y)));
+            const ElementLine line = elementLine(e);
+            const Point i = toCanvas(line.i);
+            const Point j = toCanvas(line.j);
+            kanvas.line(i.x, i.y, j.x, j.y);
         });
 }
 

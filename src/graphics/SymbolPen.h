@@ -32,7 +32,9 @@ void printAt(Point place, const Printed &printed)
 class SymbolPen
 {
 public:
-    explicit SymbolPen(Point place) : place_(place), kanvas_(Picture1()) {}
+    explicit SymbolPen(Point place)
+        : place_{Picture1().crisp(place.x), Picture1().crisp(place.y)}, kanvas_(Picture1())
+    {}
 
     /// From (x, y) by (dx, dy).
     void line(double x, double y, double dx, double dy) const

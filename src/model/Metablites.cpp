@@ -64,6 +64,7 @@ double Arxi_Y = 2;
 Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 std::int16_t Thesi_Istorikou = 0;
 std::int16_t denseGridReportedAt = -1;
+std::int16_t roundingReportedFor = -1;
 
 void resetView()
 {
@@ -136,6 +137,7 @@ void resetStore()
     resetView();
     resetZoomHistory();
     denseGridReportedAt = -1;
+    roundingReportedFor = -1;
 }
 
 } // namespace veskora

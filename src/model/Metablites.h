@@ -152,6 +152,10 @@ extern std::int16_t
     denseGridReportedAt; ///< row of the view whose grid was said to be too dense, or -1
 /// @}
 
+/// The picture of results, 100 times its mode and its decimals, whose values were said to be too
+/// large to be shown; -1 for none.
+extern std::int16_t roundingReportedFor;
+
 /// @name Settings
 /// Their keys and start values stand in `settings`.
 /// @{

@@ -88,7 +88,7 @@ TEST_F(DeformedShape, TheFrameLiesBelowAndTheExtremesStandAbove)
 {
     buildModel("N 0 0 ooo; N 3 4; E 1 2");
     Metatopiseis(1) = -0.003;
-    Metatopiseis(5) = 0.0040000004;
+    Metatopiseis(5) = 0.0040004;
     Sxedio_Paramorfosis();
     std::erase_if(kanvas.drawn,
                   [](const Primitive &p) { return p.pen.colour == xroma_paramorfosis; });

@@ -135,9 +135,11 @@ TEST_F(Diagrams, MomentsOfLoadedBeamsAreTheParabolasOfTheTextbook)
                     EXPECT_NEAR(foundX, x, nearly);
                     EXPECT_NEAR(foundY, y, nearly);
                 };
+                const std::size_t chord = static_cast<std::size_t>(k) + 1; // that ends here
                 if (k > 0)
-                    isThere(lines[static_cast<std::size_t>(k) + 1].x2,
-                            lines[static_cast<std::size_t>(k) + 1].y2);
+                    isThere(lines[chord].x2, lines[chord].y2);
+                if (k < 16)
+                    isThere(lines[chord + 1].x, lines[chord + 1].y);
                 if (k % 16 != 0)
                     continue;
                 const std::size_t end = k == 0 ? 0 : 1; // from the element to the parabola's ends
@@ -201,6 +203,7 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
              {2, 10, 10, 8.33F, 12.5F},
              {3, 10, 10, 8.33F, 12.5F},
              {4, 10, 0.01, 8.33F, 12.5F},
+             {1, 0.8F, 1, 0.69F, 0.95F},
              {1, 10, 0, 10, 10},
              {1, 0, 0, 0, 0},
              {1, 50, 10, 25, 50},       // no divisor

@@ -31,9 +31,9 @@ TEST_F(ElementSymbols, LabelsFollowTheElementAndNeverStandUpsideDown)
              {1, 1, "turned 0 0 450 11 200 ' 1 (3)'; turned .2121 .2121 450 11 200 ' 1.4142'"},
          }) {
         Katharismos_Montelou();
-        originAt(0, 0);
-        addNode(0, 0);
-        addNode(c.dx, c.dy);
+        originAt(-1, 2);
+        addNode(1, 2);
+        addNode(1 + c.dx, 2 + c.dy);
         addElement(1, 2, 3);
         kanvas.clear();
         Sxedio_Stoixeiou(1);
@@ -45,8 +45,8 @@ TEST_F(ElementSymbols, LabelsFollowTheElementAndNeverStandUpsideDown)
 
 TEST_F(ElementSymbols, HingeMarksTouchTheNodesAndHideTheLine)
 {
-    originAt(0, 0, 50); // so that canvas and world lengths differ
-    buildModel("N 0 0; N 3 4; N 3 4; E 1 2 1 1 1; E 1 2 1 2 0; E 2 3 1 1 0");
+    originAt(-2, 4, 50); // so that canvas and world lengths differ
+    buildModel("N 1 2; N 4 6; N 4 6; E 1 2 1 1 1; E 1 2 1 2 0; E 2 3 1 1 0");
     nai_arithmisi_stoixeion = false;
     xroma_background = 255;
     Sxedio_Stoixeion();
@@ -148,7 +148,7 @@ TEST_F(LoadSymbols, UniformLoadsStandAboveAndLeftOfTheElement)
 TEST_F(LoadSymbols, ADeepZoomDrawsOnlyTheArrowsInSight)
 {
     nai_times_fortiseon_om = false;
-    buildModel("N 0 0; N 1000 0; E 1 2 1 0 0 0 -2; N 0 50; N 1000 50; E 3 4 1 0 0 0 -2");
+    buildModel("N 0 0; N 1000 0; E 1 2 1 0 0 0 -2; N 500 50; N 1000 50; E 3 4 1 0 0 0 -2");
     Klimaka = 1;
     Arxi_X = 50000;
     Arxi_Y = 10;

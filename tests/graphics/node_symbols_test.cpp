@@ -123,6 +123,9 @@ TEST_F(NodeSymbols, LabelsNameNumberRestraintsAndCoordinates)
         std::erase_if(kanvas.drawn, [](const Primitive &p) { return p.text.empty(); });
         EXPECT_EQ(kanvas.picture(0.1, 0), picture(c.texts)) << c.code;
     }
+    node("xxx", 1, 0); // only ground below moves the label
+    drawn();
+    EXPECT_EQ(kanvas.of(Primitive::Kind::text).at(0).y, 0);
 }
 
 TEST_F(NodeSymbols, ARestraintThatIsNeitherOneNorZeroHasNoSymbol)

@@ -197,6 +197,64 @@ TEST_F(View, TheSketchHasAxesAndElementLinesAlone)
     EXPECT_EQ(lines[1].y2, 15);
 }
 
+// Which colours come in which order, each named once where its run begins.
+TEST_F(View, EachPictureHasItsLayersInTheirOrder)
+{
+    buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 5 5 5; E 1 2 1 1 2 .1 -12");
+    xroma_kombon = 1;
+    xroma_stoixeion = 2;
+    xroma_omoiomorfon = 3;
+    xroma_sigkentromenon = 4;
+    xroma_M = 5;
+    xroma_Q = 6;
+    xroma_N = 7;
+    xroma_paramorfosis = 8;
+    xroma_grid = 9;
+    xroma_aksonon = 10;
+    dekadika_M = 1;
+    dekadika_Q = 2;
+    dekadika_N = 4;
+    Entasi_Topiki(1, 1) = Entasi_Topiki(1, 2) = -1.23456;
+    Entasi_Topiki(1, 3) = 1.23456;
+    Metatopiseis(4) = 0.0040004;
+    const auto layers = [this] {
+        std::string text;
+        double last = 0;
+        for (const Primitive &primitive : kanvas.drawn)
+            if (primitive.pen.colour != last) {
+                last = primitive.pen.colour;
+                text += std::to_string(static_cast<int>(last)) + " ";
+            }
+        return text;
+    };
+    const auto texts = [this] {
+        std::string all;
+        for (const Primitive &primitive : kanvas.of(Primitive::Kind::text))
+            all += primitive.text + "|";
+        return all;
+    };
+    struct Case
+    {
+        std::int16_t mode;
+        const char *layers, *shows;
+    };
+    for (const Case &c : {Case{0, "9 10 3 4 2 1 ", "| 12 | 0.1 |"},
+                          {1, "9 10 5 2 ", "max.= 0|min.= -1.2|"},
+                          {2, "9 10 6 2 ", "max.= 0|min.= -1.23|"},
+                          {3, "9 10 7 2 ", "max.= 1.2346|min.= 0|"},
+                          {4, "9 10 2 1 8 2 ", "max.= 0.004|max.|x|= 0.004|"}}) {
+        Katastasi_Provolis = c.mode;
+        Ananeosi_Sxediou();
+        EXPECT_EQ(layers(), c.layers) << c.mode;
+        EXPECT_NE(texts().find(c.shows), std::string::npos) << texts();
+        EXPECT_EQ(kanvas.of(Primitive::Kind::circle).size(), 1U); // a hinge is the exact 1
+    }
+    nai_stoixeia = false; // labels without lines keep the elements' colour
+    Katastasi_Provolis = 0;
+    Ananeosi_Sxediou();
+    EXPECT_EQ(kanvas.of(Primitive::Kind::turnedText).at(0).pen.colour, 2);
+}
+
 TEST_F(View, NoViewAndNoModelEndsADrawing)
 {
     buildModel("G 0 0 0; N 0 0 xxx 1 1 1; N 0 0 oxo 1e30 -1e30 3e38; N 3e38 -3e38; E 1 2 1 0 0 5 "

@@ -110,6 +110,75 @@ TEST(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
     EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x - 14, y - 2, 16, 62)));
 }
 
+// The inked height of a capital, in device pixels.
+int inkHeight(const ImageKanvas &kanvas)
+{
+    int height = 0;
+    for (int y = 0; y < kanvas.image().height(); ++y)
+        height += count(kanvas, whitePixel, QRect(0, y, kanvas.image().width(), 1))
+                          < kanvas.image().width()
+                      ? 1
+                      : 0;
+    return height;
+}
+
+TEST(Image, FontsFollowTheScaleAndComeBack)
+{
+    ImageKanvas kanvas(QSize(200, 100));
+    kanvas.setPenColour(red);
+    kanvas.setFontSize(12);
+    const auto printed = [&](bool turned) {
+        kanvas.clear();
+        kanvas.moveTo(1, 1);
+        if (turned)
+            kanvas.printRotated("H", 1, 1, {"Arial", 11, 200}, 0);
+        else
+            kanvas.print("H");
+        return inkHeight(kanvas);
+    };
+    const int upright = printed(false), turned = printed(true);
+    const double advance = kanvas.textHeight();
+    EXPECT_NEAR(upright, 16 * .72, 1.5);       // capitals of 12 points at 96 dots an inch
+    EXPECT_NEAR(turned, 11 / 1.15 * .72, 1.5); // the cell is 11 high, not the letter
+    EXPECT_EQ(printed(false), upright);        // the font of before is back
+    kanvas.resize(QSize(200, 100), 2);
+    EXPECT_NEAR(printed(false), 2 * upright, 2);
+    EXPECT_NEAR(printed(true), 2 * turned, 2);
+    EXPECT_NEAR(kanvas.textHeight(), advance, .05);
+    const auto ink = [&] { return 400 * 200 - count(kanvas, whitePixel, QRect(0, 0, 400, 200)); };
+    printed(false);
+    const int regular = ink();
+    kanvas.setFontBold(true);
+    printed(false);
+    EXPECT_GT(ink(), regular * 11 / 10);
+}
+
+TEST(Image, DottedLinesHaveGapsAndFlatCurvesNoSteps)
+{
+    ImageKanvas kanvas(QSize(400, 100));
+    kanvas.setPenColour(red);
+    kanvas.setPenStyle(PenStyle::dotted);
+    kanvas.line(0, 1, 10, 1);
+    const int row = static_cast<int>(centimetre);
+    EXPECT_NEAR(count(kanvas, redPixel, QRect(0, row, 300, 1)), 100, 10);
+    kanvas.setPenStyle(PenStyle::solid);
+    kanvas.clear();
+    for (int k = 0; k < 20; ++k) // a sag of three pixels
+        kanvas.line(k / 2., 1 + .08 * std::sin(k / 20. * 3.1416), (k + 1) / 2.,
+                    1 + .08 * std::sin((k + 1) / 20. * 3.1416));
+    const auto weight = [&](int x) { // mean row of the ink of a column
+        double sum = 0, ink = 0;
+        for (int y = 0; y < 100; ++y) {
+            const double dark = 255 - qGreen(kanvas.image().pixel(x, y));
+            sum += dark * y;
+            ink += dark;
+        }
+        return sum / ink;
+    };
+    for (int x = 2; x < 374; ++x)
+        EXPECT_LT(std::abs(weight(x) - weight(x - 1)), .6) << x;
+}
+
 TEST(Image, PrimitivesFarOutsideAreNoTrouble)
 {
     ImageKanvas kanvas(QSize(100, 100));
@@ -147,6 +216,26 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
         EXPECT_NE(picture, previous) << view;
         previous = picture;
     }
+    // At best fit, on the model's own ground, wherever its view was.
+    std::string model = contentOf(EXAMPLES "/portal_frame.vsk");
+    const auto replaceLine = [&model](int line, const char *text) {
+        std::size_t at = model.find("Rithmiseis");
+        for (int i = 0; i < line; ++i)
+            at = model.find("\r\n", at) + 2;
+        model.replace(at, model.find("\r\n", at) - at, text);
+    };
+    replaceLine(22, "255");
+    replaceLine(39, "-5000");
+    write(path("moved.vsk"), model);
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), path("moved.vsk")}, out, err),
+              batchStatus::allAnalysed);
+    const QImage moved(QString::fromStdString(path("p/moved_model.png")));
+    EXPECT_EQ(moved.pixel(5, 5), redPixel);
+    int dark = 0;
+    for (int y = 0; y < moved.height(); ++y)
+        dark += moved.pixel(68, y) == 0xFF000000 ? 1 : 0; // the left column, 1.8 cm from the edge
+    EXPECT_GT(dark, 400);
+
     fs::create_directories(path("q/portal_frame_M.png"));
     EXPECT_EQ(runBatch({"--pictures", "--out", path("q"), EXAMPLES "/portal_frame.vsk"}, out, err),
               batchStatus::someFailed);

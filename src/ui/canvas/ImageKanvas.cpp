@@ -5,6 +5,7 @@
 #include "Units.h"
 
 #include <QFontMetricsF>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -51,6 +52,12 @@ QColor qtColour(double word)
     return {rgb.red, rgb.green, rgb.blue};
 }
 
+bool writeImage(const QImage &image, const QString &path, const char *format)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && image.save(&file, format) && file.commit();
+}
+
 ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)
 {
     open();
@@ -70,8 +77,8 @@ void ImageKanvas::resize(QSize size, double scale)
 void ImageKanvas::open()
 {
     painter_.reset();
-    const QSize devicePixels(std::max(1, static_cast<int>(std::lround(size_.width() * scale_))),
-                             std::max(1, static_cast<int>(std::lround(size_.height() * scale_))));
+    const QSize devicePixels(std::max(1, static_cast<int>(std::ceil(size_.width() * scale_))),
+                             std::max(1, static_cast<int>(std::ceil(size_.height() * scale_))));
     image_ = QImage(devicePixels, QImage::Format_RGB32);
     painter_ = std::make_unique<QPainter>(&image_);
     painter_->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
@@ -90,7 +97,12 @@ double ImageKanvas::height() const
     return size_.height() / pixelsPerCentimetre;
 }
 
-double ImageKanvas::device(float centimetres) const
+double ImageKanvas::crisp(double centimetres) const
+{
+    return aligned(centimetres) / (pixelsPerCentimetre * scale_);
+}
+
+double ImageKanvas::device(double centimetres) const
 {
     return centimetres * pixelsPerCentimetre * scale_;
 }
@@ -100,13 +112,13 @@ int ImageKanvas::penPixels() const
     return penWidth_ * std::max(1, static_cast<int>(std::lround(scale_)));
 }
 
-double ImageKanvas::aligned(float centimetres) const
+double ImageKanvas::aligned(double centimetres) const
 {
     const double offset = penPixels() % 2 == 0 ? 0 : 0.5;
     return std::floor(device(centimetres) + 0.5 - offset) + offset;
 }
 
-QPointF ImageKanvas::alignedPoint(float x, float y) const
+QPointF ImageKanvas::alignedPoint(double x, double y) const
 {
     return {aligned(x), aligned(y)};
 }
@@ -119,9 +131,16 @@ void ImageKanvas::applyPen()
     if (penStyle_ == PenStyle::dotted) {
         pen.setDashPattern({1, 2});
         pen.setCosmetic(true);
-    } else {
-        pen.setCapStyle(Qt::SquareCap);
     }
+    painter_->setPen(pen);
+}
+
+void ImageKanvas::setCap(Qt::PenCapStyle cap)
+{
+    if (penStyle_ == PenStyle::dotted || painter_->pen().capStyle() == cap)
+        return;
+    QPen pen = painter_->pen();
+    pen.setCapStyle(cap);
     painter_->setPen(pen);
 }
 
@@ -205,7 +224,7 @@ void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
     QPointF from(device(x1), device(y1));
     QPointF to(device(x2), device(y2));
     // An upright or level line is put on whole pixels and needs no smoothing; dots want none.
-    constexpr double straight = 0.5; // device pixels
+    constexpr double straight = 0.01; // device pixels; more would tear the chords of flat curves
     const bool upright = std::abs(from.x() - to.x()) < straight;
     const bool level = std::abs(from.y() - to.y()) < straight;
     const bool onPixels = upright || level || penStyle_ == PenStyle::dotted;
@@ -215,6 +234,7 @@ void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
     }
     if (!clip(from, to))
         return;
+    setCap(onPixels ? Qt::SquareCap : Qt::FlatCap); // square ones bead the joints of a curve
     painter_->setRenderHint(QPainter::Antialiasing, !onPixels);
     painter_->drawLine(from, to);
     painter_->setRenderHint(QPainter::Antialiasing, true);

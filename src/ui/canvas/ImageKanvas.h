@@ -19,6 +19,10 @@ namespace veskora {
 /// The colour of a colour word.
 QColor qtColour(double word);
 
+/// Writes @p image in the format named; what stood at @p path stays when that fails.
+/// @return whether it was written
+bool writeImage(const QImage &image, const QString &path, const char *format);
+
 class ImageKanvas : public Kanvas
 {
 public:
@@ -39,6 +43,7 @@ public:
 
     double width() const override;
     double height() const override;
+    double crisp(double centimetres) const override;
     void setBackground(double colour) override;
     void setPenColour(double colour) override;
     void setPenWidth(int devicePixels) override;
@@ -62,11 +67,12 @@ protected:
 private:
     void open();
     void applyPen();
+    void setCap(Qt::PenCapStyle cap);
     void applyFont();
-    double device(float centimetres) const;
+    double device(double centimetres) const;
     /// The nearest place where a line of the pen's width covers whole device pixels.
-    double aligned(float centimetres) const;
-    QPointF alignedPoint(float x, float y) const;
+    double aligned(double centimetres) const;
+    QPointF alignedPoint(double x, double y) const;
     int penPixels() const;
     const QFont &rotatedFont(const RotatedFont &font);
     bool reachesImage(double x, double y, double radius) const;

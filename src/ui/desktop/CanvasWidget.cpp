@@ -1,5 +1,6 @@
 #include "CanvasWidget.h"
 
+#include "Metablites.h"
 #include "Units.h"
 
 #include <QMouseEvent>
@@ -22,6 +23,7 @@ void CanvasWidget::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     const QRect part = event->rect();
     const double scale = kanvas_.scale();
+    painter.fillRect(part, qtColour(xroma_background)); // at odd scales a seam stays at the edge
     painter.drawImage(
         QRectF(part), kanvas_.image(),
         QRectF(part.x() * scale, part.y() * scale, part.width() * scale, part.height() * scale));

@@ -3,7 +3,12 @@
 #include "AnalysisCommands.h"
 #include "Files.h"
 #include "frmAbout.h"
+#include "frmEPIKOMBIO.h"
+#include "frmKomboi.h"
 #include "frmMain.h"
+#include "frmOmades.h"
+#include "frmOMOIOMORFO.h"
+#include "frmStoixeia.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Recovery.h"
@@ -21,6 +26,16 @@
 #include <QUrl>
 
 namespace veskora {
+
+/// Opens a dialog and looks anew at what lies under the pointer.
+template <typename Dialog, typename Open>
+void frmMain::showDialog(Open open)
+{
+    hideHighlights();
+    Dialog dialog(this);
+    open(dialog);
+    hoverAgain();
+}
 
 QAction *frmMain::popupEntry(QMenu *menu, const char *name, void (frmMain::*command)())
 {
@@ -69,17 +84,29 @@ void frmMain::buildPopups()
 
     mnuAorato_ = new QMenu(this);
     mnuAorato_->setObjectName("mnuAorato");
-    for (const char *name : {"mnu1item", "mnu3item", "mnusss77", "mnu2item", "mnu4item"}) {
-        QAction *action = std::string(name) == "mnusss77" ? mnuAorato_->addSeparator()
-                                                          : mnuAorato_->addAction(QString());
+    const auto rowEntry = [this](const char *name, auto open) {
+        QAction *action = mnuAorato_->addAction(QString());
         action->setObjectName(name);
-        if (!action->isSeparator())
-            connect(action, &QAction::triggered, this, [this] {
-                hideHighlights();
-                showNotYetBuilt();
-                hoverAgain();
-            });
-    }
+        connect(action, &QAction::triggered, this,
+                [this, action, open] { open(action->data().toInt()); });
+    };
+    rowEntry("mnu1item", [this](int n) {
+        if (n <= Arithmos_Kombon)
+            showDialog<frmKomboi>([n](frmKomboi &dialog) { dialog.openRow(n); });
+    });
+    rowEntry("mnu3item", [this](int n) {
+        if (n <= Arithmos_Kombon)
+            showDialog<frmEPIKOMBIO>([n](frmEPIKOMBIO &dialog) { dialog.openRow(n); });
+    });
+    separator(mnuAorato_, "mnusss77");
+    rowEntry("mnu2item", [this](int e) {
+        if (e <= Arithmos_Stoixeion)
+            showDialog<frmStoixeia>([e](frmStoixeia &dialog) { dialog.openRow(e); });
+    });
+    rowEntry("mnu4item", [this](int e) {
+        if (e <= Arithmos_Stoixeion)
+            showDialog<frmOMOIOMORFO>([e](frmOMOIOMORFO &dialog) { dialog.openRow(e); });
+    });
 
     mnu_Aorato_Times_ = new QMenu(this);
     mnu_Aorato_Times_->setObjectName("mnu_Aorato_Times");
@@ -416,12 +443,12 @@ bool frmMain::refuseWithoutElements()
 
 void frmMain::Button_EAI()
 {
-    showNotYetBuilt();
+    showDialog<frmOmades>([](frmOmades &dialog) { dialog.openNew(); });
 }
 
 void frmMain::Button_Komboi()
 {
-    showNotYetBuilt();
+    showDialog<frmKomboi>([](frmKomboi &dialog) { dialog.openNew(); });
 }
 
 void frmMain::Button_Stoixeia()
@@ -433,7 +460,7 @@ void frmMain::Button_Stoixeia()
         refuse(Metafrasi(102, "Before defining an element, at least two nodes must have been "
                               "defined."));
     else
-        showNotYetBuilt();
+        showDialog<frmStoixeia>([](frmStoixeia &dialog) { dialog.openNew(); });
 }
 
 void frmMain::Button_Epikombia()
@@ -442,7 +469,7 @@ void frmMain::Button_Epikombia()
         refuse(Metafrasi(99,
                          "Before defining a nodal load, at least one node must have been defined"));
     else
-        showNotYetBuilt();
+        showDialog<frmEPIKOMBIO>([](frmEPIKOMBIO &dialog) { dialog.openFirst(); });
 }
 
 void frmMain::Button_Omoiomorfa()
@@ -451,7 +478,7 @@ void frmMain::Button_Omoiomorfa()
         refuse(Metafrasi(
             100, "Before defining an elemental load, at least one element must have been defined"));
     else
-        showNotYetBuilt();
+        showDialog<frmOMOIOMORFO>([](frmOMOIOMORFO &dialog) { dialog.openFirst(); });
 }
 
 void frmMain::createArc()

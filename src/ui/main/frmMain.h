@@ -163,6 +163,8 @@ private:
     bool refuseWithoutElements();
     void refuse(const std::string &text);
     void showNotYetBuilt();
+    template <typename Dialog, typename Open>
+    void showDialog(Open open);
     void createArc();
 
     void copyPicture();
