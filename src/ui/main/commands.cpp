@@ -21,7 +21,6 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDesktopServices>
-#include <QImageWriter>
 #include <QProcess>
 #include <QUrl>
 
@@ -324,7 +323,7 @@ void frmMain::savePicture()
 {
     const std::string path = askSavePath("Bitmap Files (*.bmp)|*.bmp", "Picture", ".bmp");
     if (!path.empty())
-        QImageWriter(qtText(path), "bmp").write(ui_->Picture1->kanvas().image());
+        (void)writeImage(ui_->Picture1->kanvas().image(), qtText(path), "bmp");
 }
 
 // ------------------------------------------------------------------------------------------- view

@@ -1,0 +1,176 @@
+#include "ModelDialog.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+#include "Mnemonics.h"
+#include "NumberList.h"
+#include "QtDesktop.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QValidator>
+
+namespace veskora {
+
+namespace {
+
+/// Makes a decimal comma a point, typed or pasted. Some keypads have no other key.
+class DecimalPoint : public QValidator
+{
+public:
+    using QValidator::QValidator;
+
+    State validate(QString &text, int &) const override
+    {
+        text.replace(',', '.');
+        return Acceptable;
+    }
+};
+
+/// Gives every caption of @p dialog a mnemonic, as the entries of one menu get theirs.
+void giveMnemonics(QDialog *dialog)
+{
+    const auto buttons = dialog->findChildren<QPushButton *>();
+    const auto checks = dialog->findChildren<QCheckBox *>();
+    const auto groups = dialog->findChildren<QGroupBox *>();
+    auto labels = dialog->findChildren<QLabel *>();
+    labels.removeIf([](const QLabel *label) { return label->buddy() == nullptr; });
+
+    QObject owner;
+    QList<QAction *> captions;
+    const auto collect = [&](const auto &widgets, auto text) {
+        for (const auto *widget : widgets)
+            captions << new QAction((widget->*text)(), &owner);
+    };
+    collect(buttons, &QPushButton::text);
+    collect(checks, &QCheckBox::text);
+    collect(labels, &QLabel::text);
+    collect(groups, &QGroupBox::title);
+    assignMnemonics(captions);
+
+    const auto giveBack = [&](const auto &widgets, auto setText) {
+        for (auto *widget : widgets)
+            (widget->*setText)(captions.takeFirst()->text());
+    };
+    giveBack(buttons, &QPushButton::setText);
+    giveBack(checks, &QCheckBox::setText);
+    giveBack(labels, &QLabel::setText);
+    giveBack(groups, &QGroupBox::setTitle);
+}
+
+} // namespace
+
+ModelDialog::ModelDialog(QWidget *parent) : QDialog(parent)
+{
+    setWindowModality(Qt::WindowModal);
+}
+
+void ModelDialog::equip()
+{
+    const auto button = [this](const char *name, const std::string &caption, auto pressed) {
+        auto *common = findChild<QPushButton *>(name);
+        common->setText(qtText(caption));
+        connect(common, &QPushButton::clicked, this, pressed);
+    };
+    button("SSCommand2", Metafrasi(2005, "Delete"), [this] { remove(); });
+    button("SSCommand3", Metafrasi(2004, "Apply"), [this] { apply(); });
+    button("SSCommand29", Metafrasi(2003, "Cancel"), [this] { reject(); });
+
+    for (QPushButton *push : findChildren<QPushButton *>())
+        push->setAutoDefault(false);
+    for (QAbstractButton *push : findChildren<QAbstractButton *>())
+        push->installEventFilter(this);
+    for (QLineEdit *field : findChildren<QLineEdit *>()) {
+        if (field->validator() != nullptr || field->isReadOnly())
+            continue;
+        field->setValidator(new DecimalPoint(field));
+        if (field->parent() == this)
+            field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
+    }
+    giveMnemonics(this);
+}
+
+void ModelDialog::chainEnter(const QList<QWidget *> &fields)
+{
+    for (qsizetype i = 0; i < fields.size(); ++i) {
+        next_[fields[i]] = fields.value(i + 1);
+        fields[i]->installEventFilter(this);
+    }
+}
+
+bool ModelDialog::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
+            if (!key->isAutoRepeat()) // a key held down would add row after row
+                pressEnter(static_cast<QWidget *>(watched));
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void ModelDialog::pressEnter(QWidget *field)
+{
+    if (auto *list = qobject_cast<NumberList *>(field))
+        emit list->entered();
+    const auto next = next_.constFind(field);
+    if (next == next_.constEnd())
+        static_cast<QAbstractButton *>(field)->click();
+    else if (*next != nullptr)
+        lead(*next);
+    else
+        apply();
+}
+
+bool ModelDialog::refuse(const std::string &text, QWidget *field)
+{
+    desktop().message(text, Icon::exclamation);
+    Grammi_Log(text, logColour::red);
+    lead(field);
+    return false;
+}
+
+bool ModelDialog::refuseOverflow(QWidget *field)
+{
+    return refuse("The number given is too large.", field);
+}
+
+void ModelDialog::lead(QWidget *field)
+{
+    field->setFocus();
+    if (auto *text = qobject_cast<QLineEdit *>(field))
+        text->selectAll();
+    else if (auto *list = qobject_cast<QComboBox *>(field))
+        list->lineEdit()->selectAll();
+}
+
+void ModelDialog::modelChanged()
+{
+    Allagi_Montelou = true;
+    desktop().redraw();
+}
+
+double typedNumber(const QLineEdit *field)
+{
+    return Val(plainText(field->text()));
+}
+
+std::optional<float> typedSingle(const QLineEdit *field)
+{
+    return toSingle(typedNumber(field));
+}
+
+void showNonZero(QLineEdit *field, float value)
+{
+    field->setText(value == 0 ? QString() : qtText(numberText(value)));
+}
+
+} // namespace veskora

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QDialog>
+#include <QHash>
+
+#include <optional>
+#include <string>
+
+class QLineEdit;
+
+namespace veskora {
+
+/// What the dialogs for rows of the model share: they are window-modal, Enter goes from field to
+/// field and applies in the last one, no button takes Enter by itself, and a refusal shows, is
+/// logged, selects and focuses.
+///
+/// A form sets its own captions, then calls `equip` once. The buttons that all forms have are found
+/// by name: `SSCommand2` Delete, `SSCommand3` Apply, `SSCommand29` Cancel.
+class ModelDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+protected:
+    explicit ModelDialog(QWidget *parent);
+
+    /// Captions and connects the common buttons, makes a decimal comma a point in every field, and
+    /// gives the captions mnemonics.
+    void equip();
+
+    /// Enter goes from each of @p fields to the next, and applies in the last.
+    void chainEnter(const QList<QWidget *> &fields);
+
+    virtual void apply() = 0;
+    virtual void remove() = 0;
+
+    /// Says why not, in a box and in the log, and leads to the field at fault.
+    /// @return false
+    static bool refuse(const std::string &text, QWidget *field);
+    /// The refusal of a number beyond what the tables hold.
+    static bool refuseOverflow(QWidget *field);
+
+    /// Gives @p field the focus with its whole text selected.
+    static void lead(QWidget *field);
+
+    /// To be called when rows have changed: the results are old now, and the picture is repainted.
+    static void modelChanged();
+
+private:
+    void pressEnter(QWidget *field);
+
+    QHash<QWidget *, QWidget *> next_; ///< by field; none behind the last
+};
+
+/// The number that is typed in @p field.
+double typedNumber(const QLineEdit *field);
+/// The same as the tables store it; none where a Single cannot hold it.
+std::optional<float> typedSingle(const QLineEdit *field);
+
+/// Shows @p value, or nothing for 0.
+void showNonZero(QLineEdit *field, float value);
+
+} // namespace veskora

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QComboBox>
+
+#include <optional>
+
+namespace veskora {
+
+/// A list of row numbers 1, 2, ... in which anything can be typed as well. Typed text never becomes
+/// an item and is never completed.
+class NumberList : public QComboBox
+{
+    Q_OBJECT
+public:
+    explicit NumberList(QWidget *parent = nullptr);
+
+    /// From now on only numbers of the list can be typed.
+    void takeOnlyItems();
+
+    /// Lists 1 to @p last; the text stays. No signal.
+    void fill(int last);
+    /// Shows @p number, or nothing. No signal.
+    void showNumber(std::optional<int> number);
+
+    /// The number that the text begins with, 0 without one.
+    double number() const;
+    /// The same if it is one of the list.
+    std::optional<int> row() const;
+
+signals:
+    /// Picked from the list, or reached with the arrow keys or the wheel.
+    void picked(int number);
+    /// Enter was pressed on what is typed; the dialog tells, whose key it is.
+    void entered();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+
+private:
+    void selectTyped();
+};
+
+/// Whether @p number can be a row number: whole, and 1 or more.
+bool isRowNumber(double number);
+
+} // namespace veskora

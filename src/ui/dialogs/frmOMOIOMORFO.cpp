@@ -1,0 +1,43 @@
+#include "frmOMOIOMORFO.h"
+
+#include "Functions.h"
+#include "Metablites.h"
+#include "QtDesktop.h"
+#include "ui_frmOMOIOMORFO.h"
+
+namespace veskora {
+
+frmOMOIOMORFO::frmOMOIOMORFO(QWidget *parent)
+    : LoadDialog(parent), ui_(std::make_unique<Ui::frmOMOIOMORFO>())
+{
+    ui_->setupUi(this);
+    setWindowTitle(qtText(Metafrasi(1001, "Elemental loads")));
+    ui_->Label1->setText(qtText(Metafrasi(1002, "On element")));
+    ui_->Label2->setText(qtText(Metafrasi(1003, "Force")));
+    equipLoads({ui_->Text1, ui_->Text2}, ui_->Label4,
+               {Metafrasi(1004, "Elements with loads on:"),
+                Metafrasi(1005, "New load on element #"), Metafrasi(1006, "* Loads on element #"),
+                Metafrasi(1007, "Loads deleted on element #"),
+                Metafrasi(1008, "There is no load to be deleted on element #")});
+    const auto explanation = [] {
+        return Metafrasi(1009, "Elemental loads must be given as force / length of the element. "
+                               "Directions x and y refer to system's global axes.");
+    };
+    ui_->SSCommand1->setAccessibleDescription(qtText(explanation()));
+    connect(ui_->SSCommand1, &QPushButton::clicked, this,
+            [explanation] { desktop().message(explanation(), Icon::information); });
+}
+
+frmOMOIOMORFO::~frmOMOIOMORFO() = default;
+
+int frmOMOIOMORFO::rowCount() const
+{
+    return Arithmos_Stoixeion;
+}
+
+std::span<float> frmOMOIOMORFO::loads(int e) const
+{
+    return Stoixeia.row(e).subspan(element::wx - 1, 2);
+}
+
+} // namespace veskora

@@ -1,0 +1,132 @@
+#include "frmOmades.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+#include "NumberList.h"
+#include "QtDesktop.h"
+#include "ui_frmOmades.h"
+
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+bool isPositive(const QLineEdit *field)
+{
+    const double value = typedNumber(field);
+    return value > 0 && std::isfinite(value);
+}
+
+/// What became of the rows when group @p g of @p last was deleted.
+std::string deletionText(int g, int last)
+{
+    std::string text = Metafrasi(913, "Group deleted: #") + numberText(g) + ".";
+    if (g < last)
+        text += ' ' + Metafrasi(914, "Groups renumbered: #") + numberText(g + 1);
+    if (g < last - 1)
+        text += ' ' + Metafrasi(915, "to #") + ' ' + numberText(last);
+    return g < last ? text + "." : text;
+}
+
+} // namespace
+
+frmOmades::frmOmades(QWidget *parent) : RowDialog(parent), ui_(std::make_unique<Ui::frmOmades>())
+{
+    ui_->setupUi(this);
+    setWindowTitle(qtText(Metafrasi(901, "E,A,I Element Groups")));
+    ui_->Label16->setText(qtText(Metafrasi(902, "Group")));
+    ui_->Label1->setText(qtText(Metafrasi(904, "Youngs Modulus")));
+    ui_->Label2->setText(qtText(Metafrasi(905, "Section area")));
+    ui_->Label3->setText(qtText(Metafrasi(907, "Section mom. of inertia")));
+    ui_->SSCommand1->setText(qtText(Metafrasi(908, "New")));
+    equipRows(Metafrasi(903, "(New)"), Metafrasi(909, "(Existing)"));
+    chainEnter({numbers(), ui_->Text1, ui_->Text2, ui_->Text3});
+}
+
+frmOmades::~frmOmades() = default;
+
+int frmOmades::rowCount() const
+{
+    return Arithmos_Omadon;
+}
+
+QWidget *frmOmades::firstField() const
+{
+    return ui_->Text1;
+}
+
+void frmOmades::clearFields()
+{
+    for (QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
+        field->clear();
+}
+
+void frmOmades::loadFields(int g)
+{
+    for (int column = group::E; QLineEdit * field : {ui_->Text1, ui_->Text2, ui_->Text3})
+        field->setText(qtText(numberText(Omades(g, column++))));
+}
+
+bool frmOmades::elegxos_omadon()
+{
+    const double number = numbers()->number();
+    if (number > maxGroups)
+        return refuse(Metafrasi(917, "The maximum number of Groups that can be defined is") + " "
+                          + numberText(maxGroups) + ".",
+                      numbers());
+    if (!isRowNumber(number))
+        return refuse(Metafrasi(918, "The value given for Group number is unacceptable."),
+                      numbers());
+    if (!isPositive(ui_->Text1))
+        return refuse(Metafrasi(919, "The value given for Youngs Modulus E is unacceptable."),
+                      ui_->Text1);
+    if (!isPositive(ui_->Text2))
+        return refuse(Metafrasi(920, "The value given for Section area A is unacceptable."),
+                      ui_->Text2);
+    if (!isPositive(ui_->Text3))
+        return refuse(
+            Metafrasi(921, "The value given for Section moment of inertia I is unacceptable."),
+            ui_->Text3);
+    return true;
+}
+
+void frmOmades::store(int g, bool isNew)
+{
+    if (isNew)
+        ++Arithmos_Omadon;
+    for (int column = group::E; const QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
+        Omades(g, column++) = typedNumber(field);
+    Grammi_Log((isNew ? Metafrasi(916, "New group #") : Metafrasi(922, "* Group #")) + numberText(g)
+                   + ", E= " + numberText(Omades(g, group::E)) + ", A= "
+                   + numberText(Omades(g, group::A)) + ", I= " + numberText(Omades(g, group::I)),
+               logColour::navy);
+}
+
+std::string frmOmades::nothingToDelete(const std::string &number) const
+{
+    return Metafrasi(910, "There is no Group #") + " " + number + " "
+           + Metafrasi(911, "to delete.");
+}
+
+bool frmOmades::deleteRow(int g)
+{
+    const auto row = static_cast<float>(g);
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if (Stoixeia(e, element::group) == row)
+            // The caption serves here as well: "Group #".
+            return refuse(Metafrasi(902, "Group") + " # " + numberText(g) + " "
+                              + Metafrasi(912, "cannot be deleted since there are elements "
+                                               "belonging to it."),
+                          numbers());
+    Omades.removeRow(g, Arithmos_Omadon);
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if (Stoixeia(e, element::group) > row)
+            Stoixeia(e, element::group) -= 1;
+    Grammi_Log(deletionText(g, Arithmos_Omadon), logColour::green);
+    --Arithmos_Omadon;
+    return true;
+}
+
+} // namespace veskora

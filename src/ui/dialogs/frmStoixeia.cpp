@@ -1,0 +1,194 @@
+#include "frmStoixeia.h"
+
+#include "Diagrafes.h"
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+#include "NumberList.h"
+#include "QtDesktop.h"
+#include "ui_frmStoixeia.h"
+
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+std::string typeText(bool hingeI, bool hingeJ)
+{
+    if (hingeI)
+        return hingeJ ? Metafrasi(1413, "P1 Type: Hinges at both ends i,j")
+                      : Metafrasi(1412, "P2' Type: Hinge at end i");
+    return hingeJ ? Metafrasi(1411, "P2' Type: Hinge at end j") : Metafrasi(1410, "P2 Type");
+}
+
+std::string placeText(int n)
+{
+    const std::string x = numberText(Komboi(n, node::x));
+    return "(" + x + ", " + numberText(Komboi(n, node::y)) + ")";
+}
+
+} // namespace
+
+frmStoixeia::frmStoixeia(QWidget *parent)
+    : RowDialog(parent), ui_(std::make_unique<Ui::frmStoixeia>())
+{
+    ui_->setupUi(this);
+    setWindowTitle(qtText(Metafrasi(1403, "Elements")));
+    ui_->Label16->setText(qtText(Metafrasi(1404, "Element")));
+    ui_->SSCommand1->setText(qtText(Metafrasi(1406, "New")));
+    ui_->Label1->setText(qtText(Metafrasi(1407, "Belongs to E,A,I Group:")));
+    ui_->Label2->setText(qtText(Metafrasi(1408, "Connects nodes")));
+    ui_->Label3->setText(qtText(Metafrasi(1409, "Rotation releases")));
+    ui_->Text1->setAccessibleName(ui_->Label1->text());
+    ui_->Text4->setAccessibleName(ui_->Label2->text());
+    for (QCheckBox *check : {ui_->ssCheck3, ui_->ssCheck6})
+        check->setAccessibleName(ui_->Label3->text() + ' ' + check->text());
+    for (NumberList *list : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
+        list->takeOnlyItems();
+    // They tell, they ask nothing: text on the window's own ground.
+    for (QLineEdit *field : {ui_->Text1, ui_->Text4}) {
+        QPalette colours = field->palette();
+        colours.setBrush(QPalette::Base, colours.window());
+        field->setPalette(colours);
+        field->setMinimumWidth(
+            field->fontMetrics().horizontalAdvance("E= 210000000, A= 0.012345, I= 0.00012345 "));
+    }
+    equipRows(Metafrasi(1405, "(New)"), Metafrasi(1414, "(Existing)"));
+    chainEnter({numbers(), ui_->Combo2, ui_->Combo3, ui_->Combo4});
+    chainEnter({ui_->ssCheck3, ui_->ssCheck6});
+
+    connect(ui_->Combo2, &QComboBox::editTextChanged, this, &frmStoixeia::showGroup);
+    connect(ui_->Combo3, &QComboBox::editTextChanged, this, &frmStoixeia::showNodes);
+    connect(ui_->Combo4, &QComboBox::editTextChanged, this, &frmStoixeia::showNodes);
+}
+
+frmStoixeia::~frmStoixeia() = default;
+
+int frmStoixeia::rowCount() const
+{
+    return Arithmos_Stoixeion;
+}
+
+QWidget *frmStoixeia::firstField() const
+{
+    return ui_->Combo2->row() ? ui_->Combo3 : ui_->Combo2;
+}
+
+void frmStoixeia::fillOtherLists()
+{
+    ui_->Combo2->fill(Arithmos_Omadon);
+    ui_->Combo3->fill(Arithmos_Kombon);
+    ui_->Combo4->fill(Arithmos_Kombon);
+    if (!ui_->Combo2->row())
+        ui_->Combo2->showNumber(1); // the main group
+}
+
+void frmStoixeia::clearFields()
+{
+    ui_->Combo3->showNumber({});
+    ui_->Combo4->showNumber({});
+    ui_->ssCheck3->setChecked(false);
+    ui_->ssCheck6->setChecked(false);
+    showGroup();
+    showNodes();
+}
+
+void frmStoixeia::loadFields(int e)
+{
+    const auto show = [e](NumberList *list, int column) {
+        list->showNumber(static_cast<int>(std::lround(Stoixeia(e, column))));
+    };
+    show(ui_->Combo2, element::group);
+    show(ui_->Combo3, element::nodeI);
+    show(ui_->Combo4, element::nodeJ);
+    ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) != 0);
+    ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) != 0);
+    showGroup();
+    showNodes();
+}
+
+void frmStoixeia::showGroup()
+{
+    std::string text;
+    if (const auto g = ui_->Combo2->row())
+        text = "E= " + numberText(Omades(*g, group::E)) + ", A= " + numberText(Omades(*g, group::A))
+               + ", I= " + numberText(Omades(*g, group::I));
+    ui_->Text1->setText(qtText(text));
+    ui_->Text1->home(false);
+}
+
+void frmStoixeia::showNodes()
+{
+    const auto i = ui_->Combo3->row();
+    const auto j = ui_->Combo4->row();
+    std::string text = i ? placeText(*i) : "";
+    if (j)
+        text += (i ? " - " : "- ") + placeText(*j);
+    if (i && j)
+        text += ", L= "
+                + numberText(std::hypot(Komboi(*j, node::x) - Komboi(*i, node::x),
+                                        Komboi(*j, node::y) - Komboi(*i, node::y)));
+    ui_->Text4->setText(qtText(text));
+    ui_->Text4->home(false);
+}
+
+bool frmStoixeia::elegxos_stoixeion()
+{
+    const double number = numbers()->number();
+    const double i = ui_->Combo3->number();
+    const double j = ui_->Combo4->number();
+    if (number > maxElements)
+        return refuse(Metafrasi(1419, "The maximum number of elements that can be defined is") + " "
+                          + numberText(maxElements) + ".",
+                      numbers());
+    if (!isRowNumber(number))
+        return refuse(Metafrasi(1420, "The value given for element number is unacceptable."),
+                      numbers());
+    if (!isRowNumber(ui_->Combo2->number()))
+        return refuse(Metafrasi(1421, "The value given for E,A,I Group number is unacceptable."),
+                      ui_->Combo2);
+    if (!isRowNumber(i))
+        return refuse(Metafrasi(1422, "The value given for node i number is unacceptable."),
+                      ui_->Combo3);
+    if (!isRowNumber(j))
+        return refuse(Metafrasi(1423, "The value given for node j number is unacceptable."),
+                      ui_->Combo4);
+    if (i == j)
+        return refuse(Metafrasi(1424, "Given nodes i and j coincide."), ui_->Combo4);
+    return true;
+}
+
+void frmStoixeia::store(int e, bool isNew)
+{
+    if (isNew)
+        ++Arithmos_Stoixeion;
+    const bool hingeI = ui_->ssCheck3->isChecked();
+    const bool hingeJ = ui_->ssCheck6->isChecked();
+    Stoixeia(e, element::nodeI) = static_cast<float>(ui_->Combo3->number());
+    Stoixeia(e, element::nodeJ) = static_cast<float>(ui_->Combo4->number());
+    Stoixeia(e, element::group) = static_cast<float>(ui_->Combo2->number());
+    Stoixeia(e, element::hingeI) = hingeI ? 1 : 0;
+    Stoixeia(e, element::hingeJ) = hingeJ ? 1 : 0;
+    // The star makes the caption the beginning of the line: "* Element #".
+    Grammi_Log((isNew ? Metafrasi(1415, "New element #") : "* " + Metafrasi(1404, "Element") + " #")
+                   + numberText(e) + ", " + Metafrasi(1416, "Node i: #")
+                   + numberText(Stoixeia(e, element::nodeI)) + ", " + Metafrasi(1417, "Node j: #")
+                   + numberText(Stoixeia(e, element::nodeJ)) + ", "
+                   + Metafrasi(1418, "E,A,I Group: #") + numberText(Stoixeia(e, element::group))
+                   + ", " + typeText(hingeI, hingeJ),
+               logColour::navy);
+}
+
+std::string frmStoixeia::nothingToDelete(const std::string &number) const
+{
+    return Metafrasi(1428, "Element does not exist to be deleted #") + number + ".";
+}
+
+bool frmStoixeia::deleteRow(int e)
+{
+    Diagrafi_Stoixeiou(static_cast<std::int16_t>(e));
+    return true;
+}
+
+} // namespace veskora
