@@ -6,15 +6,7 @@
 
 namespace veskora {
 
-namespace {
-
-struct Words
-{
-    std::string deleted, renumbered, to;
-};
-
-/// "Node deleted: #3. Nodes renumbered: #4 to # 9." for row 3 of 9.
-std::string deletionText(const Words &words, int row, int last)
+std::string deletionText(const DeletionWords &words, int row, int last)
 {
     std::string text = words.deleted + numberText(row) + ".";
     if (row < last)
@@ -23,8 +15,6 @@ std::string deletionText(const Words &words, int row, int last)
         text += " " + words.to + " " + numberText(last);
     return row < last ? text + "." : text;
 }
-
-} // namespace
 
 void Diagrafi_Kombou(std::int16_t n)
 {

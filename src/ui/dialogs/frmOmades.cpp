@@ -1,5 +1,6 @@
 #include "frmOmades.h"
 
+#include "Diagrafes.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -17,17 +18,6 @@ bool isPositive(const QLineEdit *field)
 {
     const double value = typedNumber(field);
     return value > 0 && std::isfinite(value);
-}
-
-/// What became of the rows when group @p g of @p last was deleted.
-std::string deletionText(int g, int last)
-{
-    std::string text = Metafrasi(913, "Group deleted: #") + numberText(g) + ".";
-    if (g < last)
-        text += ' ' + Metafrasi(914, "Groups renumbered: #") + numberText(g + 1);
-    if (g < last - 1)
-        text += ' ' + Metafrasi(915, "to #") + ' ' + numberText(last);
-    return g < last ? text + "." : text;
 }
 
 } // namespace
@@ -124,7 +114,10 @@ bool frmOmades::deleteRow(int g)
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         if (Stoixeia(e, element::group) > row)
             Stoixeia(e, element::group) -= 1;
-    Grammi_Log(deletionText(g, Arithmos_Omadon), logColour::green);
+    Grammi_Log(deletionText({Metafrasi(913, "Group deleted: #"),
+                             Metafrasi(914, "Groups renumbered: #"), Metafrasi(915, "to #")},
+                            g, Arithmos_Omadon),
+               logColour::green);
     --Arithmos_Omadon;
     return true;
 }

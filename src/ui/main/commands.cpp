@@ -87,7 +87,7 @@ void frmMain::buildPopups()
         QAction *action = mnuAorato_->addAction(QString());
         action->setObjectName(name);
         connect(action, &QAction::triggered, this,
-                [this, action, open] { open(action->data().toInt()); });
+                [action, open] { open(action->data().toInt()); });
     };
     rowEntry("mnu1item", [this](int n) {
         if (n <= Arithmos_Kombon)

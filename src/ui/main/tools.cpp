@@ -7,6 +7,7 @@
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "StatusPanel.h"
+#include "Supports.h"
 #include "Sxediastika.h"
 #include "ui_frmMain.h"
 #include "Units.h"
@@ -15,7 +16,6 @@
 #include <QIcon>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 
@@ -190,10 +190,8 @@ bool canBeTold(double coordinate)
 
 std::string restraintCode(int n)
 {
-    std::string code;
-    for (int column = node::fixedX; column <= node::fixedRotation; ++column)
-        code += Komboi(n, column) != 0 ? 'x' : 'o';
-    return code;
+    return supportCode(Komboi(n, node::fixedX) != 0, Komboi(n, node::fixedY) != 0,
+                       Komboi(n, node::fixedRotation) != 0);
 }
 
 } // namespace
@@ -491,17 +489,15 @@ void frmMain::canvasDoubleClicked()
     if (isToolOn() || Katastasi_Provolis != 0)
         return;
     constexpr double near = 2; // centimetres
-    constexpr std::array<const char *, 8> ring = {"ooo", "xoo", "oxo", "oox",
-                                                  "xxo", "xox", "oxx", "xxx"};
     if (const int n = nearestNode(Teleftaio_X, Teleftaio_Y, near)) {
         const auto isCode = [n](int column) {
             return Komboi(n, column) == 0 || Komboi(n, column) == 1;
         };
-        const auto at = std::ranges::find(ring, restraintCode(n));
         if (isCode(node::fixedX) && isCode(node::fixedY) && isCode(node::fixedRotation)) {
-            const char *next = at + 1 == ring.end() ? ring.front() : *(at + 1);
+            const std::string_view next = nextSupport(restraintCode(n));
             for (int k = 0; k < 3; ++k)
-                Komboi(n, node::fixedX + k) = next[k] == 'x' ? 1.0F : 0.0F;
+                Komboi(n, node::fixedX + k) =
+                    next[static_cast<std::size_t>(k)] == 'x' ? 1.0F : 0.0F;
             Allagi_Montelou = true;
         }
     }
