@@ -48,6 +48,7 @@ protected:
     {
         ::setenv("XDG_CONFIG_HOME", path("config").c_str(), 1);
         ::setenv("XDG_DATA_HOME", path("data").c_str(), 1);
+        ::setenv("PATH", "", 1); // no helper of the desktop's writes there after the test
         qtDesktop = std::make_unique<WindowDesktop>(desktop);
         setDesktop(qtDesktop.get());
         reopen();
