@@ -13,7 +13,7 @@ int main(int argc, char **argv)
     Application application(argc, argv);
     std::setlocale(LC_NUMERIC, "C"); // Qt has taken over the user's
     Application::setDesktopFileName("veskora-ml");
-    installTerminateHandler();
+    guardOtherEnds();
     try {
         resetStore();
         QtDesktop desktop;
@@ -22,7 +22,9 @@ int main(int argc, char **argv)
         frmMain window;
         desktop.attach(&window);
         window.start(Application::arguments().mid(1).join(' '));
-        return Application::exec();
+        const int status = Application::exec();
+        endsInOrder();
+        return status;
     } catch (const std::exception &error) {
         Application::endByFault(error.what());
     }

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <filesystem>
 #include <limits>
 #include <optional>
@@ -289,6 +290,9 @@ public:
     template <typename Number>
     void written(Number number)
     {
+        // No such number comes into the store; were it written, the file could not be read again.
+        if (!std::isfinite(static_cast<double>(number)))
+            throw Fault(Fault::Kind::overflow, "A number of the model is infinite");
         printed(numberText(number));
     }
     const std::string &text() const { return text_; }

@@ -14,22 +14,38 @@ namespace fs = std::filesystem;
 
 namespace veskora {
 
-std::string writeRecoveryFile()
+namespace {
+
+/// @return the path written, empty when the folder refuses
+std::string writeInto(const fs::path &folder, const std::string &name)
 try {
-    const fs::path folder = fs::path(desktop().dataFolder()) / "Recovery";
     fs::create_directories(folder);
+    fs::path path = folder / (name + ".vsk");
+    for (int number = 2; fs::exists(path); ++number)
+        path = folder / (name + "_" + std::to_string(number) + ".vsk");
+    writeModelFile(path.string());
+    return path.string();
+} catch (const std::exception &) {
+    return {};
+}
+
+} // namespace
+
+std::string writeRecoveryFile()
+{
     const std::time_t now = std::time(nullptr);
     std::tm local = {};
     (void)::localtime_r(&now, &local);
     std::array<char, 32> stamp;
     (void)std::strftime(stamp.data(), stamp.size(), "%Y-%m-%d_%H-%M-%S", &local);
-    fs::path path = folder / (std::string(stamp.data()) + ".vsk");
-    for (int number = 2; fs::exists(path); ++number)
-        path = folder / (std::string(stamp.data()) + "_" + std::to_string(number) + ".vsk");
-    writeModelFile(path.string());
-    return path.string();
-} catch (const std::exception &) {
-    return {}; // this is the last resort: there is nowhere else to go
+    std::error_code ignored;
+    for (const fs::path &folder :
+         {fs::path(desktop().dataFolder()) / "Recovery", fs::path(desktop().documentsFolder()),
+          fs::temp_directory_path(ignored)})
+        if (std::string path = writeInto(folder, std::string("Veskora_") + stamp.data());
+            !path.empty())
+            return path;
+    return {};
 }
 
 bool isModelEmpty()

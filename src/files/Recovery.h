@@ -6,8 +6,9 @@
 
 namespace veskora {
 
-/// Writes the model of the store to a new file in the user's data folder.
-/// @return its path, empty when it could not be written
+/// Writes the model of the store to a new file in the user's data folder; where that refuses, among
+/// the user's documents, else among the temporary files.
+/// @return its path, empty when it could be written nowhere
 std::string writeRecoveryFile();
 
 /// Whether the store holds anything that a recovery file could keep.

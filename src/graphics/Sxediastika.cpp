@@ -24,17 +24,16 @@ double gridStep(double scale)
 }
 
 /// Says once that the grid is too dense: when the view before this one still showed it. It comes
-/// again only after the grid was shown or another view was reached.
+/// again only after the grid was shown or the history moved.
 void reportDenseGrid(double step)
 {
-    if (step >= densestGrid) {
-        denseGridReportedAt = -1;
-        return;
-    }
+    if (step >= densestGrid || gridPosition != Thesi_Istorikou)
+        denseGridReported = false;
+    gridPosition = Thesi_Istorikou;
     const int before = Thesi_Istorikou - 1;
     const double stepBefore = before < 0 ? step : gridStep(Istoriko_Zoom(before, 1));
-    if (stepBefore >= densestGrid && denseGridReportedAt != Thesi_Istorikou) {
-        denseGridReportedAt = Thesi_Istorikou;
+    if (nai_grid && step < densestGrid && stepBefore >= densestGrid && !denseGridReported) {
+        denseGridReported = true;
         Grammi_Log(Metafrasi(154, "Grid too dense to display."), logColour::black);
     }
 }
@@ -70,11 +69,9 @@ void drawModel()
 void Sxedio_Grid()
 {
     const double step = gridStep(Klimaka);
-    if (nai_grid) {
-        reportDenseGrid(step);
-        if (step >= densestGrid)
-            drawGridLines(step);
-    }
+    reportDenseGrid(step);
+    if (nai_grid && step >= densestGrid)
+        drawGridLines(step);
     Picture1().setPenStyle(PenStyle::solid);
 }
 

@@ -148,6 +148,14 @@ void Zoom_Parathyrou(double x1, double y1, double x2, double y2)
     fit({Othoni_X(left), Othoni_X(right), Othoni_Y(bottom), Othoni_Y(top)}, 0);
 }
 
+void moveOrigin(double x, double y)
+{
+    if (!std::isfinite(x) || !std::isfinite(y))
+        return;
+    Arxi_X = x;
+    Arxi_Y = y;
+}
+
 void Zoom_Syrsimatos(double y0, double y)
 {
     constexpr double doublingDistance = 20;
@@ -158,8 +166,7 @@ void Zoom_Syrsimatos(double y0, double y)
     if (r * Klimaka >= 1)
         Klimaka = toSingle(r * Klimaka).value_or(Klimaka);
     // The first-order form: the canvas's centre stays nearly still.
-    Arxi_X = Arxi_X - (W / 2 + Arxi_X) * (r - 1);
-    Arxi_Y = Arxi_Y - (Arxi_Y - H / 2) * (r - 1);
+    moveOrigin(Arxi_X - (W / 2 + Arxi_X) * (r - 1), Arxi_Y - (Arxi_Y - H / 2) * (r - 1));
 }
 
 void Apothikefsi_Zoom()

@@ -36,6 +36,9 @@ void Zoom_Best_Fit();
 /// rectangle that is a point changes nothing.
 void Zoom_Parathyrou(double x1, double y1, double x2, double y2);
 
+/// Puts the origin of the view; a place that is not finite leaves it.
+void moveOrigin(double x, double y);
+
 /// One step of the drag zoom, from canvas y @p y0 to @p y: downward zooms out. Below 1:1 the scale
 /// stays, and the origin still moves.
 void Zoom_Syrsimatos(double y0, double y);

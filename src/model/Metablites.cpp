@@ -63,7 +63,8 @@ double Arxi_X = -2;
 double Arxi_Y = 2;
 Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 std::int16_t Thesi_Istorikou = 0;
-std::int16_t denseGridReportedAt = -1;
+bool denseGridReported = false;
+std::int16_t gridPosition = 0;
 std::int16_t roundingReportedFor = -1;
 
 void resetView()
@@ -76,6 +77,7 @@ void resetView()
 void resetZoomHistory()
 {
     Thesi_Istorikou = 0;
+    denseGridReported = false;
     Istoriko_Zoom.clear();
     Istoriko_Zoom(0, 1) = Klimaka;
     Istoriko_Zoom(0, 2) = Arxi_Y;
@@ -136,7 +138,8 @@ void resetStore()
     setStandardSettings();
     resetView();
     resetZoomHistory();
-    denseGridReportedAt = -1;
+    denseGridReported = false;
+    gridPosition = 0;
     roundingReportedFor = -1;
 }
 

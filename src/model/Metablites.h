@@ -148,8 +148,9 @@ inline constexpr int zoomSteps = 100;
 /// One view a row, rows 0 to 100: scale, `Arxi_Y`, `Arxi_X`.
 extern Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 extern std::int16_t Thesi_Istorikou; ///< row of the current view
-extern std::int16_t
-    denseGridReportedAt; ///< row of the view whose grid was said to be too dense, or -1
+/// Whether the view shown was said to have too dense a grid, and its row at the last redraw.
+extern bool denseGridReported;
+extern std::int16_t gridPosition;
 /// @}
 
 /// The picture of results, 100 times its mode and its decimals, whose values were said to be too

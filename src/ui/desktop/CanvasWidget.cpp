@@ -50,22 +50,37 @@ bool CanvasWidget::event(QEvent *event)
     return QWidget::event(event);
 }
 
+namespace {
+
+/// A place in centimetres. The canvas counts in Singles: a place said twice is the same place.
+double centimetres(double pixels)
+{
+    return static_cast<float>(pixels / pixelsPerCentimetre);
+}
+
+} // namespace
+
 void CanvasWidget::mousePressEvent(QMouseEvent *event)
 {
-    emit pressed(event->button(), event->position().x() / pixelsPerCentimetre,
-                 event->position().y() / pixelsPerCentimetre);
+    emit pressed(event->button(), centimetres(event->position().x()),
+                 centimetres(event->position().y()));
 }
 
 void CanvasWidget::mouseMoveEvent(QMouseEvent *event)
 {
-    emit moved(event->buttons(), event->position().x() / pixelsPerCentimetre,
-               event->position().y() / pixelsPerCentimetre);
+    emit moved(event->buttons(), centimetres(event->position().x()),
+               centimetres(event->position().y()));
 }
 
 void CanvasWidget::mouseReleaseEvent(QMouseEvent *event)
 {
-    emit released(event->button(), event->position().x() / pixelsPerCentimetre,
-                  event->position().y() / pixelsPerCentimetre);
+    emit released(event->button(), centimetres(event->position().x()),
+                  centimetres(event->position().y()));
+}
+
+void CanvasWidget::leaveEvent(QEvent *)
+{
+    emit left();
 }
 
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)

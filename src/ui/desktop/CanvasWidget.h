@@ -23,6 +23,7 @@ signals:
     void moved(Qt::MouseButtons buttons, double x, double y);
     void released(Qt::MouseButton button, double x, double y);
     void doubleClicked();
+    void left(); ///< the pointer went away
     /// The picture was lost: it has another size or resolution.
     void resized();
 
@@ -30,6 +31,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     bool event(QEvent *event) override;
+    void leaveEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;

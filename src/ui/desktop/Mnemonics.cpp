@@ -35,7 +35,8 @@ void assignMnemonics(const QList<QAction *> &actions)
 {
     QSet<QChar> used;
     for (const QAction *action : actions)
-        used.insert(mnemonicOf(action->text()));
+        if (action->isVisible())
+            used.insert(mnemonicOf(action->text()));
     for (QAction *action : actions) {
         QString caption = action->text();
         if (action->isSeparator() || !action->isVisible() || caption.contains('&'))

@@ -4,9 +4,16 @@
 #include "QtDesktop.h"
 #include "Recovery.h"
 
+#include <QSocketNotifier>
+
+#include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <fcntl.h>
+#include <unistd.h>
+#include <utility>
 
 namespace veskora {
 
@@ -39,6 +46,7 @@ void Application::endByFault(const char *facts) noexcept
     static bool ending = false;
     if (std::exchange(ending, true))
         std::_Exit(EXIT_FAILURE);
+    endsInOrder();                           // what follows keeps the model itself
     const std::string kept = recoveryText(); // before anything that may go wrong again
     std::fprintf(stderr, "Veskora_ML: %s\n%s\n", facts, kept.c_str());
     desktop().setPointer(Pointer::standard);
@@ -48,13 +56,59 @@ void Application::endByFault(const char *facts) noexcept
     std::_Exit(EXIT_FAILURE);
 }
 
-void installTerminateHandler()
+namespace {
+
+bool inOrder = false;
+
+/// Keeps what is not in its file. Says where on standard error: there may be no display any more.
+void keepChangedModel()
 {
+    if (std::exchange(inOrder, true) || isModelEmpty())
+        return;
+    std::fprintf(stderr, "Veskora_ML: %s\n", recoveryText().c_str());
+}
+
+std::array<int, 2> signalPipe = {-1, -1};
+
+extern "C" void passSignalOn(int number)
+{
+    const auto byte = static_cast<char>(number);
+    (void)!::write(signalPipe[1], &byte, 1); // all that is allowed here
+}
+
+} // namespace
+
+void endsInOrder()
+{
+    inOrder = true;
+}
+
+void guardOtherEnds()
+{
+    std::atexit(keepChangedModel); // Qt ends the process so when the display goes away
     std::set_terminate([] {
-        const std::string kept = recoveryText();
-        std::fprintf(stderr, "Veskora_ML: the program ended by an error\n%s\n", kept.c_str());
+        keepChangedModel();
+        try {
+            if (std::current_exception())
+                std::rethrow_exception(std::current_exception());
+        } catch (const std::exception &error) {
+            std::fprintf(stderr, "Veskora_ML: %s\n", error.what());
+        } catch (...) {
+            std::fprintf(stderr, "Veskora_ML: unknown error\n");
+        }
         std::abort();
     });
+    if (::pipe2(signalPipe.data(), O_CLOEXEC) != 0)
+        return;
+    auto *notifier = new QSocketNotifier(signalPipe[0], QSocketNotifier::Read, qApp);
+    QObject::connect(notifier, &QSocketNotifier::activated, [] {
+        char number = 0;
+        (void)!::read(signalPipe[0], &number, 1);
+        keepChangedModel();
+        std::_Exit(128 + number);
+    });
+    for (const int number : {SIGTERM, SIGHUP, SIGINT})
+        std::signal(number, passSignalOn);
 }
 
 } // namespace veskora

@@ -19,7 +19,12 @@ public:
     [[noreturn]] static void endByFault(const char *facts) noexcept;
 };
 
-/// For what never reaches `notify`: an exception that leaves a thread or a destructor.
-void installTerminateHandler();
+/// For ends that never reach `notify`: an exception that leaves a destructor, a signal as at
+/// log-out, a display that goes away. The model is written to a recovery file, unless it stands in
+/// its file as it is. To be called once the application is there.
+void guardOtherEnds();
+
+/// The process ends as the user wants it: nothing is kept.
+void endsInOrder();
 
 } // namespace veskora

@@ -1,7 +1,7 @@
 #include "StatusPanel.h"
 
 #include <QEvent>
-#include <QKeyEvent>
+#include <QPainter>
 
 namespace veskora {
 
@@ -9,6 +9,7 @@ StatusPanel::StatusPanel(const QString &name, QWidget *parent) : QPushButton(par
 {
     setObjectName(name);
     setFlat(true);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
 }
 
@@ -35,12 +36,14 @@ void StatusPanel::changeEvent(QEvent *event)
         paintLook(); // the theme may have changed
 }
 
-void StatusPanel::keyPressEvent(QKeyEvent *event)
+void StatusPanel::paintEvent(QPaintEvent *event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QPushButton::keyPressEvent(event);
+    QPushButton::paintEvent(event);
+    if (!hasFocus())
+        return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
+    painter.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
 } // namespace veskora

@@ -17,7 +17,7 @@ public:
     void setLook(bool on);
 
 protected:
-    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override; ///< a flat button shows no focus by itself
     void changeEvent(QEvent *event) override;
 
 private:

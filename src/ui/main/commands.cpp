@@ -31,8 +31,11 @@ template <typename Dialog, typename Open>
 void frmMain::showDialog(Open open)
 {
     hideHighlights();
+    const int rows = Arithmos_Kombon + Arithmos_Stoixeion;
     Dialog dialog(this);
     open(dialog);
+    if (Arithmos_Kombon + Arithmos_Stoixeion < rows)
+        forgetHover(); // what was under the pointer may have another number now
     hoverAgain();
 }
 
@@ -106,6 +109,9 @@ void frmMain::buildPopups()
         if (e <= Arithmos_Stoixeion)
             showDialog<frmOMOIOMORFO>([e](frmOMOIOMORFO &dialog) { dialog.openRow(e); });
     });
+
+    for (QMenu *popup : {mnuZoomakia_, mnuAorato_})
+        connect(popup, &QMenu::aboutToHide, this, &frmMain::hoverAgain, Qt::QueuedConnection);
 
     mnu_Aorato_Times_ = new QMenu(this);
     mnu_Aorato_Times_->setObjectName("mnu_Aorato_Times");
@@ -244,27 +250,30 @@ bool frmMain::askToSave(bool closing)
         Metafrasi(95, "Do you want to save the changes you made to file:") + " '" + name + "'?",
         closing ? Icon::exclamation : Icon::none, Buttons::yesNoCancel);
     if (answer == Answer::yes)
-        saveBeforeLeaving(closing);
-    else if (answer == Answer::no && closing)
+        return saveBeforeLeaving(closing);
+    if (answer == Answer::no && closing)
         Apothikefsi_Geometrias();
     return answer != Answer::cancel;
 }
 
-void frmMain::saveBeforeLeaving(bool closing)
+bool frmMain::saveBeforeLeaving(bool closing)
 {
     std::string path = Onoma_Arxeiou;
     if (Apothikefsi_Arxeiou(path, false))
-        return;
+        return true;
     // The command goes on all the same, and the user meant to keep the model.
     const std::string recovery = writeRecoveryFile();
-    if (recovery.empty())
-        return;
+    if (recovery.empty()) {
+        refuse(Metafrasi(117, "The model could not be kept."));
+        return false; // leaving it would be to lose it
+    }
     const std::string text =
         Metafrasi(114, "The model was not saved. It is kept in the recovery file:") + " "
         + recovery;
     Grammi_Log(text, logColour::red);
     if (closing)
         desktop().message(text, Icon::exclamation);
+    return true;
 }
 
 void frmMain::showFreshModel()
@@ -370,6 +379,7 @@ void frmMain::showResults(int mode)
 {
     Erotisi_Epanepilisis();
     Katastasi_Provolis = static_cast<std::int16_t>(mode);
+    hideHighlights(); // they belong to the model
     showMode(mode);
     redraw();
 }

@@ -16,9 +16,11 @@
 #include "Version.h"
 #include "Zoom.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDate>
+#include <QKeyEvent>
 #include <QLocale>
 #include <QScreen>
 #include <QScrollBar>
@@ -47,7 +49,6 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     buildCanvasObjects();
     buildPopups();
     connectCommands();
-    ui_->centralwidget->installEventFilter(this);
     qApp->installEventFilter(this);
 
     constexpr int instantMessageTime = 5000; // ms
@@ -58,10 +59,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     connect(&Timer1_, &QTimer::timeout, Label1_, &QWidget::hide);
 
     // The log has its own light ground: its colours are made for one.
-    QPalette paper = ui_->RichTextBox1->palette();
-    paper.setColor(QPalette::Base, Qt::white);
-    paper.setColor(QPalette::Text, Qt::black);
-    ui_->RichTextBox1->setPalette(paper);
+    ui_->RichTextBox1->setStyleSheet("background-color: white; color: black;");
 
     setPicture1(&ui_->Picture1->kanvas());
     Reset_Pointer();
@@ -76,8 +74,12 @@ void frmMain::buildToolbar()
 {
     ui_->Toolbar2->setFixedHeight(pixels(toolbarHeight));
     for (QAction *action : ui_->Toolbar2->actions())
-        if (QWidget *button = ui_->Toolbar2->widgetForAction(action); !action->isSeparator())
+        if (QWidget *button = ui_->Toolbar2->widgetForAction(action); !action->isSeparator()) {
+            constexpr int width = 26; // all of them fit in the window at its narrowest
             button->setObjectName(action->objectName());
+            button->setFixedWidth(width);
+            button->setFocusPolicy(Qt::TabFocus); // some commands stand nowhere else
+        }
 }
 
 void frmMain::buildStatusBar()
@@ -97,7 +99,7 @@ void frmMain::buildStatusBar()
     panel1_ = label("Panel1", 0);
     panel2_ = label("Panel2", 0);
     for (QLabel *panel : {panel1_, panel2_})
-        panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance("x = -12345.67890  "));
+        panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance("x = -1234.56789 "));
     sint_ = button("sint");
     aksones_ = button("Aksones");
     kannabos_ = button("Kannabos");
@@ -137,7 +139,6 @@ void frmMain::buildCanvasObjects()
     Shape_Kombos_->setPen(QPen(nodeHighlight, 1));
     Line_Stoixeio_->setPen(QPen(elementHighlight, 1));
     Shape1_->setForm(CanvasOverlay::Form::rectangle);
-    Shape1_->setPen(QPen(Qt::black, 1, Qt::DotLine));
     Label_Kombos_ = label("Label_Kombos", nodeHighlight);
     Label_Stoixeio_ = label("Label_Stoixeio", elementHighlight);
     Label2_ = label("Label2");
@@ -149,6 +150,10 @@ void frmMain::buildCanvasObjects()
     connect(canvas, &CanvasWidget::moved, this, &frmMain::canvasMoved);
     connect(canvas, &CanvasWidget::released, this, &frmMain::canvasReleased);
     connect(canvas, &CanvasWidget::doubleClicked, this, &frmMain::canvasDoubleClicked);
+    connect(canvas, &CanvasWidget::left, this, [this] {
+        pointerOnCanvas_ = false;
+        hideHighlights();
+    });
     connect(canvas, &CanvasWidget::resized, this, [this] {
         if (!arranging_)
             redraw();
@@ -169,9 +174,8 @@ void frmMain::start(const QString &commandLine)
     showMode(0);
     sint_->setLook(true);
     showPanels();
-    if (commandLine.isEmpty()) {
-        showModelCaption({});
-    } else {
+    showModelCaption({});
+    if (!commandLine.isEmpty()) {
         std::string path = plainText(commandLine);
         currentFolder = folderOf(path);
         Anagnosi_Arxeiou(path);
@@ -241,6 +245,22 @@ void frmMain::restoreGeometryFromSettings()
         showMaximized();
     else
         showNormal();
+    // The frame's own size is known only once the window manager has drawn it.
+    constexpr int framed = 150; // ms
+    QTimer::singleShot(framed, this, &frmMain::keepFrameOnScreen);
+}
+
+void frmMain::keepFrameOnScreen()
+{
+    if (isMaximized() || isMinimized())
+        return;
+    const QRect area = screen()->availableGeometry();
+    const QRect frame = frameGeometry();
+    const int left =
+        std::max(area.left(), std::min(frame.left(), area.right() - frame.width() + 1));
+    const int top = std::max(area.top(), std::min(frame.top(), area.bottom() - frame.height() + 1));
+    if (QPoint(left, top) != frame.topLeft())
+        move(left, top);
 }
 
 void frmMain::Apothikefsi_Geometrias()
@@ -290,7 +310,20 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     // A command in the middle of a drag would pull the model away under the pointer.
     if (event->type() == QEvent::Shortcut && Patimeno_Koumpi)
         return true;
+    if (event->type() == QEvent::KeyPress)
+        return pressFocusedButton(watched, static_cast<const QKeyEvent *>(event)->key());
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// Enter presses a button of this window as Space does.
+bool frmMain::pressFocusedButton(QObject *watched, int key)
+{
+    auto *button = qobject_cast<QAbstractButton *>(watched);
+    if (button == nullptr || button->window() != this
+        || (key != Qt::Key_Return && key != Qt::Key_Enter))
+        return false;
+    button->click();
+    return true;
 }
 
 void frmMain::arrangeForSize()
@@ -340,6 +373,7 @@ void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
     Command2_->move(right, gap);
     Command1_->move(right - Command1_->width(), gap);
     Label1_->move((ui_->Picture1->width() - Label1_->width()) / 2, gap);
+    showNewestLine();
     redraw();
 }
 
@@ -354,8 +388,13 @@ void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold
     format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
     caret.insertText(qtText(text), format);
     ui_->RichTextBox1->setTextCursor(caret);
-    ui_->RichTextBox1->verticalScrollBar()->setValue(
-        ui_->RichTextBox1->verticalScrollBar()->maximum());
+    showNewestLine();
+}
+
+void frmMain::showNewestLine()
+{
+    QScrollBar *bar = ui_->RichTextBox1->verticalScrollBar();
+    bar->setValue(bar->maximum());
 }
 
 void frmMain::setCaption(const std::string &text)
@@ -408,6 +447,7 @@ void frmMain::applyColours()
     const QColor lines = qtColour(xroma_stoixeion);
     ui_->Picture1->kanvas().setBackground(xroma_background);
     Line1_->setPen(QPen(lines, 1));
+    Shape1_->setPen(QPen(lines, 1, Qt::DotLine));
     QPalette colours = Label2_->palette();
     colours.setColor(QPalette::WindowText, lines);
     colours.setColor(QPalette::Window, qtColour(xroma_background));

@@ -101,12 +101,15 @@ private:
     // Start and end
     void logStartLines();
     void restoreGeometryFromSettings();
+    void keepFrameOnScreen();
     void Apothikefsi_Geometrias();
 
     // Layout
     void arrange(int pictureHeight, int collapseTop, int collapseLeft);
     void arrangeForSize();
     void toggleLog();
+    void showNewestLine();
+    bool pressFocusedButton(QObject *watched, int key);
     int innerWidth() const;  ///< twips
     int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included
 
@@ -114,7 +117,8 @@ private:
     /// The save question before the model is left.
     /// @return whether the command goes on
     bool askToSave(bool closing);
-    void saveBeforeLeaving(bool closing);
+    /// @return whether the model is on disk, in its file or in a recovery file
+    bool saveBeforeLeaving(bool closing);
     void saveAs();
     void showFreshModel();
 
@@ -154,7 +158,7 @@ private:
     void hover(double x, double y);
     void hoverAgain();
     void forgetHover();
-    void highlightNode(int before);
+    void highlightNode();
     void highlightElement();
     void showPopup();
 
@@ -211,6 +215,10 @@ private:
     /// Set by the first press that defines a node in this run; until then no rubber band shows.
     bool Exei_Oristei_Kombos = false;
     float Teleftaio_X = 0, Teleftaio_Y = 0; ///< the pointer's last place, canvas cm
+    bool pointerOnCanvas_ = false;
+    /// What the highlights show: rows, 0 for nothing, -1 when they were put away.
+    int highlightedNode_ = -1;
+    int highlightedElement_ = -1;
 
     bool arranging_ = false;
     bool closed_ = false;

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace veskora {
 
@@ -74,6 +75,7 @@ bool frmMain::isToolOn() const
 void frmMain::Reset_Pointer()
 {
     Xeraki_Energo = Zoom_Energo = Zoom_Window_Energo = false;
+    Shape1_->hide();
     ui_->Picture1->setCursor(Qt::CrossCursor);
 }
 
@@ -83,6 +85,7 @@ void frmMain::hideHighlights()
     Shape_Kombos_->hide();
     Label_Stoixeio_->hide();
     Line_Stoixeio_->hide();
+    highlightedNode_ = highlightedElement_ = -1;
 }
 
 /// The active tool's own button leaves it; another one's switches.
@@ -149,6 +152,7 @@ void frmMain::canvasPressed(Qt::MouseButton button, double x, double y)
     Agkyra_Y = static_cast<float>(y + Arxi_Y);
     Label_Stoixeio_->hide();
     Line_Stoixeio_->hide();
+    highlightedElement_ = -1;
     const QPoint place(static_cast<int>(x * pixelsPerCentimetre),
                        static_cast<int>(y * pixelsPerCentimetre));
     if (Label2_->geometry().contains(place))
@@ -163,11 +167,12 @@ void frmMain::pressOnModel(double x, double y)
         Kombos_Arxis = static_cast<std::int16_t>(Kombos_Deikti);
         return;
     }
+    Neos_Kombos_Sto_Patima =
+        true; // also where the place was refused: the release must not try again
     const int n = defineNode(x, y, true);
     if (n == 0)
         return;
     Exei_Oristei_Kombos = true;
-    Neos_Kombos_Sto_Patima = true;
     Kombos_Arxis = static_cast<std::int16_t>(n);
 }
 
@@ -242,6 +247,7 @@ void frmMain::canvasMoved(Qt::MouseButtons buttons, double x, double y)
 {
     if (Patimeno_Koumpi && !buttons.testFlag(Qt::LeftButton))
         endRelease(); // the release went to somebody else
+    pointerOnCanvas_ = true;
     if (sint_->look())
         showCoordinates(x, y);
     if (Patimeno_Koumpi && moveView(x, y))
@@ -263,8 +269,7 @@ bool frmMain::moveView(double x, double y)
         return true;
     }
     if (Xeraki_Energo) {
-        Arxi_X = Agkyra_X - x;
-        Arxi_Y = Agkyra_Y - y;
+        moveOrigin(Agkyra_X - x, Agkyra_Y - y);
     } else if (Zoom_Energo) {
         Zoom_Syrsimatos(Patima_Y, y);
         Patima_Y = static_cast<float>(y);
@@ -304,22 +309,19 @@ void frmMain::hover(double x, double y)
 {
     Teleftaio_X = static_cast<float>(x);
     Teleftaio_Y = static_cast<float>(y);
-    const int nodeBefore = Kombos_Deikti;
-    const int elementBefore = Stoixeio_Deikti;
     Kombos_Deikti = nodeUnderPointer(x, y);
     Pano_Se_Kombo = Kombos_Deikti != 0;
-    highlightNode(nodeBefore);
+    highlightNode();
     if (Patimeno_Koumpi)
         return;
     Stoixeio_Deikti = elementUnderPointer(x, y);
     Pano_Se_Stoixeio = Stoixeio_Deikti != 0;
-    if (Stoixeio_Deikti != elementBefore)
-        highlightElement();
+    highlightElement();
 }
 
 void frmMain::hoverAgain()
 {
-    if (Katastasi_Provolis == 0)
+    if (Katastasi_Provolis == 0 && pointerOnCanvas_)
         hover(Teleftaio_X, Teleftaio_Y);
 }
 
@@ -331,7 +333,7 @@ void frmMain::forgetHover()
 }
 
 /// Marks where a node would come, or the node that is there.
-void frmMain::highlightNode(int before)
+void frmMain::highlightNode()
 {
     constexpr double markSide = 0.238;
     constexpr double nodeSide = 0.45;
@@ -340,7 +342,8 @@ void frmMain::highlightNode(int before)
     const double y = Kosmos_Y(nodeCoordinate(Othoni_Y(Teleftaio_Y), toGrid));
     const bool onNode = Pano_Se_Kombo && !isToolOn();
     const double half = (onNode ? nodeSide : markSide) / 2;
-    if (Kombos_Deikti != before) {
+    if (const int shown = onNode ? Kombos_Deikti : 0; shown != highlightedNode_) {
+        highlightedNode_ = shown;
         QPen pen = Shape_Kombos_->pen();
         pen.setWidth(onNode ? 2 : 1);
         Shape_Kombos_->setPen(pen);
@@ -359,6 +362,9 @@ void frmMain::highlightNode(int before)
 void frmMain::highlightElement()
 {
     const bool shown = Pano_Se_Stoixeio && !isToolOn();
+    if (const int element = shown ? Stoixeio_Deikti : 0;
+        std::exchange(highlightedElement_, element) == element)
+        return;
     if (shown) {
         const auto place = [this](int end) {
             const auto n = static_cast<int>(Stoixeia(Stoixeio_Deikti, end));
@@ -389,21 +395,22 @@ void frmMain::leftReleased(double x, double y)
 {
     if (Patimeno_Koumpi && isToolOn()) {
         if (Zoom_Window_Energo) {
-            Zoom_Parathyrou(Patima_X, Patima_Y, static_cast<float>(x), static_cast<float>(y));
-            Shape1_->hide();
+            Zoom_Parathyrou(Patima_X, Patima_Y, x, y);
         }
         Apothikefsi_Zoom();
     } else if (Patimeno_Koumpi && Katastasi_Provolis == 0) {
         defineElementTo(x, y);
     }
     endRelease();
-    hoverAgain();
+    if (Katastasi_Provolis == 0)
+        hover(x, y);
 }
 
 void frmMain::endRelease()
 {
     Line1_->hide();
     Label2_->hide();
+    Shape1_->hide();
     Patimeno_Koumpi = false;
     if (isToolOn())
         redraw();
@@ -468,10 +475,8 @@ void frmMain::showPopup()
     const bool onElement = Pano_Se_Stoixeio && Stoixeio_Deikti <= Arithmos_Stoixeion;
     const auto entry = [this](const char *name) { return findChild<QAction *>(name); };
     const auto set = [](QAction *action, const std::string &text, int row, bool visible) {
-        if (visible) {
-            action->setText(qtText(text + numberText(row)));
-            action->setData(row);
-        }
+        action->setText(qtText(text + numberText(row)));
+        action->setData(row);
         action->setVisible(visible);
     };
     set(entry("mnu1item"), Metafrasi(137, "Node #"), Kombos_Deikti, onNode);
