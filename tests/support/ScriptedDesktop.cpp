@@ -33,6 +33,8 @@ void ScriptedDesktop::expectNothingLeft() const
 
 Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons)
 {
+    if (answerAnything)
+        return answerAnything();
     if (messages_.empty()) {
         ADD_FAILURE() << "not foreseen: " << text;
         return Answer::cancel;

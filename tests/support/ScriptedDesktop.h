@@ -8,6 +8,7 @@
 
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -35,6 +36,7 @@ public:
     /// The next file dialog gives @p path; none is Cancel.
     void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
     void expectNothingLeft() const;
+    std::function<Answer()> answerAnything; ///< when set, no box is unforeseen
 
     std::vector<LogLine> log;
     std::string caption;

@@ -452,6 +452,147 @@ TEST_F(MainWindow, EveryEntryHasACaptionAndItsOwnMnemonic)
             << action->text().toStdString();
 }
 
+TEST_F(MainWindow, EveryCommandIsNamedAsItIsCalled)
+{
+    start();
+    struct Case
+    {
+        const char *name, *caption;
+    };
+    for (const Case &c : {Case{"mnuNEOitem", "New"},
+                          {"mnuANAGNOSIitem", "Open"},
+                          {"mnuAPOTHIKEFSIitem", "Save"},
+                          {"mnuAPOTHIKEFSIOSitem", "Save As..."},
+                          {"mnuEKSODOSitem", "Exit"},
+                          {"mnuOMADESitem", "E,A,I Element Groups"},
+                          {"mnuMETAKINISIKOMBONitem", "Move nodes"},
+                          {"mnuSIGXONEFSIitem", "Merge nodes"},
+                          {"mnuDIAIRESIitem", "Divide elements"},
+                          {"mnuKYKLIKOitem", "Create arc"},
+                          {"mnuEPILISIitem", "Analyze"},
+                          {"mnuDIAG_Qitem", "[Q] Diagram"},
+                          {"mnuDEFORMitem", "Deformation"},
+                          {"mnuEXTENDSitem", "Zoom Extends"},
+                          {"mnuPANitem", "Move"},
+                          {"New", "New file"},
+                          {"Xeraki", "Move drawing"},
+                          {"ZoomBestFit", "Zoom Extents"},
+                          {"M", "Draw [M] Diagram"},
+                          {"Q", "Draw [Q] Diagram"},
+                          {"N", "Draw [N] Diagram"},
+                          {"Deform", "Draw deformed model"},
+                          {"Apotelesmata", "Data - Results"},
+                          {"mnuTimes_Om_item", "Elemental load values"}}) {
+        const auto *action = find<QAction>(c.name);
+        EXPECT_EQ(QString(action->text()).remove('&'), c.caption) << c.name;
+        if (find<QToolBar>("Toolbar2")->actions().contains(action)) {
+            EXPECT_EQ(action->toolTip(), c.caption);
+        }
+    }
+    for (const auto &[name, mode] : {std::pair{"mnuDIAG_Mitem", 1},
+                                     {"mnuDIAG_Qitem", 2},
+                                     {"mnuDIAG_Nitem", 3},
+                                     {"mnuDEFORMitem", 4},
+                                     {"mnuFOREASitem", 0}}) {
+        Allagi_Montelou = false;
+        trigger(name);
+        EXPECT_EQ(Katastasi_Provolis, mode) << name;
+    }
+}
+
+TEST_F(MainWindow, WhatShowsResultsOffersANewAnalysisFirst)
+{
+    start();
+    addNode(0, 0, "xxx");
+    const std::string question =
+        "Model has been changed. Do you want to reanalyze before the process goes on?";
+    for (const char *command : {"M", "Q", "N", "Deform", "Apotelesmata"}) {
+        desktop.expectMessage(question, Icon::exclamation, Answer::no);
+        if (std::string(command) == "Apotelesmata")
+            desktop.expectMessage("This window is not part of the program yet.", Icon::information);
+        trigger(command);
+        desktop.expectNothingLeft();
+    }
+    for (const char *button : {"Command1", "Command2"}) {
+        desktop.expectMessage(question, Icon::exclamation, Answer::no);
+        click(button);
+        desktop.expectNothingLeft();
+    }
+}
+
+TEST_F(MainWindow, ACancelledOpenGoesBackToTheModelViewAndMarksItChanged)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    EXPECT_EQ(Thesi_Istorikou, 0);
+    Allagi_Montelou = false;
+    Katastasi_Provolis = 3;
+    trigger("Zoom");
+    xroma_background = 255; // a change of the file, and of the canvas only from here on
+    desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
+                              + "'?",
+                          Icon::none, Answer::no);
+    desktop.expectFileDialog(std::nullopt);
+    trigger("Open");
+    EXPECT_EQ(Arithmos_Kombon, 2);
+    EXPECT_TRUE(Allagi_Montelou);
+    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(canvas().kanvas().image().pixel(1, 1), 0xFFFF0000);
+    trigger("Xeraki");
+    trigger("mnuEKSODOS2item"); // the pop-up's Exit
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+}
+
+TEST_F(MainWindow, AMaximisedWindowAndACancelledCloseAreRemembered)
+{
+    qtDesktop->storeSetting("Startup", "WindowState", "2");
+    window->start({});
+    QCoreApplication::processEvents();
+    addGroup(1, 1, 1);
+    desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
+                          Icon::exclamation, Answer::cancel);
+    qtDesktop->storeSetting("Startup", "WindowState", "");
+    trigger("mnuEKSODOSitem");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(qtDesktop->setting("Startup", "WindowState", ""), "2");
+    EXPECT_EQ(qtDesktop->setting("Startup", "nothing", "standard"), "standard");
+}
+
+TEST_F(MainWindow, AWrongBannerOnTheCommandLineLeavesAnUntitledModel)
+{
+    write(path("no.vsk"), "a\nb\nc\nd\ne\nf\n");
+    desktop.expectMessage("There was an error opening the file. The file could not be read.",
+                          Icon::critical);
+    start(path("no.vsk"));
+    EXPECT_EQ(caption(), title + " - Untitled.vsk");
+    QTextCursor end(find<QTextEdit>("RichTextBox1")->document());
+    end.movePosition(QTextCursor::End);
+    EXPECT_EQ(end.charFormat().fontWeight(), QFont::Bold);
+    window->setCaption("a[*]b");
+    EXPECT_EQ(window->windowTitle(), "a[*][*]b");
+}
+
+TEST_F(MainWindow, AModelThatCanBeKeptNowhereIsNotLeft)
+{
+    start();
+    addGroup(7, 8, 9);
+    write(path("data/" + title), "a file where the data folder would be");
+    ::setenv("TMPDIR", "/proc", 1);
+    ::setenv("XDG_DOCUMENTS_DIR", "/proc", 1);
+    const std::string home = ::getenv("HOME") != nullptr ? ::getenv("HOME") : "";
+    ::setenv("HOME", "/proc", 1);
+    desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
+                          Icon::exclamation, Answer::yes);
+    desktop.expectFileDialog(std::nullopt);
+    desktop.expectMessage("The model could not be kept.");
+    trigger("mnuEKSODOSitem");
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(Arithmos_Omadon, 1);
+    ::unsetenv("TMPDIR");
+    ::setenv("HOME", home.c_str(), 1);
+}
+
 TEST_F(MainWindow, AnInstantMessageGoesAfterItsTime)
 {
     start();

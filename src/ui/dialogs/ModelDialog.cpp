@@ -140,7 +140,7 @@ bool ModelDialog::refuse(const std::string &text, QWidget *field)
 
 bool ModelDialog::refuseOverflow(QWidget *field)
 {
-    return refuse("The number given is too large.", field);
+    return refuse(Metafrasi(96, "The number given is too large."), field);
 }
 
 void ModelDialog::lead(QWidget *field)
