@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QValidator>
 
+#include <algorithm>
+
 namespace veskora {
 
 namespace {
@@ -40,7 +42,13 @@ void giveMnemonics(QDialog *dialog)
     const auto checks = dialog->findChildren<QCheckBox *>();
     const auto groups = dialog->findChildren<QGroupBox *>();
     auto labels = dialog->findChildren<QLabel *>();
-    labels.removeIf([](const QLabel *label) { return label->buddy() == nullptr; });
+    // Of two labels of one field the longer one is enough: letters are scarce.
+    labels.removeIf([all = labels](const QLabel *label) {
+        return label->buddy() == nullptr || std::ranges::any_of(all, [label](const QLabel *other) {
+                   return other->buddy() == label->buddy()
+                          && other->text().size() > label->text().size();
+               });
+    });
 
     QObject owner;
     QList<QAction *> captions;
@@ -49,8 +57,8 @@ void giveMnemonics(QDialog *dialog)
             captions << new QAction((widget->*text)(), &owner);
     };
     collect(buttons, &QPushButton::text);
-    collect(checks, &QCheckBox::text);
     collect(labels, &QLabel::text);
+    collect(checks, &QCheckBox::text);
     collect(groups, &QGroupBox::title);
     assignMnemonics(captions);
 
@@ -59,8 +67,8 @@ void giveMnemonics(QDialog *dialog)
             (widget->*setText)(captions.takeFirst()->text());
     };
     giveBack(buttons, &QPushButton::setText);
-    giveBack(checks, &QCheckBox::setText);
     giveBack(labels, &QLabel::setText);
+    giveBack(checks, &QCheckBox::setText);
     giveBack(groups, &QGroupBox::setTitle);
 }
 

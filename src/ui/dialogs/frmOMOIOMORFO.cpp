@@ -23,6 +23,8 @@ frmOMOIOMORFO::frmOMOIOMORFO(QWidget *parent)
         return Metafrasi(1009, "Elemental loads must be given as force / length of the element. "
                                "Directions x and y refer to system's global axes.");
     };
+    ui_->SSCommand1->setAccessibleName(windowTitle());
+    ui_->SSCommand1->setToolTip(qtText(explanation()));
     ui_->SSCommand1->setAccessibleDescription(qtText(explanation()));
     connect(ui_->SSCommand1, &QPushButton::clicked, this,
             [explanation] { desktop().message(explanation(), Icon::information); });

@@ -124,6 +124,10 @@ void frmMain::setCaptions()
     times_->setText(text(74, "LABELS"));
     describe(times_, text(75, "Labels on/off"));
     describe(ui_->SSCommand32, text(80, "Show/Hide Information text"));
+    for (StatusPanel *panel : {sint_, aksones_, kannabos_, times_}) {
+        constexpr int padding = 20; // the style's own least width is made for dialogs
+        panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(panel->text()) + padding);
+    }
     assignMenuMnemonics();
 }
 

@@ -59,7 +59,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     connect(&Timer1_, &QTimer::timeout, Label1_, &QWidget::hide);
 
     // The log has its own light ground: its colours are made for one.
-    ui_->RichTextBox1->setStyleSheet("background-color: white; color: black;");
+    ui_->RichTextBox1->setStyleSheet("QTextEdit { background-color: white; color: black; }");
 
     setPicture1(&ui_->Picture1->kanvas());
     Reset_Pointer();
