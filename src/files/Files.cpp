@@ -451,6 +451,19 @@ void Anagnosi_Arxeiou(std::string &path)
     resetZoomHistory();
 }
 
+bool isModelFile(const std::string &path)
+try {
+    InputFile file(path);
+    std::string content(modelText().size() + 1, '\0'); // one more, to notice a longer file
+    std::size_t filled = 0;
+    while (const std::size_t count = file.read(content.data() + filled, content.size() - filled))
+        filled += count;
+    content.resize(filled);
+    return content == modelText();
+} catch (const Fault &) {
+    return false;
+}
+
 void writeModelFile(const std::string &path)
 {
     writeWholeFile(path, modelText(), Durability::onDisk);

@@ -29,6 +29,9 @@ void Anagnosi_Arxeiou(std::string &path);
 /// @return whether the file was written
 bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 
+/// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
+bool isModelFile(const std::string &path);
+
 /// Writes the model to @p path without a word. Fault: what the system refused.
 void writeModelFile(const std::string &path);
 

@@ -1,6 +1,8 @@
 #include "Application.h"
 
+#include "Files.h"
 #include "Functions.h"
+#include "Metablites.h"
 #include "QtDesktop.h"
 #include "Recovery.h"
 
@@ -63,7 +65,7 @@ bool inOrder = false;
 /// Keeps what is not in its file. Says where on standard error: there may be no display any more.
 void keepChangedModel()
 {
-    if (std::exchange(inOrder, true) || isModelEmpty())
+    if (std::exchange(inOrder, true) || isModelEmpty() || isModelFile(Onoma_Arxeiou))
         return;
     std::fprintf(stderr, "Veskora_ML: %s\n", recoveryText().c_str());
 }
