@@ -166,6 +166,12 @@ void ModelDialog::modelChanged()
     desktop().redraw();
 }
 
+std::string groupConstants(int g)
+{
+    return "E= " + numberText(Omades(g, group::E)) + ", A= " + numberText(Omades(g, group::A))
+           + ", I= " + numberText(Omades(g, group::I));
+}
+
 double typedNumber(const QLineEdit *field)
 {
     return Val(plainText(field->text()));

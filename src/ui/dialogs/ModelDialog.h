@@ -53,6 +53,9 @@ private:
     QHash<QWidget *, QWidget *> next_; ///< by field; none behind the last
 };
 
+/// "E= 210000000, A= 0.01, I= 0.0001" of group @p g.
+std::string groupConstants(int g);
+
 /// The number that is typed in @p field.
 double typedNumber(const QLineEdit *field);
 /// The same as the tables store it; none where a Single cannot hold it.

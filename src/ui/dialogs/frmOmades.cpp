@@ -89,8 +89,7 @@ void frmOmades::store(int g, bool isNew)
     for (int column = group::E; const QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
         Omades(g, column++) = typedNumber(field);
     Grammi_Log((isNew ? Metafrasi(916, "New group #") : Metafrasi(922, "* Group #")) + numberText(g)
-                   + ", E= " + numberText(Omades(g, group::E)) + ", A= "
-                   + numberText(Omades(g, group::A)) + ", I= " + numberText(Omades(g, group::I)),
+                   + ", " + groupConstants(g),
                logColour::navy);
 }
 

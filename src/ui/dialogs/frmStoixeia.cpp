@@ -112,8 +112,7 @@ void frmStoixeia::showGroup()
 {
     std::string text;
     if (const auto g = ui_->Combo2->row())
-        text = "E= " + numberText(Omades(*g, group::E)) + ", A= " + numberText(Omades(*g, group::A))
-               + ", I= " + numberText(Omades(*g, group::I));
+        text = groupConstants(*g);
     ui_->Text1->setText(qtText(text));
     ui_->Text1->home(false);
 }
