@@ -75,7 +75,7 @@ void ItemReader::fail(const char *what, const std::string &item) const
 
 double ItemReader::asDouble(const std::string &item, const char *what) const
 {
-    const std::optional<double> value = wholeNumberText(item);
+    const std::optional<double> value = numberFromWholeText(item);
     if (!value)
         fail(what, item);
     return *value;

@@ -60,7 +60,6 @@ public:
     double currentX() const { return currentX_; }
     double currentY() const { return currentY_; }
     void setCurrentX(double x) { moveTo(x, currentY_); }
-    void setCurrentY(double y) { moveTo(currentX_, y); }
     void moveTo(double x, double y);
 
     /// Text with its top left corner at the current point, in the pen colour. Afterwards x of the

@@ -145,7 +145,7 @@ double Val(std::string_view text)
     return decimal.magnitude.empty() ? 0 : convert(decimal);
 }
 
-std::optional<double> wholeNumberText(std::string_view text)
+std::optional<double> numberFromWholeText(std::string_view text)
 {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);

@@ -18,7 +18,7 @@ double Val(std::string_view text);
 
 /// The number that @p text is as a whole, blanks around it aside; none where it is anything else,
 /// infinite, or beyond a Double's range.
-std::optional<double> wholeNumberText(std::string_view text);
+std::optional<double> numberFromWholeText(std::string_view text);
 
 /// @p value as the Single that the tables store; none where a Single cannot hold it.
 std::optional<float> toSingle(double value);

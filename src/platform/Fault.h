@@ -10,8 +10,9 @@ namespace veskora {
 /// What a run-time error is to this program: a subscript out of range, a division by zero where it
 /// is tested, a file that ends early, a write that failed.
 ///
-/// It is caught in few places only: the equation solver, the model file routines, and once around
-/// everything at the edge of the process (in the batch runner, around each model).
+/// It is caught in few places only: the equation solver, the routines that write and read model
+/// files and reports, a drawing that leaves one of its steps out, and once around everything at the
+/// edge of the process (in the batch runner, around each model).
 class Fault : public std::exception
 {
 public:

@@ -63,9 +63,9 @@ TEST(Numbers, AWholeItemIsANumberOrNot)
 {
     for (const char *text :
          {"", " ", "abc", "1x", "1 2", "inf", "nan", "1e400", "&H10", "1e", "--1"})
-        EXPECT_FALSE(wholeNumberText(text)) << text;
-    EXPECT_EQ(wholeNumberText(" 2.1E+08 "), 2.1e8);
-    EXPECT_EQ(wholeNumberText("-2147483634"), -2147483634.);
+        EXPECT_FALSE(numberFromWholeText(text)) << text;
+    EXPECT_EQ(numberFromWholeText(" 2.1E+08 "), 2.1e8);
+    EXPECT_EQ(numberFromWholeText("-2147483634"), -2147483634.);
 }
 
 TEST(Numbers, NarrowingRefusesWhatASingleCannotHold)
