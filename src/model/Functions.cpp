@@ -17,6 +17,12 @@ void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona, bool i
                         colours.at(static_cast<std::size_t>(xroma)), entona);
 }
 
+void showRefusal(const std::string &text)
+{
+    desktop().message(text, Icon::exclamation);
+    Grammi_Log(text, logColour::red);
+}
+
 void showModelCaption(const std::string &path)
 {
     const std::string title(applicationTitle);

@@ -26,6 +26,9 @@ inline constexpr std::int16_t grey = 4;
 void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona = false,
                 bool idia_grammi = false);
 
+/// Tells the user why a command is refused: in a box with a warning icon, and in red in the log.
+void showRefusal(const std::string &text);
+
 /// Sets the caption of the main window for the model file @p path, "Untitled.vsk" when empty.
 void showModelCaption(const std::string &path);
 

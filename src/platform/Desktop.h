@@ -44,6 +44,9 @@ public:
     /// Shows a modal box under the application's title and returns the button pressed.
     virtual Answer message(const std::string &text, Icon icon, Buttons buttons = Buttons::ok) = 0;
 
+    /// Asks for a line of text; empty when the user cancelled or gave none.
+    virtual std::string askText(const std::string &question) = 0;
+
     /// File dialogs; no value when the user cancelled. The save dialog asks before an existing file
     /// is chosen.
     virtual std::optional<std::string> askOpenFile(const FileQuestion &question) = 0;

@@ -28,6 +28,7 @@ void ScriptedDesktop::expectNothingLeft() const
 {
     for (const Expected &left : messages_)
         ADD_FAILURE() << "never said: " << left.text;
+    EXPECT_TRUE(texts_.empty()) << "an input box did not come";
     EXPECT_TRUE(files_.empty()) << "a file dialog did not come";
 }
 
@@ -48,6 +49,18 @@ Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons)
     EXPECT_EQ(text, expected.text);
     EXPECT_EQ(icon, expected.icon) << text;
     return expected.answer;
+}
+
+std::string ScriptedDesktop::askText(const std::string &question)
+{
+    textQuestions.push_back(question);
+    if (texts_.empty()) {
+        ADD_FAILURE() << "not foreseen: " << question;
+        return {};
+    }
+    const std::string text = texts_.front();
+    texts_.pop_front();
+    return text;
 }
 
 std::optional<std::string> ScriptedDesktop::askOpenFile(const FileQuestion &question)

@@ -33,6 +33,8 @@ public:
                        Answer answer = Answer::ok);
     /// The next box may say anything, which goes to @p said.
     void expectAnyMessage(std::string &said);
+    /// The next input box is answered by @p text; empty is Cancel.
+    void expectQuestion(std::string text) { texts_.push_back(std::move(text)); }
     /// The next file dialog gives @p path; none is Cancel.
     void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
     void expectNothingLeft() const;
@@ -40,6 +42,7 @@ public:
 
     std::vector<LogLine> log;
     std::string caption;
+    std::vector<std::string> textQuestions;
     std::vector<FileQuestion> fileQuestions;
     std::vector<std::string> events; ///< pointer, toolbar and repaint calls in their order
     std::map<std::string, std::string> settingsStore;
@@ -47,6 +50,7 @@ public:
     std::deque<TimeOfDay> times; ///< "12:00:00" when used up
 
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::string askText(const std::string &question) override;
     std::optional<std::string> askOpenFile(const FileQuestion &question) override;
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
@@ -74,6 +78,7 @@ private:
         std::string *said = nullptr; ///< where any text is welcome
     };
     std::deque<Expected> messages_;
+    std::deque<std::string> texts_;
     std::deque<std::optional<std::string>> files_;
 };
 

@@ -27,6 +27,7 @@ public:
     {
         return script_.message(text, icon, buttons);
     }
+    std::string askText(const std::string &question) override { return script_.askText(question); }
     std::optional<std::string> askOpenFile(const FileQuestion &question) override
     {
         return script_.askOpenFile(question);

@@ -1,8 +1,14 @@
 #include "Mnemonics.h"
 
 #include <QAction>
+#include <QCheckBox>
+#include <QGroupBox>
 #include <QKeySequence>
+#include <QLabel>
+#include <QPushButton>
 #include <QSet>
+
+#include <algorithm>
 
 namespace veskora {
 
@@ -47,6 +53,42 @@ void assignMnemonics(const QList<QAction *> &actions)
         used.insert(caption[at].toLower());
         action->setText(caption.insert(at, '&'));
     }
+}
+
+void assignDialogMnemonics(QWidget *dialog)
+{
+    const auto buttons = dialog->findChildren<QPushButton *>();
+    const auto checks = dialog->findChildren<QCheckBox *>();
+    const auto groups = dialog->findChildren<QGroupBox *>();
+    auto labels = dialog->findChildren<QLabel *>();
+    // Of two labels of one field the longer one is enough: letters are scarce.
+    labels.removeIf([all = labels](const QLabel *label) {
+        return label->buddy() == nullptr || std::ranges::any_of(all, [label](const QLabel *other) {
+                   return other->buddy() == label->buddy()
+                          && other->text().size() > label->text().size();
+               });
+    });
+
+    QObject owner;
+    QList<QAction *> captions;
+    const auto collect = [&](const auto &widgets, auto text) {
+        for (const auto *widget : widgets)
+            captions << new QAction((widget->*text)(), &owner);
+    };
+    collect(buttons, &QPushButton::text);
+    collect(labels, &QLabel::text);
+    collect(checks, &QCheckBox::text);
+    collect(groups, &QGroupBox::title);
+    assignMnemonics(captions);
+
+    const auto giveBack = [&](const auto &widgets, auto setText) {
+        for (auto *widget : widgets)
+            (widget->*setText)(captions.takeFirst()->text());
+    };
+    giveBack(buttons, &QPushButton::setText);
+    giveBack(labels, &QLabel::setText);
+    giveBack(checks, &QCheckBox::setText);
+    giveBack(groups, &QGroupBox::setTitle);
 }
 
 } // namespace veskora

@@ -1,15 +1,19 @@
 #pragma once
 /// @file
-/// Keyboard access to menus in every language.
+/// Keyboard access to menus and dialogs in every language.
 
 #include <QList>
 
 class QAction;
+class QWidget;
 
 namespace veskora {
 
 /// Gives each caption without a mnemonic one of its letters that no other of @p actions uses, so
 /// that translators need not mind them.
 void assignMnemonics(const QList<QAction *> &actions);
+
+/// The same for the buttons, checks, group boxes and labelled fields of @p dialog.
+void assignDialogMnemonics(QWidget *dialog);
 
 } // namespace veskora

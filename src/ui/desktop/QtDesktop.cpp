@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -128,6 +129,16 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
     default:
         return Answer::ok;
     }
+}
+
+std::string QtDesktop::askText(const std::string &question)
+{
+    QInputDialog box(parent());
+    box.setWindowTitle(applicationName());
+    box.setLabelText(qtText(question));
+    box.setOkButtonText(qtText(Metafrasi(2002, "OK")));
+    box.setCancelButtonText(qtText(Metafrasi(2003, "Cancel")));
+    return box.exec() == QDialog::Accepted ? plainText(box.textValue()) : std::string();
 }
 
 std::optional<std::string> QtDesktop::askOpenFile(const FileQuestion &question)

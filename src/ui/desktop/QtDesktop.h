@@ -40,6 +40,7 @@ public:
     void attach(MainWindowSurface *window) { window_ = window; }
 
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::string askText(const std::string &question) override;
     std::optional<std::string> askOpenFile(const FileQuestion &question) override;
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;

@@ -7,16 +7,10 @@
 #include "NumberList.h"
 #include "QtDesktop.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QValidator>
-
-#include <algorithm>
 
 namespace veskora {
 
@@ -34,43 +28,6 @@ public:
         return Acceptable;
     }
 };
-
-/// Gives every caption of @p dialog a mnemonic, as the entries of one menu get theirs.
-void giveMnemonics(QDialog *dialog)
-{
-    const auto buttons = dialog->findChildren<QPushButton *>();
-    const auto checks = dialog->findChildren<QCheckBox *>();
-    const auto groups = dialog->findChildren<QGroupBox *>();
-    auto labels = dialog->findChildren<QLabel *>();
-    // Of two labels of one field the longer one is enough: letters are scarce.
-    labels.removeIf([all = labels](const QLabel *label) {
-        return label->buddy() == nullptr || std::ranges::any_of(all, [label](const QLabel *other) {
-                   return other->buddy() == label->buddy()
-                          && other->text().size() > label->text().size();
-               });
-    });
-
-    QObject owner;
-    QList<QAction *> captions;
-    const auto collect = [&](const auto &widgets, auto text) {
-        for (const auto *widget : widgets)
-            captions << new QAction((widget->*text)(), &owner);
-    };
-    collect(buttons, &QPushButton::text);
-    collect(labels, &QLabel::text);
-    collect(checks, &QCheckBox::text);
-    collect(groups, &QGroupBox::title);
-    assignMnemonics(captions);
-
-    const auto giveBack = [&](const auto &widgets, auto setText) {
-        for (auto *widget : widgets)
-            (widget->*setText)(captions.takeFirst()->text());
-    };
-    giveBack(buttons, &QPushButton::setText);
-    giveBack(labels, &QLabel::setText);
-    giveBack(checks, &QCheckBox::setText);
-    giveBack(groups, &QGroupBox::setTitle);
-}
 
 } // namespace
 
@@ -101,7 +58,7 @@ void ModelDialog::equip()
         if (field->parent() == this)
             field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
     }
-    giveMnemonics(this);
+    assignDialogMnemonics(this);
 }
 
 void ModelDialog::chainEnter(const QList<QWidget *> &fields)
@@ -140,8 +97,7 @@ void ModelDialog::pressEnter(QWidget *field)
 
 bool ModelDialog::refuse(const std::string &text, QWidget *field)
 {
-    desktop().message(text, Icon::exclamation);
-    Grammi_Log(text, logColour::red);
+    showRefusal(text);
     lead(field);
     return false;
 }

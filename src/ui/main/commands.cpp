@@ -264,7 +264,7 @@ bool frmMain::saveBeforeLeaving(bool closing)
     // The command goes on all the same, and the user meant to keep the model.
     const std::string recovery = writeRecoveryFile();
     if (recovery.empty()) {
-        refuse(Metafrasi(117, "The model could not be kept."));
+        showRefusal(Metafrasi(117, "The model could not be kept."));
         return false; // leaving it would be to lose it
     }
     const std::string text =
@@ -424,29 +424,23 @@ void frmMain::Button_Rithmiseis()
 
 // ------------------------------------------------------------------------------------ the dialogs
 
-void frmMain::refuse(const std::string &text)
-{
-    desktop().message(text, Icon::exclamation);
-    Grammi_Log(text, logColour::red);
-}
-
 void frmMain::showNotYetBuilt()
 {
-    desktop().message(Metafrasi(113, "This window is not part of the program yet."),
+    desktop().message(Metafrasi(2200, "This window is not part of the program yet."),
                       Icon::information);
 }
 
 bool frmMain::refuseWithoutNodes()
 {
     if (Arithmos_Kombon == 0)
-        refuse(Metafrasi(97, "No nodes have been defined yet."));
+        showRefusal(Metafrasi(97, "No nodes have been defined yet."));
     return Arithmos_Kombon == 0;
 }
 
 bool frmMain::refuseWithoutElements()
 {
     if (Arithmos_Stoixeion == 0)
-        refuse(Metafrasi(98, "No elements have been defined yet."));
+        showRefusal(Metafrasi(98, "No elements have been defined yet."));
     return Arithmos_Stoixeion == 0;
 }
 
@@ -463,11 +457,12 @@ void frmMain::Button_Komboi()
 void frmMain::Button_Stoixeia()
 {
     if (Arithmos_Omadon == 0)
-        refuse(Metafrasi(101, "Before defining an element, at least one E,A,I Element Group must "
+        showRefusal(Metafrasi(101,
+                              "Before defining an element, at least one E,A,I Element Group must "
                               "have been defined."));
     else if (Arithmos_Kombon < 2)
-        refuse(Metafrasi(102, "Before defining an element, at least two nodes must have been "
-                              "defined."));
+        showRefusal(Metafrasi(102, "Before defining an element, at least two nodes must have been "
+                                   "defined."));
     else
         showDialog<frmStoixeia>([](frmStoixeia &dialog) { dialog.openNew(); });
 }
@@ -475,8 +470,8 @@ void frmMain::Button_Stoixeia()
 void frmMain::Button_Epikombia()
 {
     if (Arithmos_Kombon == 0)
-        refuse(Metafrasi(99,
-                         "Before defining a nodal load, at least one node must have been defined"));
+        showRefusal(Metafrasi(
+            99, "Before defining a nodal load, at least one node must have been defined"));
     else
         showDialog<frmEPIKOMBIO>([](frmEPIKOMBIO &dialog) { dialog.openFirst(); });
 }
@@ -484,7 +479,7 @@ void frmMain::Button_Epikombia()
 void frmMain::Button_Omoiomorfa()
 {
     if (Arithmos_Stoixeion == 0)
-        refuse(Metafrasi(
+        showRefusal(Metafrasi(
             100, "Before defining an elemental load, at least one element must have been defined"));
     else
         showDialog<frmOMOIOMORFO>([](frmOMOIOMORFO &dialog) { dialog.openFirst(); });

@@ -165,7 +165,6 @@ private:
     // Model commands whose windows need rows to work on
     bool refuseWithoutNodes();
     bool refuseWithoutElements();
-    void refuse(const std::string &text);
     void showNotYetBuilt();
     template <typename Dialog, typename Open>
     void showDialog(Open open);
