@@ -178,7 +178,7 @@ void frmMain::connectCommands()
     menu(ui_->mnuDIAG_Nitem, &frmMain::Button_N);
     menu(ui_->mnuDEFORMitem, &frmMain::Button_Deform);
     menu(ui_->mnuRITHMISEISitem, &frmMain::Button_Rithmiseis);
-    menu(ui_->mnuCONTENTSitem, &frmMain::showNotYetBuilt);
+    menu(ui_->mnuCONTENTSitem, [this] { help_.showContents(); });
     menu(ui_->mnuVeskoraWEBitem, &frmMain::openWebPage);
     menu(ui_->mnuPERIitem, &frmMain::showAbout);
 

@@ -281,6 +281,7 @@ void frmMain::closeEvent(QCloseEvent *event)
 {
     if (closed_) // the last step of closing closes all windows, this one among them
         return event->accept();
+    help_.close();
     Apothikefsi_Geometrias();
     if (!askToSave(true))
         return event->ignore();
@@ -310,6 +311,10 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     // A command in the middle of a drag would pull the model away under the pointer.
     if (event->type() == QEvent::Shortcut && Patimeno_Koumpi)
         return true;
+    if (askedForHelp(*event)) {
+        event->accept();
+        return true;
+    }
     if (event->type() == QEvent::KeyPress)
         return pressFocusedButton(watched, static_cast<const QKeyEvent *>(event)->key());
     return QMainWindow::eventFilter(watched, event);
@@ -323,6 +328,19 @@ bool frmMain::pressFocusedButton(QObject *watched, int key)
         || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return false;
     button->click();
+    return true;
+}
+
+/// F1 shows the help of the window in front, above any dialog. The key is taken before the menu's
+/// Contents, which bears it, can.
+bool frmMain::askedForHelp(const QEvent &event)
+{
+    const bool press = event.type() == QEvent::KeyPress;
+    if ((!press && event.type() != QEvent::ShortcutOverride)
+        || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1)
+        return false;
+    if (press && !Patimeno_Koumpi)
+        help_.showTopicOf(QApplication::activeWindow());
     return true;
 }
 

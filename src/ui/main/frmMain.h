@@ -3,6 +3,7 @@
 /// The main window: it owns the process, the canvas, the message log and every command.
 
 #include "CanvasWidget.h"
+#include "HTMLHelp.h"
 #include "QtDesktop.h"
 
 #include <QLabel>
@@ -110,6 +111,7 @@ private:
     void toggleLog();
     void showNewestLine();
     bool pressFocusedButton(QObject *watched, int key);
+    bool askedForHelp(const QEvent &event);
     int innerWidth() const;  ///< twips
     int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included
 
@@ -202,6 +204,7 @@ private:
     QPushButton *Command1_ = nullptr;
     QPushButton *Command2_ = nullptr;
     QTimer Timer1_;
+    HTMLHelp help_;
 
     bool Xeraki_Energo = false;
     bool Zoom_Energo = false;

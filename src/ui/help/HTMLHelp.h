@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+class QWidget;
+
+namespace veskora {
+
+class HelpViewer;
+
+/// The online help: the compiled help file `Veskora_ML` beside the program, in a viewer window of
+/// its own that stays usable while a dialog is open.
+///
+/// A topic is an id of the help file: the object name of a window, or the class name of a box of
+/// the toolkit. A help file that is missing or damaged is told to the user; the program goes on.
+class HTMLHelp
+{
+public:
+    HTMLHelp();
+    ~HTMLHelp(); // in the .cpp, where HelpViewer is complete
+
+    void showContents();
+    void showIndex();
+    void showSearch();
+
+    /// @param id  a topic; an unknown one shows the contents
+    void showTopic(const QString &id);
+    /// The topic of @p front, or of the window it belongs to; the contents where none has any.
+    void showTopicOf(const QWidget *front);
+
+    /// Closes the viewer, if there is one.
+    void close();
+
+private:
+    /// @return the viewer, null when the help cannot be opened, which the user is then told
+    HelpViewer *open();
+
+    std::unique_ptr<HelpViewer> viewer_; ///< made at the first use
+};
+
+} // namespace veskora

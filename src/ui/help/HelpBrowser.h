@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTextBrowser>
+
+class QHelpEngineCore;
+
+namespace veskora {
+
+/// Shows the pages of a help file, its pictures sharp at every scale factor of the screen.
+class HelpBrowser : public QTextBrowser
+{
+    Q_OBJECT
+public:
+    explicit HelpBrowser(QWidget *parent = nullptr);
+
+    /// @param engine  must outlive this browser
+    void setEngine(const QHelpEngineCore *engine) { engine_ = engine; }
+
+    /// Marks every place where a word of the page begins with one of @p words, and shows the first.
+    void mark(const QStringList &words);
+
+    QVariant loadResource(int type, const QUrl &name) override;
+
+private:
+    QImage picture(const QUrl &url) const;
+
+    const QHelpEngineCore *engine_ = nullptr;
+};
+
+} // namespace veskora

@@ -1,0 +1,249 @@
+#include "HelpViewer.h"
+
+#include "Functions.h"
+#include "HelpBrowser.h"
+#include "Mnemonics.h"
+#include "QtDesktop.h"
+#include "ui_HelpViewer.h"
+
+#include <QGuiApplication>
+#include <QHelpContentWidget>
+#include <QHelpIndexWidget>
+#include <QHelpLink>
+#include <QListWidgetItem>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+#include <QWindow>
+
+namespace veskora {
+
+namespace {
+
+constexpr const char *nameSpace = "veskora-ml";
+constexpr const char *firstPage = "qthelp://veskora-ml/help/index.html";
+
+} // namespace
+
+HelpViewer::HelpViewer(const QString &collection)
+    : ui_(std::make_unique<Ui::HelpViewer>()), engine_(collection)
+{
+    ui_->setupUi(this);
+    ui_->Back->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
+    ui_->Forward->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
+    setCaptions();
+    if (collection.isEmpty())
+        return;
+    engine_.setReadOnly(true);
+    QHelpSearchEngine *searching = engine_.searchEngine(); // there before the set-up: it makes
+                                                           // its index then
+    usable_ = engine_.setupData() && engine_.registeredDocumentations().contains(nameSpace)
+              && !engine_.fileData(QUrl(firstPage)).isEmpty();
+    if (!usable_)
+        return;
+
+    HelpBrowser *page = ui_->Page;
+    page->setEngine(&engine_);
+    QHelpContentWidget *contents = engine_.contentWidget();
+    contents->setObjectName("ContentsTree");
+    ui_->ContentsLayout->addWidget(contents);
+    connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
+        contents->expandAll();
+        pageChanged(); // its place in the contents is known now
+    });
+    connect(contents, &QHelpContentWidget::linkActivated, page,
+            [page](const QUrl &url) { page->setSource(url); });
+    connect(contents, &QTreeView::clicked, contents, &QTreeView::activated);
+
+    QHelpIndexWidget *index = engine_.indexWidget();
+    index->setObjectName("IndexList");
+    ui_->IndexLayout->addWidget(index);
+    connect(ui_->Keyword, &QLineEdit::textChanged, index,
+            [index](const QString &text) { index->filterIndices(text, text); });
+    connect(ui_->Keyword, &QLineEdit::returnPressed, index, &QHelpIndexWidget::activateCurrentItem);
+    connect(index, &QHelpIndexWidget::documentActivated, page,
+            [page](const QHelpLink &link) { page->setSource(link.url); });
+    connect(index, &QHelpIndexWidget::documentsActivated, page,
+            [page](const QList<QHelpLink> &links) { page->setSource(links.first().url); });
+    connect(index, &QListView::clicked, index, &QListView::activated);
+
+    connect(ui_->SearchText, &QLineEdit::returnPressed, this, &HelpViewer::search);
+    connect(ui_->SearchButton, &QPushButton::clicked, this, &HelpViewer::search);
+    connect(searching, &QHelpSearchEngine::searchingFinished, this, &HelpViewer::showResults);
+    connect(searching, &QHelpSearchEngine::indexingFinished, this, [this] {
+        if (wanted_)
+            search();
+    });
+    connect(ui_->Results, &QListWidget::currentItemChanged, this, &HelpViewer::openResult);
+    connect(ui_->Results, &QListWidget::itemClicked, this, &HelpViewer::openResult);
+
+    connect(ui_->Back, &QToolButton::clicked, page, &QTextBrowser::backward);
+    connect(ui_->Forward, &QToolButton::clicked, page, &QTextBrowser::forward);
+    connect(page, &QTextBrowser::backwardAvailable, ui_->Back, &QWidget::setEnabled);
+    connect(page, &QTextBrowser::forwardAvailable, ui_->Forward, &QWidget::setEnabled);
+    connect(page, &QTextBrowser::sourceChanged, this, &HelpViewer::pageChanged);
+
+    connect(ui_->Find, &QLineEdit::returnPressed, this, [this] { findInPage({}); });
+    const auto key = [this](const QKeySequence &keys, auto command) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, command);
+    };
+    key(QKeySequence::Find, [this] {
+        ui_->Find->setFocus();
+        ui_->Find->selectAll();
+    });
+    key(QKeySequence::FindNext, [this] { findInPage({}); });
+    key(QKeySequence::FindPrevious, [this] { findInPage(QTextDocument::FindBackward); });
+    key(Qt::Key_Escape, [this] { close(); });
+
+    const QSize screenSize = QGuiApplication::primaryScreen()->availableSize();
+    page->setFocus();
+    resize(QSize(1060, 700).boundedTo(screenSize * 0.9));
+    ui_->Splitter->setSizes({270, 790});
+}
+
+HelpViewer::~HelpViewer() = default;
+
+void HelpViewer::setCaptions()
+{
+    const auto text = [](const std::string &translated) { return qtText(translated); };
+    ui_->Tabs->setTabText(0, text(Metafrasi(2172, "Contents")));
+    ui_->Tabs->setTabText(1, text(Metafrasi(2173, "Index")));
+    ui_->Tabs->setTabText(2, text(Metafrasi(2174, "Search")));
+    ui_->Back->setText(text(Metafrasi(2175, "Back")));
+    ui_->Forward->setText(text(Metafrasi(2176, "Forward")));
+    ui_->Find->setPlaceholderText(text(Metafrasi(2177, "Find in this page")));
+    ui_->Keyword->setPlaceholderText(text(Metafrasi(2178, "Keyword")));
+    ui_->SearchText->setPlaceholderText(text(Metafrasi(2179, "Words to search for")));
+    ui_->SearchButton->setText(text(Metafrasi(2174, "Search")));
+    for (QLineEdit *field : {ui_->Find, ui_->Keyword, ui_->SearchText})
+        field->setAccessibleName(field->placeholderText());
+    pageChanged();
+}
+
+void HelpViewer::bringUp()
+{
+    if (isMinimized())
+        showNormal();
+    else
+        show();
+    raise();
+    activateWindow();
+    if (QWindow *modal = QGuiApplication::modalWindow())
+        windowHandle()->setTransientParent(modal);
+}
+
+bool HelpViewer::event(QEvent *event)
+{
+    // A window that belongs to the modal one is not blocked by it.
+    if (event->type() == QEvent::WindowBlocked && windowHandle() != nullptr)
+        if (QWindow *modal = QGuiApplication::modalWindow())
+            windowHandle()->setTransientParent(modal);
+    return QWidget::event(event);
+}
+
+void HelpViewer::showContents()
+{
+    ui_->Tabs->setCurrentIndex(0);
+    if (ui_->Page->source().isEmpty())
+        ui_->Page->setSource(QUrl(firstPage));
+}
+
+void HelpViewer::showIndex()
+{
+    showContents();
+    ui_->Tabs->setCurrentIndex(1);
+    ui_->Keyword->setFocus();
+}
+
+void HelpViewer::showSearch()
+{
+    showContents();
+    ui_->Tabs->setCurrentIndex(2);
+    ui_->SearchText->setFocus();
+}
+
+bool HelpViewer::showTopic(const QString &id)
+{
+    const QList<QHelpLink> links = engine_.documentsForIdentifier(id);
+    if (id.isEmpty() || links.isEmpty())
+        return false;
+    ui_->Page->setSource(links.first().url);
+    showContents();
+    return true;
+}
+
+void HelpViewer::pageChanged()
+{
+    const QString help = qtText(std::string(applicationTitle) + " - " + Metafrasi(33, "Help"));
+    const QString title = ui_->Page->documentTitle();
+    setWindowTitle(title.isEmpty() ? help : title + " - " + help);
+    if (!usable_)
+        return;
+    QUrl page = ui_->Page->source();
+    page.setFragment({});
+    QHelpContentWidget *contents = engine_.contentWidget();
+    if (const QModelIndex place = contents->indexOf(page); place.isValid()) {
+        contents->setCurrentIndex(place);
+        contents->scrollTo(place);
+    }
+}
+
+QStringList HelpViewer::searchedWords() const
+{
+    static const QRegularExpression noWord("[^\\w]+",
+                                           QRegularExpression::UseUnicodePropertiesOption);
+    return ui_->SearchText->text().split(noWord, Qt::SkipEmptyParts);
+}
+
+void HelpViewer::search()
+{
+    QString query; // the beginnings of words, all of which a page must have
+    for (const QString &word : searchedWords())
+        query += word + "* ";
+    if (query.isEmpty())
+        return;
+    lastSearch_ = searchedWords();
+    wanted_ = true;
+    ui_->Found->setText(qtText(Metafrasi(2180, "Searching...")));
+    engine_.searchEngine()->search(query);
+}
+
+void HelpViewer::showResults()
+{
+    QHelpSearchEngine *searching = engine_.searchEngine();
+    const QSignalBlocker quiet(ui_->Results);
+    ui_->Results->clear();
+    for (const QHelpSearchResult &hit :
+         searching->searchResults(0, searching->searchResultCount())) {
+        auto *item = new QListWidgetItem(hit.title(), ui_->Results);
+        item->setData(Qt::UserRole, hit.url());
+        item->setToolTip(hit.snippet());
+    }
+    wanted_ = ui_->Results->count() == 0;
+    ui_->Found->setText(ui_->Results->count() == 0
+                            ? qtText(Metafrasi(2181, "No page has all of these words."))
+                            : qtText(Metafrasi(2182, "Pages found:")) + " "
+                                  + QString::number(ui_->Results->count()));
+}
+
+void HelpViewer::openResult()
+{
+    const QListWidgetItem *item = ui_->Results->currentItem();
+    if (item == nullptr)
+        return;
+    ui_->Page->setSource(item->data(Qt::UserRole).toUrl());
+    ui_->Page->mark(lastSearch_);
+}
+
+void HelpViewer::findInPage(QTextDocument::FindFlags direction)
+{
+    const QString text = ui_->Find->text();
+    if (text.isEmpty() || ui_->Page->find(text, direction))
+        return;
+    // Around the end of the page.
+    ui_->Page->moveCursor(direction == 0 ? QTextCursor::Start : QTextCursor::End);
+    ui_->Page->find(text, direction);
+}
+
+} // namespace veskora
