@@ -50,7 +50,7 @@ HelpViewer::HelpViewer(const QString &collection)
     ui_->ContentsLayout->addWidget(contents);
     connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
         contents->expandAll();
-        pageChanged(); // its place in the contents is known now
+        pageChanged(ui_->Page->source()); // its place in the contents is known now
     });
     connect(contents, &QHelpContentWidget::linkActivated, page,
             [page](const QUrl &url) { page->setSource(url); });
@@ -118,7 +118,7 @@ void HelpViewer::setCaptions()
     ui_->SearchButton->setText(text(Metafrasi(2174, "Search")));
     for (QLineEdit *field : {ui_->Find, ui_->Keyword, ui_->SearchText})
         field->setAccessibleName(field->placeholderText());
-    pageChanged();
+    pageChanged({});
 }
 
 void HelpViewer::bringUp()
@@ -129,13 +129,12 @@ void HelpViewer::bringUp()
         show();
     raise();
     activateWindow();
-    if (QWindow *modal = QGuiApplication::modalWindow())
-        windowHandle()->setTransientParent(modal);
 }
 
 bool HelpViewer::event(QEvent *event)
 {
-    // A window that belongs to the modal one is not blocked by it.
+    // Comes with every modal window that opens, and with this one's opening beneath one. What
+    // belongs to the modal window is not blocked by it.
     if (event->type() == QEvent::WindowBlocked && windowHandle() != nullptr)
         if (QWindow *modal = QGuiApplication::modalWindow())
             windowHandle()->setTransientParent(modal);
@@ -173,14 +172,13 @@ bool HelpViewer::showTopic(const QString &id)
     return true;
 }
 
-void HelpViewer::pageChanged()
+void HelpViewer::pageChanged(QUrl page)
 {
     const QString help = qtText(std::string(applicationTitle) + " - " + Metafrasi(33, "Help"));
     const QString title = ui_->Page->documentTitle();
     setWindowTitle(title.isEmpty() ? help : title + " - " + help);
     if (!usable_)
         return;
-    QUrl page = ui_->Page->source();
     page.setFragment({});
     QHelpContentWidget *contents = engine_.contentWidget();
     if (const QModelIndex place = contents->indexOf(page); place.isValid()) {

@@ -45,7 +45,7 @@ private:
     void showResults();
     void openResult();
     void findInPage(QTextDocument::FindFlags direction);
-    void pageChanged();
+    void pageChanged(QUrl page);
     QStringList searchedWords() const;
 
     const std::unique_ptr<Ui::HelpViewer> ui_;

@@ -311,7 +311,7 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     // A command in the middle of a drag would pull the model away under the pointer.
     if (event->type() == QEvent::Shortcut && Patimeno_Koumpi)
         return true;
-    if (askedForHelp(*event)) {
+    if (askedForHelp(watched, *event)) {
         event->accept();
         return true;
     }
@@ -333,14 +333,15 @@ bool frmMain::pressFocusedButton(QObject *watched, int key)
 
 /// F1 shows the help of the window in front, above any dialog. The key is taken before the menu's
 /// Contents, which bears it, can.
-bool frmMain::askedForHelp(const QEvent &event)
+bool frmMain::askedForHelp(const QObject *watched, const QEvent &event)
 {
     const bool press = event.type() == QEvent::KeyPress;
     if ((!press && event.type() != QEvent::ShortcutOverride)
         || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1)
         return false;
     if (press && !Patimeno_Koumpi)
-        help_.showTopicOf(QApplication::activeWindow());
+        help_.showTopicOf(watched->isWidgetType() ? static_cast<const QWidget *>(watched)->window()
+                                                  : QApplication::activeWindow());
     return true;
 }
 

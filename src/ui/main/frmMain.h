@@ -111,7 +111,7 @@ private:
     void toggleLog();
     void showNewestLine();
     bool pressFocusedButton(QObject *watched, int key);
-    bool askedForHelp(const QEvent &event);
+    bool askedForHelp(const QObject *watched, const QEvent &event);
     int innerWidth() const;  ///< twips
     int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included
 

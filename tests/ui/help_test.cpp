@@ -1,0 +1,228 @@
+// The help as a user meets it: F1, the search, and every page with all that it points to.
+
+#include "frmKomboi.h"
+#include "HelpBrowser.h"
+#include "HelpViewer.h"
+#include "MainWindowTest.h"
+
+#include <QApplication>
+#include <QHelpContentWidget>
+#include <QHelpIndexModel>
+#include <QHelpIndexWidget>
+#include <QHelpLink>
+#include <QImage>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTabBar>
+#include <QTest>
+
+#include <gmock/gmock.h>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+namespace {
+
+class Help : public MainWindow
+{
+protected:
+    Help()
+    {
+        desktop.program = path("program");
+        fs::create_directory(desktop.program);
+    }
+
+    void installHelp() const
+    {
+        for (const char *name : {"/Veskora_ML.qch", "/Veskora_ML.qhc"})
+            fs::copy_file(HELP_FILE_FOLDER + std::string(name), desktop.program + name);
+    }
+    static HelpViewer *viewer()
+    {
+        for (QWidget *widget : QApplication::topLevelWidgets())
+            if (auto *help = qobject_cast<HelpViewer *>(widget))
+                return help;
+        return nullptr;
+    }
+    static std::string shownPage()
+    {
+        return viewer()->findChild<HelpBrowser *>("Page")->documentTitle().toStdString();
+    }
+};
+
+/// The compiled help by itself.
+class HelpFile : public Help
+{
+protected:
+    HelpFile()
+    {
+        installHelp();
+        engine.setReadOnly(true);
+        EXPECT_TRUE(engine.setupData()) << engine.error().toStdString();
+    }
+
+    QString content(const QUrl &url) const { return QString::fromUtf8(engine.fileData(url)); }
+    QList<QUrl> pages() { return engine.files("veskora-ml", QStringList(), "html"); }
+
+    /// The page is there, and so is the place on it that the link names.
+    void expectReachable(const QUrl &url) const
+    {
+        const QString text = content(url);
+        EXPECT_FALSE(text.isEmpty()) << url.toString().toStdString();
+        if (url.hasFragment()) {
+            EXPECT_TRUE(text.contains("<a name=\"" + url.fragment() + "\">"))
+                << url.toString().toStdString();
+        }
+    }
+
+    QHelpEngine engine = QHelpEngine(QString::fromStdString(desktop.program + "/Veskora_ML.qhc"));
+};
+
+TEST_F(HelpFile, EveryWindowAndBoxHasItsTopic)
+{
+    for (const char *id :
+         {"frmMain",      "HelpViewer",      "frmOmades",     "frmKomboi",     "frmStoixeia",
+          "frmEPIKOMBIO", "frmOMOIOMORFO",   "frmMETAKINISI", "frmSigxonefsi", "frmDiairesi",
+          "frmKykliko",   "frmApotelesmata", "frmSelect",     "frmSXEDIASI",   "frmXROMATA",
+          "frmWelcome",   "frmAbout",        "QMessageBox",   "QInputDialog",  "QFileDialog",
+          "QColorDialog"}) {
+        const QList<QHelpLink> links = engine.documentsForIdentifier(id);
+        ASSERT_EQ(links.size(), 1) << id;
+        expectReachable(links.first().url);
+    }
+}
+
+TEST_F(HelpFile, NoLinkIsDeadAndNoPictureMissing)
+{
+    static const QRegularExpression reference("(?:href|src)=\"([^\"]+)\"");
+    HelpBrowser browser;
+    browser.setEngine(&engine);
+    ASSERT_GT(pages().size(), 25);
+    for (const QUrl &page : pages()) {
+        const QString text = content(page);
+        for (auto found = reference.globalMatch(text); found.hasNext();) {
+            const QUrl target = page.resolved(QUrl(found.next().captured(1)));
+            if (target.path().startsWith("/help/pictures/"))
+                EXPECT_FALSE(browser.loadResource(QTextDocument::ImageResource, target)
+                                 .value<QImage>()
+                                 .isNull())
+                    << target.toString().toStdString();
+            else
+                expectReachable(target);
+        }
+    }
+}
+
+TEST_F(HelpFile, ContentsListEveryPageAndKeywordsLeadToOne)
+{
+    QSignalSpy contentsMade(engine.contentModel(), &QHelpContentModel::contentsCreated);
+    QSignalSpy indexMade(engine.indexModel(), &QHelpIndexModel::indexCreated);
+    engine.contentModel()->createContents(QString());
+    engine.indexModel()->createIndex(QString());
+    ASSERT_TRUE(contentsMade.count() > 0 || contentsMade.wait());
+    ASSERT_TRUE(indexMade.count() > 0 || indexMade.wait());
+    for (const QUrl &page : pages())
+        EXPECT_TRUE(engine.contentWidget()->indexOf(page).isValid())
+            << page.toString().toStdString();
+    ASSERT_GT(engine.indexModel()->rowCount(), 50);
+    for (int row = 0; row < engine.indexModel()->rowCount(); ++row) {
+        const QString keyword = engine.indexModel()->index(row).data().toString();
+        const QList<QHelpLink> links = engine.documentsForKeyword(keyword);
+        ASSERT_EQ(links.size(), 1) << keyword.toStdString();
+        expectReachable(links.first().url);
+    }
+}
+
+TEST_F(Help, F1ShowsThePageOfTheWindowInFront)
+{
+    installHelp();
+    start();
+    QTest::keyClick(window.get(), Qt::Key_F1);
+    ASSERT_NE(viewer(), nullptr);
+    EXPECT_EQ(shownPage(), "The main window");
+    {
+        frmKomboi dialog(window.get());
+        dialog.show();
+        QTest::keyClick(dialog.findChild<QWidget *>("Text2"), Qt::Key_F1);
+        EXPECT_EQ(shownPage(), "Nodes, supports and springs");
+        EXPECT_TRUE(dialog.isVisible());
+    }
+    trigger("mnuEKSODOSitem");
+    EXPECT_EQ(viewer(), nullptr);
+}
+
+TEST_F(Help, ADialogThatBlocksAllWindowsLeavesTheViewerUsable)
+{
+    installHelp();
+    start();
+    trigger("mnuCONTENTSitem");
+    auto *tabs = viewer()->findChild<QTabWidget *>("Tabs");
+    const auto choose = [tabs](int tab) {
+        QTabBar *bar = tabs->tabBar();
+        const QPoint place = bar->mapTo(tabs->window(), bar->tabRect(tab).center());
+        QTest::mouseClick(tabs->window()->windowHandle(), Qt::LeftButton, {}, place);
+        return tabs->currentIndex();
+    };
+    QMessageBox box(window.get());
+    box.setWindowModality(Qt::ApplicationModal);
+    box.show();
+    EXPECT_EQ(choose(1), 1) << "opened before";
+    viewer()->close();
+    QTest::keyClick(&box, Qt::Key_F1);
+    EXPECT_EQ(shownPage(), "Messages and what to do");
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(viewer()));
+    EXPECT_EQ(choose(2), 2) << "opened from it";
+    box.close();
+    EXPECT_EQ(choose(1), 1) << "after it";
+}
+
+TEST_F(Help, TheSearchFindsPagesByTheBeginningsOfWords)
+{
+    installHelp();
+    start();
+    trigger("mnuCONTENTSitem");
+    EXPECT_EQ(shownPage(), "Kalvorn Veskora ML");
+    const auto search = [](const char *words) {
+        viewer()->findChild<QLineEdit *>("SearchText")->setText(words);
+        viewer()->findChild<QAbstractButton *>("SearchButton")->click();
+    };
+    auto *results = viewer()->findChild<QListWidget *>("Results");
+    search("trus hing rota");
+    const auto row = [&] { return results->findItems("Element types", Qt::MatchStartsWith); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !row().isEmpty(); }));
+    results->setCurrentItem(row().first());
+    EXPECT_EQ(shownPage(), "Element types and hinges");
+    EXPECT_FALSE(viewer()->findChild<HelpBrowser *>("Page")->extraSelections().isEmpty());
+
+    search("P2' \"(unheardof"); // what the query language would choke on
+    auto *found = viewer()->findChild<QLabel *>("Found");
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return found->text() == "No page has all of these words."; }));
+    EXPECT_EQ(results->count(), 0);
+}
+
+TEST_F(Help, AMissingOrDamagedFileIsToldAndTheProgramGoesOn)
+{
+    start();
+    const std::string says = "The help cannot be shown. Its file is missing or damaged: "
+                             + desktop.program + "/Veskora_ML.qch";
+    desktop.expectMessage(says);
+    trigger("mnuCONTENTSitem");
+    for (const char *name : {"/Veskora_ML.qch", "/Veskora_ML.qhc"})
+        write(desktop.program + name, "no help file");
+    desktop.expectMessage(says);
+    QTest::keyClick(window.get(), Qt::Key_F1);
+    EXPECT_EQ(viewer(), nullptr);
+
+    fs::remove(desktop.program + "/Veskora_ML.qch");
+    fs::remove(desktop.program + "/Veskora_ML.qhc");
+    installHelp(); // installed again, it is there without a new start
+    trigger("mnuCONTENTSitem");
+    EXPECT_NE(viewer(), nullptr);
+}
+
+} // namespace
+} // namespace veskora
