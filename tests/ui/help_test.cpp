@@ -161,6 +161,7 @@ TEST_F(Help, ADialogThatBlocksAllWindowsLeavesTheViewerUsable)
     trigger("mnuCONTENTSitem");
     auto *tabs = viewer()->findChild<QTabWidget *>("Tabs");
     const auto choose = [tabs](int tab) {
+        QCoreApplication::processEvents(); // the layout settles
         QTabBar *bar = tabs->tabBar();
         const QPoint place = bar->mapTo(tabs->window(), bar->tabRect(tab).center());
         QTest::mouseClick(tabs->window()->windowHandle(), Qt::LeftButton, {}, place);
