@@ -93,9 +93,9 @@ def main(batch, models, template, output, *files):
                 values += 1
                 place = f"element {row}, end {'ij'[column > 3]}" if table == "f" else f"node {row}"
                 rows.append(f"<tr><td>{place}</td><td>{NAMES[table][column - 1]}</td>"
-                            f'<td align="right">{published}</td><td align="right">{ours}</td>'
-                            f'<td align="right">{percent(difference)}</td>'
-                            f'<td align="right">{percent(allowed)}</td></tr>')
+                            f'<td class="number">{published}</td><td class="number">{ours}</td>'
+                            f'<td class="number">{percent(difference)}</td>'
+                            f'<td class="number">{percent(allowed)}</td></tr>')
     filled = {f"{group}_{what}": value for group, (difference, name) in worst.items()
               for what, value in (("worst", percent(difference)), ("name", name))}
     text = Template(open(template, encoding="utf-8").read()).substitute(
