@@ -194,7 +194,7 @@ TEST_F(Help, TheSearchFindsPagesByTheBeginningsOfWords)
         viewer()->findChild<QAbstractButton *>("SearchButton")->click();
     };
     auto *results = viewer()->findChild<QListWidget *>("Results");
-    search("trus hing rota");
+    search("Trus AND hing rota");
     const auto row = [&] { return results->findItems("Element types", Qt::MatchStartsWith); };
     ASSERT_TRUE(QTest::qWaitFor([&] { return !row().isEmpty(); }));
     results->setCurrentItem(row().first());

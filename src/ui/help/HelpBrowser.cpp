@@ -18,8 +18,6 @@ HelpBrowser::HelpBrowser(QWidget *parent) : QTextBrowser(parent)
     QPalette colours = palette();
     colours.setColor(QPalette::Base, Qt::white);
     colours.setColor(QPalette::Text, Qt::black);
-    colours.setColor(QPalette::Link, QColor(0x1a, 0x5f, 0xb4));
-    colours.setColor(QPalette::LinkVisited, QColor(0x1a, 0x5f, 0xb4));
     setPalette(colours);
     constexpr int margin = 16;
     document()->setDocumentMargin(margin);

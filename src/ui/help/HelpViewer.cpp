@@ -72,6 +72,7 @@ HelpViewer::HelpViewer(const QString &collection)
     connect(ui_->SearchButton, &QPushButton::clicked, this, &HelpViewer::search);
     connect(searching, &QHelpSearchEngine::searchingFinished, this, &HelpViewer::showResults);
     connect(searching, &QHelpSearchEngine::indexingFinished, this, [this] {
+        indexed_ = true;
         if (wanted_)
             search();
     });
@@ -198,11 +199,10 @@ void HelpViewer::search()
 {
     QString query; // the beginnings of words, all of which a page must have
     for (const QString &word : searchedWords())
-        query += word + "* ";
+        query += word.toLower() + "* "; // in capitals, AND would be an operator
     if (query.isEmpty())
         return;
     lastSearch_ = searchedWords();
-    wanted_ = true;
     ui_->Found->setText(qtText(Metafrasi(2180, "Searching...")));
     engine_.searchEngine()->search(query);
 }
@@ -218,11 +218,12 @@ void HelpViewer::showResults()
         item->setData(Qt::UserRole, hit.url());
         item->setToolTip(hit.snippet());
     }
-    wanted_ = ui_->Results->count() == 0;
-    ui_->Found->setText(ui_->Results->count() == 0
-                            ? qtText(Metafrasi(2181, "No page has all of these words."))
-                            : qtText(Metafrasi(2182, "Pages found:")) + " "
-                                  + QString::number(ui_->Results->count()));
+    const int found = ui_->Results->count();
+    wanted_ = found == 0 && !indexed_;
+    if (!wanted_)
+        ui_->Found->setText(found == 0 ? qtText(Metafrasi(2181, "No page has all of these words."))
+                                       : qtText(Metafrasi(2182, "Pages found:")) + " "
+                                             + QString::number(found));
 }
 
 void HelpViewer::openResult()

@@ -52,6 +52,7 @@ private:
     QHelpEngine engine_;
     QStringList lastSearch_; ///< what the results were found by
     bool usable_ = false;
+    bool indexed_ = false;
     bool wanted_ = false; ///< a search waits for the index
 };
 
