@@ -142,7 +142,7 @@ TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
         ASSERT_TRUE(fs::exists(folder));
         const std::string kept = fs::directory_iterator(folder)->path();
         const std::string text =
-            "The model was not saved. It is kept in the recovery file: " + kept;
+            "The model is kept in the recovery file: " + kept;
         EXPECT_EQ(said, closing ? text : "");
         EXPECT_TRUE(log().contains(" " + QString::fromStdString(text)));
         std::string again = kept;

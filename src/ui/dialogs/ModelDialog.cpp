@@ -38,13 +38,20 @@ ModelDialog::ModelDialog(QWidget *parent) : QDialog(parent)
 
 void ModelDialog::equip()
 {
+    equip(Metafrasi(2004, "Apply"));
+}
+
+void ModelDialog::equip(const std::string &applies)
+{
     const auto button = [this](const char *name, const std::string &caption, auto pressed) {
         auto *common = findChild<QPushButton *>(name);
+        if (common == nullptr)
+            return;
         common->setText(qtText(caption));
         connect(common, &QPushButton::clicked, this, pressed);
     };
     button("SSCommand2", Metafrasi(2005, "Delete"), [this] { remove(); });
-    button("SSCommand3", Metafrasi(2004, "Apply"), [this] { apply(); });
+    button("SSCommand3", applies, [this] { apply(); });
     button("SSCommand29", Metafrasi(2003, "Cancel"), [this] { reject(); });
 
     for (QPushButton *push : findChildren<QPushButton *>())
@@ -55,7 +62,7 @@ void ModelDialog::equip()
         if (field->validator() != nullptr || field->isReadOnly())
             continue;
         field->setValidator(new DecimalPoint(field));
-        if (field->parent() == this)
+        if (qobject_cast<QComboBox *>(field->parent()) == nullptr)
             field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
     }
     assignDialogMnemonics(this);
@@ -114,6 +121,14 @@ void ModelDialog::lead(QWidget *field)
         text->selectAll();
     else if (auto *list = qobject_cast<QComboBox *>(field))
         list->lineEdit()->selectAll();
+}
+
+std::optional<int> ModelDialog::chosenRow(NumberList *list)
+{
+    const std::optional<int> row = list->row();
+    if (!row)
+        lead(list);
+    return row;
 }
 
 void ModelDialog::modelChanged()

@@ -168,6 +168,9 @@ private:
     void showNotYetBuilt();
     template <typename Dialog, typename Open>
     void showDialog(Open open);
+    void moveNodes();
+    void mergeNodes();
+    void divideElements();
     void createArc();
 
     void copyPicture();
