@@ -141,8 +141,7 @@ TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
         trigger(command);
         ASSERT_TRUE(fs::exists(folder));
         const std::string kept = fs::directory_iterator(folder)->path();
-        const std::string text =
-            "The model is kept in the recovery file: " + kept;
+        const std::string text = "The model is kept in the recovery file: " + kept;
         EXPECT_EQ(said, closing ? text : "");
         EXPECT_TRUE(log().contains(" " + QString::fromStdString(text)));
         std::string again = kept;

@@ -28,6 +28,7 @@ frmDiairesi::frmDiairesi(QWidget *parent)
     }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1});
+    lead(ui_->Combo1);
 }
 
 frmDiairesi::~frmDiairesi() = default;

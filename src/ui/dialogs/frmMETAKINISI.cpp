@@ -25,6 +25,7 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1, ui_->Text2});
+    lead(ui_->Combo1);
 }
 
 frmMETAKINISI::~frmMETAKINISI() = default;

@@ -27,6 +27,7 @@ frmSigxonefsi::frmSigxonefsi(QWidget *parent)
     fillLists();
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
+    lead(ui_->Combo1);
 }
 
 frmSigxonefsi::~frmSigxonefsi() = default;
