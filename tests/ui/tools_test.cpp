@@ -144,7 +144,7 @@ TEST_F(Tools, MergeNodes)
         click("SSCommand3");
     });
     ASSERT_EQ(desktop.log.size(), 3U);
-    EXPECT_EQ(desktop.log[0], (LogLine{"Node # 1 merged in node # 3.", navy}));
+    EXPECT_EQ(desktop.log[0], (LogLine{"Node # 1 merged in node #3.", navy}));
     EXPECT_EQ(desktop.log[1], (LogLine{"Node # 3 moved to the middle of segment A\u0392.", navy}));
     EXPECT_EQ(desktop.log[2].colour, green);
     EXPECT_EQ(model(), modelOf("N 1 0; N 2.5 2.5"));
@@ -178,7 +178,7 @@ TEST_F(Tools, DivideElements)
     EXPECT_THAT(logged(navy), ElementsAre("Elements divided: #1 to #1 into 3 segments each.",
                                           "Elements divided: #3 to #1 into 5 segments each."));
 
-    for (const char *k : {"", "0", "0.5", "2.5", "-1", "x"})
+    for (const char *k : {"", "0", "0.5", "2.5", "-1", "x", "1e400"})
         expectRefusal<frmDiairesi>(std::string("Text1=") + k,
                                    "The value of segments that you have given is unacceptable.",
                                    "Text1");
@@ -270,6 +270,7 @@ TEST_F(Tools, CreateArc)
     for (const auto &[entries, says, leadsTo] : std::initializer_list<std::array<std::string, 3>>{
              {quarter + "Text7=0", number, "Text7"},
              {quarter + "Text7=1.5", number, "Text7"},
+             {quarter + "Text7=1e400", number, "Text7"},
              {"Text7=", number, "Text7"}, // before the radius
              {"Text7=3", radius, "Text3"},
              {"Text3=1 Text5=2 Text7=1", number, "Text7"}, // a circle of one element

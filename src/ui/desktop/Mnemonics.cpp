@@ -59,7 +59,12 @@ void assignDialogMnemonics(QWidget *dialog)
 {
     const auto buttons = dialog->findChildren<QPushButton *>();
     const auto checks = dialog->findChildren<QCheckBox *>();
-    const auto groups = dialog->findChildren<QGroupBox *>();
+    auto groups = dialog->findChildren<QGroupBox *>();
+    groups.removeIf([](const QGroupBox *group) { // its letter would lead nowhere
+        const auto parts = group->findChildren<QWidget *>();
+        return std::ranges::all_of(
+            parts, [](const QWidget *part) { return part->focusPolicy() == Qt::NoFocus; });
+    });
     auto labels = dialog->findChildren<QLabel *>();
     // Of two labels of one field the longer one is enough: letters are scarce.
     labels.removeIf([all = labels](const QLabel *label) {

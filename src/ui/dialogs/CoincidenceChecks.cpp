@@ -84,15 +84,15 @@ void findCoincidentElements()
                                      + Metafrasi(94, "coincide. One of them must be deleted.");
             Grammi_Log(text, logColour::red);
             if (desktop().message(text + "\r\n"
-                                      + Metafrasi(131, "Shall the search for coincident elements "
+                                      + Metafrasi(113, "Shall the search for coincident elements "
                                                        "continue?"),
                                   Icon::information, Buttons::yesNo)
                 != Answer::yes)
                 return;
         }
-    report(Metafrasi(113, "The search for coincident elements is completed.") + " "
+    report(Metafrasi(114, "The search for coincident elements is completed.") + " "
            + numberText(count) + " "
-           + Metafrasi(114, "incidences of coincident elements were found."));
+           + Metafrasi(131, "incidences of coincident elements were found."));
 }
 
 } // namespace veskora

@@ -21,9 +21,9 @@ frmDiairesi::frmDiairesi(QWidget *parent)
     ui_->Label3->setText(qtText(Metafrasi(404, "to")));
     ui_->Label4->setText(qtText(Metafrasi(405, "into")));
     ui_->Label5->setText(qtText(Metafrasi(406, "elements each")));
+    fillLists();
     for (NumberList *list : {ui_->Combo1, ui_->Combo2}) {
         list->takeOnlyItems();
-        list->fill(Arithmos_Stoixeion);
         list->showNumber(1);
     }
     equip();
@@ -32,6 +32,12 @@ frmDiairesi::frmDiairesi(QWidget *parent)
 }
 
 frmDiairesi::~frmDiairesi() = default;
+
+void frmDiairesi::fillLists()
+{
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
+        list->fill(Arithmos_Stoixeion);
+}
 
 void frmDiairesi::apply()
 {
@@ -65,8 +71,7 @@ void frmDiairesi::apply()
     }
     for (int e = *first; e <= *last; ++e)
         divide(e, static_cast<int>(segments));
-    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
-        list->fill(Arithmos_Stoixeion);
+    fillLists();
     Grammi_Log(Metafrasi(410, "Elements divided: #") + numberText(*first) + " "
                    + Metafrasi(411, "to #") + numberText(*last) + " " + Metafrasi(412, "into") + " "
                    + numberText(segments) + " " + Metafrasi(413, "segments each."),

@@ -9,6 +9,7 @@
 #include "Units.h"
 
 #include <QIcon>
+#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -44,7 +45,7 @@ frmKykliko::frmKykliko(QWidget *parent)
     ui_->SSCommand1->setText(qtText(Metafrasi(711, "Help")));
     ui_->Label6->setText(qtText(Metafrasi(712, "Information about the definition of the arc")));
     ui_->Label7->setText(qtText(Metafrasi(
-        713, "The radius R is determined by the distance of points k and 1. Point 2 determines the "
+        729, "The radius R is determined by the distance of points k and 1. Point 2 determines the "
              "direction k - 2 which defines the end of the arc. It is not necessary for point 2 to "
              "belong to the arc.")));
     constexpr QSize picture(300, 240);
@@ -73,12 +74,17 @@ frmKykliko::~frmKykliko() = default;
 
 void frmKykliko::showHelp(bool shown)
 {
-    constexpr int narrow = 3108, wide = 7020; // twips
+    // The least widths, in twips; captions and fields may need more, and the user may want more.
+    constexpr int narrow = 3108, wide = 7020;
+    const int part = ui_->Wide->sizeHint().width() + layout()->spacing();
+    const QSize now = isVisible() ? size() + QSize(shown ? part : -part, 0) : QSize();
     ui_->Wide->setVisible(shown);
     ui_->SSCommand1->setText(helpCaption_ + (shown ? " <-" : " ->"));
     layout()->activate();
-    const QSize least = minimumSizeHint();
-    resize(std::max(least.width(), (shown ? wide : narrow) / twipsPerPixel), least.height());
+    const QSize least((shown ? wide : narrow) / twipsPerPixel, 0);
+    resize(now.expandedTo(least).expandedTo(minimumSizeHint()));
+    if (const QRect area = screen()->availableGeometry(); frameGeometry().right() > area.right())
+        move(std::max(area.left(), area.right() - frameGeometry().width()), y());
 }
 
 frmKykliko::Arc frmKykliko::arc() const
@@ -115,11 +121,11 @@ void frmKykliko::apply()
     if (!group)
         return;
     const auto refuseNumber = [this] {
-        refuse(Metafrasi(714, "The value given for the number of elements is unacceptable."),
+        refuse(Metafrasi(713, "The value given for the number of elements is unacceptable."),
                ui_->Text7);
     };
     const auto refuseRadius = [this] {
-        refuse(Metafrasi(715, "The radius of the specified arc is zero."), ui_->Text3);
+        refuse(Metafrasi(714, "The radius of the specified arc is zero."), ui_->Text3);
     };
     const double number = typedNumber(ui_->Text7);
     if (!isRowNumber(number))
@@ -136,16 +142,16 @@ void frmKykliko::apply()
     if (arc.isCircle && number == 1) // it would join a node to itself
         return refuseNumber();
     if (const double nodes = Arithmos_Kombon + number + (arc.isCircle ? 0 : 1); nodes > maxNodes) {
-        refuse(Metafrasi(716, "The maximum number of nodes that can be defined is") + " "
-                   + numberText(maxNodes) + ". " + Metafrasi(717, "This action whould require")
-                   + " " + numberText(nodes) + " " + Metafrasi(718, "nodes."),
+        refuse(Metafrasi(715, "The maximum number of nodes that can be defined is") + " "
+                   + numberText(maxNodes) + ". " + Metafrasi(716, "This action whould require")
+                   + " " + numberText(nodes) + " " + Metafrasi(717, "nodes."),
                ui_->Text7);
         return;
     }
     if (const double elements = Arithmos_Stoixeion + number; elements > maxElements) {
-        refuse(Metafrasi(719, "The maximum number of elements that can be defined is") + " "
-                   + numberText(maxElements) + ". " + Metafrasi(720, "This action whould require")
-                   + " " + numberText(elements) + " " + Metafrasi(721, "elements."),
+        refuse(Metafrasi(718, "The maximum number of elements that can be defined is") + " "
+                   + numberText(maxElements) + ". " + Metafrasi(719, "This action whould require")
+                   + " " + numberText(elements) + " " + Metafrasi(720, "elements."),
                ui_->Text7);
         return;
     }
@@ -159,7 +165,7 @@ void frmKykliko::apply()
         if (places->at(i) == next(i)) // an element without length
             return refuseRadius();
     if (arc.isCircle
-        && desktop().message(Metafrasi(722, "Do you want to create a whole circle?"),
+        && desktop().message(Metafrasi(721, "Do you want to create a whole circle?"),
                              Icon::question, Buttons::okCancel)
                != Answer::ok)
         return;
@@ -198,9 +204,9 @@ void frmKykliko::store(const std::vector<std::pair<float, float>> &places, bool 
         Stoixeia(e, element::nodeJ) = static_cast<float>(nodeJ);
         Stoixeia(e, element::group) = static_cast<float>(group);
         Grammi_Log(
-            Metafrasi(723, "New element #") + numberText(e) + ", " + Metafrasi(724, "Node i: #")
-                + numberText(nodeI) + ", " + Metafrasi(725, "Node j: #") + numberText(nodeJ) + ", "
-                + Metafrasi(726, "Group: #") + numberText(group) + ", " + Metafrasi(727, "P2 Type"),
+            Metafrasi(722, "New element #") + numberText(e) + ", " + Metafrasi(723, "Node i: #")
+                + numberText(nodeI) + ", " + Metafrasi(724, "Node j: #") + numberText(nodeJ) + ", "
+                + Metafrasi(725, "Group: #") + numberText(group) + ", " + Metafrasi(726, "P2 Type"),
             logColour::navy);
     }
     for (int n = nodes + 1; const auto &[x, y] : places) {
@@ -208,8 +214,8 @@ void frmKykliko::store(const std::vector<std::pair<float, float>> &places, bool 
         std::ranges::fill(Elatiria.row(n), 0.0F);
         Komboi(n, node::x) = x;
         Komboi(n, node::y) = y;
-        Grammi_Log(Metafrasi(728, "New node #") + numberText(n++) + ", x=" + numberText(x)
-                       + ", y=" + numberText(y) + ", " + Metafrasi(729, "Free"),
+        Grammi_Log(Metafrasi(727, "New node #") + numberText(n++) + ", x=" + numberText(x)
+                       + ", y=" + numberText(y) + ", " + Metafrasi(728, "Free"),
                    logColour::navy);
     }
 }

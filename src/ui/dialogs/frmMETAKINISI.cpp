@@ -55,10 +55,10 @@ void frmMETAKINISI::apply()
         Komboi(n, node::x) += *dx;
         Komboi(n, node::y) += *dy;
     }
+    modelChanged();
     Grammi_Log(Metafrasi(805, "Moved nodes: #") + numberText(*first) + " " + Metafrasi(806, "to #")
                    + numberText(*last) + ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy),
                logColour::navy);
-    modelChanged();
 }
 
 } // namespace veskora

@@ -64,7 +64,7 @@ void frmSigxonefsi::apply()
             if (Stoixeia(e, end) == static_cast<float>(*b))
                 Stoixeia(e, end) = static_cast<float>(*a);
     Grammi_Log(Metafrasi(1308, "Node #") + " " + numberText(*b) + " "
-                   + Metafrasi(1309, "merged in node #") + " " + numberText(*a) + ".",
+                   + Metafrasi(1309, "merged in node #") + numberText(*a) + ".",
                logColour::navy);
     if (isMoved) {
         Komboi(*a, node::x) = x;
