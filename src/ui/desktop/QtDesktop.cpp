@@ -88,9 +88,11 @@ QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
 
 QWidget *QtDesktop::parent() const
 {
-    // A box over an open dialog belongs to the dialog.
+    // A box over an open dialog belongs to the dialog, one over the results to their window.
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
     return window_ != nullptr ? window_->window() : nullptr;
 }
 

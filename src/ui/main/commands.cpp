@@ -4,6 +4,7 @@
 #include "CoincidenceChecks.h"
 #include "Files.h"
 #include "frmAbout.h"
+#include "frmApotelesmata.h"
 #include "frmDiairesi.h"
 #include "frmEPIKOMBIO.h"
 #include "frmKomboi.h"
@@ -416,7 +417,10 @@ void frmMain::resizeDiagram(void (*change)())
 void frmMain::Button_Apotelesmata()
 {
     Erotisi_Epanepilisis();
-    showNotYetBuilt();
+    delete results_;
+    results_ = new frmApotelesmata;
+    results_->setAttribute(Qt::WA_DeleteOnClose);
+    results_->show();
 }
 
 void frmMain::Button_Rithmiseis()

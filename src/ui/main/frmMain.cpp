@@ -5,6 +5,7 @@
 #include "Files.h"
 #include "FileSystem.h"
 #include "FileType.h"
+#include "frmApotelesmata.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -67,6 +68,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
 
 frmMain::~frmMain()
 {
+    delete results_;
     setPicture1(nullptr);
 }
 

@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -22,6 +23,7 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
+class frmApotelesmata;
 class StatusPanel;
 
 class frmMain : public QMainWindow, public MainWindowSurface
@@ -205,6 +207,7 @@ private:
     QPushButton *Command1_ = nullptr;
     QPushButton *Command2_ = nullptr;
     QTimer Timer1_;
+    QPointer<frmApotelesmata> results_; ///< the one that is open, if any
 
     bool Xeraki_Energo = false;
     bool Zoom_Energo = false;
