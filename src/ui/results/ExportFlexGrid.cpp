@@ -82,12 +82,14 @@ void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::s
     }
 }
 
-/// The folder of the model's file where files can be made in it, else that for documents.
+/// The folder of the model's file, that for documents, or the user's own: the first in which files
+/// can be made.
 QString targetFolder()
 {
     if (!Onoma_Arxeiou.empty() && isWritableFolder(folderOf(Onoma_Arxeiou)))
         return qtText(folderOf(Onoma_Arxeiou));
-    return qtText(desktop().documentsFolder());
+    const std::string documents = desktop().documentsFolder();
+    return isWritableFolder(documents) ? qtText(documents) : QDir::homePath();
 }
 
 /// "frame Node displacements.xlsx", with a number behind it where there is such a file.

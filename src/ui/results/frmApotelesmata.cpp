@@ -34,6 +34,7 @@ namespace veskora {
 namespace {
 
 constexpr int edge = 4; // logical pixels, around the tabs and inside them
+constexpr int gap = 2;  // over and under what stands over a grid
 
 /// A legend on a ground of its own: the colour is that of the cells, and so is the ground.
 void showLegend(QLabel *legend, const char *text, std::uint32_t colour)
@@ -144,7 +145,7 @@ void frmApotelesmata::setCaptions()
         label->setText(qtText(Metafrasi(327, "(Positive values: Global axes)")));
     showLegend(ui_->lblMAX, "[max]", cellColour::maximum);
     showLegend(ui_->lblMIN, "[min]", cellColour::minimum);
-    constexpr int iconSide = 20;
+    constexpr int iconSide = 16;
     ui_->axes->setPixmap(QIcon(":/icons/global_axes.svg").pixmap(iconSide, iconSide));
 
     // For screen readers: the captions stand beside what they name.
@@ -266,18 +267,18 @@ void frmApotelesmata::arrange()
                                 int usualHeight) {
         const int headHeight = head->sizeHint().height();
         place(head, edge, top, gridWidth, headHeight);
-        top += headHeight + edge;
+        top += headHeight + gap;
         for (QWidget *grid : grids)
             place(grid, edge, top, gridWidth, std::min(usualHeight, pageHeight - top - edge));
     };
     const int frameHeight = ui_->Frame1->sizeHint().height();
     place(ui_->Frame1, edge, edge, gridWidth, frameHeight);
-    placeUnder(edge + frameHeight + edge, ui_->headData, {ui_->FLEXgrd3, ui_->TreeView1},
+    placeUnder(edge + frameHeight + gap, ui_->headData, {ui_->FLEXgrd3, ui_->TreeView1},
                tabsHeight - pixels(2235));
     const int resultHeight = tabsHeight - pixels(855);
-    placeUnder(edge, ui_->headDisplacements, {ui_->FLEXgrd1}, resultHeight);
-    placeUnder(edge, ui_->headForces, {ui_->FLEXgrd2}, resultHeight);
-    placeUnder(edge, ui_->headReactions, {ui_->FLEXgrd4}, resultHeight);
+    placeUnder(gap, ui_->headDisplacements, {ui_->FLEXgrd1}, resultHeight);
+    placeUnder(gap, ui_->headForces, {ui_->FLEXgrd2}, resultHeight);
+    placeUnder(gap, ui_->headReactions, {ui_->FLEXgrd4}, resultHeight);
 }
 
 void frmApotelesmata::showView()
