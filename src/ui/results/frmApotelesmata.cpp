@@ -302,6 +302,9 @@ void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 void frmApotelesmata::takeOut(const std::string &caption, void (frmApotelesmata::*act)())
 {
     frmSelect(qtText(caption), this).exec();
+    // The window manager gives the focus back only later; what is said next belongs over this
+    // window and must not bring the main window to the front.
+    QApplication::setActiveWindow(this);
     (this->*act)();
     Anafora.clear();
 }
