@@ -233,12 +233,15 @@ void frmApotelesmata::assignWindowMnemonics()
 
 void frmApotelesmata::setLeastSize()
 {
-    constexpr int besideFrame = 135 + 225;        // twips
+    constexpr int besideParts = 135 + 225;        // twips
     constexpr int aroundGrid = 1300 + 2235 + 900; // twips, the last of them for the grid
-    const int frame = ui_->Frame1->minimumSizeHint().width() + pixels(besideFrame);
-    const int head = ui_->headDisplacements->minimumSizeHint().width() + pixels(besideFrame);
-    const int toolbar = ui_->Toolbar1->sizeHint().width() + 2 * edge;
-    setMinimumSize(std::max({frame, head, toolbar}), pixels(aroundGrid));
+    int part = ui_->Frame1->minimumSizeHint().width();
+    for (const QWidget *head :
+         {ui_->headData, ui_->headDisplacements, ui_->headForces, ui_->headReactions})
+        part = std::max(part, head->minimumSizeHint().width());
+    setMinimumSize(
+        std::max(part + pixels(besideParts), ui_->Toolbar1->sizeHint().width() + 2 * edge),
+        pixels(aroundGrid));
 }
 
 void frmApotelesmata::resizeEvent(QResizeEvent *event)
