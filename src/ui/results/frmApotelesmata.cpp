@@ -304,6 +304,7 @@ void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 
 void frmApotelesmata::takeOut(const std::string &caption, void (frmApotelesmata::*act)())
 {
+    ui_->Toolbar1->update(); // a button pressed by its letter would look pressed all the while
     frmSelect(qtText(caption), this).exec();
     // The window manager gives the focus back only later; what is said next belongs over this
     // window and must not bring the main window to the front.
