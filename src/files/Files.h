@@ -45,8 +45,8 @@ bool Idio_Me_To_Arxeio();
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension);
 
-/// Writes the report `Anafora` to a text file that the user is asked for. The name of the model file
-/// @p path is proposed, with .txt for its extension. A failure is reported.
+/// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
+/// file @p path is proposed, with .txt for its extension. A failure is reported.
 void Apothikefsi_Anaforas(const std::string &path);
 
 /// The folder where file dialogs start.

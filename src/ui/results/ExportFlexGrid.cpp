@@ -97,7 +97,7 @@ std::string freePath(const std::string &section)
 {
     const QString model =
         Onoma_Arxeiou.empty() ? "Untitled" : QFileInfo(qtText(Onoma_Arxeiou)).completeBaseName();
-    const QString stem = QDir(targetFolder()).filePath(model + ' ' + qtText(section));
+    const QString stem = QDir(targetFolder()).filePath((model + ' ' + qtText(section)).trimmed());
     QString path = stem + ".xlsx";
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = QString("%1 (%2).xlsx").arg(stem).arg(number);

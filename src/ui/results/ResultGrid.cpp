@@ -9,6 +9,8 @@
 
 #include <QFont>
 
+#include <array>
+
 namespace veskora {
 
 namespace {
@@ -23,7 +25,7 @@ void ResultGrid::addHeader(const std::vector<std::string> &texts)
     const int row = addRow();
     for (int column = 0; const std::string &text : texts) {
         setText(row, column, text);
-        cell(row, column++).header = true;
+        cells_.at(place(row, column++)).header = true;
     }
 }
 
@@ -40,19 +42,14 @@ void ResultGrid::addSeparator()
 
 void ResultGrid::setText(int row, int column, const std::string &text, std::uint32_t colour)
 {
-    Cell &changed = cell(row, column);
+    Cell &changed = cells_.at(place(row, column));
     changed.text = qtText(text);
     changed.colour = colour;
 }
 
-const ResultGrid::Cell &ResultGrid::cell(int row, int column) const
+std::size_t ResultGrid::place(int row, int column) const
 {
-    return cells_.at(static_cast<std::size_t>(row * columnCount() + column));
-}
-
-ResultGrid::Cell &ResultGrid::cell(int row, int column)
-{
-    return const_cast<Cell &>(std::as_const(*this).cell(row, column));
+    return static_cast<std::size_t>(row * columnCount() + column);
 }
 
 int ResultGrid::rowCount(const QModelIndex &parent) const
@@ -67,7 +64,7 @@ int ResultGrid::columnCount(const QModelIndex &parent) const
 
 QVariant ResultGrid::data(const QModelIndex &index, int role) const
 {
-    const Cell &shown = cell(index.row(), index.column());
+    const Cell &shown = cells_.at(place(index.row(), index.column()));
     switch (role) {
     case Qt::DisplayRole:
         return shown.text;

@@ -4,7 +4,6 @@
 
 #include <QAbstractTableModel>
 
-#include <array>
 #include <string>
 #include <vector>
 
@@ -40,7 +39,7 @@ public:
                  std::uint32_t colour = cellColour::black);
     /// @}
 
-    const QString &text(int row, int column) const { return cell(row, column).text; }
+    const QString &text(int row, int column) const { return cells_.at(place(row, column)).text; }
     const std::vector<int> &leastWidths() const { return leastWidths_; }
     const std::vector<int> &separators() const { return separators_; }
 
@@ -56,8 +55,7 @@ private:
         std::uint32_t colour = cellColour::black;
         bool header = false;
     };
-    const Cell &cell(int row, int column) const;
-    Cell &cell(int row, int column);
+    std::size_t place(int row, int column) const;
 
     std::vector<int> leastWidths_;
     std::vector<int> separators_;
