@@ -4,7 +4,7 @@ set -eu
 
 declare -A packages=(
   [build]="cmake ninja-build g++ qt6-base-dev qt6-svg-dev libxlsxwriter-dev pkg-config fonts-liberation2"
-  [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales python3-openpyxl poppler-utils"
+  [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales python3 python3-openpyxl poppler-utils"
   [bench]="libbenchmark-dev libeigen3-dev python3"
 )
 

@@ -56,6 +56,8 @@ float Agkyra_X = 0, Agkyra_Y = 0;
 std::int16_t Kombos_Arxis = 0;
 bool Neos_Kombos_Sto_Patima = false;
 
+double Epilegmeno_Xroma = 0;
+std::string Glossa = "English";
 bool Nai_Agglika = true;
 Pinakas<std::string, languageSlots> Pinakas_Glossas;
 
@@ -134,6 +136,8 @@ void resetStore()
     Patima_X = Patima_Y = Agkyra_X = Agkyra_Y = 0;
     Kombos_Arxis = 0;
     Neos_Kombos_Sto_Patima = false;
+    Epilegmeno_Xroma = 0;
+    Glossa = "English";
     Nai_Agglika = true;
     Pinakas_Glossas.clear();
     setStandardSettings();

@@ -71,6 +71,8 @@ protected:
     void start(const std::string &commandLine = {})
     {
         qtDesktop->storeSetting("Startup", "WindowState", "0");
+        if (!showsWelcome)
+            qtDesktop->storeSetting("Startup", "ShowForm", "0");
         window->start(QString::fromStdString(commandLine));
         QCoreApplication::processEvents();
     }
@@ -106,6 +108,7 @@ protected:
     }
 
     const std::string small = contentOf(TEST_DATA "/small.vsk");
+    bool showsWelcome = false;
     std::unique_ptr<WindowDesktop> qtDesktop;
     std::unique_ptr<frmMain> window;
 };

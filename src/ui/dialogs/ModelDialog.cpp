@@ -10,26 +10,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QValidator>
 
 namespace veskora {
-
-namespace {
-
-/// Makes a decimal comma a point, typed or pasted. Some keypads have no other key.
-class DecimalPoint : public QValidator
-{
-public:
-    using QValidator::QValidator;
-
-    State validate(QString &text, int &) const override
-    {
-        text.replace(',', '.');
-        return Acceptable;
-    }
-};
-
-} // namespace
 
 ModelDialog::ModelDialog(QWidget *parent) : QDialog(parent)
 {
@@ -61,7 +43,7 @@ void ModelDialog::equip(const std::string &applies)
     for (QLineEdit *field : findChildren<QLineEdit *>()) {
         if (field->validator() != nullptr || field->isReadOnly())
             continue;
-        field->setValidator(new DecimalPoint(field));
+        takeDecimalComma(field);
         if (qobject_cast<QComboBox *>(field->parent()) == nullptr)
             field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
     }
@@ -141,11 +123,6 @@ std::string groupConstants(int g)
 {
     return "E= " + numberText(Omades(g, group::E)) + ", A= " + numberText(Omades(g, group::A))
            + ", I= " + numberText(Omades(g, group::I));
-}
-
-double typedNumber(const QLineEdit *field)
-{
-    return Val(plainText(field->text()));
 }
 
 std::optional<float> typedSingle(const QLineEdit *field)

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "NumberField.h"
+
 #include <QDialog>
 #include <QHash>
 
@@ -62,9 +64,7 @@ private:
 /// "E= 210000000, A= 0.01, I= 0.0001" of group @p g.
 std::string groupConstants(int g);
 
-/// The number that is typed in @p field.
-double typedNumber(const QLineEdit *field);
-/// The same as the tables store it; none where a Single cannot hold it.
+/// The number that is typed in @p field as the tables store it; none where a Single cannot hold it.
 std::optional<float> typedSingle(const QLineEdit *field);
 
 /// Shows @p value, or nothing for 0.

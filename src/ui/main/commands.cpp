@@ -15,6 +15,7 @@
 #include "frmOMOIOMORFO.h"
 #include "frmSigxonefsi.h"
 #include "frmStoixeia.h"
+#include "frmSXEDIASI.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Recovery.h"
@@ -425,7 +426,14 @@ void frmMain::Button_Apotelesmata()
 
 void frmMain::Button_Rithmiseis()
 {
-    showNotYetBuilt();
+    showDialog<frmSXEDIASI>([this](frmSXEDIASI &dialog) {
+        connect(&dialog, &frmSXEDIASI::applied, this, [this] {
+            applyColours();
+            showPanels();
+            redraw();
+        });
+        dialog.exec();
+    });
 }
 
 // ------------------------------------------------------------------------------------ the dialogs
