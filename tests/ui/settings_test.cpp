@@ -434,9 +434,10 @@ TEST_F(Settings, TheWelcomeFormComesWhenDueAndSetsTheLanguage)
         reopen();
         start();
     };
-    showsWelcome = true;
+    ::setenv("XDG_CONFIG_HOME", path("fresh").c_str(), 1);
+    openDesktop();
     std::string said;
-    during([&] { start(); }, // a fresh store
+    during([&] { start(); },
            [&] {
                auto *languages = control<QComboBox>("Combo1");
                EXPECT_EQ(languages->count(), 2);
