@@ -93,9 +93,9 @@ void tellMissingTexts()
     desktop().message("The language pack " + Glossa + " lacks " + std::to_string(missing)
                           + " of the " + std::to_string(std::size(usedSlots))
                           + " texts of this program; they show as empty.\r\n\r\nTo choose another "
-                            "language, tick the box in the window of the last entry of the last "
-                            "menu (Help, About Kalvorn Veskora ML): the welcome form then comes at "
-                            "the next start.",
+                            "language, open the last entry of the last menu (Help, About Kalvorn "
+                            "Veskora ML) and tick its box: the welcome form then comes at the next "
+                            "start.",
                       Icon::information);
 }
 

@@ -93,7 +93,9 @@ QWidget *QtDesktop::parent() const
         return modal;
     if (QWidget *active = QApplication::activeWindow())
         return active;
-    return window_ != nullptr ? window_->window() : nullptr;
+    // While the program starts, the window has no place on the screen yet.
+    const bool isShown = window_ != nullptr && window_->window()->isVisible();
+    return isShown ? window_->window() : nullptr;
 }
 
 Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
