@@ -3,8 +3,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-
-#include <algorithm>
+#include "RowQueries.h"
 
 namespace veskora {
 
@@ -52,49 +51,11 @@ public:
     std::string take() { return std::move(text_); }
 
 private:
-    std::string localized(std::string text) const
-    {
-        if (const std::size_t point = text.find('.'); point != std::string::npos)
-            text.replace(point, 1, separator_);
-        return text;
-    }
+    std::string localized(const std::string &text) const { return withSeparator(text, separator_); }
 
     std::string separator_;
     std::string text_;
 };
-
-bool isLoadedNode(int n)
-{
-    return Komboi(n, node::Fx) != 0 || Komboi(n, node::Fy) != 0 || Komboi(n, node::M) != 0;
-}
-
-bool isConstrainedNode(int n)
-{
-    return Komboi(n, node::fixedX) == 1 || Komboi(n, node::fixedY) == 1
-           || Komboi(n, node::fixedRotation) == 1;
-}
-
-bool isLoadedElement(int e)
-{
-    return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
-}
-
-int countRows(int rows, bool (*holds)(int))
-{
-    int count = 0;
-    for (int row = 1; row <= rows; ++row)
-        count += holds(row) ? 1 : 0;
-    return count;
-}
-
-/// "xxo" and its like; nothing for a free node.
-std::string constraintCode(int n)
-{
-    std::string code;
-    for (int column = node::fixedX; column <= node::fixedRotation; ++column)
-        code += Komboi(n, column) == 1 ? 'x' : 'o';
-    return code == "ooo" ? "" : code;
-}
 
 std::string elementTypeText(int e)
 {
@@ -276,14 +237,13 @@ std::string reactionSection()
            << Metafrasi(350, "Force Fy") << blanks(16) << Metafrasi(351, "Moment M") << nl;
     report.rule(75);
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
-        const auto springs = Elatiria.row(n);
-        if (!isConstrainedNode(n) && std::ranges::none_of(springs, [](float k) { return k > 0; }))
+        if (!isConstrainedNode(n) && !hasSpring(n))
             continue;
         report << field(8, report.plain(n));
         for (int k = 1; k <= 3; ++k) {
             std::string force;
             if (Elatiria(n, k) > 0) // the spring's force goes before that of a restraint
-                force = report.withSign(-Elatiria(n, k) * Metatopiseis(3 * n - 3 + k));
+                force = report.withSign(springForce(n, k));
             else if (Komboi(n, node::fixedX - 1 + k) == 1)
                 force = report.withSign(Antidraseis(n, k));
             report << field(25, force);

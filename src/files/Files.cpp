@@ -1,5 +1,6 @@
 #include "Files.h"
 
+#include "Anafora.h"
 #include "Desktop.h"
 #include "Fault.h"
 #include "FileSystem.h"
@@ -7,6 +8,7 @@
 #include "ItemReader.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 
 #include <algorithm>
 #include <array>
@@ -23,6 +25,7 @@ namespace {
 constexpr std::string_view endLine = "END of Vesk Input File";
 constexpr std::string_view lineEnd = "\r\n";
 constexpr std::string_view modelExtension = ".vsk";
+constexpr std::string_view reportExtension = ".txt";
 
 constexpr std::array<std::string_view, 5> banner = {
     "***********************************", "*        VESK! Input file         *",
@@ -323,22 +326,13 @@ void writeSection(Lines &lines, const char *title, int count, int columns, const
     }
 }
 
-/// Whether the file keeps the springs of a node. One whose constants are all negative or 0 is lost
-/// on saving.
-bool hasSpringRecord(int n)
-{
-    return std::ranges::any_of(Elatiria.row(n), [](float constant) { return constant > 0; });
-}
-
+/// A node whose spring constants are all negative or 0 loses them here.
 void writeSprings(Lines &lines)
 {
-    int records = 0;
-    for (int n = 1; n <= Arithmos_Kombon; ++n)
-        records += hasSpringRecord(n) ? 1 : 0;
     lines.printed("Elatiria");
-    lines.written(records);
+    lines.written(countRows(Arithmos_Kombon, hasSpring));
     for (int n = 1; n <= Arithmos_Kombon; ++n)
-        if (hasSpringRecord(n)) {
+        if (hasSpring(n)) {
             lines.written(n);
             for (const float constant : Elatiria.row(n))
                 lines.written(constant);
@@ -492,6 +486,21 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
         currentFolder = folderOf(target);
     }
     return true;
+}
+
+void Apothikefsi_Anaforas(const std::string &path)
+{
+    const std::string target = askSavePath("Text files (*.txt)|*.txt|All files (*.*)|*.*",
+                                           withoutExtension(path) + std::string(reportExtension),
+                                           std::string(reportExtension));
+    if (target.empty())
+        return;
+    try {
+        writeWholeFile(target, reportFileText(Anafora), Durability::onDisk);
+    } catch (const Fault &fault) {
+        return reportFault(Metafrasi(152, "There was an error saving the file:"), fault);
+    }
+    currentFolder = folderOf(target);
 }
 
 bool Idio_Me_To_Arxeio()

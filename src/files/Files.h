@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// Model files: reading, writing, and whether the model differs from its file.
+/// Model files: reading, writing, and whether the model differs from its file; report files.
 ///
 /// A model is one text file with the extension .vsk, one value to a line, CR LF line ends, the
 /// point as decimal separator; it carries the model tables and the whole view state. Paths and
@@ -44,6 +44,10 @@ bool Idio_Me_To_Arxeio();
 /// @return the path, empty when cancelled
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension);
+
+/// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
+/// file @p path is proposed, with .txt for its extension. A failure is reported.
+void Apothikefsi_Anaforas(const std::string &path);
 
 /// The folder where file dialogs start.
 const std::string &dialogFolder();

@@ -42,6 +42,19 @@ int ItemReader::next()
     return c;
 }
 
+bool ItemReader::isSeparator(int c)
+{
+    return c == endOfFile || c == ',' || c == '\r' || c == '\n';
+}
+
+void ItemReader::endItem(int separator)
+{
+    if (separator == '\r' && peek() == '\n')
+        (void)next();
+    if (separator == '\r' || separator == '\n')
+        ++line_;
+}
+
 std::string ItemReader::item()
 {
     itemLine_ = line_;
@@ -50,16 +63,53 @@ std::string ItemReader::item()
     if (c == endOfFile)
         throw Fault(Fault::Kind::input,
                     "Input past end of file in line " + std::to_string(itemLine_));
-    for (; c != endOfFile && c != ',' && c != '\r' && c != '\n'; c = next())
+    for (; !isSeparator(c); c = next())
         if (text.size() < longestItem)
             text += static_cast<char>(c);
     if (c == ',' && commaLine_ == 0)
         commaLine_ = line_;
-    if (c == '\r' && peek() == '\n')
-        (void)next();
-    if (c == '\r' || c == '\n')
-        ++line_;
+    endItem(c);
     return text;
+}
+
+std::string ItemReader::quotableItem()
+{
+    const auto isBlank = [](int c) { return c == ' ' || c == '\t'; };
+    itemLine_ = line_;
+    std::string text;
+    int c = next();
+    if (c == endOfFile)
+        throw Fault(Fault::Kind::input,
+                    "Line " + std::to_string(itemLine_) + ": the file ends too early, without END");
+    while (isBlank(c))
+        c = next();
+    if (c == '"') {
+        for (c = next(); c != '"'; c = next()) {
+            if (c == endOfFile || c == '\r' || c == '\n')
+                fail("a closing quotation mark", text);
+            text += static_cast<char>(c);
+        }
+        for (c = next(); isBlank(c);)
+            c = next();
+        if (!isSeparator(c))
+            fail("a comma or the line's end behind a quoted text",
+                 std::string(1, static_cast<char>(c)));
+    } else {
+        for (; !isSeparator(c); c = next())
+            text += static_cast<char>(c);
+        while (!text.empty() && isBlank(text.back()))
+            text.pop_back();
+    }
+    endItem(c);
+    return text;
+}
+
+void ItemReader::skipByteOrderMark()
+{
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    (void)peek();
+    if (std::string_view(buffer_.data(), filled_).starts_with(mark))
+        at_ = mark.size();
 }
 
 void ItemReader::fail(const char *what, const std::string &item) const

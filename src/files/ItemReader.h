@@ -6,6 +6,7 @@
 
 #include <array>
 #include <string>
+#include <string_view>
 
 namespace veskora {
 
@@ -21,6 +22,12 @@ public:
     std::string item();
     void skip() { (void)item(); }
 
+    /// The next item, which may be a text between quotation marks on one line; blanks around it do
+    /// not count. Inside the marks a comma separates nothing.
+    std::string quotableItem();
+    /// At the beginning of a file: what some editors put before UTF-8.
+    void skipByteOrderMark();
+
     /// @name The item last read, as a number
     /// @p what names it in the fault's text, as in "x coordinate".
     /// @{
@@ -29,13 +36,16 @@ public:
     int asInteger(const std::string &item, const char *what, int least, int most) const;
     /// @}
 
-private:
+    /// Throws the fault that @p item, the item last read, is not @p what.
     [[noreturn]] void fail(const char *what, const std::string &item) const;
 
+private:
     static constexpr int endOfFile = -1;
 
     int next();
     int peek();
+    static bool isSeparator(int c);
+    void endItem(int separator);
 
     InputFile file_;
     std::array<char, 16384> buffer_;

@@ -242,4 +242,11 @@ std::string regionalDecimalSeparator()
     return separator.empty() ? "." : separator;
 }
 
+std::string withSeparator(std::string text, const std::string &separator)
+{
+    if (const std::size_t point = text.find('.'); point != std::string::npos)
+        text.replace(point, 1, separator);
+    return text;
+}
+
 } // namespace veskora

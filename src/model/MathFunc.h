@@ -56,4 +56,7 @@ std::string signedNumberText(double value);
 /// The decimal separator of the user's regional settings; "." where none is told.
 std::string regionalDecimalSeparator();
 
+/// The number text @p text with @p separator in place of its point.
+std::string withSeparator(std::string text, const std::string &separator);
+
 } // namespace veskora

@@ -49,12 +49,15 @@ std::int16_t Katastasi_Provolis = 0;
 std::string currentFolder;
 std::string Anafora;
 bool Nai_Dedomena = false, Nai_Metakiniseis = false, Nai_Entaseis = false, Nai_Antidraseis = false;
+bool sectionsChosen = false;
 
 float Patima_X = 0, Patima_Y = 0;
 float Agkyra_X = 0, Agkyra_Y = 0;
 std::int16_t Kombos_Arxis = 0;
 bool Neos_Kombos_Sto_Patima = false;
 
+double Epilegmeno_Xroma = 0;
+std::string Glossa = "English";
 bool Nai_Agglika = true;
 Pinakas<std::string, languageSlots> Pinakas_Glossas;
 
@@ -129,10 +132,12 @@ void resetStore()
     Katastasi_Provolis = 0;
     currentFolder.clear();
     Anafora.clear();
-    Nai_Dedomena = Nai_Metakiniseis = Nai_Entaseis = Nai_Antidraseis = false;
+    Nai_Dedomena = Nai_Metakiniseis = Nai_Entaseis = Nai_Antidraseis = sectionsChosen = false;
     Patima_X = Patima_Y = Agkyra_X = Agkyra_Y = 0;
     Kombos_Arxis = 0;
     Neos_Kombos_Sto_Patima = false;
+    Epilegmeno_Xroma = 0;
+    Glossa = "English";
     Nai_Agglika = true;
     Pinakas_Glossas.clear();
     setStandardSettings();

@@ -119,6 +119,8 @@ extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
 /// The report sections that the user last chose: data, displacements, element forces, reactions.
 extern bool Nai_Dedomena, Nai_Metakiniseis, Nai_Entaseis, Nai_Antidraseis;
+extern bool sectionsChosen; ///< whether the user has chosen yet
+extern double Epilegmeno_Xroma; ///< the colour picker's colour word, given and picked
 /// @}
 
 /// @name Mouse on the canvas
@@ -135,7 +137,8 @@ extern bool
 /// @name Language
 /// @{
 inline constexpr int languageSlots = 2500;
-extern bool Nai_Agglika; ///< English: the defaults in the code stand
+extern std::string Glossa; ///< name of the active language pack
+extern bool Nai_Agglika;   ///< it is "English": the defaults in the code stand
 extern Pinakas<std::string, languageSlots> Pinakas_Glossas;
 /// @}
 

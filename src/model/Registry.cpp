@@ -8,6 +8,7 @@
 #include <cctype>
 #include <cmath>
 #include <limits>
+#include <type_traits>
 
 namespace veskora {
 
@@ -123,7 +124,49 @@ void assignStandard(const Setting &setting)
     std::visit(AssignText{setting.standard}, setting.value);
 }
 
+/// The text of a value in the per-user store.
+struct StoredText
+{
+    std::string operator()(bool value) const { return value ? "True" : "False"; }
+    std::string operator()(std::int16_t value) const { return numberText(static_cast<int>(value)); }
+    std::string operator()(float value) const { return numberText(value); }
+    std::string operator()(double value) const // a colour word, signed
+    {
+        return std::to_string(static_cast<std::int32_t>(static_cast<std::int64_t>(value)));
+    }
+};
+
 } // namespace
+
+SettingValue currentValue(const Setting &setting)
+{
+    return std::visit([](const auto *variable) { return SettingValue(*variable); }, setting.value);
+}
+
+SettingValue standardValue(const Setting &setting)
+{
+    return std::visit(
+        [&setting](const auto *variable) {
+            auto value = *variable;
+            AssignText{setting.standard}(&value);
+            return SettingValue(value);
+        },
+        setting.value);
+}
+
+void takeOver(const Setting &setting, const SettingValue &value)
+{
+    std::visit(
+        [&value](auto *variable) {
+            *variable = std::get<std::remove_pointer_t<decltype(variable)>>(value);
+        },
+        setting.value);
+}
+
+void storeAsDefault(const Setting &setting, const SettingValue &value)
+{
+    desktop().storeSetting("Rithmiseis", setting.key, std::visit(StoredText{}, value));
+}
 
 void setStandardSettings()
 {

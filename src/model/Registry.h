@@ -2,7 +2,7 @@
 /// @file
 /// The per-user settings store: its keys, their start values, and reading it.
 
-#include <string>
+#include "Metablites.h"
 
 namespace veskora {
 
@@ -12,5 +12,18 @@ void setStandardSettings();
 /// Reads all view settings from the per-user store, section "Rithmiseis", in the order of
 /// `settings`. A key that the store lacks takes its start value.
 void Fortosi_Rithmiseon();
+
+/// A setting's value apart from its variable in the store.
+using SettingValue = std::variant<bool, std::int16_t, float, double>;
+
+SettingValue currentValue(const Setting &setting);
+SettingValue standardValue(const Setting &setting);
+
+/// Gives @p setting a value of its own type.
+void takeOver(const Setting &setting, const SettingValue &value);
+
+/// Writes @p value to the per-user store, where the next start and the next New find it; the
+/// running program keeps its own.
+void storeAsDefault(const Setting &setting, const SettingValue &value);
 
 } // namespace veskora

@@ -50,9 +50,8 @@ protected:
         ::setenv("XDG_CONFIG_HOME", path("config").c_str(), 1);
         ::setenv("XDG_DATA_HOME", path("data").c_str(), 1);
         ::setenv("PATH", "", 1); // no helper of the desktop's writes there after the test
-        qtDesktop = std::make_unique<WindowDesktop>(desktop);
-        setDesktop(qtDesktop.get());
-        reopen();
+        openDesktop();
+        qtDesktop->storeSetting("Startup", "ShowForm", "0"); // it would wait for an answer
     }
     ~MainWindow() override
     {
@@ -60,6 +59,14 @@ protected:
         setDesktop(nullptr);
     }
 
+    /// A desktop that reads the user's settings anew, and a window on it.
+    void openDesktop()
+    {
+        window.reset();
+        qtDesktop = std::make_unique<WindowDesktop>(desktop);
+        setDesktop(qtDesktop.get());
+        reopen();
+    }
     /// A window of a new run of the program.
     void reopen()
     {

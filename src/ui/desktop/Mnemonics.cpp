@@ -1,7 +1,7 @@
 #include "Mnemonics.h"
 
+#include <QAbstractButton>
 #include <QAction>
-#include <QCheckBox>
 #include <QGroupBox>
 #include <QKeySequence>
 #include <QLabel>
@@ -55,11 +55,19 @@ void assignMnemonics(const QList<QAction *> &actions)
     }
 }
 
-void assignDialogMnemonics(QWidget *dialog)
+void assignDialogMnemonics(QWidget *dialog, const QStringList &taken)
 {
     const auto buttons = dialog->findChildren<QPushButton *>();
-    const auto checks = dialog->findChildren<QCheckBox *>();
-    const auto groups = dialog->findChildren<QGroupBox *>();
+    auto checks = dialog->findChildren<QAbstractButton *>();
+    checks.removeIf([](const QAbstractButton *button) {
+        return qobject_cast<const QPushButton *>(button) != nullptr;
+    });
+    auto groups = dialog->findChildren<QGroupBox *>();
+    groups.removeIf([](const QGroupBox *group) { // its letter would lead nowhere
+        const auto parts = group->findChildren<QWidget *>();
+        return std::ranges::all_of(
+            parts, [](const QWidget *part) { return part->focusPolicy() == Qt::NoFocus; });
+    });
     auto labels = dialog->findChildren<QLabel *>();
     // Of two labels of one field the longer one is enough: letters are scarce.
     labels.removeIf([all = labels](const QLabel *label) {
@@ -77,9 +85,12 @@ void assignDialogMnemonics(QWidget *dialog)
     };
     collect(buttons, &QPushButton::text);
     collect(labels, &QLabel::text);
-    collect(checks, &QCheckBox::text);
+    collect(checks, &QAbstractButton::text);
     collect(groups, &QGroupBox::title);
-    assignMnemonics(captions);
+    QList<QAction *> inSight = captions;
+    for (const QString &caption : taken)
+        inSight << new QAction(caption, &owner);
+    assignMnemonics(inSight);
 
     const auto giveBack = [&](const auto &widgets, auto setText) {
         for (auto *widget : widgets)
@@ -87,7 +98,7 @@ void assignDialogMnemonics(QWidget *dialog)
     };
     giveBack(buttons, &QPushButton::setText);
     giveBack(labels, &QLabel::setText);
-    giveBack(checks, &QCheckBox::setText);
+    giveBack(checks, &QAbstractButton::setText);
     giveBack(groups, &QGroupBox::setTitle);
 }
 

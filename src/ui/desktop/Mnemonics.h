@@ -2,7 +2,7 @@
 /// @file
 /// Keyboard access to menus and dialogs in every language.
 
-#include <QList>
+#include <QStringList>
 
 class QAction;
 class QWidget;
@@ -13,7 +13,8 @@ namespace veskora {
 /// that translators need not mind them.
 void assignMnemonics(const QList<QAction *> &actions);
 
-/// The same for the buttons, checks, group boxes and labelled fields of @p dialog.
-void assignDialogMnemonics(QWidget *dialog);
+/// The same for the buttons, checks, group boxes and labelled fields of @p dialog; or of a page of
+/// one, beside whose captions those with the mnemonics @p taken are in sight too.
+void assignDialogMnemonics(QWidget *dialog, const QStringList &taken = {});
 
 } // namespace veskora

@@ -88,10 +88,14 @@ QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
 
 QWidget *QtDesktop::parent() const
 {
-    // A box over an open dialog belongs to the dialog.
+    // A box over an open dialog belongs to the dialog, one over the results to their window.
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
-    return window_ != nullptr ? window_->window() : nullptr;
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    // While the program starts, the window has no place on the screen yet.
+    const bool isShown = window_ != nullptr && window_->window()->isVisible();
+    return isShown ? window_->window() : nullptr;
 }
 
 Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)

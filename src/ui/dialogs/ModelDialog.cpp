@@ -10,26 +10,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QValidator>
 
 namespace veskora {
-
-namespace {
-
-/// Makes a decimal comma a point, typed or pasted. Some keypads have no other key.
-class DecimalPoint : public QValidator
-{
-public:
-    using QValidator::QValidator;
-
-    State validate(QString &text, int &) const override
-    {
-        text.replace(',', '.');
-        return Acceptable;
-    }
-};
-
-} // namespace
 
 ModelDialog::ModelDialog(QWidget *parent) : QDialog(parent)
 {
@@ -38,13 +20,20 @@ ModelDialog::ModelDialog(QWidget *parent) : QDialog(parent)
 
 void ModelDialog::equip()
 {
+    equip(Metafrasi(2004, "Apply"));
+}
+
+void ModelDialog::equip(const std::string &applies)
+{
     const auto button = [this](const char *name, const std::string &caption, auto pressed) {
         auto *common = findChild<QPushButton *>(name);
+        if (common == nullptr)
+            return;
         common->setText(qtText(caption));
         connect(common, &QPushButton::clicked, this, pressed);
     };
     button("SSCommand2", Metafrasi(2005, "Delete"), [this] { remove(); });
-    button("SSCommand3", Metafrasi(2004, "Apply"), [this] { apply(); });
+    button("SSCommand3", applies, [this] { apply(); });
     button("SSCommand29", Metafrasi(2003, "Cancel"), [this] { reject(); });
 
     for (QPushButton *push : findChildren<QPushButton *>())
@@ -54,8 +43,8 @@ void ModelDialog::equip()
     for (QLineEdit *field : findChildren<QLineEdit *>()) {
         if (field->validator() != nullptr || field->isReadOnly())
             continue;
-        field->setValidator(new DecimalPoint(field));
-        if (field->parent() == this)
+        takeDecimalComma(field);
+        if (qobject_cast<QComboBox *>(field->parent()) == nullptr)
             field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
     }
     assignDialogMnemonics(this);
@@ -116,6 +105,14 @@ void ModelDialog::lead(QWidget *field)
         list->lineEdit()->selectAll();
 }
 
+std::optional<int> ModelDialog::chosenRow(NumberList *list)
+{
+    const std::optional<int> row = list->row();
+    if (!row)
+        lead(list);
+    return row;
+}
+
 void ModelDialog::modelChanged()
 {
     Allagi_Montelou = true;
@@ -126,11 +123,6 @@ std::string groupConstants(int g)
 {
     return "E= " + numberText(Omades(g, group::E)) + ", A= " + numberText(Omades(g, group::A))
            + ", I= " + numberText(Omades(g, group::I));
-}
-
-double typedNumber(const QLineEdit *field)
-{
-    return Val(plainText(field->text()));
 }
 
 std::optional<float> typedSingle(const QLineEdit *field)

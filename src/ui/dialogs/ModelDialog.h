@@ -1,5 +1,7 @@
 #pragma once
 
+#include "NumberField.h"
+
 #include <QDialog>
 #include <QHash>
 
@@ -10,12 +12,14 @@ class QLineEdit;
 
 namespace veskora {
 
-/// What the dialogs for rows of the model share: they are window-modal, Enter goes from field to
+class NumberList;
+
+/// What the dialogs that change the model share: they are window-modal, Enter goes from field to
 /// field and applies in the last one, no button takes Enter by itself, and a refusal shows, is
 /// logged, selects and focuses.
 ///
-/// A form sets its own captions, then calls `equip` once. The buttons that all forms have are found
-/// by name: `SSCommand2` Delete, `SSCommand3` Apply, `SSCommand29` Cancel.
+/// A form sets its own captions, then calls `equip` once. The common buttons are found by name:
+/// `SSCommand3` Apply, `SSCommand29` Cancel, and where rows can go, `SSCommand2` Delete.
 class ModelDialog : public QDialog
 {
     Q_OBJECT
@@ -26,14 +30,15 @@ protected:
     explicit ModelDialog(QWidget *parent);
 
     /// Captions and connects the common buttons, makes a decimal comma a point in every field, and
-    /// gives the captions mnemonics.
+    /// gives the captions mnemonics. @p applies is the caption of `SSCommand3`.
+    void equip(const std::string &applies);
     void equip();
 
     /// Enter goes from each of @p fields to the next, and applies in the last.
     void chainEnter(const QList<QWidget *> &fields);
 
     virtual void apply() = 0;
-    virtual void remove() = 0;
+    virtual void remove() {}
 
     /// Says why not, in a box and in the log, and leads to the field at fault.
     /// @return false
@@ -43,6 +48,9 @@ protected:
 
     /// Gives @p field the focus with its whole text selected.
     static void lead(QWidget *field);
+
+    /// The row chosen in @p list; an emptied list gets the focus instead.
+    static std::optional<int> chosenRow(NumberList *list);
 
     /// To be called when rows have changed: the results are old now, and the picture is repainted.
     static void modelChanged();
@@ -56,9 +64,7 @@ private:
 /// "E= 210000000, A= 0.01, I= 0.0001" of group @p g.
 std::string groupConstants(int g);
 
-/// The number that is typed in @p field.
-double typedNumber(const QLineEdit *field);
-/// The same as the tables store it; none where a Single cannot hold it.
+/// The number that is typed in @p field as the tables store it; none where a Single cannot hold it.
 std::optional<float> typedSingle(const QLineEdit *field);
 
 /// Shows @p value, or nothing for 0.

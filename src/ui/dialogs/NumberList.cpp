@@ -107,7 +107,7 @@ void NumberList::wheelEvent(QWheelEvent *event)
 
 bool isRowNumber(double number)
 {
-    return number >= 1 && number == std::floor(number);
+    return number >= 1 && number == std::floor(number) && std::isfinite(number);
 }
 
 } // namespace veskora

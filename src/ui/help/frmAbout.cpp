@@ -20,10 +20,9 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::
     ui_->Image1->setPixmap(QIcon(":/icons/Veskora_ML.svg").pixmap(iconSide, iconSide));
     ui_->Label1->setText(title + " " + programVersion);
     ui_->Label2->setText(qtText(Metafrasi(2001, "Linear static analysis of plane frames program")));
-    ui_->Label3->setText(
-        qtText(Nai_Agglika ? Metafrasi(201, "No Language Pack activated.")
-                           : Metafrasi(1101, "Language Pack activated: ")
-                                 + desktop().setting("Rithmiseis", "Language", "English")));
+    ui_->Label3->setText(qtText(Nai_Agglika
+                                    ? Metafrasi(201, "No Language Pack activated.")
+                                    : Metafrasi(1101, "Language Pack activated: ") + Glossa));
     ui_->Check1->setText(
         qtText(Metafrasi(202, "&Show Kalvorn Veskora ML welcome form again at start-up")));
     ui_->Check1->setVisible(Val(desktop().setting("Startup", "ShowForm", "0")) != 1);

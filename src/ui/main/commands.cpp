@@ -1,14 +1,21 @@
 // The commands of menus, toolbar and status bar.
 
 #include "AnalysisCommands.h"
+#include "CoincidenceChecks.h"
 #include "Files.h"
 #include "frmAbout.h"
+#include "frmApotelesmata.h"
+#include "frmDiairesi.h"
 #include "frmEPIKOMBIO.h"
 #include "frmKomboi.h"
+#include "frmKykliko.h"
 #include "frmMain.h"
+#include "frmMETAKINISI.h"
 #include "frmOmades.h"
 #include "frmOMOIOMORFO.h"
+#include "frmSigxonefsi.h"
 #include "frmStoixeia.h"
+#include "frmSXEDIASI.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Recovery.h"
@@ -156,20 +163,18 @@ void frmMain::connectCommands()
     menu(ui_->mnuSTOIXEIAitem, &frmMain::Button_Stoixeia);
     menu(ui_->mnuSIGKENTROMENAitem, &frmMain::Button_Epikombia);
     menu(ui_->mnuOMOIOMORFAitem, &frmMain::Button_Omoiomorfa);
-    const auto needsNodes = [this] {
-        if (!refuseWithoutNodes())
-            showNotYetBuilt();
-    };
-    const auto needsElements = [this] {
-        if (!refuseWithoutElements())
-            showNotYetBuilt();
-    };
-    menu(ui_->mnuMETAKINISIKOMBONitem, needsNodes);
-    menu(ui_->mnuSIGXONEFSIitem, needsNodes);
-    menu(ui_->mnuDIAIRESIitem, needsElements);
+    menu(ui_->mnuMETAKINISIKOMBONitem, &frmMain::moveNodes);
+    menu(ui_->mnuSIGXONEFSIitem, &frmMain::mergeNodes);
+    menu(ui_->mnuDIAIRESIitem, &frmMain::divideElements);
     menu(ui_->mnuKYKLIKOitem, &frmMain::createArc);
-    menu(ui_->mnuSIMP_KOMBitem, needsNodes);
-    menu(ui_->mnuSIMP_STOIXitem, needsElements);
+    menu(ui_->mnuSIMP_KOMBitem, [this] {
+        if (!refuseWithoutNodes())
+            findCoincidentNodes();
+    });
+    menu(ui_->mnuSIMP_STOIXitem, [this] {
+        if (!refuseWithoutElements())
+            findCoincidentElements();
+    });
     menu(ui_->mnuEPILISIitem, [] { Button_Epilisi(); });
     menu(ui_->mnuIPOLOGISTISitem, &frmMain::startCalculator);
     menu(ui_->mnuFOREASitem, &frmMain::Button_Foreas);
@@ -268,8 +273,7 @@ bool frmMain::saveBeforeLeaving(bool closing)
         return false; // leaving it would be to lose it
     }
     const std::string text =
-        Metafrasi(114, "The model was not saved. It is kept in the recovery file:") + " "
-        + recovery;
+        Metafrasi(116, "The model is kept in the recovery file:") + " " + recovery;
     Grammi_Log(text, logColour::red);
     if (closing)
         desktop().message(text, Icon::exclamation);
@@ -414,21 +418,25 @@ void frmMain::resizeDiagram(void (*change)())
 void frmMain::Button_Apotelesmata()
 {
     Erotisi_Epanepilisis();
-    showNotYetBuilt();
+    delete results_;
+    results_ = new frmApotelesmata;
+    results_->setAttribute(Qt::WA_DeleteOnClose);
+    results_->show();
 }
 
 void frmMain::Button_Rithmiseis()
 {
-    showNotYetBuilt();
+    showDialog<frmSXEDIASI>([this](frmSXEDIASI &dialog) {
+        connect(&dialog, &frmSXEDIASI::applied, this, [this] {
+            applyColours();
+            showPanels();
+            redraw();
+        });
+        dialog.exec();
+    });
 }
 
 // ------------------------------------------------------------------------------------ the dialogs
-
-void frmMain::showNotYetBuilt()
-{
-    desktop().message(Metafrasi(2200, "This window is not part of the program yet."),
-                      Icon::information);
-}
 
 bool frmMain::refuseWithoutNodes()
 {
@@ -485,6 +493,27 @@ void frmMain::Button_Omoiomorfa()
         showDialog<frmOMOIOMORFO>([](frmOMOIOMORFO &dialog) { dialog.openFirst(); });
 }
 
+void frmMain::moveNodes()
+{
+    if (!refuseWithoutNodes())
+        showDialog<frmMETAKINISI>([](frmMETAKINISI &dialog) { dialog.exec(); });
+}
+
+void frmMain::mergeNodes()
+{
+    if (!refuseWithoutNodes())
+        showDialog<frmSigxonefsi>([](frmSigxonefsi &dialog) { dialog.exec(); });
+}
+
+void frmMain::divideElements()
+{
+    if (!refuseWithoutElements())
+        showDialog<frmDiairesi>([this](frmDiairesi &dialog) {
+            connect(&dialog, &frmDiairesi::divided, this, &frmMain::Button_Foreas);
+            dialog.exec();
+        });
+}
+
 void frmMain::createArc()
 {
     if (Arithmos_Omadon == 0) {
@@ -501,7 +530,7 @@ void frmMain::createArc()
         if (Arithmos_Omadon == 0)
             return;
     }
-    showNotYetBuilt();
+    showDialog<frmKykliko>([](frmKykliko &dialog) { dialog.exec(); });
 }
 
 // -------------------------------------------------------------------------------- outside programs

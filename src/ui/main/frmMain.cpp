@@ -5,7 +5,10 @@
 #include "Files.h"
 #include "FileSystem.h"
 #include "FileType.h"
+#include "frmApotelesmata.h"
+#include "frmWelcome.h"
 #include "Functions.h"
+#include "Languages.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "Registry.h"
@@ -67,6 +70,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
 
 frmMain::~frmMain()
 {
+    delete results_;
     setPicture1(nullptr);
 }
 
@@ -165,6 +169,8 @@ void frmMain::buildCanvasObjects()
 void frmMain::start(const QString &commandLine)
 {
     registerFileType(QApplication::applicationFilePath());
+    Fortosi_Glossas();
+    showWelcomeWhenDue();
     setCaptions();
     logStartLines();
     resetView();
@@ -185,6 +191,8 @@ void frmMain::start(const QString &commandLine)
     resetZoomHistory();
     restoreGeometryFromSettings();
     desktop().storeSetting("Startup", "Version", programVersion);
+    if (!Nai_Agglika)
+        Stigmiaio_Minima(Metafrasi(1101, "Language Pack activated: ") + Glossa);
 }
 
 void frmMain::logStartLines()

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QMainWindow>
 #include <QMenu>
+#include <QPointer>
 #include <QPushButton>
 #include <QTimer>
 
@@ -23,6 +24,7 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
+class frmApotelesmata;
 class StatusPanel;
 
 class frmMain : public QMainWindow, public MainWindowSurface
@@ -167,9 +169,11 @@ private:
     // Model commands whose windows need rows to work on
     bool refuseWithoutNodes();
     bool refuseWithoutElements();
-    void showNotYetBuilt();
     template <typename Dialog, typename Open>
     void showDialog(Open open);
+    void moveNodes();
+    void mergeNodes();
+    void divideElements();
     void createArc();
 
     void copyPicture();
@@ -205,6 +209,7 @@ private:
     QPushButton *Command2_ = nullptr;
     QTimer Timer1_;
     HTMLHelp help_;
+    QPointer<frmApotelesmata> results_; ///< the one that is open, if any
 
     bool Xeraki_Energo = false;
     bool Zoom_Energo = false;

@@ -1,0 +1,31 @@
+// The results window of a frame at the limit, from its making to its first picture.
+
+#include "BenchDesktop.h"
+#include "epilisi.h"
+#include "frmApotelesmata.h"
+#include "Models.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+
+namespace veskora {
+namespace {
+
+void resultsWindow(benchmark::State &state)
+{
+    const BenchDesktop desktop;
+    buildStoreyFrame();
+    Epilisi();
+    for (auto _ : state) {
+        frmApotelesmata window;
+        window.show();
+        QCoreApplication::processEvents();
+        window.grab(); // painted, not only asked for
+    }
+}
+
+BENCHMARK(resultsWindow)->Name("results_window/limit")->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace veskora

@@ -1,0 +1,141 @@
+#include "Languages.h"
+
+#include "Desktop.h"
+#include "Fault.h"
+#include "ItemReader.h"
+#include "Metablites.h"
+#include "usedSlots.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <filesystem>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+
+namespace {
+
+constexpr const char *english = "English";
+
+fs::path packFolder()
+{
+    return fs::path(desktop().programFolder()) / "Languages";
+}
+
+/// The length of the character of UTF-8 that @p text begins with, 0 where it begins with none.
+std::size_t characterLength(std::string_view text)
+{
+    const auto byte = [text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
+    const std::size_t length = byte(0) < 0x80                      ? 1
+                               : byte(0) >= 0xC2 && byte(0) < 0xE0 ? 2
+                               : byte(0) >= 0xE0 && byte(0) < 0xF0 ? 3
+                               : byte(0) >= 0xF0 && byte(0) < 0xF5 ? 4
+                                                                   : 0;
+    if (length == 0 || length > text.size())
+        return 0;
+    for (std::size_t at = 1; at < length; ++at)
+        if ((byte(at) & 0xC0) != 0x80)
+            return 0;
+    const bool isTooLong =
+        (byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xF0 && byte(1) < 0x90);
+    const bool isNoCharacter =
+        (byte(0) == 0xED && byte(1) >= 0xA0) || (byte(0) == 0xF4 && byte(1) >= 0x90);
+    return isTooLong || isNoCharacter ? 0 : length;
+}
+
+bool isUtf8(std::string_view text)
+{
+    while (!text.empty()) {
+        const std::size_t length = characterLength(text);
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+void readPack(const std::string &path)
+{
+    ItemReader file(path);
+    const auto item = [&file] {
+        std::string text = file.quotableItem();
+        if (!isUtf8(text))
+            file.fail("text in UTF-8", text);
+        return text;
+    };
+    file.skipByteOrderMark();
+    (void)item(); // the heading
+    (void)item();
+    for (std::string number = item(); number != "END"; number = item()) {
+        const int slot = file.asInteger(number, "a slot number or END", 1, languageSlots);
+        Pinakas_Glossas(slot) = item();
+    }
+}
+
+/// These two speak English in every language: the pack is what they are about.
+void tellUnreadable(const std::string &path, const Fault &fault)
+{
+    desktop().message("The language pack " + Glossa
+                          + " could not be read. Until its next start the program speaks "
+                            "English.\r\n\r\n"
+                          + path + "\r\n" + fault.facts(),
+                      Icon::exclamation);
+}
+
+void tellMissingTexts()
+{
+    const auto missing =
+        std::ranges::count_if(usedSlots, [](int slot) { return Pinakas_Glossas(slot).empty(); });
+    if (missing == 0)
+        return;
+    desktop().message("The language pack " + Glossa + " lacks " + std::to_string(missing)
+                          + " of the " + std::to_string(std::size(usedSlots))
+                          + " texts of this program; they show as empty.\r\n\r\nTo choose another "
+                            "language, open the last entry of the last menu (Help, About Kalvorn "
+                            "Veskora ML) and tick its box: the welcome form then comes at the next "
+                            "start.",
+                      Icon::information);
+}
+
+} // namespace
+
+std::string storedLanguage()
+{
+    const std::string language = desktop().setting("Rithmiseis", "Language", english);
+    return language.empty() ? english : language;
+}
+
+void Fortosi_Glossas()
+{
+    Glossa = storedLanguage();
+    Nai_Agglika = Glossa == english;
+    Pinakas_Glossas.clear();
+    if (Nai_Agglika)
+        return;
+    const std::string path = (packFolder() / (Glossa + ".lng")).string();
+    try {
+        readPack(path);
+        tellMissingTexts();
+    } catch (const Fault &fault) {
+        Pinakas_Glossas.clear();
+        Nai_Agglika = true; // before the message, which has a button to be captioned
+        tellUnreadable(path, fault);
+        Glossa = english;
+    }
+}
+
+std::vector<std::string> languagePacks()
+{
+    std::vector<std::string> names;
+    std::error_code unreadable; // what cannot be listed is not offered
+    for (fs::directory_iterator file(packFolder(), unreadable), end; file != end;
+         file.increment(unreadable))
+        if (file->path().extension() == ".lng")
+            names.push_back(file->path().stem().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+} // namespace veskora

@@ -1,0 +1,51 @@
+#include "RowQueries.h"
+
+#include "Metablites.h"
+#include "Supports.h"
+
+#include <algorithm>
+
+namespace veskora {
+
+bool isLoadedNode(int n)
+{
+    return Komboi(n, node::Fx) != 0 || Komboi(n, node::Fy) != 0 || Komboi(n, node::M) != 0;
+}
+
+bool isConstrainedNode(int n)
+{
+    return Komboi(n, node::fixedX) == 1 || Komboi(n, node::fixedY) == 1
+           || Komboi(n, node::fixedRotation) == 1;
+}
+
+bool hasSpring(int n)
+{
+    return std::ranges::any_of(Elatiria.row(n), [](float constant) { return constant > 0; });
+}
+
+bool isLoadedElement(int e)
+{
+    return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
+}
+
+int countRows(int rows, bool (*holds)(int))
+{
+    int count = 0;
+    for (int row = 1; row <= rows; ++row)
+        count += holds(row) ? 1 : 0;
+    return count;
+}
+
+std::string constraintCode(int n)
+{
+    const std::string code = supportCode(Komboi(n, node::fixedX) == 1, Komboi(n, node::fixedY) == 1,
+                                         Komboi(n, node::fixedRotation) == 1);
+    return code == "ooo" ? "" : code;
+}
+
+double springForce(int n, int k)
+{
+    return -Elatiria(n, k) * Metatopiseis(3 * n - 3 + k);
+}
+
+} // namespace veskora

@@ -1,0 +1,108 @@
+#include "frmSigxonefsi.h"
+
+#include "Desktop.h"
+#include "Diagrafes.h"
+#include "Functions.h"
+#include "MathFunc.h"
+#include "Metablites.h"
+#include "QtDesktop.h"
+#include "ui_frmSigxonefsi.h"
+
+#include <cmath>
+
+namespace veskora {
+
+frmSigxonefsi::frmSigxonefsi(QWidget *parent)
+    : ModelDialog(parent), ui_(std::make_unique<Ui::frmSigxonefsi>())
+{
+    ui_->setupUi(this);
+    setWindowTitle(qtText(Metafrasi(1301, "Merge nodes")));
+    ui_->Label1->setText(qtText(Metafrasi(1302, "Merge node:")));
+    ui_->Label2->setText(qtText(Metafrasi(1303, "in")));
+    ui_->Check1->setText(qtText(Metafrasi(1304, "Delete node B")));
+    ui_->Check2->setText(qtText(Metafrasi(1305, "Move node A to the middle of segment AB")));
+    ui_->Check1->setChecked(true);
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
+        list->takeOnlyItems();
+    fillLists();
+    equip();
+    chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
+    lead(ui_->Combo1);
+}
+
+frmSigxonefsi::~frmSigxonefsi() = default;
+
+void frmSigxonefsi::fillLists()
+{
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2}) {
+        list->fill(Arithmos_Kombon);
+        list->showNumber(1);
+    }
+}
+
+void frmSigxonefsi::apply()
+{
+    const auto a = chosenRow(ui_->Combo1);
+    const auto b = a ? chosenRow(ui_->Combo2) : std::nullopt;
+    if (!b || *a == *b)
+        return;
+    const float x = (Komboi(*a, node::x) + Komboi(*b, node::x)) * 0.5F;
+    const float y = (Komboi(*a, node::y) + Komboi(*b, node::y)) * 0.5F;
+    const bool isMoved = ui_->Check2->isChecked();
+    if (isMoved && !(std::isfinite(x) && std::isfinite(y))) {
+        refuseOverflow(ui_->Combo1);
+        return;
+    }
+    const int elements = Arithmos_Stoixeion;
+    if (!deleteElementsBetween(*a, *b)) {
+        if (Arithmos_Stoixeion < elements)
+            modelChanged();
+        return;
+    }
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int end : {element::nodeI, element::nodeJ})
+            if (Stoixeia(e, end) == static_cast<float>(*b))
+                Stoixeia(e, end) = static_cast<float>(*a);
+    Grammi_Log(Metafrasi(1308, "Node #") + " " + numberText(*b) + " "
+                   + Metafrasi(1309, "merged in node #") + numberText(*a) + ".",
+               logColour::navy);
+    if (isMoved) {
+        Komboi(*a, node::x) = x;
+        Komboi(*a, node::y) = y;
+        // The B is the Greek capital, as it has always been in this line.
+        Grammi_Log(Metafrasi(1310, "Node #") + " " + numberText(*a) + " "
+                       + Metafrasi(1311, "moved to the middle of segment A\u0392."),
+                   logColour::navy);
+    }
+    if (ui_->Check1->isChecked()) {
+        Diagrafi_Kombou(static_cast<std::int16_t>(*b));
+        fillLists();
+    }
+    modelChanged();
+}
+
+/// @return false as soon as the user wants to keep one
+bool frmSigxonefsi::deleteElementsBetween(int a, int b)
+{
+    const auto nodeA = static_cast<float>(a), nodeB = static_cast<float>(b);
+    for (int e = 1; e <= Arithmos_Stoixeion;) {
+        const float i = Stoixeia(e, element::nodeI), j = Stoixeia(e, element::nodeJ);
+        if (!((i == nodeA && j == nodeB) || (i == nodeB && j == nodeA))) {
+            ++e;
+            continue;
+        }
+        const std::string text =
+            Metafrasi(1306, "Between nodes to be merged there is element #") + numberText(e) + ".";
+        Grammi_Log(text, logColour::red);
+        if (desktop().message(text + "\r\n"
+                                  + Metafrasi(1307, "Do you want this element to be deleted in "
+                                                    "order for the nodes to be merged?"),
+                              Icon::question, Buttons::okCancel)
+            != Answer::ok)
+            return false;
+        Diagrafi_Stoixeiou(static_cast<std::int16_t>(e)); // the next one has this number now
+    }
+    return true;
+}
+
+} // namespace veskora

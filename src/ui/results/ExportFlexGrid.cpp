@@ -1,0 +1,153 @@
+#include "ExportFlexGrid.h"
+
+#include "Fault.h"
+#include "FileSystem.h"
+#include "Functions.h"
+#include "Metablites.h"
+#include "QtDesktop.h"
+#include "ResultGrid.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+
+#include <xlsxwriter.h>
+
+#include <algorithm>
+#include <string_view>
+
+namespace veskora {
+
+namespace {
+
+constexpr const char *workbookType =
+    "application/vnd.openxmlformats-officedocument.spreadsheetml.sheet";
+
+void check(lxw_error error)
+{
+    if (error != LXW_NO_ERROR)
+        throw Fault(Fault::Kind::system, lxw_strerror(error));
+}
+
+template <typename Part>
+Part *checked(Part *part)
+{
+    if (part == nullptr)
+        throw Fault(Fault::Kind::system, "the workbook could not be made");
+    return part;
+}
+
+/// Writes the cells; each has a format, so that empty ones are there too.
+void writeCells(lxw_worksheet *sheet, lxw_format *format, const ResultGrid &grid)
+{
+    for (int j = 0; j < grid.columnCount(); ++j) {
+        const auto column = static_cast<lxw_col_t>(j);
+        qsizetype longest = 0;
+        for (int i = 0; i < grid.rowCount(); ++i) {
+            const auto row = static_cast<lxw_row_t>(i);
+            const QString &text = grid.text(i, j);
+            longest = std::max(longest, text.size());
+            check(text.isEmpty()
+                      ? worksheet_write_blank(sheet, row, column, format)
+                      : worksheet_write_string(sheet, row, column, text.toUtf8(), format));
+        }
+        constexpr double cellPadding = 1.7; // characters
+        check(worksheet_set_column(sheet, column, column,
+                                   static_cast<double>(longest) + cellPadding, nullptr));
+    }
+}
+
+/// Writes the workbook @p path, where there is no file yet. Fault: it could not be written; nothing
+/// is left there then.
+void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::string &section)
+{
+    lxw_workbook *book = checked(workbook_new(path.c_str()));
+    try {
+        const std::string name = sheetName(section);
+        lxw_worksheet *sheet =
+            checked(workbook_add_worksheet(book, name.empty() ? nullptr : name.c_str()));
+        lxw_format *format = checked(workbook_add_format(book));
+        format_set_num_format(format, "@"); // what is typed over a text stays one
+        writeCells(sheet, format, grid);
+        check(worksheet_ignore_errors(sheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, "A1:XFD1048576"));
+    } catch (...) {
+        lxw_workbook_free(book);
+        throw;
+    }
+    // Only now the file is made; the book is freed, whatever comes.
+    if (const lxw_error error = workbook_close(book); error != LXW_NO_ERROR) {
+        QFile::remove(qtText(path));
+        check(error);
+    }
+}
+
+/// The folder of the model's file, that for documents, or the user's own: the first in which files
+/// can be made.
+QString targetFolder()
+{
+    if (!Onoma_Arxeiou.empty() && isWritableFolder(folderOf(Onoma_Arxeiou)))
+        return qtText(folderOf(Onoma_Arxeiou));
+    const std::string documents = desktop().documentsFolder();
+    return isWritableFolder(documents) ? qtText(documents) : QDir::homePath();
+}
+
+/// "frame Node displacements.xlsx", with a number behind it where there is such a file.
+std::string freePath(const std::string &section)
+{
+    const QString model =
+        Onoma_Arxeiou.empty() ? "Untitled" : QFileInfo(qtText(Onoma_Arxeiou)).completeBaseName();
+    const QString stem = QDir(targetFolder()).filePath((model + ' ' + qtText(section)).trimmed());
+    QString path = stem + ".xlsx";
+    for (int number = 2; QFileInfo::exists(path); ++number)
+        path = QString("%1 (%2).xlsx").arg(stem).arg(number);
+    return plainText(path);
+}
+
+bool hasSpreadsheetProgram()
+{
+    QProcess query;
+    query.start("xdg-mime", {"query", "default", workbookType});
+    return query.waitForFinished() && !query.readAllStandardOutput().trimmed().isEmpty();
+}
+
+bool openInSpreadsheet(const std::string &path)
+{
+    return hasSpreadsheetProgram() && QProcess::startDetached("xdg-open", {qtText(path)});
+}
+
+} // namespace
+
+std::string sheetName(const std::string &section)
+{
+    constexpr qsizetype longest = 31;
+    QString name = qtText(section);
+    for (const char reserved : std::string_view(R"([]:*?/\)"))
+        name.replace(reserved, ' ');
+    name = name.left(longest).trimmed();
+    while (name.startsWith('\''))
+        name.remove(0, 1);
+    while (name.endsWith('\''))
+        name.chop(1);
+    return plainText(name.trimmed());
+}
+
+void ExportFlexGrid(const ResultGrid &grid, const std::string &section)
+{
+    bool opened = false;
+    try {
+        const std::string path = freePath(sheetName(section));
+        writeWorkbook(path, grid, section);
+        Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
+        opened = openInSpreadsheet(path);
+    } catch (const Fault &fault) {
+        Grammi_Log(fault.facts(), logColour::red);
+    }
+    // The same slot as for printing: a language pack has one text for both.
+    if (!opened)
+        desktop().message(Metafrasi(366, "An error occured while trying to export file. The "
+                                         "operation cannot be completed."),
+                          Icon::critical);
+}
+
+} // namespace veskora

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QTableView>
+
+namespace veskora {
+
+class ResultGrid;
+
+/// Shows a `ResultGrid`: columns as wide as their content, separators thin, cells selected and
+/// copied as tab-separated text.
+class GridView : public QTableView
+{
+    Q_OBJECT
+public:
+    explicit GridView(QWidget *parent = nullptr);
+
+    enum class Header {
+        inGrid, ///< row 0 scrolls with the others, as its columns are not those of all rows
+        fixed   ///< row 0 stays in sight and its columns can be drawn wider
+    };
+    /// Takes @p grid, filled, as a child.
+    void present(ResultGrid *grid, Header header);
+    const ResultGrid &grid() const;
+
+private:
+    void sizeColumns();
+    void copySelection() const;
+};
+
+} // namespace veskora

@@ -1,0 +1,51 @@
+#pragma once
+/// @file
+/// The results window: data and results of the model as grids and a tree, and their ways out.
+
+#include <QWidget>
+
+#include <memory>
+#include <string>
+
+QT_BEGIN_NAMESPACE
+namespace Ui {
+class frmApotelesmata;
+}
+QT_END_NAMESPACE
+
+namespace veskora {
+
+/// A window of its own, filled once when it is made: what the model becomes later does not reach
+/// its grids and its tree. The report is made from the tables when it is asked for.
+class frmApotelesmata : public QWidget
+{
+    Q_OBJECT
+public:
+    frmApotelesmata();
+    ~frmApotelesmata() override; // in the .cpp, where Ui::frmApotelesmata is complete
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void setCaptions();
+    void showCounts();
+    void equipToolbar();
+    void connectCommands();
+    void assignWindowMnemonics();
+    void setLeastSize();
+    void arrange();
+    void showView();
+
+    /// Asks for the sections, lets @p act use them, and empties the report.
+    void takeOut(const std::string &caption, void (frmApotelesmata::*act)());
+    void save();
+    void copy();
+    void print();
+    void exportSections();
+
+    const std::unique_ptr<Ui::frmApotelesmata> ui_;
+};
+
+} // namespace veskora

@@ -1,0 +1,418 @@
+// The model tools: moving, merging, dividing, arcs, and the coincidence checks.
+
+#include "Analysis.h"
+#include "CoincidenceChecks.h"
+#include "DialogTest.h"
+#include "frmDiairesi.h"
+#include "frmKykliko.h"
+#include "frmMETAKINISI.h"
+#include "frmSigxonefsi.h"
+#include "MainWindowTest.h"
+
+#include <QApplication>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <cmath>
+
+namespace veskora {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class Tools : public Dialogs
+{
+protected:
+    template <typename Form, typename Talk>
+    void in(Talk talk)
+    {
+        Allagi_Montelou = false;
+        with<Form>([](Form &dialog) { dialog.exec(); }, talk);
+    }
+    /// The form is filled and applied, and the model does not change.
+    template <typename Form>
+    void expectRefusal(const std::string &entries, const std::string &says, const char *leadsTo)
+    {
+        SCOPED_TRACE(entries);
+        const std::string before = model();
+        desktop.log.clear();
+        desktop.expectMessage(says);
+        in<Form>([&] {
+            fill(entries);
+            click("SSCommand3");
+            EXPECT_TRUE(form->isVisible());
+            EXPECT_EQ(focus(), leadsTo);
+        });
+        EXPECT_THAT(logged(red), ElementsAre(says));
+        EXPECT_EQ(model(), before);
+        EXPECT_FALSE(Allagi_Montelou);
+        EXPECT_EQ(redraws(), 0);
+    }
+};
+
+TEST_F(Tools, MoveNodes)
+{
+    const std::string threeNodes = "N 0 0; N 0.1 1; N 16777216 3";
+    const std::string moved = modelOf("N 0 0; N 0.6 1; N 16777216 3"); // a Single keeps no half
+    const std::string before = modelOf(threeNodes);
+    in<frmMETAKINISI>([&] {
+        EXPECT_EQ(shownIn("Combo1 Combo2 Text1 Text2"), "1|1||");
+        fill("Combo1=2 Combo2=3 Text1=,5!"); // Enter goes on
+        EXPECT_EQ(model(), before);
+        key("Text2", Qt::Key_Return); // and applies
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(model(), moved);
+        EXPECT_TRUE(Allagi_Montelou);
+        fill("Text1=0.0"); // nothing to do, nothing to say
+        click("SSCommand3");
+        fill("Combo1=3 Combo2=2 Text2=1"); // no node stands between them
+        click("SSCommand3");
+        fill("Combo1= ");
+        click("SSCommand3");
+        EXPECT_EQ(focus(), "Combo1");
+    });
+    EXPECT_THAT(logged(navy), ElementsAre("Moved nodes: #2 to #3, dx=0.5, dy=0",
+                                          "Moved nodes: #3 to #2, dx=0, dy=1"));
+    EXPECT_EQ(model(), moved);
+    EXPECT_EQ(redraws(), 2);
+
+    desktop.events.clear();
+    buildModel("N 0 0; N 3e38 0");
+    expectRefusal<frmMETAKINISI>("Text2=1e39", "The number given is too large.", "Text2");
+    expectRefusal<frmMETAKINISI>("Combo2=2 Text1=3e38", "The number given is too large.", "Text1");
+}
+
+TEST_F(Tools, MergeNodes)
+{
+    // Nodes 2 and 4 are to be one; two elements stand between them.
+    const std::string text = "G 1 1 1; N 0 0 xxx; N 2 0 ooo 7; N 4 2; N 3 1; N 9 9; S 4 1 1 1;";
+    const std::string ends = "E 1 2 1; E 2 4 1; E 4 3 1; E 4 2 1; E 5 4 1 1";
+    const std::string left = "E 1 2 1; E 2 3 1; E 5 2 1 1";
+    const auto question = [](int e) {
+        return "Between nodes to be merged there is element #" + std::to_string(e) + ".";
+    };
+    const std::string ask =
+        "\r\nDo you want this element to be deleted in order for the nodes to be merged?";
+    struct Case
+    {
+        const char *checks;
+        const char *answers; ///< o OK, c Cancel, to the question for each element
+        std::string model;
+        const char *lists;
+        int changes; ///< redraws
+    };
+    for (const Case &c : {
+             Case{"Check1=o", "oo", text + left, "2|4", 1},
+             Case{"Check1=o Check2=x", "oo",
+                  "G 1 1 1; N 0 0 xxx; N 2.5 .5 ooo 7; N 4 2; N 3 1; N 9 9; S 4 1 1 1;" + left,
+                  "2|4", 1},
+             Case{"Check1=x", "oo",
+                  "G 1 1 1; N 0 0 xxx; N 2 0 ooo 7; N 4 2; N 9 9; E 1 2 1; E 2 3 1; E 4 2 1 1",
+                  "1|1", 1},
+             Case{"Check1=x", "c", text + ends, "2|4", 0},
+             Case{"Check1=x", "oc", text + "E 1 2 1; E 4 3 1; E 4 2 1; E 5 4 1 1", "2|4", 1},
+         }) {
+        SCOPED_TRACE(c.checks + std::string(" ") + c.answers);
+        const std::string expected = modelOf(c.model);
+        buildModel(text + ends);
+        desktop.events.clear();
+        // The second of them moves up when the first is deleted.
+        for (int e = 2; const char answer : std::string(c.answers))
+            desktop.expectMessage(question(e++) + ask, Icon::question,
+                                  answer == 'o' ? Answer::ok : Answer::cancel);
+        in<frmSigxonefsi>([&] {
+            EXPECT_EQ(shownIn("Combo1 Combo2"), "1|1");
+            fill("Combo1=2 Combo2=2");
+            click("SSCommand3"); // a node and itself: nothing
+            fill("Combo2=4 " + std::string(c.checks));
+            click("SSCommand3");
+            EXPECT_TRUE(form->isVisible());
+            EXPECT_EQ(shownIn("Combo1 Combo2"), c.lists);
+            EXPECT_EQ(find<QComboBox>("Combo2")->count(), Arithmos_Kombon);
+        });
+        EXPECT_EQ(model(), expected);
+        EXPECT_EQ(Allagi_Montelou, c.changes != 0);
+        EXPECT_EQ(redraws(), c.changes);
+    }
+    // Of the last but two: with both checks off, on, and deletion, what the log says.
+    desktop.log.clear();
+    buildModel("N 0 0; N 1 0; N 5 5");
+    in<frmSigxonefsi>([&] {
+        fill("Combo1=3 Combo2=1 Check1=x Check2=x");
+        click("SSCommand3");
+    });
+    ASSERT_EQ(desktop.log.size(), 3U);
+    EXPECT_EQ(desktop.log[0], (LogLine{"Node # 1 merged in node #3.", navy}));
+    EXPECT_EQ(desktop.log[1], (LogLine{"Node # 3 moved to the middle of segment A\u0392.", navy}));
+    EXPECT_EQ(desktop.log[2].colour, green);
+    EXPECT_EQ(model(), modelOf("N 1 0; N 2.5 2.5"));
+}
+
+TEST_F(Tools, DivideElements)
+{
+    const std::string divided =
+        modelOf("G 1 1 1; N 0 0; N 3 6; N 1 2; N 2 4; E 1 3 1 1 0 7 8; E 3 4 1 0 0 7 8;"
+                "E 4 2 1 0 1 7 8");
+    buildModel("G 1 1 1; N 0 0 xxx 5; N 3 6; E 1 2 1 1 1 7 8");
+    Komboi(1, node::fixedX) = Komboi(1, node::fixedY) = Komboi(1, node::fixedRotation) = 0;
+    Komboi(1, node::Fx) = 0;
+    Katastasi_Provolis = 2;
+    in<frmDiairesi>([&] {
+        for (const char *nothing : {"1", "1.4", "0.6"}) {
+            fill(std::string("Text1=") + nothing);
+            click("SSCommand3");
+        }
+        EXPECT_EQ(Arithmos_Stoixeion, 1);
+        fill("Text1=3!");
+        EXPECT_TRUE(form->isVisible());
+        EXPECT_EQ(shownIn("Combo1 Combo2"), "1|1");
+        EXPECT_EQ(find<QComboBox>("Combo2")->count(), 3);
+        EXPECT_EQ(model(), divided);
+        EXPECT_EQ(Katastasi_Provolis, 0);
+        EXPECT_TRUE(Allagi_Montelou);
+        fill("Combo1=3 Combo2=1 Text1=5!"); // the first above the last
+    });
+    EXPECT_EQ(model(), divided);
+    EXPECT_THAT(logged(navy), ElementsAre("Elements divided: #1 to #1 into 3 segments each.",
+                                          "Elements divided: #3 to #1 into 5 segments each."));
+
+    for (const char *k : {"", "0", "0.5", "2.5", "-1", "x", "1e400"})
+        expectRefusal<frmDiairesi>(std::string("Text1=") + k,
+                                   "The value of segments that you have given is unacceptable.",
+                                   "Text1");
+    const std::string nodes =
+        "This division operation requires more nodes than the maximum number of nodes.\r\n\r\n";
+    expectRefusal<frmDiairesi>("Combo2=3 Text1=67", nodes + "202 > Max.nodes = 200", "Text1");
+    expectRefusal<frmDiairesi>("Text1=1e12", nodes + "1000000000003 > Max.nodes = 200", "Text1");
+    for (int e = Arithmos_Stoixeion; e < 250; ++e)
+        addElement(1, 2);
+    expectRefusal<frmDiairesi>("Combo2=3 Text1=18",
+                               "This division operation requires more elements than the maximum "
+                               "number of elements.\r\n\r\n301 > Max.elements = 300",
+                               "Text1");
+}
+
+// Dividing is not to change the structure: end forces at the old ends stay.
+TEST_F(Tools, ADividedElementKeepsItsEndForces)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 1 4; N 7 5 oxo; N 7 0 xxx; E 1 2 1; "
+               "E 2 3 1 0 1 -3 -20; E 4 3 1 1 0 2 0");
+    analyse();
+    const auto before = Entasi_Topiki;
+    in<frmDiairesi>([&] { fill("Combo1=2 Combo2=3 Text1=4!"); });
+    analyse();
+    // Elements 2 and 3 keep end i; 4 to 6 and 7 to 9 are their new pieces.
+    for (const auto &[e, last] : {std::pair{1, 1}, {2, 6}, {3, 9}})
+        for (int i = 1; i <= 3; ++i) {
+            constexpr double roundOff = 1e-4; // kN, kNm; the new coordinates are Singles
+            EXPECT_NEAR(Entasi_Topiki(e, i), before(e, i), roundOff) << e << " " << i;
+            EXPECT_NEAR(Entasi_Topiki(last, 3 + i), before(e, 3 + i), roundOff) << e << " " << i;
+        }
+}
+
+TEST_F(Tools, CreateArc)
+{
+    const std::string quarter = "Text1=0 Text2=0 Text3=1 Text4=0 Text5=0 Text6=2 ";
+    buildModel("G 1 1 1; G 2 2 2; N 5 5 xxx");
+    in<frmKykliko>([&] {
+        EXPECT_EQ(shownIn("LabelR LabelTheta Combo1"), "0|360|1");
+        fill(quarter);
+        EXPECT_EQ(shownIn("LabelR LabelTheta"), "1|90");
+        fill("Text7=2 Combo1=2!");
+        EXPECT_FALSE(form->isVisible());
+    });
+    EXPECT_THAT(logged(navy),
+                ElementsAre("New element #1, Node i: #2, Node j: #3, Group: #2, P2 Type",
+                            "New element #2, Node i: #3, Node j: #4, Group: #2, P2 Type",
+                            "New node #2, x=1, y=0, Free",
+                            "New node #3, x=0.7071068, y=0.7071068, Free",
+                            "New node #4, x=6.123234E-17, y=1, Free"));
+    EXPECT_EQ(model(), modelOf("G 1 1 1; G 2 2 2; N 5 5 xxx; N 1 0; N .70710678118 .70710678118;"
+                               "N 6.123233995736766e-17 1; E 2 3 2; E 3 4 2"));
+    EXPECT_TRUE(Allagi_Montelou);
+    EXPECT_EQ(redraws(), 1);
+
+    buildModel("G 1 1 1");
+    in<frmKykliko>([&] {
+        fill("Text1=1 Text2=1 Text3=1 Text4=3 Text5=5 Text6=1");
+        EXPECT_EQ(shownIn("LabelR LabelTheta"), "2|270");
+        fill("Text7=3");
+        click("SSCommand3");
+    });
+    EXPECT_EQ(Arithmos_Kombon, 4);
+    EXPECT_EQ(Komboi(3, node::y), -1);
+    EXPECT_EQ(Komboi(4, node::x), 3);
+
+    // Both points in one direction: a whole circle, whatever the last digits of their angles.
+    buildModel("G 1 1 1; N 7 7");
+    desktop.expectMessage("Do you want to create a whole circle?", Icon::question, Answer::cancel);
+    desktop.expectMessage("Do you want to create a whole circle?", Icon::question, Answer::ok);
+    in<frmKykliko>([&] {
+        fill("Text3=0.1 Text4=0.3 Text5=0.2 Text6=0.6 Text7=4");
+        EXPECT_EQ(shown("LabelTheta"), "360");
+        click("SSCommand3");
+        EXPECT_EQ(Arithmos_Kombon, 1);
+        click("SSCommand3");
+        EXPECT_FALSE(form->isVisible());
+    });
+    EXPECT_EQ(Arithmos_Kombon, 5);
+    EXPECT_EQ(Arithmos_Stoixeion, 4);
+    EXPECT_EQ(Stoixeia(4, element::nodeI), 5);
+    EXPECT_EQ(Stoixeia(4, element::nodeJ), 2);
+    EXPECT_NEAR(Komboi(4, node::y), -0.3, 1e-7);
+
+    const std::string number = "The value given for the number of elements is unacceptable.";
+    const std::string radius = "The radius of the specified arc is zero.";
+    desktop.events.clear();
+    buildModel("G 1 1 1; N 0 0; N 1 1; E 1 2 1");
+    for (const auto &[entries, says, leadsTo] : std::initializer_list<std::array<std::string, 3>>{
+             {quarter + "Text7=0", number, "Text7"},
+             {quarter + "Text7=1.5", number, "Text7"},
+             {quarter + "Text7=1e400", number, "Text7"},
+             {"Text7=", number, "Text7"}, // before the radius
+             {"Text7=3", radius, "Text3"},
+             {"Text3=1 Text5=2 Text7=1", number, "Text7"}, // a circle of one element
+             {"Text3=1e39 Text7=1", "The number given is too large.", "Text3"},
+             {"Text1=3e38 Text3=1e37 Text5=3.3e38 Text7=9", "The number given is too large.",
+              "Text3"},
+             {"Text1=1e7 Text2=1e7 Text3=10000000.1 Text4=1e7 Text5=1e7 Text6=2e7 Text7=2", radius,
+              "Text3"},
+             {quarter + "Text7=198",
+              "The maximum number of nodes that can be defined is 200. This action whould require "
+              "201 nodes.",
+              "Text7"},
+             {"Text3=1 Text5=2 Text7=199",
+              "The maximum number of nodes that can be defined is 200. This action whould require "
+              "201 nodes.",
+              "Text7"}})
+        expectRefusal<frmKykliko>(entries, says, leadsTo.c_str());
+    for (int e = Arithmos_Stoixeion; e < 200; ++e)
+        addElement(1, 2);
+    expectRefusal<frmKykliko>(quarter + "Text7=101",
+                              "The maximum number of elements that can be defined is 300. This "
+                              "action whould require 301 elements.",
+                              "Text7");
+}
+
+TEST_F(Tools, ArcHelpUnfolds)
+{
+    buildModel("G 1 1 1");
+    in<frmKykliko>([&] {
+        const int narrow = form->width();
+        click("SSCommand1");
+        EXPECT_EQ(find<QAbstractButton>("SSCommand1")->text().remove('&'), "Help <-");
+        EXPECT_GE(form->width(), 7020 / 15);
+        EXPECT_FALSE(find<QLabel>("Image1")->pixmap().isNull());
+        click("SSCommand1");
+        EXPECT_EQ(form->width(), narrow);
+    });
+}
+
+TEST_F(Tools, CoincidentNodes)
+{
+    const std::string question =
+        "Give the value for tolerance (Max. distance for which two nodes are considered to "
+        "coincide).\r\n\r\n(Value between [0 , 0.001], Default=10E-5)";
+    struct Case
+    {
+        const char *answer, *note, *tolerance;
+        std::vector<const char *> pairs; ///< "1 and 2, distance"
+    };
+    const std::string before =
+        modelOf("N 1 1; N 1 1.0005; N 0 0; N 1 1; N 3e-6 4e-6; N 0.0009 0; N 3e38 0; N -3e38 0");
+    for (const Case &c : std::initializer_list<Case>{
+             {"", "Tolerance = 10E-5 (Default value).", "1E-05", {"#1 and #4", "#3 and #5"}},
+             {"-1", "Tolerance = 0 (Minimum value).", "0", {"#1 and #4"}},
+             {"abc", nullptr, "0", {"#1 and #4"}},
+             {"0,0006", nullptr, "0.0006", {"#1 and #2", "#1 and #4", "#2 and #4", "#3 and #5"}},
+             {"1",
+              "Tolerance = 0.001 (Maximum value).",
+              "0.001",
+              {"#1 and #2", "#1 and #4", "#2 and #4", "#3 and #5", "#3 and #6", "#5 and #6"}},
+         }) {
+        SCOPED_TRACE(c.answer);
+        desktop.expectQuestion(c.answer);
+        if (c.note != nullptr)
+            desktop.expectMessage(c.note, Icon::none);
+        std::vector<std::string> said(c.pairs.size());
+        for (std::string &text : said)
+            desktop.expectAnyMessage(text);
+        const std::string end =
+            "The search for coincident nodes is completed. " + std::to_string(c.pairs.size())
+            + " incidences of coincident nodes were found. (Tolerance = " + c.tolerance + ").";
+        desktop.expectMessage(end, Icon::information);
+        findCoincidentNodes();
+        EXPECT_EQ(desktop.textQuestions.back(), question);
+        for (std::size_t i = 0; i < said.size(); ++i)
+            EXPECT_THAT(said[i],
+                        testing::StartsWith("Nodes: " + std::string(c.pairs[i])
+                                            + " theoretically coincide.\r\n\r\nDistance between "
+                                              "them D= "));
+        EXPECT_THAT(logged(red), ElementsAre(end));
+    }
+    EXPECT_EQ(model(), before);
+
+    buildModel("N 0 0; N 0 0.0005");
+    std::string said;
+    desktop.expectQuestion("0.001");
+    desktop.expectAnyMessage(said);
+    desktop.expectMessage("The search for coincident nodes is completed. 1 incidences of "
+                          "coincident nodes were found. (Tolerance = 0.001).",
+                          Icon::information);
+    findCoincidentNodes();
+    EXPECT_EQ(said, "Nodes: #1 and #2 theoretically coincide.\r\n\r\nDistance between them D= "
+                    "0.000500000023748726"); // 0.0005 as a Single
+}
+
+TEST_F(Tools, CoincidentElements)
+{
+    const std::string before =
+        modelOf("G 1 1 1; G 2 2 2; N 0 0; N 1 0; N 2 0; E 1 2 1; E 2 3 1; E 2 1 2 1 1; E 1 2 1");
+    const auto pair = [](const char *elements, const char *nodes) {
+        return "The elements " + std::string(elements) + " between nodes " + nodes
+               + " coincide. One of them must be deleted.";
+    };
+    const std::string first = pair("#1 and #3", "#1 and #2");
+    const std::string second = pair("#1 and #4", "#1 and #2");
+    const std::string third = pair("#3 and #4", "#2 and #1");
+    const std::string goOn = "\r\nShall the search for coincident elements continue?";
+    const std::string end = "The search for coincident elements is completed. 3 incidences of "
+                            "coincident elements were found.";
+    desktop.expectMessage(first + goOn, Icon::information, Answer::yes);
+    desktop.expectMessage(second + goOn, Icon::information, Answer::yes);
+    desktop.expectMessage(third + goOn, Icon::information, Answer::yes);
+    desktop.expectMessage(end, Icon::information);
+    findCoincidentElements();
+    EXPECT_THAT(logged(red), ElementsAre(first, second, third, end));
+
+    desktop.expectMessage(first + goOn, Icon::information, Answer::yes);
+    desktop.expectMessage(second + goOn, Icon::information, Answer::no);
+    findCoincidentElements();
+    EXPECT_THAT(logged(red), ElementsAre(first, second));
+    EXPECT_EQ(model(), before);
+}
+
+TEST_F(MainWindow, DividingGoesBackToTheModel)
+{
+    start(TEST_DATA "/small.vsk");
+    const int elements = Arithmos_Stoixeion;
+    Allagi_Montelou = false;
+    window->Button_Q();
+    ASSERT_EQ(Katastasi_Provolis, 2);
+    QTimer::singleShot(0, window.get(), [&] {
+        QWidget *form = QApplication::activeModalWidget();
+        form->findChild<QLineEdit *>("Text1")->setText("2");
+        form->findChild<QAbstractButton *>("SSCommand3")->click();
+        form->close();
+    });
+    trigger("mnuDIAIRESIitem");
+    EXPECT_EQ(Arithmos_Stoixeion, elements + 1);
+    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(panel("Panel7"), " Model");
+    EXPECT_FALSE(find<QAbstractButton>("Command1")->isVisible());
+}
+
+} // namespace
+} // namespace veskora
