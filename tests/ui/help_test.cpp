@@ -201,6 +201,9 @@ TEST_F(Help, TheSearchFindsPagesByTheBeginningsOfWords)
     EXPECT_EQ(shownPage(), "Element types and hinges");
     EXPECT_FALSE(viewer()->findChild<HelpBrowser *>("Page")->extraSelections().isEmpty());
 
+    QTest::keyClick(viewer()->findChild<QWidget *>("SearchText"), Qt::Key_Left, Qt::AltModifier);
+    EXPECT_EQ(shownPage(), "Kalvorn Veskora ML");
+
     search("P2' \"(unheardof"); // what the query language would choke on
     auto *found = viewer()->findChild<QLabel *>("Found");
     EXPECT_TRUE(

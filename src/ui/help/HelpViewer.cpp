@@ -93,6 +93,8 @@ HelpViewer::HelpViewer(const QString &collection)
         ui_->Find->setFocus();
         ui_->Find->selectAll();
     });
+    key(QKeySequence::Back, [page] { page->backward(); });
+    key(QKeySequence::Forward, [page] { page->forward(); });
     key(QKeySequence::FindNext, [this] { findInPage({}); });
     key(QKeySequence::FindPrevious, [this] { findInPage(QTextDocument::FindBackward); });
     key(Qt::Key_Escape, [this] { close(); });
