@@ -480,7 +480,7 @@ TEST_F(Settings, TheWelcomeFormComesWhenDueAndSetsTheLanguage)
     desktop.expectAnyMessage(said);
     during(next, [&] {
         press("Check1");
-        press("Command1");
+        press("Command1"); // tells nothing twice
     });
     EXPECT_THAT(said, testing::HasSubstr("could not be read"));
     EXPECT_EQ(menu(), "File");
