@@ -132,6 +132,10 @@ struct StoredText
     std::string operator()(float value) const { return numberText(value); }
     std::string operator()(double value) const // a colour word, signed
     {
+        // A model file may bring what is no colour word; it shows as black.
+        constexpr double wordRange = 4294967296.0;
+        if (!(std::abs(value) < wordRange))
+            return "0";
         return std::to_string(static_cast<std::int32_t>(static_cast<std::int64_t>(value)));
     }
 };

@@ -66,7 +66,11 @@ TEST_F(Store, EverythingGoesBackToItsStart)
     Elatiria(200, 3) = Stoixeia(300, 9) = 1;
     for (const Setting &setting : settings)
         std::visit([](auto *value) { *value = 0; }, setting.value);
+    Glossa = "Deutsch";
+    Nai_Agglika = false;
+    Pinakas_Glossas(1) = "Datei";
     resetStore();
+    EXPECT_EQ(Glossa + Metafrasi(1, " File") + Pinakas_Glossas(1), "English File");
     double sum = Metatopiseis(600) + Entasi_Topiki(300, 6) + Antidraseis(200, 3)
                  + Seira_Vathmon(600) + Istoriko_Zoom(100, 3) + Entasi_Oliki(1, 1) + U_Eleftheroi(1)
                  + P_Oliko(1) + Omades(300, 3) + Elatiria(200, 3) + Stoixeia(300, 9);

@@ -40,7 +40,6 @@ void addUnlessZero(QTreeWidgetItem *parent, const char *label, float value,
 
 void Ftiakse_treeview(QTreeWidget &tree)
 {
-    static_assert(treeKeyRole == Qt::UserRole);
     const RegionalNumbers number;
     // Items are hung into the tree when they are complete: it is told once and not of each.
     auto *root = new QTreeWidgetItem({qtText(Metafrasi(352, "Model"))});

@@ -22,6 +22,7 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QProxyStyle>
+#include <QScreen>
 #include <QStyleFactory>
 #include <QTabBar>
 #include <QToolButton>
@@ -97,7 +98,8 @@ frmApotelesmata::frmApotelesmata() : ui_(std::make_unique<Ui::frmApotelesmata>()
                            GridView::Header::fixed);
     assignWindowMnemonics();
     setLeastSize();
-    resize(minimumSize().expandedTo(QSize(820, 600)));
+    constexpr QSize usual(820, 600), frame(8, 40); // logical pixels
+    resize(usual.boundedTo(screen()->availableSize() - frame).expandedTo(minimumSize()));
     ui_->TreeView1->setFocus();
 }
 

@@ -2,7 +2,6 @@
 
 #include "ImageKanvas.h"
 
-#include <QKeyEvent>
 #include <QPainter>
 
 namespace veskora {
@@ -37,15 +36,6 @@ void ColourSwatch::setColour(double word)
     painter.end();
     setIcon(picture);
     setAccessibleDescription(colour.name());
-}
-
-/// Enter too, which would else close the dialog.
-void ColourSwatch::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-        click();
-    else
-        QToolButton::keyPressEvent(event);
 }
 
 } // namespace veskora

@@ -15,9 +15,6 @@ public:
     double colour() const { return word_; }
     void setColour(double word);
 
-protected:
-    void keyPressEvent(QKeyEvent *event) override;
-
 private:
     double word_ = 0;
 };

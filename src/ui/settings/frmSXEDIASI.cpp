@@ -227,7 +227,7 @@ void frmSXEDIASI::bind(StoreVariable setting, QWidget *control)
 
 void frmSXEDIASI::connectControls()
 {
-    const auto govern = [this](QCheckBox *check, std::initializer_list<QWidget *> governed) {
+    const auto govern = [](QCheckBox *check, std::initializer_list<QWidget *> governed) {
         for (QWidget *control : governed) {
             connect(check, &QCheckBox::toggled, control, &QWidget::setEnabled);
             control->setEnabled(check->isChecked());

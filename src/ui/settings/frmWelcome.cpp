@@ -69,8 +69,10 @@ void frmWelcome::activateLanguage()
     const std::string language = plainText(ui_->Combo1->currentText());
     if (language.empty())
         return;
+    const bool isRead = language == storedLanguage();
     desktop().storeSetting("Rithmiseis", "Language", language);
-    Fortosi_Glossas();
+    if (!isRead) // what is amiss with a pack is told once
+        Fortosi_Glossas();
 }
 
 void frmWelcome::done(int result)
