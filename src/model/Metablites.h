@@ -119,7 +119,7 @@ extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
 /// The report sections that the user last chose: data, displacements, element forces, reactions.
 extern bool Nai_Dedomena, Nai_Metakiniseis, Nai_Entaseis, Nai_Antidraseis;
-extern bool sectionsChosen; ///< whether the user has chosen yet
+extern bool sectionsChosen;     ///< whether the user has chosen yet
 extern double Epilegmeno_Xroma; ///< the colour picker's colour word, given and picked
 /// @}
 
