@@ -18,6 +18,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QPdfWriter>
 #include <QPrinter>
 #include <QProcess>
 #include <QRadioButton>
@@ -417,6 +418,7 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     buildEveryCase();
     Onoma_Arxeiou = path("my.frame.vsk");
     open();
+    Onoma_Arxeiou = path("another.vsk"); // the window shows the one before
     write(path("my.frame Element forces.xlsx"), "the user's");
     takeOut("keyExcel", "xxxx");
     takeOut("keyExcel", ""); // repeats
@@ -451,6 +453,7 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     takeOut("keyExcel", "ooox");
     EXPECT_TRUE(fs::exists(path("my.frame Constraint-Spring reactions (3).xlsx")));
     Onoma_Arxeiou = path("gone/m.vsk");
+    open();
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", QByteArray::fromStdString(path("no home")));
     desktop.expectMessage(refusal, Icon::critical);
@@ -521,6 +524,20 @@ TEST_F(Results, PagesHaveTheirMarginsAndAllLines)
             EXPECT_EQ(ends.size(), 1) << boxes.toStdString();
         }
     }
+}
+
+// Some printers cannot come nearer to an edge than the margins asked for.
+TEST_F(Results, AWideLeastMarginLeavesTheOthers)
+{
+    QPdfWriter paper(QString::fromStdString(path("page.pdf")));
+    QPageLayout layout = paper.pageLayout();
+    layout.setMinimumMargins(QMarginsF(20, 20, 20, 60)); // points; 60 are 21 mm
+    paper.setPageLayout(layout);
+    ASSERT_TRUE(printPages(paper, "a line"));
+    const QMarginsF margins = paper.pageLayout().margins(QPageLayout::Millimeter);
+    EXPECT_NEAR(margins.left(), 20, 0.1);
+    EXPECT_NEAR(margins.top(), 20, 0.1);
+    EXPECT_NEAR(margins.bottom(), 60 * 25.4 / 72, 0.1);
 }
 
 TEST_F(Results, EveryTextComesFromTheLanguagePack)

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -86,13 +87,21 @@ QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
     initResources();
 }
 
+BoxOwner::BoxOwner(QWidget *window) : before_(std::exchange(QtDesktop::owner_, window))
+{}
+
+BoxOwner::~BoxOwner()
+{
+    QtDesktop::owner_ = before_;
+}
+
 QWidget *QtDesktop::parent() const
 {
-    // A box over an open dialog belongs to the dialog, one over the results to their window.
+    // A box over an open dialog belongs to the dialog.
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
-    if (QWidget *active = QApplication::activeWindow())
-        return active;
+    if (owner_ != nullptr)
+        return owner_;
     // While the program starts, the window has no place on the screen yet.
     const bool isShown = window_ != nullptr && window_->window()->isVisible();
     return isShown ? window_->window() : nullptr;
@@ -153,7 +162,9 @@ std::optional<std::string> QtDesktop::askOpenFile(const FileQuestion &question)
 
 std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
 {
-    const QString start = QDir(qtText(question.folder)).filePath(qtText(question.proposed));
+    // What is proposed may have a folder of its own, as the command line gave it.
+    const QString name = QFileInfo(qtText(question.proposed)).fileName();
+    const QString start = QDir(qtText(question.folder)).filePath(name);
     return chosen(
         QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
 }

@@ -30,6 +30,20 @@ public:
     virtual void redraw() = 0;
 };
 
+/// While it lives, boxes and dialogs stand over @p window, which outlives it, instead of the main
+/// window.
+class BoxOwner
+{
+public:
+    explicit BoxOwner(QWidget *window);
+    ~BoxOwner();
+    BoxOwner(const BoxOwner &) = delete;
+    BoxOwner &operator=(const BoxOwner &) = delete;
+
+private:
+    QWidget *before_;
+};
+
 /// Boxes and dialogs of Qt; log, caption and picture of the main window; settings in a file of the
 /// user's under the application's name.
 class QtDesktop : public Desktop
@@ -60,7 +74,10 @@ public:
     std::string dataFolder() override;
 
 private:
+    friend class BoxOwner;
     QWidget *parent() const;
+
+    static inline QWidget *owner_ = nullptr;
 
     MainWindowSurface *window_ = nullptr;
     QSettings settings_;

@@ -59,6 +59,20 @@ QStringList wrapped(const QStringList &lines, qsizetype width)
     return rows;
 }
 
+/// Turning the paper turns its margins, so they are set anew; a printer refuses all of them when
+/// one is less than it needs.
+void turnPaper(QPagedPaintDevice &device, QPageLayout::Orientation orientation)
+{
+    device.setPageOrientation(orientation);
+    QPageLayout layout = device.pageLayout();
+    layout.setUnits(QPageLayout::Millimeter);
+    const QMarginsF least = layout.minimumMargins();
+    device.setPageMargins(
+        {std::max(margins.left(), least.left()), std::max(margins.top(), least.top()),
+         std::max(margins.right(), least.right()), std::max(margins.bottom(), least.bottom())},
+        QPageLayout::Millimeter);
+}
+
 } // namespace
 
 bool printPages(QPagedPaintDevice &device, const QString &text)
@@ -75,12 +89,9 @@ bool printPages(QPagedPaintDevice &device, const QString &text)
     for (const QString &line : lines)
         longest = std::max(longest, line.size());
 
-    device.setPageOrientation(QPageLayout::Portrait);
-    device.setPageMargins(margins, QPageLayout::Millimeter);
-    if (longest > columns()) {
-        device.setPageOrientation(QPageLayout::Landscape);
-        device.setPageMargins(margins, QPageLayout::Millimeter); // turning the paper turned them
-    }
+    turnPaper(device, QPageLayout::Portrait);
+    if (longest > columns())
+        turnPaper(device, QPageLayout::Landscape);
     QPainter painter;
     if (!painter.begin(&device))
         return false;

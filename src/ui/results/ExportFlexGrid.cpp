@@ -3,7 +3,6 @@
 #include "Fault.h"
 #include "FileSystem.h"
 #include "Functions.h"
-#include "Metablites.h"
 #include "QtDesktop.h"
 #include "ResultGrid.h"
 
@@ -84,20 +83,20 @@ void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::s
 
 /// The folder of the model's file, that for documents, or the user's own: the first in which files
 /// can be made.
-QString targetFolder()
+QString targetFolder(const std::string &model)
 {
-    if (!Onoma_Arxeiou.empty() && isWritableFolder(folderOf(Onoma_Arxeiou)))
-        return qtText(folderOf(Onoma_Arxeiou));
+    if (!model.empty() && isWritableFolder(folderOf(model)))
+        return qtText(folderOf(model));
     const std::string documents = desktop().documentsFolder();
     return isWritableFolder(documents) ? qtText(documents) : QDir::homePath();
 }
 
 /// "frame Node displacements.xlsx", with a number behind it where there is such a file.
-std::string freePath(const std::string &section)
+std::string freePath(const std::string &section, const std::string &model)
 {
-    const QString model =
-        Onoma_Arxeiou.empty() ? "Untitled" : QFileInfo(qtText(Onoma_Arxeiou)).completeBaseName();
-    const QString stem = QDir(targetFolder()).filePath((model + ' ' + qtText(section)).trimmed());
+    const QString name = model.empty() ? "Untitled" : QFileInfo(qtText(model)).completeBaseName();
+    const QString stem =
+        QDir(targetFolder(model)).filePath((name + ' ' + qtText(section)).trimmed());
     QString path = stem + ".xlsx";
     for (int number = 2; QFileInfo::exists(path); ++number)
         path = QString("%1 (%2).xlsx").arg(stem).arg(number);
@@ -108,7 +107,8 @@ bool hasSpreadsheetProgram()
 {
     QProcess query;
     query.start("xdg-mime", {"query", "default", workbookType});
-    return query.waitForFinished() && !query.readAllStandardOutput().trimmed().isEmpty();
+    constexpr int longest = 5000; // ms
+    return query.waitForFinished(longest) && !query.readAllStandardOutput().trimmed().isEmpty();
 }
 
 bool openInSpreadsheet(const std::string &path)
@@ -132,11 +132,11 @@ std::string sheetName(const std::string &section)
     return plainText(name.trimmed());
 }
 
-void ExportFlexGrid(const ResultGrid &grid, const std::string &section)
+void ExportFlexGrid(const ResultGrid &grid, const std::string &section, const std::string &model)
 {
     bool opened = false;
     try {
-        const std::string path = freePath(sheetName(section));
+        const std::string path = freePath(sheetName(section), model);
         writeWorkbook(path, grid, section);
         Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
         opened = openInSpreadsheet(path);

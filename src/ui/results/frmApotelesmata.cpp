@@ -40,11 +40,8 @@ constexpr int gap = 2;  // over and under what stands over a grid
 /// A legend on a ground of its own: the colour is that of the cells, and so is the ground.
 void showLegend(QLabel *legend, const char *text, std::uint32_t colour)
 {
-    QPalette colours = legend->palette();
-    colours.setColor(QPalette::WindowText, qtColour(colour));
-    colours.setColor(QPalette::Window, Qt::white);
-    legend->setPalette(colours);
-    legend->setAutoFillBackground(true);
+    // A style sheet, as that of a theme would overrule a palette.
+    legend->setStyleSheet("background-color: white; color: " + qtColour(colour).name());
     legend->setContentsMargins(edge, 0, edge, 0);
     legend->setText(text);
 }
@@ -75,7 +72,8 @@ ResultGrid *filled(std::vector<int> widths, void (*fill)(ResultGrid &))
 
 } // namespace
 
-frmApotelesmata::frmApotelesmata() : ui_(std::make_unique<Ui::frmApotelesmata>())
+frmApotelesmata::frmApotelesmata()
+    : model_(Onoma_Arxeiou), ui_(std::make_unique<Ui::frmApotelesmata>())
 {
     ui_->setupUi(this);
     setCaptions();
@@ -307,10 +305,9 @@ void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 void frmApotelesmata::takeOut(const std::string &caption, void (frmApotelesmata::*act)())
 {
     ui_->Toolbar1->update(); // a button pressed by its letter would look pressed all the while
+    // What is said on the way must not bring the main window to the front.
+    const BoxOwner owner(this);
     frmSelect(qtText(caption), this).exec();
-    // The window manager gives the focus back only later; what is said next belongs over this
-    // window and must not bring the main window to the front.
-    QApplication::setActiveWindow(this);
     (this->*act)();
     Anafora.clear();
 }
@@ -337,13 +334,13 @@ void frmApotelesmata::print()
 void frmApotelesmata::exportSections()
 {
     if (Nai_Dedomena)
-        ExportFlexGrid(ui_->FLEXgrd3->grid(), sectionName(ReportSection::data));
+        ExportFlexGrid(ui_->FLEXgrd3->grid(), sectionName(ReportSection::data), model_);
     if (Nai_Metakiniseis)
-        ExportFlexGrid(ui_->FLEXgrd1->grid(), sectionName(ReportSection::displacements));
+        ExportFlexGrid(ui_->FLEXgrd1->grid(), sectionName(ReportSection::displacements), model_);
     if (Nai_Entaseis)
-        ExportFlexGrid(ui_->FLEXgrd2->grid(), sectionName(ReportSection::elementForces));
+        ExportFlexGrid(ui_->FLEXgrd2->grid(), sectionName(ReportSection::elementForces), model_);
     if (Nai_Antidraseis)
-        ExportFlexGrid(ui_->FLEXgrd4->grid(), sectionName(ReportSection::reactions));
+        ExportFlexGrid(ui_->FLEXgrd4->grid(), sectionName(ReportSection::reactions), model_);
 }
 
 } // namespace veskora

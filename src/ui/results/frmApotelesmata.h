@@ -45,6 +45,7 @@ private:
     void print();
     void exportSections();
 
+    const std::string model_; ///< the path of the model that is shown
     const std::unique_ptr<Ui::frmApotelesmata> ui_;
 };
 
