@@ -74,13 +74,17 @@ void readPack(const std::string &path)
     }
 }
 
-/// These two speak English in every language: the pack is what they are about.
+// What is said of packs is English in every language: the pack is what it is about.
+
+const std::string howToChoose =
+    "To choose another language, open the last entry of the last menu (Help, About Kalvorn Veskora "
+    "ML) and tick its box: the welcome form then comes at the next start.";
+
 void tellUnreadable(const std::string &path, const Fault &fault)
 {
     desktop().message("The language pack " + Glossa
-                          + " could not be read. Until its next start the program speaks "
-                            "English.\r\n\r\n"
-                          + path + "\r\n" + fault.facts(),
+                          + " could not be read. The program speaks English now.\r\n\r\n" + path
+                          + "\r\n" + fault.facts() + "\r\n\r\n" + howToChoose,
                       Icon::exclamation);
 }
 
@@ -92,10 +96,7 @@ void tellMissingTexts()
         return;
     desktop().message("The language pack " + Glossa + " lacks " + std::to_string(missing)
                           + " of the " + std::to_string(std::size(usedSlots))
-                          + " texts of this program; they show as empty.\r\n\r\nTo choose another "
-                            "language, open the last entry of the last menu (Help, About Kalvorn "
-                            "Veskora ML) and tick its box: the welcome form then comes at the next "
-                            "start.",
+                          + " texts of this program; they show as empty.\r\n\r\n" + howToChoose,
                       Icon::information);
 }
 

@@ -20,11 +20,18 @@ QChar mnemonicOf(const QString &caption)
     return at >= 0 && at + 1 < caption.size() ? caption[at + 1].toLower() : QChar();
 }
 
+/// Whether one key gives the letter: those with an accent take two on some keyboards.
+bool hasKey(QChar letter)
+{
+    return letter.isLetterOrNumber() && letter.decomposition().isEmpty()
+           && letter.toLower() != QChar(u'\u0153'); // oe in one letter
+}
+
 /// First the beginnings of words, then any letter.
 qsizetype freeLetter(const QString &caption, const QSet<QChar> &used)
 {
     const auto isFree = [&](qsizetype at) {
-        return caption[at].isLetterOrNumber() && !used.contains(caption[at].toLower());
+        return hasKey(caption[at]) && !used.contains(caption[at].toLower());
     };
     for (qsizetype at = 0; at < caption.size(); ++at)
         if ((at == 0 || !caption[at - 1].isLetterOrNumber()) && isFree(at))

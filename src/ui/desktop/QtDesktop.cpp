@@ -2,6 +2,7 @@
 
 #include "Clock.h"
 #include "Functions.h"
+#include "Mnemonics.h"
 
 #include <QApplication>
 #include <QDir>
@@ -128,10 +129,16 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
     }
-    if (QAbstractButton *button = box.button(QMessageBox::Ok))
-        button->setText(qtText(Metafrasi(2002, "OK")));
-    if (QAbstractButton *button = box.button(QMessageBox::Cancel))
-        button->setText(qtText(Metafrasi(2003, "Cancel")));
+    const auto caption = [&box](QMessageBox::StandardButton which, const std::string &word) {
+        // A language pack may lack the word; the toolkit's own is better than none.
+        if (QAbstractButton *button = box.button(which); button != nullptr && !word.empty())
+            button->setText(qtText(word));
+    };
+    caption(QMessageBox::Ok, Metafrasi(2002, "OK"));
+    caption(QMessageBox::Yes, Metafrasi(2130, "Yes"));
+    caption(QMessageBox::No, Metafrasi(2131, "No"));
+    caption(QMessageBox::Cancel, Metafrasi(2003, "Cancel"));
+    assignDialogMnemonics(&box);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::yes;
@@ -229,7 +236,6 @@ std::string QtDesktop::setting(std::string_view section, std::string_view key,
 void QtDesktop::storeSetting(std::string_view section, std::string_view key, std::string_view value)
 {
     settings_.setValue(settingKey(section, key), QString::fromStdString(std::string(value)));
-    settings_.sync();
 }
 
 std::string QtDesktop::programFolder()

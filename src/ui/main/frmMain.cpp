@@ -2,6 +2,7 @@
 
 #include "frmMain.h"
 
+#include "Colours.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "FileType.h"
@@ -347,7 +348,8 @@ bool frmMain::askedForHelp(const QObject *watched, const QEvent &event)
     if ((!press && event.type() != QEvent::ShortcutOverride)
         || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1)
         return false;
-    if (press && !Patimeno_Koumpi)
+    // Not in the middle of a drag; but a box that its end brings up has its help.
+    if (press && (!Patimeno_Koumpi || QApplication::activeModalWidget() != nullptr))
         help_.showTopicOf(watched->isWidgetType() ? static_cast<const QWidget *>(watched)->window()
                                                   : QApplication::activeWindow());
     return true;
@@ -456,11 +458,7 @@ void frmMain::redraw()
 
 void frmMain::Stigmiaio_Minima(const std::string &text)
 {
-    QPalette colours = Label1_->palette();
-    colours.setColor(QPalette::WindowText, qtColour(xroma_stoixeion));
-    colours.setColor(QPalette::Window, qtColour(xroma_background));
-    Label1_->setPalette(colours);
-    Label1_->setAutoFillBackground(true);
+    setOwnColours(Label1_, qtColour(xroma_stoixeion), qtColour(xroma_background));
     Label1_->setText(qtText(text));
     Label1_->adjustSize();
     Label1_->move((ui_->Picture1->width() - Label1_->width()) / 2, Label1_->y());
@@ -475,11 +473,7 @@ void frmMain::applyColours()
     ui_->Picture1->kanvas().setBackground(xroma_background);
     Line1_->setPen(QPen(lines, 1));
     Shape1_->setPen(QPen(lines, 1, Qt::DotLine));
-    QPalette colours = Label2_->palette();
-    colours.setColor(QPalette::WindowText, lines);
-    colours.setColor(QPalette::Window, qtColour(xroma_background));
-    Label2_->setPalette(colours);
-    Label2_->setAutoFillBackground(true);
+    setOwnColours(Label2_, lines, qtColour(xroma_background));
 }
 
 } // namespace veskora

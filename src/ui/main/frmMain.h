@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
+#include <QTranslator>
 
 #include <memory>
 #include <vector>
@@ -98,6 +99,7 @@ private:
     QAction *popupEntry(QMenu *menu, const char *name, void (frmMain::*command)());
     void addLabelSwitch(const char *name, bool *setting);
     void connectCommands();
+    void translateToolkit();
     void setCaptions();
     void assignMenuMnemonics();
 
@@ -208,6 +210,7 @@ private:
     QPushButton *Command1_ = nullptr;
     QPushButton *Command2_ = nullptr;
     QTimer Timer1_;
+    QTranslator toolkitTexts_;
     HTMLHelp help_;
     QPointer<frmApotelesmata> results_; ///< the one that is open, if any
 

@@ -1,5 +1,6 @@
 #include "frmApotelesmata.h"
 
+#include "Colours.h"
 #include "Ektiposi.h"
 #include "ExportFlexGrid.h"
 #include "Files.h"
@@ -40,8 +41,7 @@ constexpr int gap = 2;  // over and under what stands over a grid
 /// A legend on a ground of its own: the colour is that of the cells, and so is the ground.
 void showLegend(QLabel *legend, const char *text, std::uint32_t colour)
 {
-    // A style sheet, as that of a theme would overrule a palette.
-    legend->setStyleSheet("background-color: white; color: " + qtColour(colour).name());
+    setOwnColours(legend, qtColour(colour), Qt::white);
     legend->setContentsMargins(edge, 0, edge, 0);
     legend->setText(text);
 }

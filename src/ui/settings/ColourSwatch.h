@@ -15,6 +15,9 @@ public:
     double colour() const { return word_; }
     void setColour(double word);
 
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     double word_ = 0;
 };

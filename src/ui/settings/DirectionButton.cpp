@@ -7,6 +7,7 @@ namespace veskora {
 DirectionButton::DirectionButton(QWidget *parent) : QPushButton(parent)
 {
     setCheckable(true);
+    setAutoDefault(false); // Enter stays with OK
     setIconSize(QSize(72, 40));
     connect(this, &QPushButton::toggled, this, &DirectionButton::showPicture);
 }

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <cmath>
+
 namespace veskora {
 
 namespace {
@@ -46,13 +48,13 @@ void PaletteImage::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     held_ = true;
-    pick(event->position().toPoint());
+    pick(event->position());
 }
 
 void PaletteImage::mouseMoveEvent(QMouseEvent *event)
 {
     if (held_)
-        pick(event->position().toPoint());
+        pick(event->position());
 }
 
 void PaletteImage::mouseReleaseEvent(QMouseEvent *event)
@@ -61,8 +63,10 @@ void PaletteImage::mouseReleaseEvent(QMouseEvent *event)
         held_ = false;
 }
 
-void PaletteImage::pick(const QPoint &place)
+void PaletteImage::pick(const QPointF &pointer)
 {
+    const QPoint place(static_cast<int>(std::floor(pointer.x())),
+                       static_cast<int>(std::floor(pointer.y())));
     if (image_.rect().contains(place))
         emit picked(image_.pixelColor(place));
 }

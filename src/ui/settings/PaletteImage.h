@@ -27,7 +27,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    void pick(const QPoint &place);
+    void pick(const QPointF &pointer);
 
     QImage image_;
     bool held_ = false; ///< the left button is down on the palette

@@ -10,6 +10,9 @@
 #include "Version.h"
 
 #include <QIcon>
+#include <QTextDocument>
+
+#include <cmath>
 
 namespace veskora {
 
@@ -40,6 +43,12 @@ frmWelcome::frmWelcome(QWidget *parent) : QDialog(parent), ui_(std::make_unique<
                                     "set, for instance kN and m, and keep to it."))
         + paragraph(Metafrasi(1106, "Check results that matter by another way, if only by a rough "
                                     "sum of loads and reactions.")));
+    // As tall as the text is in this language.
+    QTextDocument *introduction = ui_->RichTextBox2->document();
+    const int frame = 2 * ui_->RichTextBox2->frameWidth();
+    introduction->setTextWidth(ui_->RichTextBox2->minimumWidth() - frame);
+    ui_->RichTextBox2->setMinimumHeight(static_cast<int>(std::ceil(introduction->size().height()))
+                                        + frame);
     ui_->Label17->setText(qtText(Metafrasi(1107, "Select a Language Pack to use:")));
     ui_->Check1->setText(
         qtText(Metafrasi(1108, "&Do not show this welcome form again at start-up")));

@@ -1,5 +1,6 @@
 #include "frmXROMATA.h"
 
+#include "Colours.h"
 #include "ColourSwatch.h"
 #include "Functions.h"
 #include "ImageKanvas.h"
@@ -86,9 +87,7 @@ void frmXROMATA::addSwatches()
 void frmXROMATA::take(double colour)
 {
     current_ = colour;
-    QPalette colours = ui_->currentColour->palette();
-    colours.setColor(QPalette::Window, qtColour(colour));
-    ui_->currentColour->setPalette(colours);
+    setOwnColours(ui_->currentColour, qtColour(colour), qtColour(colour));
 }
 
 void frmXROMATA::take(const QColor &colour)
