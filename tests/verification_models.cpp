@@ -21,6 +21,7 @@
 #include <fstream>
 #include <iostream>
 #include <iterator>
+#include <limits>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -38,6 +39,15 @@ float scaleFor(double greatest)
     return static_cast<float>((lead < 1.5 ? 1 : lead < 3.5 ? 2 : lead < 7.5 ? 5 : 10) * power);
 }
 
+/// A scale at which @p greatest can be read, and no decimals where three would leave the range of
+/// values that can be shown.
+void setReadable(float &scale, std::int16_t &decimals, double greatest)
+{
+    scale = scaleFor(greatest);
+    if (greatest * std::pow(10, decimals) > std::numeric_limits<std::int32_t>::max())
+        decimals = 0;
+}
+
 /// Fills the store with the problem as a user would want to open it: all of it in view, diagrams of
 /// a readable size.
 void prepare(const std::string &problem)
@@ -46,9 +56,9 @@ void prepare(const std::string &problem)
     Fortosi_Rithmiseon();
     buildModel(problem);
     Epilisi();
-    Ena_cm_posa_KNm_M = scaleFor(Bres_Max_Abs_M());
-    Ena_cm_posa_KN_Q = scaleFor(Bres_Max_Abs_Q());
-    Ena_cm_posa_KN_N = scaleFor(Bres_Max_Abs_N());
+    setReadable(Ena_cm_posa_KNm_M, dekadika_M, Bres_Max_Abs_M());
+    setReadable(Ena_cm_posa_KN_Q, dekadika_Q, Bres_Max_Abs_Q());
+    setReadable(Ena_cm_posa_KN_N, dekadika_N, Bres_Max_Abs_N());
     const QSize usualCanvas(1260, 560);
     ImageKanvas kanvas(usualCanvas);
     setPicture1(&kanvas);
