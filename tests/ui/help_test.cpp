@@ -183,6 +183,40 @@ TEST_F(Help, ADialogThatBlocksAllWindowsLeavesTheViewerUsable)
     EXPECT_TRUE(chosen(1)) << "after it";
 }
 
+TEST_F(Help, ATabTakesTheFocusToItsField)
+{
+    installHelp();
+    start();
+    trigger("mnuCONTENTSitem");
+    ASSERT_TRUE(QTest::qWaitForWindowActive(viewer()));
+    auto *tabs = viewer()->findChild<QTabWidget *>("Tabs");
+    const auto focus = [] { return viewer()->focusWidget()->objectName().toStdString(); };
+    EXPECT_EQ(focus(), "Page");
+    const std::pair<int, const char *> fields[] = {
+        {2, "SearchText"}, {0, "ContentsTree"}, {1, "Keyword"}};
+    for (const auto &[tab, field] : fields) {
+        tabs->setCurrentIndex(tab); // as a click on it does
+        EXPECT_EQ(focus(), field);
+    }
+    for (const auto &[tab, field] : fields) {
+        QTest::keyClick(viewer(), static_cast<Qt::Key>(Qt::Key_1 + tab), Qt::ControlModifier);
+        EXPECT_EQ(tabs->currentIndex(), tab);
+        EXPECT_EQ(focus(), field);
+    }
+}
+
+TEST_F(Help, PagesStayReadableUnderADarkStyleSheet)
+{
+    installHelp();
+    start();
+    qApp->setStyleSheet("QWidget { background-color: #2b2b2b; color: #dddddd; }");
+    trigger("mnuCONTENTSitem");
+    auto *page = viewer()->findChild<HelpBrowser *>("Page");
+    EXPECT_EQ(page->viewport()->grab().toImage().pixelColor(2, 2), QColor(Qt::white));
+    EXPECT_EQ(page->palette().color(QPalette::Text), QColor(Qt::black));
+    qApp->setStyleSheet({});
+}
+
 TEST_F(Help, TheSearchFindsPagesByTheBeginningsOfWords)
 {
     installHelp();

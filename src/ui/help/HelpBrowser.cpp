@@ -14,11 +14,9 @@ namespace veskora {
 
 HelpBrowser::HelpBrowser(QWidget *parent) : QTextBrowser(parent)
 {
-    // Pages and pictures have colours made for a light ground, as the canvas has.
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, Qt::white);
-    colours.setColor(QPalette::Text, Qt::black);
-    setPalette(colours);
+    // Pages and pictures have colours made for a light ground, as the canvas has. A palette would
+    // yield to a style sheet of the application.
+    setStyleSheet("QTextEdit { background-color: white; color: black; }");
     constexpr int margin = 16;
     document()->setDocumentMargin(margin);
 }

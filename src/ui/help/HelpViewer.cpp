@@ -15,7 +15,10 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
+#include <QTabBar>
 #include <QWindow>
+
+#include <array>
 
 namespace veskora {
 
@@ -98,6 +101,13 @@ HelpViewer::HelpViewer(const QString &collection)
     key(QKeySequence::FindNext, [this] { findInPage({}); });
     key(QKeySequence::FindPrevious, [this] { findInPage(QTextDocument::FindBackward); });
     key(Qt::Key_Escape, [this] { close(); });
+    for (int tab = 0; tab < ui_->Tabs->count(); ++tab)
+        key(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(Qt::Key_1 + tab)),
+            [this, tab] { showTab(tab); });
+    connect(ui_->Tabs, &QTabWidget::currentChanged, this, [this] {
+        if (!ui_->Tabs->tabBar()->hasFocus()) // whose arrow keys go from tab to tab
+            focusTab();
+    });
 
     const QSize screenSize = QGuiApplication::primaryScreen()->availableSize();
     page->setFocus();
@@ -149,20 +159,31 @@ void HelpViewer::showContents()
     ui_->Tabs->setCurrentIndex(0);
     if (ui_->Page->source().isEmpty())
         ui_->Page->setSource(QUrl(firstPage));
+    ui_->Page->setFocus(); // for the keys that scroll it
 }
 
 void HelpViewer::showIndex()
 {
     showContents();
-    ui_->Tabs->setCurrentIndex(1);
-    ui_->Keyword->setFocus();
+    showTab(1);
 }
 
 void HelpViewer::showSearch()
 {
     showContents();
-    ui_->Tabs->setCurrentIndex(2);
-    ui_->SearchText->setFocus();
+    showTab(2);
+}
+
+void HelpViewer::showTab(int tab)
+{
+    ui_->Tabs->setCurrentIndex(tab);
+    focusTab();
+}
+
+void HelpViewer::focusTab()
+{
+    const std::array<QWidget *, 3> first = {engine_.contentWidget(), ui_->Keyword, ui_->SearchText};
+    first.at(static_cast<std::size_t>(ui_->Tabs->currentIndex()))->setFocus();
 }
 
 bool HelpViewer::showTopic(const QString &id)

@@ -41,6 +41,8 @@ protected:
 
 private:
     void setCaptions();
+    void showTab(int tab); ///< and puts the focus into it
+    void focusTab();
     void search();
     void showResults();
     void openResult();
