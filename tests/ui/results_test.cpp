@@ -482,7 +482,7 @@ TEST_F(Results, PagesHaveTheirMarginsAndAllLines)
     };
     const QString longest = QString(87, 'm'); // characters that fit A4 upright
     QString many;
-    for (int line = 1; line <= 130; ++line)
+    for (int line = 1; line <= 150; ++line) // 60 to 66 on a page, as the font is
         many += QString("%1 %2\n").arg(line % 2 == 0 ? "Κόμβος" : "Node i").arg(line);
     for (const Case &c : {Case{longest + "\nend\n\n", 1, false}, Case{longest + "mmm", 1, true},
                           Case{longest + QString(100, ' '), 1, false}, Case{many, 3, false},
