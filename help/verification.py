@@ -8,6 +8,7 @@ ${...} are filled; a value out of tolerance or without a report ends the build.
 """
 import html
 import os
+import pathlib
 import re
 import subprocess
 import sys
@@ -24,7 +25,7 @@ NAMES = {
 
 def problems(path):
     """Title, source and expected values (table, row, column, text as published) of each block."""
-    for block in re.split(r"(?m)^# (?=V\d)", open(path, encoding="utf-8").read())[1:]:
+    for block in re.split(r"(?m)^# (?=V\d)", pathlib.Path(path).read_text(encoding="utf-8"))[1:]:
         title, source, *rows = block.splitlines()
         records = [r.split() for row in rows if not row.startswith("#") for r in row.split(";")]
         yield title, source.removeprefix("# Source: "), [
@@ -105,7 +106,7 @@ def main(batch, models, template, output, *files):
                             f'<td class="number">{percent(allowed)}</td></tr>')
     filled = {f"{group}_{what}": value for group, (difference, name) in worst.items()
               for what, value in (("worst", percent(difference)), ("name", name))}
-    text = Template(open(template, encoding="utf-8").read()).substitute(
+    text = Template(pathlib.Path(template).read_text(encoding="utf-8")).substitute(
         filled, table="\n".join(rows), values=values,
         problems=sum('class="problem"' in row for row in rows))
     with open(output, "w", encoding="utf-8") as chapter:

@@ -94,7 +94,7 @@ int main(int argc, char **argv)
     BatchDesktop desktop(log);
     setDesktop(&desktop);
     const fs::path folder = arguments.front();
-    const fs::path scratch = fs::temp_directory_path() / "veskora_verification_model.vsk";
+    const fs::path scratch = fs::current_path() / "verification_model.vsk";
     int stale = 0;
     const auto finish = [&](const std::string &title, const std::string &problem) {
         if (problem.find("G ") == std::string::npos)
@@ -109,6 +109,10 @@ int main(int argc, char **argv)
     };
     for (std::size_t i = 1; i < arguments.size(); ++i) {
         std::ifstream file(arguments[i]);
+        if (!file) {
+            std::cerr << arguments[i] << " cannot be read\n";
+            return 2;
+        }
         std::string title, problem;
         for (std::string line; std::getline(file, line);) {
             if (line.starts_with("# V")) {

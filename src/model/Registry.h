@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// The per-user settings store: its keys, their start values, and reading it.
+/// The per-user settings store: its keys, their start values, reading and writing it.
 
 #include "Metablites.h"
 

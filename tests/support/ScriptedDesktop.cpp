@@ -124,6 +124,7 @@ void ScriptedDesktop::storeSetting(std::string_view section, std::string_view ke
 
 StoreTest::StoreTest()
 {
+    ::setenv("LC_ALL", "C.UTF-8", 1); // the user's decimal separator is not the test's
     resetStore();
     setDesktop(&desktop);
     std::string pattern = (std::filesystem::temp_directory_path() / "veskora-test-XXXXXX").string();

@@ -626,6 +626,8 @@ TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
 int main(int argc, char **argv)
 {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    ::setenv("LC_ALL", "C.UTF-8", 1); // whatever the user's language and letters are
+    ::setenv("QT_FONT_DPI", "96", 1);
     testing::InitGoogleMock(&argc, argv);
     veskora::Application application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -5,6 +5,7 @@
 #include "Mnemonics.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -22,11 +23,6 @@ static void initResources()
 namespace veskora {
 
 namespace {
-
-QString applicationName()
-{
-    return QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
-}
 
 QString settingsFile()
 {
@@ -71,7 +67,29 @@ std::optional<std::string> chosen(const QString &path)
     return path.isEmpty() ? std::nullopt : std::optional(plainText(path));
 }
 
+/// Captions the standard buttons of a box in the user's language.
+void captionButtons(QDialog &box)
+{
+    auto *buttons = box.findChild<QDialogButtonBox *>();
+    const auto caption = [buttons](QDialogButtonBox::StandardButton which,
+                                   const std::string &word) {
+        // A language pack may lack the word; the toolkit's own is better than none.
+        if (QPushButton *button = buttons->button(which); button != nullptr && !word.empty())
+            button->setText(qtText(word));
+    };
+    caption(QDialogButtonBox::Ok, Metafrasi(2002, "OK"));
+    caption(QDialogButtonBox::Yes, Metafrasi(2130, "Yes"));
+    caption(QDialogButtonBox::No, Metafrasi(2131, "No"));
+    caption(QDialogButtonBox::Cancel, Metafrasi(2003, "Cancel"));
+    assignDialogMnemonics(&box);
+}
+
 } // namespace
+
+QString applicationName()
+{
+    return QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
+}
 
 QString qtText(const std::string &text)
 {
@@ -98,11 +116,13 @@ BoxOwner::~BoxOwner()
 
 QWidget *QtDesktop::parent() const
 {
-    // A box over an open dialog belongs to the dialog.
-    if (QWidget *modal = QApplication::activeModalWidget())
-        return modal;
-    if (owner_ != nullptr)
+    // A box over an open dialog belongs to the dialog; but one of the results window does not
+    // belong to a dialog that stands over the main window.
+    QWidget *modal = QApplication::activeModalWidget();
+    if (owner_ != nullptr && (modal == nullptr || !owner_->isAncestorOf(modal)))
         return owner_;
+    if (modal != nullptr)
+        return modal;
     // While the program starts, the window has no place on the screen yet.
     const bool isShown = window_ != nullptr && window_->window()->isVisible();
     return isShown ? window_->window() : nullptr;
@@ -129,16 +149,7 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
     }
-    const auto caption = [&box](QMessageBox::StandardButton which, const std::string &word) {
-        // A language pack may lack the word; the toolkit's own is better than none.
-        if (QAbstractButton *button = box.button(which); button != nullptr && !word.empty())
-            button->setText(qtText(word));
-    };
-    caption(QMessageBox::Ok, Metafrasi(2002, "OK"));
-    caption(QMessageBox::Yes, Metafrasi(2130, "Yes"));
-    caption(QMessageBox::No, Metafrasi(2131, "No"));
-    caption(QMessageBox::Cancel, Metafrasi(2003, "Cancel"));
-    assignDialogMnemonics(&box);
+    captionButtons(box);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Answer::yes;
@@ -156,8 +167,8 @@ std::string QtDesktop::askText(const std::string &question)
     QInputDialog box(parent());
     box.setWindowTitle(applicationName());
     box.setLabelText(qtText(question));
-    box.setOkButtonText(qtText(Metafrasi(2002, "OK")));
-    box.setCancelButtonText(qtText(Metafrasi(2003, "Cancel")));
+    (void)box.okButtonText(); // makes the buttons
+    captionButtons(box);
     return box.exec() == QDialog::Accepted ? plainText(box.textValue()) : std::string();
 }
 
@@ -169,9 +180,11 @@ std::optional<std::string> QtDesktop::askOpenFile(const FileQuestion &question)
 
 std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
 {
-    // What is proposed may have a folder of its own, as the command line gave it.
-    const QString name = QFileInfo(qtText(question.proposed)).fileName();
-    const QString start = QDir(qtText(question.folder)).filePath(name);
+    // A relative name may have a folder of its own, as the command line gave it.
+    const QFileInfo proposed(qtText(question.proposed));
+    const QString start = proposed.isAbsolute()
+                              ? proposed.filePath()
+                              : QDir(qtText(question.folder)).filePath(proposed.fileName());
     return chosen(
         QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
 }

@@ -15,6 +15,9 @@ namespace veskora {
 QString qtText(const std::string &text);
 std::string plainText(const QString &text);
 
+/// `applicationTitle` for Qt.
+QString applicationName();
+
 /// What the desktop hands on to the main window.
 class MainWindowSurface
 {

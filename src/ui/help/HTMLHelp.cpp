@@ -23,9 +23,12 @@ QString collectionInDataFolder(const QString &program)
     const QDir all(qtText(desktop().dataFolder()) + "/Help");
     const QString stamp =
         QString("%1-%2").arg(source.size()).arg(source.lastModified().toMSecsSinceEpoch());
-    for (const QString &old : all.entryList(QDir::Dirs | QDir::NoDotAndDotDot))
-        if (old != stamp)
-            QDir(all.filePath(old)).removeRecursively();
+    // Another running copy of the program may read what is not old.
+    constexpr int kept = 30; // days
+    for (const QFileInfo &old : all.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (old.fileName() != stamp
+            && old.lastModified() < QDateTime::currentDateTime().addDays(-kept))
+            QDir(old.filePath()).removeRecursively();
     const QDir own(all.filePath(stamp));
     if (!QDir().mkpath(own.path()))
         return program + "/Veskora_ML.qhc"; // without a place for its index, all but the search

@@ -15,7 +15,7 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::
 {
     constexpr int iconSide = 64;
     ui_->setupUi(this);
-    const QString title = QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
+    const QString title = applicationName();
     setWindowTitle(qtText(Metafrasi(36, "About Kalvorn Veskora ML")));
     ui_->Image1->setPixmap(QIcon(":/icons/Veskora_ML.svg").pixmap(iconSide, iconSide));
     ui_->Label1->setText(title + " " + programVersion);

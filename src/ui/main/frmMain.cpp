@@ -172,6 +172,7 @@ void frmMain::start(const QString &commandLine)
     registerFileType(QApplication::applicationFilePath());
     Fortosi_Glossas();
     showWelcomeWhenDue();
+    help_.close(); // it may have been asked for in the language before
     setCaptions();
     logStartLines();
     resetView();
@@ -318,7 +319,7 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     if (watched == ui_->centralwidget && event->type() == QEvent::Resize)
         arrangeForSize();
     // A command in the middle of a drag would pull the model away under the pointer.
-    if (event->type() == QEvent::Shortcut && Patimeno_Koumpi)
+    if (event->type() == QEvent::Shortcut && isDragging())
         return true;
     if (askedForHelp(watched, *event)) {
         event->accept();
@@ -327,6 +328,12 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress)
         return pressFocusedButton(watched, static_cast<const QKeyEvent *>(event)->key());
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// Not while a box stands open that the end of a drag has brought up.
+bool frmMain::isDragging() const
+{
+    return Patimeno_Koumpi && QApplication::activeModalWidget() == nullptr;
 }
 
 /// Enter presses a button of this window as Space does.
@@ -346,10 +353,10 @@ bool frmMain::askedForHelp(const QObject *watched, const QEvent &event)
 {
     const bool press = event.type() == QEvent::KeyPress;
     if ((!press && event.type() != QEvent::ShortcutOverride)
-        || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1)
+        || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1
+        || static_cast<const QKeyEvent &>(event).modifiers() != Qt::NoModifier)
         return false;
-    // Not in the middle of a drag; but a box that its end brings up has its help.
-    if (press && (!Patimeno_Koumpi || QApplication::activeModalWidget() != nullptr))
+    if (press && !isDragging())
         help_.showTopicOf(watched->isWidgetType() ? static_cast<const QWidget *>(watched)->window()
                                                   : QApplication::activeWindow());
     return true;

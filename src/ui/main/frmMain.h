@@ -100,6 +100,7 @@ private:
     void addLabelSwitch(const char *name, bool *setting);
     void connectCommands();
     void translateToolkit();
+    bool isDragging() const;
     void setCaptions();
     void assignMenuMnemonics();
 

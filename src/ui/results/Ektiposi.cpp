@@ -98,6 +98,8 @@ bool printPages(QPagedPaintDevice &device, const QString &text)
     painter.setFont(font);
     const double step = metrics.lineSpacing();
     const double height = device.pageLayout().paintRectPixels(device.logicalDpiY()).height();
+    if (columns() < 1 || step > height)
+        return false; // labels and the like
     double top = 0;
     for (const QString &row : wrapped(lines, columns())) {
         if (top + step > height) {
@@ -117,7 +119,7 @@ void Ektiposi(const std::string &text)
     bool printed = false;
     if (!standard.isNull()) {
         QPrinter printer(standard, QPrinter::HighResolution);
-        printer.setDocName(QString::fromUtf8(applicationTitle.data(), applicationTitle.size()));
+        printer.setDocName(applicationName());
         printed = printPages(printer, qtText(text));
     }
     if (!printed)

@@ -256,7 +256,7 @@ void frmSXEDIASI::connectControls()
     });
 }
 
-void frmSXEDIASI::show(const Binding &binding, const SettingValue &value)
+void frmSXEDIASI::showValue(const Binding &binding, const SettingValue &value)
 {
     if (const auto *on = std::get_if<bool>(&value)) {
         static_cast<QAbstractButton *>(binding.control)->setChecked(*on);
@@ -276,7 +276,7 @@ void frmSXEDIASI::show(const Binding &binding, const SettingValue &value)
 void frmSXEDIASI::showAll(SettingValue (*valueOf)(const Setting &))
 {
     for (const Binding &binding : bindings_)
-        show(binding, valueOf(*binding.setting));
+        showValue(binding, valueOf(*binding.setting));
 }
 
 /// Of a field that has passed the tests.

@@ -45,7 +45,7 @@ private:
     void bindControls();
     void bind(StoreVariable setting, QWidget *control);
     void connectControls();
-    void show(const Binding &binding, const SettingValue &value);
+    void showValue(const Binding &binding, const SettingValue &value);
     void showAll(SettingValue (*valueOf)(const Setting &));
     SettingValue shown(const Binding &binding) const;
 

@@ -19,11 +19,10 @@ namespace veskora {
 frmWelcome::frmWelcome(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::frmWelcome>())
 {
     ui_->setupUi(this);
-    const QString title = QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
     setWindowTitle(qtText(Metafrasi(1102, "Welcome")));
     constexpr int iconSide = 64;
     ui_->Image1->setPixmap(QIcon(":/icons/Veskora_ML.svg").pixmap(iconSide, iconSide));
-    ui_->Label1->setText(title + " " + programVersion);
+    ui_->Label1->setText(applicationName() + " " + programVersion);
     ui_->Label2->setText(qtText(Metafrasi(2001, "Linear static analysis of plane frames program")));
     const auto paragraph = [](const std::string &text) {
         return "<p>" + qtText(text).toHtmlEscaped() + "</p>";
