@@ -14,7 +14,7 @@ namespace {
 
 /// Puts the help file and its collection into a folder of the user's and gives the collection
 /// there: the search index is written beside it, and the program's folder may be read-only. The
-/// folder's name tells one build of the help file from another; a copy of an older one goes.
+/// folder's name tells one build of the help file from another; copies of others go with time.
 QString collectionInDataFolder(const QString &program)
 {
     const QFileInfo source(program + "/Veskora_ML.qch");
