@@ -11,6 +11,9 @@ cmake --preset release -DVESKORA_TESTS=ON >/dev/null
 cmake --build --preset release
 ctest --preset release -j "$(nproc)"
 
+echo "== The window on Wayland alone"
+scripts/check-wayland.sh build/release/bin/Veskora_ML
+
 echo "== What the README quotes"
 scripts/check-docs.sh build/release/bin/Veskora_batch
 
