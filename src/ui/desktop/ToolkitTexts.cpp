@@ -103,9 +103,6 @@ std::vector<Word> otherWords()
 
 void ToolkitTexts::takeLanguage()
 {
-    QCoreApplication::removeTranslator(this);
-    words_.clear();
-    (void)load(QString()); // drops the language before
     for (int number = QLocale::C + 1; number <= QLocale::LastLanguage; ++number)
         if (const auto language = static_cast<QLocale::Language>(number);
             QLocale::languageToString(language) == qtText(Glossa))

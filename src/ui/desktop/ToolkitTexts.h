@@ -12,8 +12,8 @@ namespace veskora {
 class ToolkitTexts : public QTranslator
 {
 public:
-    /// Takes the language `Glossa`, whose packs are named in English as the toolkit names
-    /// languages.
+    /// Begins to speak, in the language `Glossa`; packs are named in English, as the toolkit's
+    /// languages are. To be called once.
     void takeLanguage();
 
     QString translate(const char *context, const char *source, const char *comment,
