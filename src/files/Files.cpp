@@ -418,8 +418,8 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
 void Anagnosi_Arxeiou(std::string &path)
 {
     if (path.empty()) {
-        const std::optional<std::string> chosen =
-            desktop().askOpenFile({"Kalvorn Veskora Input files (*.vsk)|*.vsk", dialogFolder()});
+        const std::optional<std::string> chosen = desktop().askOpenFile(
+            {Metafrasi(1770, "Kalvorn Veskora Input files") + " (*.vsk)|*.vsk", dialogFolder()});
         if (!chosen)
             return;
         path = *chosen;
@@ -467,8 +467,8 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
 {
     std::string target = path;
     if (target.empty())
-        target = askSavePath("Kalvorn Veskora files (*.vsk)|*.vsk", withoutExtension(Onoma_Arxeiou),
-                             std::string(modelExtension));
+        target = askSavePath(Metafrasi(1771, "Kalvorn Veskora files") + " (*.vsk)|*.vsk",
+                             withoutExtension(Onoma_Arxeiou), std::string(modelExtension));
     if (target.empty())
         return false;
     try {
@@ -490,7 +490,8 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
 
 void Apothikefsi_Anaforas(const std::string &path)
 {
-    const std::string target = askSavePath("Text files (*.txt)|*.txt|All files (*.*)|*.*",
+    const std::string target = askSavePath(Metafrasi(1772, "Text files") + " (*.txt)|*.txt|"
+                                               + Metafrasi(1773, "All files") + " (*.*)|*.*",
                                            withoutExtension(path) + std::string(reportExtension),
                                            std::string(reportExtension));
     if (target.empty())

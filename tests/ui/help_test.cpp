@@ -150,8 +150,40 @@ TEST_F(Help, F1ShowsThePageOfTheWindowInFront)
         EXPECT_EQ(shownPage(), "Nodes, supports and springs");
         EXPECT_TRUE(dialog.isVisible());
     }
+    trigger("mnuCONTENTSitem"); // which is not the page that F1 would show
+    EXPECT_EQ(shownPage(), "Kalvorn Veskora ML");
+    EXPECT_TRUE(find<QAction>("mnuCONTENTSitem")->shortcut().isEmpty());
     trigger("mnuEKSODOSitem");
     EXPECT_EQ(viewer(), nullptr);
+}
+
+TEST_F(Help, APackSpeaksWhereTheToolkitLacksItsLanguageAndNothingIsCut)
+{
+    installHelp();
+    fs::create_directory(desktop.program + "/Languages");
+    fs::copy_file(HELP_FILE_FOLDER "/Languages/Greek.lng",
+                  desktop.program + "/Languages/Attic.lng");
+    qtDesktop->storeSetting("Rithmiseis", "Language", "Attic");
+    start();
+    const auto said = [](const char *text) {
+        return QCoreApplication::translate("QFileDialog", text).toStdString();
+    };
+    EXPECT_EQ(said("Look in:"), "Αναζήτηση σε:");
+    EXPECT_EQ(said("%1 already exists.\nDo you want to replace it?"),
+              "%1 υπάρχει ήδη. Θέλετε να αντικατασταθεί;");
+    EXPECT_EQ(said("beyond its words"), "beyond its words");
+    desktop.expectFileDialog(std::nullopt);
+    trigger("mnuAPOTHIKEFSIOSitem");
+    EXPECT_EQ(desktop.fileQuestions.back().filter, "Αρχεία Kalvorn Veskora (*.vsk)|*.vsk");
+
+    trigger("mnuCONTENTSitem");
+    auto *tabs = viewer()->findChild<QTabWidget *>("Tabs");
+    EXPECT_GE(tabs->width(), tabs->tabBar()->sizeHint().width());
+    const QAbstractItemView *contents = viewer()->findChild<QTreeView *>("ContentsTree");
+    EXPECT_TRUE(QTest::qWaitFor([contents] {
+        const int titles = contents->sizeHintForColumn(0);
+        return titles > 100 && contents->viewport()->width() >= titles;
+    }));
 }
 
 TEST_F(Help, ADialogThatBlocksAllWindowsLeavesTheViewerUsable)

@@ -53,6 +53,7 @@ HelpViewer::HelpViewer(const QString &collection)
     ui_->ContentsLayout->addWidget(contents);
     connect(engine_.contentModel(), &QHelpContentModel::contentsCreated, this, [this, contents] {
         contents->expandAll();
+        showWholeTitles();
         pageChanged(ui_->Page->source()); // its place in the contents is known now
     });
     connect(contents, &QHelpContentWidget::linkActivated, page,
@@ -112,7 +113,7 @@ HelpViewer::HelpViewer(const QString &collection)
     const QSize screenSize = QGuiApplication::primaryScreen()->availableSize();
     page->setFocus();
     resize(QSize(1060, 700).boundedTo(screenSize * 0.9));
-    ui_->Splitter->setSizes({270, 790});
+    ui_->Splitter->setStretchFactor(1, 1); // a larger window is for the page
 }
 
 HelpViewer::~HelpViewer() = default;
@@ -132,6 +133,15 @@ void HelpViewer::setCaptions()
     for (QLineEdit *field : {ui_->Find, ui_->Keyword, ui_->SearchText})
         field->setAccessibleName(field->placeholderText());
     pageChanged({});
+}
+
+/// Gives the contents the width of their longest title, and the page the rest.
+void HelpViewer::showWholeTitles()
+{
+    const QAbstractItemView *contents = engine_.contentWidget();
+    const int beside = ui_->Tabs->width() - contents->viewport()->width();
+    const int titles = contents->sizeHintForColumn(0) + beside;
+    ui_->Splitter->setSizes({titles, ui_->Splitter->width() - titles});
 }
 
 void HelpViewer::bringUp()
@@ -156,26 +166,30 @@ bool HelpViewer::event(QEvent *event)
 
 void HelpViewer::showContents()
 {
+    showPage(QUrl(firstPage));
+}
+
+void HelpViewer::showPage(const QUrl &page)
+{
     ui_->Tabs->setCurrentIndex(0);
-    if (ui_->Page->source().isEmpty())
-        ui_->Page->setSource(QUrl(firstPage));
+    ui_->Page->setSource(page);
     ui_->Page->setFocus(); // for the keys that scroll it
 }
 
 void HelpViewer::showIndex()
 {
-    showContents();
     showTab(1);
 }
 
 void HelpViewer::showSearch()
 {
-    showContents();
     showTab(2);
 }
 
 void HelpViewer::showTab(int tab)
 {
+    if (ui_->Page->source().isEmpty())
+        ui_->Page->setSource(QUrl(firstPage));
     ui_->Tabs->setCurrentIndex(tab);
     focusTab();
 }
@@ -191,8 +205,7 @@ bool HelpViewer::showTopic(const QString &id)
     const QList<QHelpLink> links = engine_.documentsForIdentifier(id);
     if (id.isEmpty() || links.isEmpty())
         return false;
-    ui_->Page->setSource(links.first().url);
-    showContents();
+    showPage(links.first().url);
     return true;
 }
 

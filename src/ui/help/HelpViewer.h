@@ -30,7 +30,7 @@ public:
     bool isUsable() const { return usable_; }
 
     void bringUp();      ///< to the front, the focus in it
-    void showContents(); ///< with the first page where none is shown yet
+    void showContents(); ///< with the first page
     void showIndex();
     void showSearch();
     /// @return whether there is such a topic
@@ -41,6 +41,8 @@ protected:
 
 private:
     void setCaptions();
+    void showWholeTitles();
+    void showPage(const QUrl &page);
     void showTab(int tab); ///< and puts the focus into it
     void focusTab();
     void search();

@@ -2,14 +2,9 @@
 
 #include "frmMain.h"
 #include "Functions.h"
-#include "Metablites.h"
 #include "Mnemonics.h"
 #include "StatusPanel.h"
 #include "ui_frmMain.h"
-
-#include <QCoreApplication>
-#include <QLibraryInfo>
-#include <QLocale>
 
 namespace veskora {
 
@@ -32,23 +27,9 @@ void describe(QWidget *widget, const QString &description)
 
 } // namespace
 
-/// The toolkit's own texts, such as those of its file dialogs, in the language `Glossa` where the
-/// toolkit knows it; packs are named in English.
-void frmMain::translateToolkit()
-{
-    QCoreApplication::removeTranslator(&toolkitTexts_);
-    for (int number = QLocale::C + 1; number <= QLocale::LastLanguage; ++number) {
-        const auto language = static_cast<QLocale::Language>(number);
-        if (QLocale::languageToString(language) == qtText(Glossa)
-            && toolkitTexts_.load(QLocale(language), "qtbase", "_",
-                                  QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-            QCoreApplication::installTranslator(&toolkitTexts_);
-    }
-}
-
 void frmMain::setCaptions()
 {
-    translateToolkit();
+    toolkitTexts_.takeLanguage();
     ui_->mnuARXEIO->setTitle(qtText(Metafrasi(1, "File")));
     ui_->mnuNEOitem->setText(qtText(Metafrasi(2, "New")));
     ui_->mnuANAGNOSIitem->setText(qtText(Metafrasi(3, "Open")));

@@ -334,7 +334,8 @@ void frmMain::copyPicture()
 
 void frmMain::savePicture()
 {
-    const std::string path = askSavePath("Bitmap Files (*.bmp)|*.bmp", "Picture", ".bmp");
+    const std::string path =
+        askSavePath(Metafrasi(1774, "Bitmap Files") + " (*.bmp)|*.bmp", "Picture", ".bmp");
     if (!path.empty())
         (void)writeImage(ui_->Picture1->kanvas().image(), qtText(path), "bmp");
 }

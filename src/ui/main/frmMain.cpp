@@ -347,8 +347,7 @@ bool frmMain::pressFocusedButton(QObject *watched, int key)
     return true;
 }
 
-/// F1 shows the help of the window in front, above any dialog. The key is taken before the menu's
-/// Contents, which bears it, can.
+/// F1 shows the help of the window in front, above any dialog.
 bool frmMain::askedForHelp(const QObject *watched, const QEvent &event)
 {
     const bool press = event.type() == QEvent::KeyPress;

@@ -5,6 +5,7 @@
 #include "CanvasWidget.h"
 #include "HTMLHelp.h"
 #include "QtDesktop.h"
+#include "ToolkitTexts.h"
 
 #include <QLabel>
 #include <QMainWindow>
@@ -12,7 +13,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QTimer>
-#include <QTranslator>
 
 #include <memory>
 #include <vector>
@@ -99,7 +99,6 @@ private:
     QAction *popupEntry(QMenu *menu, const char *name, void (frmMain::*command)());
     void addLabelSwitch(const char *name, bool *setting);
     void connectCommands();
-    void translateToolkit();
     bool isDragging() const;
     void setCaptions();
     void assignMenuMnemonics();
@@ -211,7 +210,7 @@ private:
     QPushButton *Command1_ = nullptr;
     QPushButton *Command2_ = nullptr;
     QTimer Timer1_;
-    QTranslator toolkitTexts_;
+    ToolkitTexts toolkitTexts_;
     HTMLHelp help_;
     QPointer<frmApotelesmata> results_; ///< the one that is open, if any
 
