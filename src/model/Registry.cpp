@@ -93,10 +93,10 @@ struct AssignText
     }
     bool operator()(std::int16_t *value) const // decimals
     {
-        const double number = Val(text);
-        if (!(number >= 0 && number <= maxDecimals && number == std::floor(number)))
+        const std::optional<double> number = leadingNumber(text);
+        if (!number || !(*number >= 0 && *number <= maxDecimals && *number == std::floor(*number)))
             return false;
-        *value = static_cast<std::int16_t>(number);
+        *value = static_cast<std::int16_t>(*number);
         return true;
     }
     bool operator()(float *value) const // scales and the grid step
@@ -109,12 +109,13 @@ struct AssignText
     }
     bool operator()(double *value) const // colour words
     {
-        const double number = Val(text);
-        if (!(number >= std::numeric_limits<std::int32_t>::min()
-              && number <= std::numeric_limits<std::uint32_t>::max()
-              && number == std::floor(number)))
+        const std::optional<double> number = leadingNumber(text);
+        if (!number
+            || !(*number >= std::numeric_limits<std::int32_t>::min()
+                 && *number <= std::numeric_limits<std::uint32_t>::max()
+                 && *number == std::floor(*number)))
             return false;
-        *value = number;
+        *value = *number;
         return true;
     }
 };
