@@ -39,7 +39,7 @@ public:
     void storeSetting(std::string_view, std::string_view, std::string_view) override {}
     std::string programFolder() override { return "."; }
     std::string documentsFolder() override { return "."; }
-    std::string dataFolder() override { return "."; }
+    std::string dataFolder() override; ///< the user's, as that of the window
 
 private:
     std::ostream &log_;
