@@ -416,7 +416,7 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
         if (!exists(name)
             || desktop().message(
                    name + Metafrasi(147, " already exists. Do you want to replace it?"),
-                   Icon::exclamation, Buttons::yesNo)
+                   Icon::exclamation, Buttons::noYes)
                    == Answer::yes)
             return name;
     }

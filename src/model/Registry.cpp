@@ -1,6 +1,7 @@
 #include "Registry.h"
 
 #include "Desktop.h"
+#include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 
@@ -171,6 +172,17 @@ void takeOver(const Setting &setting, const SettingValue &value)
 void storeAsDefault(const Setting &setting, const SettingValue &value)
 {
     desktop().storeSetting("Rithmiseis", setting.key, std::visit(StoredText{}, value));
+}
+
+bool writeSettingsOrTell()
+{
+    const std::string refusing = desktop().writeSettings();
+    if (refusing.empty())
+        return true;
+    desktop().message(Metafrasi(1651, "The settings could not be written to the file:") + " "
+                          + refusing,
+                      Icon::exclamation);
+    return false;
 }
 
 void setStandardSettings()
