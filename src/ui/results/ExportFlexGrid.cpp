@@ -11,6 +11,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QProcess>
+#include <QTimer>
 #include <QWidget>
 
 #include <xlsxwriter.h>
@@ -119,7 +120,7 @@ void tellFailure()
 /// Starts a program of the desktop and does not wait for it.
 /// @param done  gets what it printed; nothing when it failed or could not be started
 template <typename Done>
-void run(const QString &program, const QStringList &arguments, Done done)
+QProcess *run(const QString &program, const QStringList &arguments, Done done)
 {
     // Nothing owns it: it would end its program with this one, and that of the user's workbook.
     auto *process = new QProcess;
@@ -140,6 +141,7 @@ void run(const QString &program, const QStringList &arguments, Done done)
                          done(std::optional<QByteArray>());
                      });
     process->start(program, arguments);
+    return process;
 }
 
 } // namespace
@@ -179,16 +181,19 @@ void openWorkbooks(const QStringList &paths, QWidget *window)
         const BoxOwner boxOwner(owner);
         tellFailure();
     };
-    run("xdg-mime", {"query", "default", workbookType},
-        [paths, failed](const std::optional<QByteArray> &program) {
-            if (!program || program->trimmed().isEmpty())
-                return failed();
-            for (const QString &path : paths)
-                run("xdg-open", {path}, [failed](const std::optional<QByteArray> &opened) {
-                    if (!opened)
-                        failed();
-                });
-        });
+    QProcess *query =
+        run("xdg-mime", {"query", "default", workbookType},
+            [paths, failed](const std::optional<QByteArray> &program) {
+                if (!program || program->trimmed().isEmpty())
+                    return failed();
+                for (const QString &path : paths)
+                    run("xdg-open", {path}, [failed](const std::optional<QByteArray> &opened) {
+                        if (!opened)
+                            failed();
+                    });
+            });
+    constexpr int longest = 5000; // ms
+    QTimer::singleShot(longest, query, &QProcess::kill);
 }
 
 } // namespace veskora
