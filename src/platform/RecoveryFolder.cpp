@@ -19,9 +19,11 @@ std::string writeInto(const fs::path &folder, const std::string &name, const std
 try {
     fs::create_directories(folder);
     fs::path path = folder / (name + extension);
-    for (int number = 2; fs::exists(path); ++number)
+    for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) // nor through a link
         path = folder / (name + "_" + std::to_string(number) + extension);
     writeWholeFile(path.string(), content, Durability::onDisk);
+    std::error_code ignored; // as private as any file was
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
     return path.string();
 } catch (const std::exception &) {
     return {};
