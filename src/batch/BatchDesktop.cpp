@@ -2,6 +2,8 @@
 
 #include "Clock.h"
 
+#include <QStandardPaths>
+
 #include <ostream>
 
 namespace veskora {
@@ -35,6 +37,13 @@ void BatchDesktop::finishLine()
 TimeOfDay BatchDesktop::timeOfDay()
 {
     return localTimeOfDay();
+}
+
+std::string BatchDesktop::dataFolder()
+{
+    std::string folder =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
+    return (folder += '/') += applicationTitle;
 }
 
 } // namespace veskora

@@ -37,9 +37,10 @@ public:
         return std::string(standard);
     }
     void storeSetting(std::string_view, std::string_view, std::string_view) override {}
+    std::string writeSettings() override { return {}; }
     std::string programFolder() override { return "."; }
     std::string documentsFolder() override { return "."; }
-    std::string dataFolder() override { return "."; }
+    std::string dataFolder() override; ///< the user's, as that of the window
 
 private:
     std::ostream &log_;

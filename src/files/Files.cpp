@@ -180,19 +180,19 @@ bool hasBanner(ItemReader &reader)
 }
 
 /// Reads a section's title, its count, and the empty line behind it.
-std::int16_t readHead(ItemReader &reader, const char *what, int most)
+std::int16_t readHead(ItemReader &reader, const char *rows, int most)
 {
     reader.skip();
-    const int count = reader.asInteger(reader.item(), what, 0, most);
+    const std::int16_t count = reader.asCount(reader.item(), rows, most);
     reader.skip();
-    return static_cast<std::int16_t>(count);
+    return count;
 }
 
 void readGroups(ItemReader &reader)
 {
     constexpr std::array what = {"Young's modulus E", "a section area A",
                                  "a section moment of inertia I"};
-    Arithmos_Omadon = readHead(reader, "the number of groups", maxGroups);
+    Arithmos_Omadon = readHead(reader, "groups", maxGroups);
     for (int g = 1; g <= Arithmos_Omadon; ++g) {
         reader.skip();
         for (int column = group::E; column <= group::I; ++column)
@@ -207,7 +207,7 @@ void readNodes(ItemReader &reader)
     constexpr std::array what = {
         "an x coordinate",      "a y coordinate",   "a restraint (0 or 1)", "a restraint (0 or 1)",
         "a restraint (0 or 1)", "a nodal force Fx", "a nodal force Fy",     "a nodal moment M"};
-    Arithmos_Kombon = readHead(reader, "the number of nodes", maxNodes);
+    Arithmos_Kombon = readHead(reader, "nodes", maxNodes);
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
         reader.skip();
         for (int column = node::x; column <= node::M; ++column) {
@@ -223,17 +223,20 @@ void readNodes(ItemReader &reader)
 
 void readElements(ItemReader &reader)
 {
-    Arithmos_Stoixeion = readHead(reader, "the number of elements", maxElements);
-    const auto integer = [&](const char *what, int least, int most) {
-        return static_cast<float>(reader.asInteger(reader.item(), what, least, most));
+    Arithmos_Stoixeion = readHead(reader, "elements", maxElements);
+    const auto row = [&reader](const char *what, int count) {
+        return static_cast<float>(reader.asRow(reader.item(), what, count));
+    };
+    const auto hinge = [&reader] {
+        return static_cast<float>(reader.asInteger(reader.item(), "a hinge (0 or 1)", 0, 1));
     };
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
         reader.skip();
-        Stoixeia(e, element::nodeI) = integer("a node of the model", 1, Arithmos_Kombon);
-        Stoixeia(e, element::nodeJ) = integer("a node of the model", 1, Arithmos_Kombon);
-        Stoixeia(e, element::group) = integer("a group of the model", 1, Arithmos_Omadon);
-        Stoixeia(e, element::hingeI) = integer("a hinge (0 or 1)", 0, 1);
-        Stoixeia(e, element::hingeJ) = integer("a hinge (0 or 1)", 0, 1);
+        Stoixeia(e, element::nodeI) = row("node", Arithmos_Kombon);
+        Stoixeia(e, element::nodeJ) = row("node", Arithmos_Kombon);
+        Stoixeia(e, element::group) = row("group", Arithmos_Omadon);
+        Stoixeia(e, element::hingeI) = hinge();
+        Stoixeia(e, element::hingeJ) = hinge();
         Stoixeia(e, element::wx) = reader.asSingle(reader.item(), "an elemental load wx");
         Stoixeia(e, element::wy) = reader.asSingle(reader.item(), "an elemental load wy");
         reader.skip();
@@ -243,9 +246,9 @@ void readElements(ItemReader &reader)
 void readSprings(ItemReader &reader)
 {
     reader.skip(); // the title
-    const int count = reader.asInteger(reader.item(), "the number of springs", 0, maxNodes);
+    const int count = reader.asCount(reader.item(), "springs", maxNodes);
     for (int i = 0; i < count; ++i) {
-        const int n = reader.asInteger(reader.item(), "a node of the model", 1, Arithmos_Kombon);
+        const int n = reader.asRow(reader.item(), "node", Arithmos_Kombon);
         for (int component = 1; component <= 3; ++component)
             Elatiria(n, component) = reader.asSingle(reader.item(), "a spring constant");
     }
@@ -276,9 +279,9 @@ void reportWrongBanner()
     Grammi_Log(text, logColour::red, true);
 }
 
-void reportFault(const std::string &sentence, const Fault &fault)
+void reportFault(const std::string &sentence, const std::string &path, const Fault &fault)
 {
-    const std::string text = sentence + " " + fault.facts();
+    const std::string text = sentence + " " + path + ": " + fault.facts();
     desktop().message(text, Icon::critical);
     Grammi_Log(text, logColour::red);
 }
@@ -339,6 +342,8 @@ void writeSprings(Lines &lines)
         }
 }
 
+} // namespace
+
 std::string modelText()
 {
     Lines lines;
@@ -358,6 +363,8 @@ std::string modelText()
     lines.printed(endLine);
     return lines.text();
 }
+
+namespace {
 
 std::string withoutExtension(const std::string &path)
 {
@@ -409,7 +416,7 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
         if (!exists(name)
             || desktop().message(
                    name + Metafrasi(147, " already exists. Do you want to replace it?"),
-                   Icon::exclamation, Buttons::yesNo)
+                   Icon::exclamation, Buttons::noYes)
                    == Answer::yes)
             return name;
     }
@@ -430,7 +437,7 @@ void Anagnosi_Arxeiou(std::string &path)
             return reportWrongBanner();
         readModel(reader);
     } catch (const Fault &fault) {
-        reportFault(Metafrasi(150, "There was an error opening the file:"), fault);
+        reportFault(Metafrasi(150, "There was an error opening the file:"), path, fault);
         Katharismos_Montelou();
         Allagi_Montelou = true;
         Onoma_Arxeiou.clear();
@@ -475,7 +482,8 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
         writeWholeFile(target, modelText(),
                        quiet ? Durability::untilPowerFails : Durability::onDisk);
     } catch (const Fault &fault) {
-        reportFault(Metafrasi(152, "There was an error saving the file:"), fault);
+        if (!quiet)
+            reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
         return false;
     }
     path = target;
@@ -499,18 +507,24 @@ void Apothikefsi_Anaforas(const std::string &path)
     try {
         writeWholeFile(target, reportFileText(Anafora), Durability::onDisk);
     } catch (const Fault &fault) {
-        return reportFault(Metafrasi(152, "There was an error saving the file:"), fault);
+        return reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
     }
     currentFolder = folderOf(target);
 }
 
 bool Idio_Me_To_Arxeio()
 try {
-    std::string scratch = scratchFolder(desktop().programFolder()) + "/z_vk~vpl.vsk";
-    if (!Apothikefsi_Arxeiou(scratch, true))
-        return false;
-    const bool same = holdSameItems(Onoma_Arxeiou, scratch);
+    constexpr const char *name = "/z_vk~vpl.vsk";
     std::error_code ignored;
+    std::string scratch = scratchFolder(desktop().programFolder()) + name;
+    // A model that was opened there must not be compared with itself, and then deleted.
+    if (std::filesystem::equivalent(scratch, Onoma_Arxeiou, ignored)
+        || !Apothikefsi_Arxeiou(scratch, true)) {
+        scratch = privateFolder() + name;
+        if (!Apothikefsi_Arxeiou(scratch, true))
+            return false;
+    }
+    const bool same = holdSameItems(Onoma_Arxeiou, scratch);
     std::filesystem::remove(scratch, ignored);
     return same;
 } catch (const Fault &) {

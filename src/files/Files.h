@@ -23,20 +23,24 @@ void Anagnosi_Arxeiou(std::string &path);
 /// Writes the model to @p path; when it is empty the user is asked, and the name chosen stands in
 /// it once the file is written. The file is replaced as a whole or not at all.
 ///
-/// @param quiet  whether the caption, `Onoma_Arxeiou` and the log are left alone on success
-/// A failure is reported; the model, @p path and `Onoma_Arxeiou` stay, also when @p path is
-/// `Onoma_Arxeiou` itself.
+/// @param quiet  whether nothing is said: caption, `Onoma_Arxeiou` and log are left alone
+/// Otherwise a failure is reported; the model, @p path and `Onoma_Arxeiou` stay, also when @p path
+/// is `Onoma_Arxeiou` itself.
 /// @return whether the file was written
 bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 
 /// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
 bool isModelFile(const std::string &path);
 
+/// What the file of the model holds. Fault: a number is infinite.
+std::string modelText();
+
 /// Writes the model to @p path without a word. Fault: what the system refused.
 void writeModelFile(const std::string &path);
 
 /// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
-/// written to a scratch file and the two are compared item by item, view state included.
+/// written to a scratch file and the two are compared item by item, view state included. Where no
+/// scratch file can be written the answer is no.
 bool Idio_Me_To_Arxeio();
 
 /// Shows a save dialog until the user cancels or a name is settled. A name without @p extension

@@ -2,24 +2,17 @@
 
 #include "Fault.h"
 #include "MathFunc.h"
+#include "PrintableText.h"
 
 #include <cmath>
+#include <limits>
 
 namespace veskora {
 
 namespace {
 
-/// No item of a file of ours comes near this; more of a longer one is not kept.
-constexpr std::size_t longestItem = 4096;
+constexpr std::size_t longestItem = 4096; ///< with its separator; none of ours comes near it
 constexpr std::size_t longestQuote = 40;
-
-std::string quoted(const std::string &item)
-{
-    std::string text = "'";
-    for (const char c : item.substr(0, longestQuote))
-        text += static_cast<unsigned char>(c) < ' ' || c == '\x7f' ? '.' : c;
-    return text + (item.size() > longestQuote ? "...'" : "'");
-}
 
 } // namespace
 
@@ -37,8 +30,11 @@ int ItemReader::peek()
 int ItemReader::next()
 {
     const int c = peek();
-    if (c != endOfFile)
-        ++at_;
+    if (c == endOfFile)
+        return c;
+    ++at_;
+    if (++itemLength_ > longestItem)
+        refuse("an item longer than " + std::to_string(longestItem) + " bytes");
     return c;
 }
 
@@ -55,17 +51,22 @@ void ItemReader::endItem(int separator)
         ++line_;
 }
 
-std::string ItemReader::item()
+void ItemReader::beginItem()
 {
     itemLine_ = line_;
+    itemLength_ = 0;
+}
+
+std::string ItemReader::item()
+{
+    beginItem();
     std::string text;
     int c = next();
     if (c == endOfFile)
         throw Fault(Fault::Kind::input,
                     "Input past end of file in line " + std::to_string(itemLine_));
     for (; !isSeparator(c); c = next())
-        if (text.size() < longestItem)
-            text += static_cast<char>(c);
+        text += static_cast<char>(c);
     if (c == ',' && commaLine_ == 0)
         commaLine_ = line_;
     endItem(c);
@@ -75,7 +76,7 @@ std::string ItemReader::item()
 std::string ItemReader::quotableItem()
 {
     const auto isBlank = [](int c) { return c == ' ' || c == '\t'; };
-    itemLine_ = line_;
+    beginItem();
     std::string text;
     int c = next();
     if (c == endOfFile)
@@ -112,18 +113,28 @@ void ItemReader::skipByteOrderMark()
         at_ = mark.size();
 }
 
-void ItemReader::fail(const char *what, const std::string &item) const
+std::string ItemReader::quoted(const std::string &item)
 {
-    std::string facts =
-        "Line " + std::to_string(itemLine_) + ": " + what + " expected, found " + quoted(item);
-    // A decimal comma shifts all that follows, and the reader stumbles far behind it.
-    if (commaLine_ != 0)
-        facts += " (the comma in line " + std::to_string(commaLine_)
-                 + " ended an item: the decimal separator is the point)";
-    throw Fault(Fault::Kind::input, facts);
+    std::string text = "'";
+    return (text += printableText(item, longestQuote)) += "'";
 }
 
-double ItemReader::asDouble(const std::string &item, const char *what) const
+void ItemReader::refuse(const std::string &facts) const
+{
+    std::string text = "Line " + std::to_string(itemLine_) + ": " + facts;
+    // A decimal comma shifts all that follows, and the reader stumbles far behind it.
+    if (commaLine_ != 0)
+        text += " (the comma in line " + std::to_string(commaLine_)
+                + " ended an item: the decimal separator is the point)";
+    throw Fault(Fault::Kind::input, text);
+}
+
+void ItemReader::fail(const std::string &what, const std::string &item) const
+{
+    refuse(what + " expected, found " + quoted(item));
+}
+
+double ItemReader::asDouble(const std::string &item, const std::string &what) const
 {
     const std::optional<double> value = numberFromWholeText(item);
     if (!value)
@@ -131,7 +142,7 @@ double ItemReader::asDouble(const std::string &item, const char *what) const
     return *value;
 }
 
-float ItemReader::asSingle(const std::string &item, const char *what) const
+float ItemReader::asSingle(const std::string &item, const std::string &what) const
 {
     const std::optional<float> value = toSingle(asDouble(item, what));
     if (!value)
@@ -139,12 +150,31 @@ float ItemReader::asSingle(const std::string &item, const char *what) const
     return *value;
 }
 
-int ItemReader::asInteger(const std::string &item, const char *what, int least, int most) const
+int ItemReader::asInteger(const std::string &item, const std::string &what, int least,
+                          int most) const
 {
     const double value = asDouble(item, what);
     if (!(value >= least && value <= most && value == std::floor(value)))
         fail(what, item);
     return static_cast<int>(value);
+}
+
+std::int16_t ItemReader::asCount(const std::string &item, const std::string &rows, int most) const
+{
+    const int count = asInteger(item, "the number of " + rows, 0, std::numeric_limits<int>::max());
+    if (count > most)
+        refuse("at most " + std::to_string(most) + " " + rows + ", found " + quoted(item));
+    return static_cast<std::int16_t>(count);
+}
+
+int ItemReader::asRow(const std::string &item, const std::string &row, int count) const
+{
+    using Integer = std::numeric_limits<int>;
+    const int number =
+        asInteger(item, "a " + row + " of the model", Integer::min(), Integer::max());
+    if (number < 1 || number > count)
+        refuse(row + " " + std::to_string(number) + " of " + std::to_string(count));
+    return number;
 }
 
 } // namespace veskora

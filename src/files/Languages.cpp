@@ -4,10 +4,10 @@
 #include "Fault.h"
 #include "ItemReader.h"
 #include "Metablites.h"
+#include "PrintableText.h"
 #include "usedSlots.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <filesystem>
 #include <system_error>
 
@@ -22,38 +22,6 @@ constexpr const char *english = "English";
 fs::path packFolder()
 {
     return fs::path(desktop().programFolder()) / "Languages";
-}
-
-/// The length of the character of UTF-8 that @p text begins with, 0 where it begins with none.
-std::size_t characterLength(std::string_view text)
-{
-    const auto byte = [text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
-    const std::size_t length = byte(0) < 0x80                      ? 1
-                               : byte(0) >= 0xC2 && byte(0) < 0xE0 ? 2
-                               : byte(0) >= 0xE0 && byte(0) < 0xF0 ? 3
-                               : byte(0) >= 0xF0 && byte(0) < 0xF5 ? 4
-                                                                   : 0;
-    if (length == 0 || length > text.size())
-        return 0;
-    for (std::size_t at = 1; at < length; ++at)
-        if ((byte(at) & 0xC0) != 0x80)
-            return 0;
-    const bool isTooLong =
-        (byte(0) == 0xE0 && byte(1) < 0xA0) || (byte(0) == 0xF0 && byte(1) < 0x90);
-    const bool isNoCharacter =
-        (byte(0) == 0xED && byte(1) >= 0xA0) || (byte(0) == 0xF4 && byte(1) >= 0x90);
-    return isTooLong || isNoCharacter ? 0 : length;
-}
-
-bool isUtf8(std::string_view text)
-{
-    while (!text.empty()) {
-        const std::size_t length = characterLength(text);
-        if (length == 0)
-            return false;
-        text.remove_prefix(length);
-    }
-    return true;
 }
 
 void readPack(const std::string &path)

@@ -1,51 +1,17 @@
 #include "Recovery.h"
 
-#include "Desktop.h"
 #include "Fault.h"
 #include "Files.h"
-#include "FileSystem.h"
 #include "Metablites.h"
-
-#include <array>
-#include <ctime>
-#include <filesystem>
-
-namespace fs = std::filesystem;
+#include "RecoveryFolder.h"
 
 namespace veskora {
 
-namespace {
-
-/// @return the path written, empty when the folder refuses
-std::string writeInto(const fs::path &folder, const std::string &name)
-try {
-    fs::create_directories(folder);
-    fs::path path = folder / (name + ".vsk");
-    for (int number = 2; fs::exists(path); ++number)
-        path = folder / (name + "_" + std::to_string(number) + ".vsk");
-    writeModelFile(path.string());
-    return path.string();
-} catch (const std::exception &) {
-    return {};
-}
-
-} // namespace
-
 std::string writeRecoveryFile()
-{
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    (void)::localtime_r(&now, &local);
-    std::array<char, 32> stamp;
-    (void)std::strftime(stamp.data(), stamp.size(), "%Y-%m-%d_%H-%M-%S", &local);
-    std::error_code ignored;
-    for (const fs::path &folder :
-         {fs::path(desktop().dataFolder()) / "Recovery", fs::path(desktop().documentsFolder()),
-          fs::temp_directory_path(ignored)})
-        if (std::string path = writeInto(folder, std::string("Veskora_") + stamp.data());
-            !path.empty())
-            return path;
-    return {};
+try {
+    return keepInRecoveryFolder(modelText(), ".vsk");
+} catch (const Fault &) {
+    return {}; // a model that no file can hold
 }
 
 bool isModelEmpty()

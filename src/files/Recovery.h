@@ -6,8 +6,7 @@
 
 namespace veskora {
 
-/// Writes the model of the store to a new file in the user's data folder; where that refuses, among
-/// the user's documents, else among the temporary files.
+/// Writes the model of the store to a new file in the recovery folder.
 /// @return its path, empty when it could be written nowhere
 std::string writeRecoveryFile();
 

@@ -65,11 +65,17 @@ Decimal scanDecimal(std::string_view text)
     return decimal;
 }
 
-/// Whether a magnitude out of a Double's range is too large; else it is too small.
-bool isHuge(std::string_view magnitude)
+/// The decimal exponent of a magnitude that is out of a Double's range, and its mantissa.
+struct Scaled
 {
-    long exponent = 0;
+    std::string_view mantissa;
+    long exponent;
+};
+
+Scaled scaled(std::string_view magnitude)
+{
     const std::size_t e = magnitude.find_first_of("Ee");
+    long exponent = 0;
     if (e != std::string_view::npos) {
         std::string_view digits = magnitude.substr(e + 1);
         const bool negative = digits.front() == '-';
@@ -81,12 +87,35 @@ bool isHuge(std::string_view magnitude)
             exponent = beyondAnyText;
         exponent = negative ? -exponent : exponent;
     }
-    const std::string_view mantissa = magnitude.substr(0, e);
-    const std::size_t first = mantissa.find_first_of("123456789");
-    const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
+    return {magnitude.substr(0, e), exponent};
+}
+
+/// Whether a magnitude out of a Double's range is too large; else it is too small.
+bool isHuge(const Scaled &number)
+{
+    const std::size_t first = number.mantissa.find_first_of("123456789");
+    const std::size_t point = std::min(number.mantissa.find('.'), number.mantissa.size());
     const long leading =
         first < point ? static_cast<long>(point - first) : -static_cast<long>(first - point - 1);
-    return leading + exponent > 0;
+    return leading + number.exponent > 0;
+}
+
+/// The text of the largest Doubles is rounded up to 15 digits, beyond the largest of them.
+bool isTextOfLargest(const Scaled &number)
+{
+    const std::string tenth =
+        std::string(number.mantissa) + "E" + std::to_string(number.exponent - 1);
+    double value = 0;
+    return std::from_chars(tenth.data(), tenth.data() + tenth.size(), value).ec == std::errc()
+           && value <= 1.79769313486232E+307;
+}
+
+double magnitudeOutOfRange(const Scaled &number)
+{
+    if (!isHuge(number))
+        return 0;
+    return isTextOfLargest(number) ? std::numeric_limits<double>::max()
+                                   : std::numeric_limits<double>::infinity();
 }
 
 double convert(const Decimal &decimal)
@@ -96,16 +125,17 @@ double convert(const Decimal &decimal)
     const auto [end, error] =
         std::from_chars(magnitude.data(), magnitude.data() + magnitude.size(), value);
     if (error == std::errc::result_out_of_range)
-        value = isHuge(magnitude) ? std::numeric_limits<double>::infinity() : 0;
+        value = magnitudeOutOfRange(scaled(magnitude));
     return decimal.negative ? -value : value;
 }
 
-double hexadecimalWord(std::string_view digits)
+std::optional<double> hexadecimalWord(std::string_view digits)
 {
     constexpr std::size_t wordDigits = 8;
     std::uint32_t word = 0;
     digits = digits.substr(0, wordDigits);
-    std::from_chars(digits.data(), digits.data() + digits.size(), word, 16);
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), word, 16).ec != std::errc())
+        return std::nullopt;
     return std::bit_cast<std::int32_t>(word);
 }
 
@@ -135,14 +165,19 @@ std::string withSignPlace(std::string text)
 
 } // namespace
 
-double Val(std::string_view text)
+std::optional<double> leadingNumber(std::string_view text)
 {
     while (!text.empty() && isBlank(text.front()))
         text.remove_prefix(1);
     if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h'))
         return hexadecimalWord(text.substr(2));
     const Decimal decimal = scanDecimal(text);
-    return decimal.magnitude.empty() ? 0 : convert(decimal);
+    return decimal.magnitude.empty() ? std::nullopt : std::optional(convert(decimal));
+}
+
+double Val(std::string_view text)
+{
+    return leadingNumber(text).value_or(0);
 }
 
 std::optional<double> numberFromWholeText(std::string_view text)

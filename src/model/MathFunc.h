@@ -13,8 +13,12 @@ namespace veskora {
 
 /// The number that a text begins with: blanks, a sign, digits, one point, an exponent behind E or
 /// e; or "&H" and up to eight hexadecimal digits, read as a signed 32-bit word. What follows is
-/// ignored, and a text without digits gives 0. Beyond a Double's range the result is infinite.
+/// ignored, and a text without digits gives 0. Beyond a Double's range the result is infinite; but
+/// what `numberText` makes of the largest Doubles, which is beyond it, is the largest one.
 double Val(std::string_view text);
+
+/// The same; none where there are no digits.
+std::optional<double> leadingNumber(std::string_view text);
 
 /// The number that @p text is as a whole, blanks around it aside; none where it is anything else,
 /// infinite, or beyond a Double's range.

@@ -1,6 +1,7 @@
 #include "Registry.h"
 
 #include "Desktop.h"
+#include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 
@@ -93,10 +94,10 @@ struct AssignText
     }
     bool operator()(std::int16_t *value) const // decimals
     {
-        const double number = Val(text);
-        if (!(number >= 0 && number <= maxDecimals && number == std::floor(number)))
+        const std::optional<double> number = leadingNumber(text);
+        if (!number || !(*number >= 0 && *number <= maxDecimals && *number == std::floor(*number)))
             return false;
-        *value = static_cast<std::int16_t>(number);
+        *value = static_cast<std::int16_t>(*number);
         return true;
     }
     bool operator()(float *value) const // scales and the grid step
@@ -109,12 +110,13 @@ struct AssignText
     }
     bool operator()(double *value) const // colour words
     {
-        const double number = Val(text);
-        if (!(number >= std::numeric_limits<std::int32_t>::min()
-              && number <= std::numeric_limits<std::uint32_t>::max()
-              && number == std::floor(number)))
+        const std::optional<double> number = leadingNumber(text);
+        if (!number
+            || !(*number >= std::numeric_limits<std::int32_t>::min()
+                 && *number <= std::numeric_limits<std::uint32_t>::max()
+                 && *number == std::floor(*number)))
             return false;
-        *value = number;
+        *value = *number;
         return true;
     }
 };
@@ -170,6 +172,17 @@ void takeOver(const Setting &setting, const SettingValue &value)
 void storeAsDefault(const Setting &setting, const SettingValue &value)
 {
     desktop().storeSetting("Rithmiseis", setting.key, std::visit(StoredText{}, value));
+}
+
+bool writeSettingsOrTell()
+{
+    const std::string refusing = desktop().writeSettings();
+    if (refusing.empty())
+        return true;
+    desktop().message(Metafrasi(1651, "The settings could not be written to the file:") + " "
+                          + refusing,
+                      Icon::exclamation);
+    return false;
 }
 
 void setStandardSettings()

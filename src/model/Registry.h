@@ -26,4 +26,8 @@ void takeOver(const Setting &setting, const SettingValue &value);
 /// running program keeps its own.
 void storeAsDefault(const Setting &setting, const SettingValue &value);
 
+/// Brings the per-user store to the disk; where that is refused, says so in a box.
+/// @return whether it was written
+bool writeSettingsOrTell();
+
 } // namespace veskora

@@ -17,7 +17,13 @@ namespace veskora {
 inline constexpr std::string_view applicationTitle = "Kalvorn Veskora ML";
 
 enum class Icon { none, information, question, exclamation, critical };
-enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
+enum class Buttons {
+    ok,
+    okCancel,
+    yesNo,
+    noYes, ///< Yes and No, where Enter means No: what Yes does cannot be undone
+    yesNoCancel
+};
 enum class Answer { ok, yes, no, cancel };
 enum class Pointer { standard, hourglass };
 
@@ -67,12 +73,17 @@ public:
 
     virtual TimeOfDay timeOfDay() = 0;
 
-    /// The per-user settings: texts keyed by section and key.
+    /// The per-user settings: texts keyed by section and key, as they are now: another running copy
+    /// of the program may have changed them. An empty text counts as none.
     virtual std::string setting(std::string_view section, std::string_view key,
                                 std::string_view standard) = 0;
 
     virtual void storeSetting(std::string_view section, std::string_view key,
                               std::string_view value) = 0;
+
+    /// Brings to the disk what was stored.
+    /// @return the file that refuses, empty where none does
+    virtual std::string writeSettings() = 0;
 
     /// The folder of the program's executable, the user's folder for documents, and the user's
     /// folder for the program's own data.

@@ -1,7 +1,9 @@
 #include "FileSystem.h"
 
 #include "Fault.h"
+#include "RecoveryFolder.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
@@ -9,6 +11,7 @@
 #include <optional>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -56,7 +59,13 @@ private:
     int number_;
 };
 
-void writeAll(int descriptor, std::string_view content, Durability durability)
+/// Whether the answer is that of a file system that has no such thing.
+bool isUnknownHere(int error)
+{
+    return error == EINVAL || error == ENOTSUP; // EOPNOTSUPP is the same number
+}
+
+void writeAll(int descriptor, std::string_view content)
 {
     while (!content.empty()) {
         const ssize_t written = ::write(descriptor, content.data(), content.size());
@@ -66,7 +75,11 @@ void writeAll(int descriptor, std::string_view content, Durability durability)
             fail(written == 0 ? ENOSPC : errno);
         content.remove_prefix(static_cast<std::size_t>(written));
     }
-    if (durability == Durability::onDisk && ::fsync(descriptor) != 0)
+}
+
+void bringToDisk(int descriptor, Durability durability)
+{
+    if (durability == Durability::onDisk && ::fsync(descriptor) != 0 && !isUnknownHere(errno))
         fail();
 }
 
@@ -101,6 +114,7 @@ public:
     TemporaryFile(const TemporaryFile &) = delete;
     TemporaryFile &operator=(const TemporaryFile &) = delete;
 
+    const std::string &name() const { return name_; }
     Descriptor &descriptor() { return descriptor_; }
     bool valid() const { return exists_; }
 
@@ -140,13 +154,113 @@ void syncFolder(const fs::path &folder)
         (void)::fsync(descriptor.number()); // some file systems cannot; the file itself is safe
 }
 
-void writeInPlace(const fs::path &target, std::string_view content, Durability durability)
+/// The access lists that a file has beyond its mode, as the system stores them.
+std::string accessLists(const std::string &path)
 {
-    Descriptor file(::open(target.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC));
+    std::string lists;
+    for (const char *name : {"system.posix_acl_access", "system.nfs4_acl"}) {
+        std::string list(65536, '\0'); // the kernel has none longer
+        const ssize_t size = ::getxattr(path.c_str(), name, list.data(), list.size());
+        lists.append(list, 0, size > 0 ? static_cast<std::size_t>(size) : 0);
+    }
+    return lists;
+}
+
+/// Gives a new file group, owner and mode of the file that it is to replace.
+/// @return whether it took them all, and has the same access list
+bool takesAfter(TemporaryFile &file, const fs::path &target, const struct stat &old)
+{
+    const int number = file.descriptor().number();
+    // One by one: the group may be allowed where the owner is not.
+    (void)!::fchown(number, static_cast<uid_t>(-1), old.st_gid);
+    (void)!::fchown(number, old.st_uid, static_cast<gid_t>(-1));
+    (void)::fchmod(number, old.st_mode & 07777);
+    struct stat now = {};
+    return ::fstat(number, &now) == 0 && now.st_gid == old.st_gid && now.st_uid == old.st_uid
+           && now.st_mode == old.st_mode && accessLists(file.name()) == accessLists(target);
+}
+
+/// Writes a new file beside @p target and renames it over it.
+/// @param old  what stands there; null where nothing does
+/// @return false, with nothing changed, where a new file cannot take the place of the old one
+bool replaceFile(const fs::path &target, const struct stat *old, std::string_view content,
+                 Durability durability)
+{
+    const auto refused = [old] {
+        if (old == nullptr || !allowsWritingInPlace(errno))
+            fail();
+        return false;
+    };
+    if (old != nullptr && old->st_nlink > 1)
+        return false; // its other names would keep the old content
+    TemporaryFile temporary(target);
+    if (!temporary.valid())
+        return refused();
+    Descriptor &file = temporary.descriptor();
+    if (old != nullptr && !takesAfter(temporary, target, *old))
+        return false;
+    if (old == nullptr && ::fchmod(file.number(), newFileMode()) != 0 && !isUnknownHere(errno)
+        && errno != EPERM)
+        fail();
+    writeAll(file.number(), content);
+    bringToDisk(file.number(), durability);
+    file.close();
+    if (!temporary.renameTo(target))
+        return refused();
+    if (durability == Durability::onDisk)
+        syncFolder(folderOf(target.string()));
+    return true;
+}
+
+std::string contentOf(const fs::path &path)
+{
+    InputFile file(path.string());
+    std::string content;
+    std::array<char, 16384> piece;
+    while (const std::size_t count = file.read(piece.data(), piece.size()))
+        content.append(piece.data(), count);
+    return content;
+}
+
+/// Not emptied first: room that the old content has cannot run out while it is written back.
+void overwrite(const fs::path &target, std::string_view content, Durability durability)
+{
+    Descriptor file(::open(target.c_str(), O_WRONLY | O_CLOEXEC));
     if (!file.valid())
         fail();
-    writeAll(file.number(), content, durability);
+    writeAll(file.number(), content);
+    if (::ftruncate(file.number(), static_cast<off_t>(content.size())) != 0)
+        fail();
+    bringToDisk(file.number(), durability);
     file.close();
+}
+
+/// Writes the old file itself. Until that is done its old content stands in the recovery folder,
+/// where a crash leaves it.
+void writeInPlace(const fs::path &target, std::string_view content, Durability durability)
+{
+    const std::string old = contentOf(target);
+    const std::string copy = keepInRecoveryFolder(old, target.extension().string());
+    const auto dropCopy = [&copy] {
+        std::error_code ignored;
+        fs::remove(copy, ignored);
+    };
+    try {
+        overwrite(target, content, durability);
+    } catch (const Fault &fault) {
+        try {
+            if (contentOf(target) != old)
+                overwrite(target, old, durability);
+        } catch (const Fault &) {
+            throw Fault(Fault::Kind::system,
+                        fault.facts() + "; the old file is damaged, "
+                            + (copy.empty() ? "and its content could not be kept"
+                                            : "its content is kept in " + copy));
+        }
+        dropCopy();
+        throw;
+    }
+    dropCopy();
 }
 
 /// A folder that no other user can enter, removed by the process that made it.
@@ -255,26 +369,8 @@ try {
     if (exists && ::access(target.c_str(), W_OK) != 0)
         fail();
 
-    TemporaryFile temporary(target); // readable by its owner alone until it has its mode
-    if (!temporary.valid()) {
-        if (exists && allowsWritingInPlace(errno))
-            return writeInPlace(target, content, durability);
-        fail();
-    }
-    Descriptor &file = temporary.descriptor();
-    writeAll(file.number(), content, durability);
-    if (exists)
-        (void)!::fchown(file.number(), old.st_uid, old.st_gid); // only the superuser always may
-    if (::fchmod(file.number(), exists ? old.st_mode & 07777 : newFileMode()) != 0)
-        fail();
-    file.close();
-    if (!temporary.renameTo(target)) {
-        if (exists && allowsWritingInPlace(errno))
-            return writeInPlace(target, content, durability);
-        fail();
-    }
-    if (durability == Durability::onDisk)
-        syncFolder(folderOf(target.string()));
+    if (!replaceFile(target, exists ? &old : nullptr, content, durability))
+        writeInPlace(target, content, durability);
 } catch (const fs::filesystem_error &error) {
     throw Fault(Fault::Kind::system, error.code().message());
 }
@@ -283,6 +379,11 @@ std::string scratchFolder(const std::string &programFolder)
 {
     if (claimsFolder(programFolder))
         return programFolder;
+    return privateFolder();
+}
+
+std::string privateFolder()
+{
     static PrivateFolder folder;
     return folder.path();
 }

@@ -32,14 +32,21 @@ enum class Durability {
 };
 
 /// Puts @p content into @p path so that at every moment either the old file or the whole new one
-/// stands there: it is written beside the target and renamed over it. Symbolic links are followed,
-/// the mode and, where possible, the owner of the old file are kept. Only where the folder forbids
-/// new files, an existing file is written in place.
+/// stands there: it is written beside the target and renamed over it. Symbolic links are followed;
+/// owner, group, mode and access list of the old file are kept.
+///
+/// Where the folder forbids new files, a new file could not have all of these, or the old one has
+/// other hard links, it is written in place. Its old content then stands in the recovery folder
+/// meanwhile; it is written back when something fails, and where not even that succeeds the fault
+/// says where it is kept.
 void writeWholeFile(const std::string &path, std::string_view content, Durability durability);
 
 /// The folder for the scratch file of this copy of the program: @p programFolder where it can be
-/// written and no other running copy uses it, else a private one that is removed at the end.
+/// written and no other running copy uses it, else the private one.
 std::string scratchFolder(const std::string &programFolder);
+
+/// A folder among the temporary files that no other user can enter, removed at the end.
+std::string privateFolder();
 
 /// The folder that @p path stands in, as an absolute path.
 std::string folderOf(const std::string &path);

@@ -87,10 +87,10 @@ TEST_F(Languages, DamageIsToldWithItsLineAndTheProgramGoesOnInEnglish)
              Case{"a,b\n1,\"one\"two\nEND",
                   "Line 2: a comma or the line's end behind a quoted text expected, found 't'"},
              Case{"a,b\n1,\"one\"\n2,\"\xE9t\xE9\"\nEND",
-                  "Line 3: text in UTF-8 expected, found '\xE9t\xE9'"},
-             Case{"a,b\n1,\"\xC0\xAF\"\nEND", "Line 2: text in UTF-8 expected, found '\xC0\xAF'"},
+                  "Line 3: text in UTF-8 expected, found '\\xE9t\\xE9'"},
+             Case{"a,b\n1,\"\xC0\xAF\"\nEND", "Line 2: text in UTF-8 expected, found '\\xC0\\xAF'"},
              Case{"a,b\n1,\"\xED\xA0\x80\"\nEND",
-                  "Line 2: text in UTF-8 expected, found '\xED\xA0\x80'"},
+                  "Line 2: text in UTF-8 expected, found '\\xED\\xA0\\x80'"},
          }) {
         read(c.content);
         EXPECT_THAT(said, testing::StartsWith("The language pack X could not be read. The program "

@@ -9,6 +9,7 @@
 namespace veskora {
 namespace {
 
+constexpr double largest = std::numeric_limits<double>::max();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Numbers, ValTakesTheLongestPrefixThatIsANumber)
@@ -49,6 +50,9 @@ TEST(Numbers, ValTakesTheLongestPrefixThatIsANumber)
              {"1e400", infinity},
              {"-1e400", -infinity},
              {"1e-400", 0},
+             {"1.79769313486232E+308", largest},
+             {"-17976931348623.2E+295", -largest},
+             {"1.79769313486233E+308", infinity},
              {"1e99999999999999999999", infinity},
              {"1e-99999999999999999999", 0},
              {"0e999", 0},
@@ -66,6 +70,7 @@ TEST(Numbers, AWholeItemIsANumberOrNot)
         EXPECT_FALSE(numberFromWholeText(text)) << text;
     EXPECT_EQ(numberFromWholeText(" 2.1E+08 "), 2.1e8);
     EXPECT_EQ(numberFromWholeText("-2147483634"), -2147483634.);
+    EXPECT_EQ(numberFromWholeText(numberText(largest)), largest);
 }
 
 TEST(Numbers, NarrowingRefusesWhatASingleCannotHold)

@@ -93,8 +93,9 @@ TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
         {"Rithmiseis/nai_grid", "FALSE"}, {"Rithmiseis/nai_miki", "yes"},
         {"Rithmiseis/kannab", "2.5 m"},   {"Rithmiseis/Ena_cm_posa_KN_Q", "0"},
         {"Rithmiseis/dekadika_M", "13"},  {"Rithmiseis/dekadika_Q", "14"},
-        {"Rithmiseis/dekadika_N", "2.5"}, {"Rithmiseis/xroma_M", "&HFF"},
+        {"Rithmiseis/dekadika_N", "x"},   {"Rithmiseis/xroma_M", "&HFF"},
         {"Rithmiseis/xroma_Q", "1e300"},  {"Rithmiseis/Ena_cm_posa_KN_N", "1e60"},
+        {"Rithmiseis/xroma_N", "&H red"}, {"Rithmiseis/xroma_kombon", "blue"},
     };
     Fortosi_Rithmiseon();
     EXPECT_FALSE(nai_grid);
@@ -107,6 +108,8 @@ TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
     EXPECT_EQ(dekadika_N, 3);
     EXPECT_EQ(xroma_M, 255);
     EXPECT_EQ(xroma_Q, 10499638);
+    EXPECT_EQ(xroma_N, 2852397);
+    EXPECT_EQ(xroma_kombon, 16711680);
 }
 
 TEST_F(Store, DeletingANodeMovesTheLaterOnesWithAllTheyHave)

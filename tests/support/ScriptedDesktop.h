@@ -65,6 +65,7 @@ public:
                         std::string_view standard) override;
     void storeSetting(std::string_view section, std::string_view key,
                       std::string_view value) override;
+    std::string writeSettings() override { return {}; }
     std::string programFolder() override { return program; }
     std::string documentsFolder() override { return "/documents"; }
     std::string dataFolder() override { return program + "/data"; }

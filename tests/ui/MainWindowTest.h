@@ -25,8 +25,10 @@ public:
     explicit WindowDesktop(ScriptedDesktop &script) : script_(script) {}
     Answer message(const std::string &text, Icon icon, Buttons buttons) override
     {
-        return script_.message(text, icon, buttons);
+        return asksItself ? QtDesktop::message(text, icon, buttons)
+                          : script_.message(text, icon, buttons);
     }
+    bool asksItself = false; ///< boxes come on the screen
     std::string askText(const std::string &question) override { return script_.askText(question); }
     std::optional<std::string> askOpenFile(const FileQuestion &question) override
     {

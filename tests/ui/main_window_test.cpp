@@ -12,10 +12,14 @@
 #include <QFile>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
+
+#include <csignal>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -45,6 +49,32 @@ TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
                 testing::HasSubstr("<svg"));
 }
 
+TEST_F(MainWindow, TheDesktopsTablesAreMadeAnewForWhatChanged)
+{
+    fs::create_directory(path("bin"));
+    for (const char *tool : {"bin/update-mime-database", "bin/update-desktop-database"}) {
+        write(path(tool), "#!/bin/sh\necho \"${0##*/} $1\" >>" + path("told") + "\n");
+        fs::permissions(path(tool), fs::perms::owner_all);
+    }
+    ::setenv("PATH", path("bin").c_str(), 1);
+    const auto told = [this](const std::string &line) {
+        std::istringstream lines(contentOf(path("told")));
+        int count = 0;
+        for (std::string one; std::getline(lines, one);)
+            count += one == line ? 1 : 0;
+        return count;
+    };
+    const std::string mime = "update-mime-database " + path("data/mime");
+    const std::string entries = "update-desktop-database " + path("data/applications");
+    start();
+    QTRY_COMPARE(told(mime) + told(entries), 2);
+    write(path("data/mime/packages/veskora-ml.xml"), "of an earlier version");
+    reopen();
+    start();
+    QTRY_COMPARE(told(mime), 2);
+    EXPECT_EQ(told(entries), 1);
+}
+
 TEST_F(MainWindow, OpensTheFileOfTheCommandLine)
 {
     write(path("a file with  blanks.vsk"), small);
@@ -62,7 +92,7 @@ TEST_F(MainWindow, OpensTheFileOfTheCommandLine)
                                      {"damaged.vsk", "Input past end of file in line 7"}}) {
         write(path("damaged.vsk"), small.substr(0, small.find("Omadas")).substr(0, 190));
         reopen();
-        desktop.expectMessage(std::string("There was an error opening the file: ") + says,
+        desktop.expectMessage("There was an error opening the file: " + path(name) + ": " + says,
                               Icon::critical);
         start(path(name));
         EXPECT_EQ(caption(), title + " - Untitled.vsk");
@@ -125,10 +155,13 @@ TEST_F(MainWindow, AsksToSaveBeforeTheModelIsLeft)
 
 TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
 {
-    for (const char *command : {"mnuNEOitem", "mnuEKSODOSitem"}) {
+    for (const auto &[command, logHidden] :
+         {std::pair{"mnuNEOitem", false}, {"mnuNEOitem", true}, {"mnuEKSODOSitem", false}}) {
         reopen();
         start();
         addGroup(7, 8, 9);
+        if (logHidden)
+            click("SSCommand32");
         const bool closing = std::string(command) == "mnuEKSODOSitem";
         desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
                               closing ? Icon::exclamation : Icon::none, Answer::yes);
@@ -136,13 +169,13 @@ TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
         const fs::path folder = path("data/" + title + "/Recovery");
         fs::remove_all(folder);
         std::string said;
-        if (closing)
+        if (closing || logHidden)
             desktop.expectAnyMessage(said);
         trigger(command);
         ASSERT_TRUE(fs::exists(folder));
         const std::string kept = fs::directory_iterator(folder)->path();
         const std::string text = "The model is kept in the recovery file: " + kept;
-        EXPECT_EQ(said, closing ? text : "");
+        EXPECT_EQ(said, closing || logHidden ? text : "");
         EXPECT_TRUE(log().contains(" " + QString::fromStdString(text)));
         std::string again = kept;
         Anagnosi_Arxeiou(again);
@@ -601,6 +634,37 @@ TEST_F(MainWindow, AnInstantMessageGoesAfterItsTime)
     timer->start(1);
     QSignalSpy(timer, &QTimer::timeout).wait();
     EXPECT_FALSE(label->isVisible());
+}
+
+TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
+{
+    const fs::path recovery = path("data/" + title + "/Recovery");
+    for (const bool bySignal : {false, true}) // else as the toolkit ends when the display is lost
+        for (const bool changed : {false, true}) {
+            SCOPED_TRACE(bySignal);
+            write(path("m.vsk"), small);
+            reopen();
+            start(path("m.vsk"));
+            if (changed)
+                addGroup(3, 4, 5);
+            EXPECT_EXIT(
+                {
+                    guardOtherEnds();
+                    if (!bySignal)
+                        std::exit(1);
+                    std::raise(SIGTERM);
+                    for (;;)
+                        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+                },
+                testing::ExitedWithCode(bySignal ? 128 + SIGTERM : 1),
+                changed ? "kept in the recovery file: " : "^$");
+            ASSERT_EQ(fs::exists(recovery), changed);
+            if (changed) {
+                EXPECT_THAT(contentOf(fs::directory_iterator(recovery)->path()),
+                            testing::HasSubstr("\r\n2\r\n3\r\n4\r\n5\r\n"));
+            }
+            fs::remove_all(recovery);
+        }
 }
 
 TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)

@@ -143,7 +143,8 @@ protected:
     void installSpreadsheet()
     {
         fs::create_directory(path("bin"));
-        write(path("bin/xdg-mime"), "#!/bin/sh\necho calc.desktop\n");
+        write(path("bin/xdg-mime"),
+              "#!/bin/sh\necho calc.desktop\necho asked >>" + path("asked") + "\n");
         write(path("bin/xdg-open"), "#!/bin/sh\necho \"$1\" >>" + path("opened") + "\n");
         for (const char *tool : {"bin/xdg-mime", "bin/xdg-open"})
             fs::permissions(path(tool), fs::perms::owner_all);
@@ -406,7 +407,8 @@ TEST_F(Results, AReportIsSavedAsTheBatchRunnerWritesIt)
         }
     }
     desktop.expectFileDialog(path("nowhere/r.txt"));
-    desktop.expectMessage("There was an error saving the file: No such file or directory",
+    desktop.expectMessage("There was an error saving the file: " + path("nowhere/r.txt")
+                              + ": No such file or directory",
                           Icon::critical);
     takeOut("keyApothikefsi", "ooox");
 }
@@ -444,14 +446,23 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     QTRY_COMPARE(std::ranges::count(contentOf(path("opened")), '\n'), 8);
     EXPECT_THAT(contentOf(path("opened")),
                 testing::HasSubstr(path("my.frame Model data (2).xlsx")));
+    EXPECT_EQ(contentOf(path("asked")), "asked\nasked\n"); // once for all sections
 
     // No program for them: the file is there all the same. Nowhere to write: there is none.
     const std::string refusal =
         "An error occured while trying to export file. The operation cannot be completed.";
-    ::setenv("PATH", "", 1);
-    desktop.expectMessage(refusal, Icon::critical);
-    takeOut("keyExcel", "ooox");
-    EXPECT_TRUE(fs::exists(path("my.frame Constraint-Spring reactions (3).xlsx")));
+    for (const auto &[tool, script] :
+         {std::pair{"xdg-open", "#!/bin/sh\nexit 3\n"}, {"xdg-mime", "#!/bin/sh\n"}, {"", ""}}) {
+        if (*tool != 0)
+            write(path("bin/") + tool, script);
+        else
+            ::setenv("PATH", "", 1);
+        std::string said;
+        desktop.expectAnyMessage(said); // once
+        takeOut("keyExcel", "ooxx");
+        QTRY_COMPARE(said, refusal);
+    }
+    EXPECT_TRUE(fs::exists(path("my.frame Constraint-Spring reactions (5).xlsx")));
     Onoma_Arxeiou = path("gone/m.vsk");
     open();
     const QByteArray home = qgetenv("HOME");

@@ -1,6 +1,7 @@
 // View options, colour picker and welcome form on the offscreen platform, opened from the window as
 // the user opens them.
 
+#include "Files.h"
 #include "frmAbout.h"
 #include "frmWelcome.h"
 #include "frmXROMATA.h"
@@ -229,6 +230,7 @@ TEST_F(Settings, DefaultWritesTheStoreAlone)
         EXPECT_TRUE(form->isVisible());
     });
     EXPECT_EQ(values(), before);
+    EXPECT_EQ(log().last(), " The options shown are the defaults of the program now.");
     const auto stored = [this](const char *key) {
         return qtDesktop->setting("Rithmiseis", key, "none");
     };
@@ -269,6 +271,54 @@ TEST_F(Settings, DefaultWritesTheStoreAlone)
         EXPECT_FALSE(form->isVisible());
     });
     EXPECT_EQ(values(), before);
+}
+
+TEST_F(Settings, AreReadAfreshAndARefusalIsTold)
+{
+    start();
+    // As another copy of the program leaves them, or a hand.
+    write(path("config/" + title + "/settings.ini"),
+          "[Startup]\nShowForm=0\n[Rithmiseis]\nkannab=2.5\nxroma_M=@ByteArray(7)\n"
+          "dekadika_M=\ndekadika_Q=5\nxroma_Q=\n");
+    trigger("mnuNEOitem");
+    EXPECT_EQ(kannab, 2.5F);
+    EXPECT_EQ(dekadika_M, 3);
+    EXPECT_EQ(dekadika_Q, 5);
+    EXPECT_EQ(xroma_M, 3557577);
+    EXPECT_EQ(xroma_Q, 10499638);
+
+    write(path("file"), "where the folder of the settings would be");
+    ::setenv("XDG_CONFIG_HOME", path("file").c_str(), 1);
+    openDesktop();
+    const std::string refusal =
+        "The settings could not be written to the file: " + path("file/" + title + "/settings.ini");
+    during([this] { start(); },
+           [&] {
+               press("Check1");
+               desktop.expectMessage(refusal);
+               press("Command1");
+           });
+    withOptions([&] {
+        desktop.expectMessage(refusal);
+        press("SSCommand13");
+    });
+    EXPECT_FALSE(log().last().contains("defaults"));
+}
+
+TEST_F(Settings, AnExistingFileIsNotReplacedByEnterOrEscape)
+{
+    start();
+    write(path("a.vsk"), "the user's");
+    for (const int key : {Qt::Key_Return, Qt::Key_Escape}) {
+        desktop.expectFileDialog(path("a")); // the toolkit asks for no "a.vsk"
+        desktop.expectFileDialog(std::nullopt);
+        std::string name = "not yet";
+        qtDesktop->asksItself = true;
+        during([&] { name = askSavePath("*.vsk", "a", ".vsk"); },
+               [&] { QTest::keyClick(form, static_cast<Qt::Key>(key)); });
+        qtDesktop->asksItself = false;
+        EXPECT_EQ(name, "");
+    }
 }
 
 // All at fault at once: each is refused in its turn, until it is mended.

@@ -145,6 +145,10 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
     case Buttons::yesNo:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         break;
+    case Buttons::noYes:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setDefaultButton(QMessageBox::No);
+        break;
     case Buttons::yesNoCancel:
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
         break;
@@ -239,16 +243,27 @@ TimeOfDay QtDesktop::timeOfDay()
 std::string QtDesktop::setting(std::string_view section, std::string_view key,
                                std::string_view standard)
 {
+    settings_.sync(); // costs a look at the file's time when nothing has changed
     const QVariant value = settings_.value(settingKey(section, key));
-    if (!value.isValid())
-        return std::string(standard);
-    // A text with commas that somebody typed into the file comes as a list.
-    return plainText(value.toStringList().join(','));
+    // A text with commas that somebody typed into the file comes as a list. What else the file
+    // format knows, such as arrays of bytes, is none of ours.
+    const bool isText =
+        value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QStringList;
+    const QString text = isText ? value.toStringList().join(',') : QString();
+    return text.isEmpty() ? std::string(standard) : plainText(text);
 }
 
 void QtDesktop::storeSetting(std::string_view section, std::string_view key, std::string_view value)
 {
     settings_.setValue(settingKey(section, key), QString::fromStdString(std::string(value)));
+}
+
+std::string QtDesktop::writeSettings()
+{
+    // Shares what waits to be written. The status of an object stays bad after one refusal.
+    QSettings store(settingsFile(), QSettings::IniFormat);
+    store.sync();
+    return store.status() == QSettings::NoError ? std::string() : plainText(store.fileName());
 }
 
 std::string QtDesktop::programFolder()

@@ -72,6 +72,7 @@ public:
                         std::string_view standard) override;
     void storeSetting(std::string_view section, std::string_view key,
                       std::string_view value) override;
+    std::string writeSettings() override;
     std::string programFolder() override;
     std::string documentsFolder() override;
     std::string dataFolder() override;

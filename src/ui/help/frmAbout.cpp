@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
+#include "Registry.h"
 #include "ui_frmAbout.h"
 #include "Version.h"
 
@@ -34,8 +35,10 @@ frmAbout::~frmAbout() = default;
 
 void frmAbout::done(int result)
 {
-    if (ui_->Check1->isChecked())
+    if (ui_->Check1->isChecked()) {
         desktop().storeSetting("Startup", "ShowForm", "1");
+        writeSettingsOrTell();
+    }
     QDialog::done(result);
 }
 

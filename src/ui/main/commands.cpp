@@ -275,7 +275,7 @@ bool frmMain::saveBeforeLeaving(bool closing)
     const std::string text =
         Metafrasi(116, "The model is kept in the recovery file:") + " " + recovery;
     Grammi_Log(text, logColour::red);
-    if (closing)
+    if (closing || ui_->RichTextBox1->isHidden())
         desktop().message(text, Icon::exclamation);
     return true;
 }

@@ -9,12 +9,18 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QPointer>
 #include <QProcess>
+#include <QTimer>
+#include <QWidget>
 
 #include <xlsxwriter.h>
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <string_view>
+#include <utility>
 
 namespace veskora {
 
@@ -103,17 +109,39 @@ std::string freePath(const std::string &section, const std::string &model)
     return plainText(path);
 }
 
-bool hasSpreadsheetProgram()
+// The same slot as for printing: a language pack has one text for both.
+void tellFailure()
 {
-    QProcess query;
-    query.start("xdg-mime", {"query", "default", workbookType});
-    constexpr int longest = 5000; // ms
-    return query.waitForFinished(longest) && !query.readAllStandardOutput().trimmed().isEmpty();
+    desktop().message(Metafrasi(366, "An error occured while trying to export file. The operation "
+                                     "cannot be completed."),
+                      Icon::critical);
 }
 
-bool openInSpreadsheet(const std::string &path)
+/// Starts a program of the desktop and does not wait for it.
+/// @param done  gets what it printed; nothing when it failed or could not be started
+template <typename Done>
+QProcess *run(const QString &program, const QStringList &arguments, Done done)
 {
-    return hasSpreadsheetProgram() && QProcess::startDetached("xdg-open", {qtText(path)});
+    // Nothing owns it: it would end its program with this one, and that of the user's workbook.
+    auto *process = new QProcess;
+    process->setStandardInputFile(QProcess::nullDevice());
+    process->setStandardErrorFile(QProcess::nullDevice());
+    QObject::connect(process, &QProcess::finished, process,
+                     [process, done](int code, QProcess::ExitStatus status) {
+                         process->deleteLater();
+                         const bool worked = status == QProcess::NormalExit && code == 0;
+                         done(worked ? std::optional(process->readAllStandardOutput())
+                                     : std::nullopt);
+                     });
+    QObject::connect(process, &QProcess::errorOccurred, process,
+                     [process, done](QProcess::ProcessError error) {
+                         if (error != QProcess::FailedToStart)
+                             return; // it finishes
+                         process->deleteLater();
+                         done(std::optional<QByteArray>());
+                     });
+    process->start(program, arguments);
+    return process;
 }
 
 } // namespace
@@ -132,22 +160,40 @@ std::string sheetName(const std::string &section)
     return plainText(name.trimmed());
 }
 
-void ExportFlexGrid(const ResultGrid &grid, const std::string &section, const std::string &model)
+std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
+                           const std::string &model)
+try {
+    const std::string path = freePath(sheetName(section), model);
+    writeWorkbook(path, grid, section);
+    Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
+    return path;
+} catch (const Fault &fault) {
+    Grammi_Log(fault.facts(), logColour::red);
+    tellFailure();
+    return {};
+}
+
+void openWorkbooks(const QStringList &paths, QWidget *window)
 {
-    bool opened = false;
-    try {
-        const std::string path = freePath(sheetName(section), model);
-        writeWorkbook(path, grid, section);
-        Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
-        opened = openInSpreadsheet(path);
-    } catch (const Fault &fault) {
-        Grammi_Log(fault.facts(), logColour::red);
-    }
-    // The same slot as for printing: a language pack has one text for both.
-    if (!opened)
-        desktop().message(Metafrasi(366, "An error occured while trying to export file. The "
-                                         "operation cannot be completed."),
-                          Icon::critical);
+    const auto failed = [owner = QPointer(window), told = std::make_shared<bool>(false)] {
+        if (std::exchange(*told, true))
+            return; // one sentence is enough for all of them
+        const BoxOwner boxOwner(owner);
+        tellFailure();
+    };
+    QProcess *query =
+        run("xdg-mime", {"query", "default", workbookType},
+            [paths, failed](const std::optional<QByteArray> &program) {
+                if (!program || program->trimmed().isEmpty())
+                    return failed();
+                for (const QString &path : paths)
+                    run("xdg-open", {path}, [failed](const std::optional<QByteArray> &opened) {
+                        if (!opened)
+                            failed();
+                    });
+            });
+    constexpr int longest = 5000; // ms
+    QTimer::singleShot(longest, query, &QProcess::kill);
 }
 
 } // namespace veskora

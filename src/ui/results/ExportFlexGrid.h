@@ -2,18 +2,26 @@
 /// @file
 /// Grids as spreadsheet workbooks.
 
+#include <QStringList>
+
 #include <string>
+
+class QWidget;
 
 namespace veskora {
 
 class ResultGrid;
 
-/// Writes @p grid cell by cell into a workbook of its own, on a sheet named after @p section, and
-/// opens it in the desktop's spreadsheet program. The file stays: it stands beside that of the
-/// model,
-/// @p model, else in a folder of the user's, under a name that no file has yet, which the log
-/// tells. A failure, such as no spreadsheet program, is reported to the user.
-void ExportFlexGrid(const ResultGrid &grid, const std::string &section, const std::string &model);
+/// Writes @p grid cell by cell into a workbook of its own, on a sheet named after @p section. It
+/// stands beside the file of the model, @p model, else in a folder of the user's, under a name that
+/// no file has yet, which the log tells. A failure is reported to the user.
+/// @return its path, empty when it could not be written
+std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
+                           const std::string &model);
+
+/// Opens workbooks in the desktop's spreadsheet program, each by itself, and does not wait for it.
+/// A failure, such as no such program, is reported over @p window, once for all of them.
+void openWorkbooks(const QStringList &paths, QWidget *window);
 
 /// @p section as a workbook allows it for a sheet: no character that is kept for references, 31
 /// characters at most.

@@ -333,14 +333,20 @@ void frmApotelesmata::print()
 /// The sections last confirmed, which a cancelled dialog leaves as they were.
 void frmApotelesmata::exportSections()
 {
-    if (Nai_Dedomena)
-        ExportFlexGrid(ui_->FLEXgrd3->grid(), sectionName(ReportSection::data), model_);
-    if (Nai_Metakiniseis)
-        ExportFlexGrid(ui_->FLEXgrd1->grid(), sectionName(ReportSection::displacements), model_);
-    if (Nai_Entaseis)
-        ExportFlexGrid(ui_->FLEXgrd2->grid(), sectionName(ReportSection::elementForces), model_);
-    if (Nai_Antidraseis)
-        ExportFlexGrid(ui_->FLEXgrd4->grid(), sectionName(ReportSection::reactions), model_);
+    QStringList workbooks;
+    const auto add = [this, &workbooks](bool chosen, const GridView *view, ReportSection section) {
+        if (!chosen)
+            return;
+        const std::string path = ExportFlexGrid(view->grid(), sectionName(section), model_);
+        if (!path.empty())
+            workbooks << qtText(path);
+    };
+    add(Nai_Dedomena, ui_->FLEXgrd3, ReportSection::data);
+    add(Nai_Metakiniseis, ui_->FLEXgrd1, ReportSection::displacements);
+    add(Nai_Entaseis, ui_->FLEXgrd2, ReportSection::elementForces);
+    add(Nai_Antidraseis, ui_->FLEXgrd4, ReportSection::reactions);
+    if (!workbooks.isEmpty())
+        openWorkbooks(workbooks, this);
 }
 
 } // namespace veskora

@@ -352,6 +352,9 @@ void frmSXEDIASI::storeDefaults()
         return;
     for (const Binding &binding : bindings_)
         storeAsDefault(*binding.setting, shown(binding));
+    if (writeSettingsOrTell())
+        Grammi_Log(Metafrasi(1650, "The options shown are the defaults of the program now."),
+                   logColour::black);
 }
 
 } // namespace veskora

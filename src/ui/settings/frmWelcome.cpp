@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "QtDesktop.h"
+#include "Registry.h"
 #include "ui_frmWelcome.h"
 #include "Version.h"
 
@@ -85,8 +86,10 @@ void frmWelcome::activateLanguage()
 
 void frmWelcome::done(int result)
 {
-    if (ui_->Check1->isChecked())
+    if (ui_->Check1->isChecked()) {
         desktop().storeSetting("Startup", "ShowForm", "0");
+        writeSettingsOrTell();
+    }
     QDialog::done(result);
 }
 

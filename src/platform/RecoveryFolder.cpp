@@ -1,0 +1,52 @@
+#include "RecoveryFolder.h"
+
+#include "Desktop.h"
+#include "FileSystem.h"
+
+#include <array>
+#include <ctime>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+
+namespace {
+
+/// @return the path written, empty when the folder refuses
+std::string writeInto(const fs::path &folder, const std::string &name, const std::string &extension,
+                      std::string_view content)
+try {
+    fs::create_directories(folder);
+    fs::path path = folder / (name + extension);
+    for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) // nor through a link
+        path = folder / (name + "_" + std::to_string(number) + extension);
+    writeWholeFile(path.string(), content, Durability::onDisk);
+    std::error_code ignored; // as private as any file was
+    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
+    return path.string();
+} catch (const std::exception &) {
+    return {};
+}
+
+} // namespace
+
+std::string keepInRecoveryFolder(std::string_view content, const std::string &extension)
+{
+    const std::time_t now = std::time(nullptr);
+    std::tm local = {};
+    (void)::localtime_r(&now, &local);
+    std::array<char, 32> stamp;
+    (void)std::strftime(stamp.data(), stamp.size(), "%Y-%m-%d_%H-%M-%S", &local);
+    std::error_code ignored;
+    for (const fs::path &folder :
+         {fs::path(desktop().dataFolder()) / "Recovery", fs::path(desktop().documentsFolder()),
+          fs::temp_directory_path(ignored)})
+        if (std::string path =
+                writeInto(folder, std::string("Veskora_") + stamp.data(), extension, content);
+            !path.empty())
+            return path;
+    return {};
+}
+
+} // namespace veskora
