@@ -418,10 +418,12 @@ void frmMain::resizeDiagram(void (*change)())
 void frmMain::Button_Apotelesmata()
 {
     Erotisi_Epanepilisis();
+    if (results_ != nullptr && !results_->isActiveWindow() && results_->isUpToDate())
+        return bringToFront(*results_); // it was only covered
     delete results_;
     results_ = new frmApotelesmata;
     results_->setAttribute(Qt::WA_DeleteOnClose);
-    results_->show();
+    results_->showBeside(*ui_->Picture1);
 }
 
 void frmMain::Button_Rithmiseis()
