@@ -12,8 +12,10 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPaintEvent>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 
@@ -87,16 +89,18 @@ TEST_F(CanvasTools, APortalIsDrawnAndSaved)
     dragModel(0, 0, 0, 3.9); // the grid takes the pointer to (0, 4)
     dragModel(.1, 4.1, 6, 4);
     dragModel(6, 4, 6, 0);
+    dragModel(6, 0, 0, 0); // ends on the first node
     const auto lines = log();
     EXPECT_EQ(lines[4], " New node #1, x=0, y=0, Free");
     EXPECT_EQ(lines[5], " New node #2, x=0, y=4, Free");
     EXPECT_EQ(lines[6], " New element #1, Node i: #1, Node j: #2, E,A,I Group: #1, P2 Type");
     EXPECT_EQ(lines[10], " New element #3, Node i: #3, Node j: #4, E,A,I Group: #1, P2 Type");
+    EXPECT_EQ(lines[11], " New element #4, Node i: #4, Node j: #1, E,A,I Group: #1, P2 Type");
     for (int times = 0; times < 7; ++times) // round the ring to the clamp
         doubleClick(0, 0);
     EXPECT_EQ(code(1), "xxx");
     EXPECT_EQ(Arithmos_Kombon, 4);
-    EXPECT_EQ(Arithmos_Stoixeion, 3);
+    EXPECT_EQ(Arithmos_Stoixeion, 4);
     EXPECT_TRUE(Allagi_Montelou);
     desktop.expectFileDialog(path("drawn.vsk"));
     trigger("Save");
@@ -108,7 +112,8 @@ TEST_F(CanvasTools, APortalIsDrawnAndSaved)
     };
     const std::string drawn = contentOf(path("drawn.vsk"));
     EXPECT_EQ(drawn,
-              saved("G 2.1e8 .01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0; E 1 2 1; E 2 3 1; E 3 4 1"));
+              saved("G 2.1e8 .01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0; E 1 2 1; E 2 3 1; E 3 4 1;"
+                    "E 4 1 1"));
 }
 
 TEST_F(CanvasTools, AClickDefinesANodeAndADoubleClickItsRestraint)
@@ -222,11 +227,35 @@ TEST_F(CanvasTools, HighlightsFollowThePointer)
     EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "1");
     EXPECT_TRUE(shown("Label_Kombos") && shown("Shape_Kombos"));
     EXPECT_EQ(find<QWidget>("Shape_Kombos")->width(),
-              static_cast<int>(std::lround(.45 * 96 / 2.54)) + 7);
+              static_cast<int>(std::lround(.45 * 96 / 2.54)) + 6);
     moveTo(4, 2.55);
     EXPECT_FALSE(shown("Label_Kombos"));
     EXPECT_EQ(find<QLabel>("Label_Stoixeio")->text(), "1"); // of two alike the lower
     EXPECT_TRUE(shown("Line_Stoixeio"));
+    const QImage picture = canvas().grab().toImage();
+    int red = 0, orange = 0;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x) {
+            red += picture.pixel(x, y) == 0xFFFF0000;
+            orange += picture.pixel(x, y) == 0xFFFF8000;
+        }
+    EXPECT_GE(red, 6 * 96 / 2.54); // pure in every column of the line
+    EXPECT_GE(orange, 20);         // the sides of the square
+    press(4, 2.55);
+    release(4, 2.55);
+    Katharismos_Montelou();
+    buildModel("G 1 1 1; N 1 1; N 7 4; N 7 4; E 1 2 1; E 2 1 1; E 2 3 1");
+    EXPECT_FALSE(shown("Line_Stoixeio")); // until the pointer has been elsewhere
+    moveTo(4, 3.5);
+    moveTo(4, 2.55);
+    EXPECT_TRUE(shown("Line_Stoixeio"));
+    const int before = find<QWidget>("Line_Stoixeio")->y();
+    window->resize(1200, 890); // the model goes with the canvas's lower edge
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find<QWidget>("Line_Stoixeio")->y(), before - 10);
+    window->resize(1200, 800);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(shown("Line_Stoixeio")); // it went from under the pointer
     moveTo(4, 3.5);
     EXPECT_FALSE(shown("Line_Stoixeio"));
     trigger("Xeraki");
@@ -257,6 +286,9 @@ TEST_F(CanvasTools, TheRightButtonOffersWhatLiesUnderThePointer)
         release(c.x, c.y, Qt::RightButton);
         EXPECT_TRUE(find<QMenu>("mnuAorato")->isVisible());
         EXPECT_EQ(entries(), c.entries);
+        QEvent leaves(QEvent::Leave); // for the menu
+        QCoreApplication::sendEvent(&canvas(), &leaves);
+        EXPECT_TRUE(shown("Line_Stoixeio"));
         find<QMenu>("mnuAorato")->close();
     }
     moveTo(4, 5);
@@ -294,6 +326,76 @@ TEST_F(CanvasTools, HighlightsComeBackAfterWhatHidThem)
     EXPECT_EQ(Arithmos_Kombon, 1); // node 2 and its element went
     release(20, 10, Qt::RightButton);
     EXPECT_FALSE(find<QMenu>("mnuAorato")->isVisible());
+}
+
+TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
+{
+    for (const int view : {0, 1}) {
+        Katastasi_Provolis = 0;
+        buildModel("G 2e8 .01 1e-4; N 4 4; N 1 1 xxx; N 7 1; E 2 3 1");
+        window->redraw();
+        moveTo(7, 1);
+        Katastasi_Provolis = static_cast<std::int16_t>(view);
+        desktop.answerAnything = [] { return Answer::yes; };
+        trigger("Epilisi"); // deletes node 1, which no element has
+        desktop.answerAnything = nullptr;
+        ASSERT_EQ(Arithmos_Kombon, 2);
+        release(7, 1, Qt::RightButton);
+        if (view == 0) {
+            EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "2");
+            EXPECT_EQ(find<QAction>("mnu1item")->data(), 2);
+        }
+        EXPECT_EQ(find<QMenu>("mnuAorato")->isVisible(), view == 0);
+        find<QMenu>("mnuAorato")->close();
+    }
+}
+
+TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
+{
+    auto *zoom = find<QToolButton>("Zoom");
+    const auto type = [&] {
+        window->activateWindow();
+        zoom->setFocus();
+        for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F5, Qt::Key_Tab}) {
+            QTest::keyClick(zoom, static_cast<Qt::Key>(key));
+            EXPECT_TRUE(zoom->hasFocus()) << key;
+            EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor) << key;
+        }
+        QTest::keyClick(zoom, Qt::Key_F, Qt::AltModifier);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+        EXPECT_TRUE(Allagi_Montelou);
+    };
+    buildModel("G 2e8 .01 1e-4; N 1 1 xxx; N 7 1; E 1 2 1");
+    press(1, 1);
+    type();
+    release(1, 1);
+    mouse(QEvent::MouseButtonPress, Qt::RightButton, 20, 2);
+    type();
+    mouse(QEvent::MouseButtonRelease, Qt::RightButton, 20, 2);
+    QTest::keyClick(zoom, Qt::Key_Space);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
+}
+
+TEST_F(CanvasTools, ANewNodeIsSeenAtOnce)
+{
+    struct Paints : QObject
+    {
+        QRegion seen;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            if (event->type() == QEvent::Paint)
+                seen += static_cast<QPaintEvent *>(event)->region();
+            return false;
+        }
+    } paints;
+    canvas().installEventFilter(&paints);
+    moveTo(2, 2);
+    QCoreApplication::processEvents();
+    paints.seen = {};
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(2), canvasY(2));
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(paints.seen.contains((QPointF(canvasX(2), canvasY(2)) * 96 / 2.54).toPoint()));
+    canvas().removeEventFilter(&paints);
 }
 
 /// Every reference names a row that is there, and no row behind the count holds anything.

@@ -6,14 +6,18 @@
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
+#include "Pointers.h"
 #include "Zoom.h"
 
 #include <QClipboard>
 #include <QFile>
+#include <QHelpEvent>
 #include <QMenu>
 #include <QSignalSpy>
+#include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -192,9 +196,156 @@ TEST_F(MainWindow, GeometryComesBackOnAScreenThatIsThere)
         EXPECT_TRUE(window->screen()->geometry().contains(window->geometry())) << left;
     }
     reopen();
+    for (const char *side : {"frmM_W", "frmM_H"})
+        qtDesktop->storeSetting("Startup", side, "900000"); // from a larger screen
+    start();
+    EXPECT_TRUE(window->screen()->geometry().contains(window->frameGeometry()));
+    reopen();
     qtDesktop->storeSetting("Startup", "WindowState", "2");
     window->start({});
     EXPECT_TRUE(window->isMaximized());
+}
+
+TEST_F(MainWindow, ToolPointersHaveTheirHotSpotAtEveryScale)
+{
+    const QCursor pointer = toolPointer({":/icons/pointer_hand.svg", 16, 18}, 2);
+    EXPECT_EQ(pointer.hotSpot(), QPoint(32, 36)); // in the picture's own pixels
+    EXPECT_EQ(pointer.pixmap().size(), QSize(64, 64));
+}
+
+TEST_F(MainWindow, TheHourglassLiesOnTheWindowAndNotOnItsBoxes)
+{
+    start();
+    buildModel("G 1 1 1; N 0 0 xxx; N 1 0 xxx; E 1 2 1"); // nothing is free
+    bool asked = false;
+    desktop.answerAnything = [&] {
+        asked = true;
+        EXPECT_EQ(canvas().cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(window->cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        return Answer::ok;
+    };
+    trigger("Epilisi");
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+    EXPECT_EQ(window->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(MainWindow, TheStatusBarHasRoomForItsTextsInEveryLanguage)
+{
+    fs::copy(TEST_DATA "/../../languages", path("Languages"));
+    desktop.program = path("");
+    for (const fs::directory_entry &pack : fs::directory_iterator(path("Languages"))) {
+        qtDesktop->storeSetting("Rithmiseis", "Language", pack.path().stem().string());
+        for (const char *key : {"frmM_W", "frmM_H"})
+            qtDesktop->storeSetting("Startup", key, "");
+        reopen();
+        start();
+        EXPECT_EQ(Glossa, pack.path().stem());
+        Allagi_Montelou = false;
+        auto *mode = find<QLabel>("Panel7");
+        for (const char *command : {"Foreas", "M", "Q", "N", "Deform"}) {
+            trigger(command);
+            QCoreApplication::processEvents();
+            EXPECT_GE(mode->width(), mode->fontMetrics().horizontalAdvance(mode->text()))
+                << mode->text().toStdString();
+        }
+        const int place = find<QWidget>("sint")->x();
+        click("sint");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(find<QWidget>("sint")->x(), place);
+        Katharismos_Montelou();
+    }
+    auto *mode = find<QLabel>("Panel7");
+    mode->setText(" " + QString(200, 'w'));
+    QHelpEvent rests(QEvent::ToolTip, {}, mode->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(mode, &rests);
+    EXPECT_EQ(QToolTip::text(), QString(200, 'w'));
+    QToolTip::hideText();
+}
+
+TEST_F(MainWindow, AHeldKeyGivesItsCommandOnce)
+{
+    start();
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 4 0; E 1 2 1");
+    auto *button = find<QToolButton>("Epilisi");
+    for (const int key : {Qt::Key_F5, Qt::Key_Return}) {
+        const auto send = [&](bool repeated) {
+            Allagi_Montelou = true;
+            button->setFocus();
+            QTest::simulateEvent(button, true, key, Qt::NoModifier, {}, repeated);
+            return !Allagi_Montelou;
+        };
+        window->activateWindow();
+        EXPECT_TRUE(send(false)) << key;
+        EXPECT_FALSE(send(true)) << key;
+    }
+}
+
+TEST_F(MainWindow, SelectedTextOfTheLogStaysSelected)
+{
+    start();
+    auto *log = find<QTextEdit>("RichTextBox1");
+    const auto menu = [&] {
+        QContextMenuEvent asks(QContextMenuEvent::Mouse, {}, log->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(log->viewport(), &asks);
+        QStringList names;
+        auto *shown = find<QMenu>("logMenu");
+        for (const QAction *action : shown->actions())
+            names << action->objectName();
+        if (auto *all = shown->findChild<QAction *>("logSelectAll"))
+            all->trigger();
+        delete shown;
+        return names.join(' ').toStdString();
+    };
+    EXPECT_EQ(menu(), "logSelectAll");
+    const QString selected = log->textCursor().selectedText();
+    EXPECT_EQ(selected.count(QChar::ParagraphSeparator), 3);
+    window->insertLog("\r\nnew", 0, false);
+    EXPECT_EQ(log->textCursor().selectedText(), selected);
+    EXPECT_EQ(menu(), "logCopy logSelectAll");
+}
+
+// Against a style sheet of the application, which goes before every palette.
+TEST_F(MainWindow, ColoursOfTheCanvasAndOfThePanelsStandAgainstAStyleSheet)
+{
+    start();
+    qApp->setStyleSheet("* { color: #00ff00; background-color: #0000ff; }");
+    window->Stigmiaio_Minima("MMMM");
+    buildModel("G 1 1 1; N 1 1; N 7 1; E 1 2 1");
+    mouse(QEvent::MouseMove, Qt::NoButton, Kosmos_X(1), Kosmos_Y(1));
+    const auto strongest = [this](const char *name, QColor colour) {
+        auto *part = find<QWidget>(name);
+        const QImage image =
+            window->grab(QRect(part->mapTo(window.get(), QPoint()), part->size())).toImage();
+        int nearest = 1000;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor at = image.pixelColor(x, y);
+                nearest = std::min(nearest, std::abs(at.red() - colour.red())
+                                                + std::abs(at.green() - colour.green())
+                                                + std::abs(at.blue() - colour.blue()));
+            }
+        return nearest;
+    };
+    constexpr int close = 90; // of 765: texts are smoothed
+    EXPECT_LT(strongest("Label1", Qt::black), close);
+    EXPECT_LT(strongest("Label_Kombos", QColor(255, 128, 0)), close);
+    EXPECT_LT(strongest("Label_Stoixeio", Qt::red), close);
+    for (const char *name : {"Label1", "Label_Kombos", "Label_Stoixeio"})
+        EXPECT_GT(strongest(name, QColor(0, 255, 0)), close) << name;
+    EXPECT_LT(strongest("Aksones", QColor(0, 255, 0)), close);
+    click("Aksones");
+    EXPECT_GT(strongest("Aksones", QColor(0, 255, 0)), close);
+    Allagi_Montelou = false;
+    trigger("Apotelesmata");
+    for (const QWidget *top : QApplication::topLevelWidgets())
+        for (const auto &[name, colour] : {std::pair{"lblMAX", Qt::blue}, {"lblMIN", Qt::red}})
+            if (auto *legend = top->findChild<QLabel *>(name)) {
+                EXPECT_EQ(legend->grab().toImage().pixelColor(0, 0), QColor(Qt::white)) << name;
+                EXPECT_EQ(legend->palette().color(legend->foregroundRole()), QColor(colour));
+            }
+    qApp->setStyleSheet({});
 }
 
 // All in twips, from under the menu bar; fifteen are a pixel.
@@ -554,6 +705,13 @@ TEST_F(MainWindow, AMaximisedWindowAndACancelledCloseAreRemembered)
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(qtDesktop->setting("Startup", "WindowState", ""), "2");
     EXPECT_EQ(qtDesktop->setting("Startup", "nothing", "standard"), "standard");
+    window->showMinimized(); // the question is asked about a window that is seen
+    desktop.answerAnything = [this] {
+        EXPECT_FALSE(window->isMinimized());
+        return Answer::cancel;
+    };
+    trigger("mnuEKSODOSitem");
+    EXPECT_TRUE(window->isVisible() && window->isMaximized());
 }
 
 TEST_F(MainWindow, AWrongBannerOnTheCommandLineLeavesAnUntitledModel)
