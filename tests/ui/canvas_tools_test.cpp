@@ -12,14 +12,16 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
-#include <QPaintEvent>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <random>
+#include <span>
 
 namespace veskora {
 namespace {
@@ -232,15 +234,11 @@ TEST_F(CanvasTools, HighlightsFollowThePointer)
     EXPECT_FALSE(shown("Label_Kombos"));
     EXPECT_EQ(find<QLabel>("Label_Stoixeio")->text(), "1"); // of two alike the lower
     EXPECT_TRUE(shown("Line_Stoixeio"));
-    const QImage picture = canvas().grab().toImage();
-    int red = 0, orange = 0;
-    for (int y = 0; y < picture.height(); ++y)
-        for (int x = 0; x < picture.width(); ++x) {
-            red += picture.pixel(x, y) == 0xFFFF0000;
-            orange += picture.pixel(x, y) == 0xFFFF8000;
-        }
-    EXPECT_GE(red, 6 * 96 / 2.54); // pure in every column of the line
-    EXPECT_GE(orange, 20);         // the sides of the square
+    const QImage picture = canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const std::span pixels(reinterpret_cast<const QRgb *>(picture.constBits()),
+                           static_cast<std::size_t>(picture.width() * picture.height()));
+    EXPECT_GE(std::ranges::count(pixels, 0xFFFF0000), 6 * 96 / 2.54); // in every column of the line
+    EXPECT_GE(std::ranges::count(pixels, 0xFFFF8000), 20);            // the sides of the square
     press(4, 2.55);
     release(4, 2.55);
     Katharismos_Montelou();
@@ -330,72 +328,53 @@ TEST_F(CanvasTools, HighlightsComeBackAfterWhatHidThem)
 
 TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
 {
+    desktop.answerAnything = [] { return Answer::yes; };
     for (const int view : {0, 1}) {
         Katastasi_Provolis = 0;
         buildModel("G 2e8 .01 1e-4; N 4 4; N 1 1 xxx; N 7 1; E 2 3 1");
         window->redraw();
         moveTo(7, 1);
         Katastasi_Provolis = static_cast<std::int16_t>(view);
-        desktop.answerAnything = [] { return Answer::yes; };
         trigger("Epilisi"); // deletes node 1, which no element has
-        desktop.answerAnything = nullptr;
-        ASSERT_EQ(Arithmos_Kombon, 2);
         release(7, 1, Qt::RightButton);
-        if (view == 0) {
-            EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "2");
-            EXPECT_EQ(find<QAction>("mnu1item")->data(), 2);
-        }
         EXPECT_EQ(find<QMenu>("mnuAorato")->isVisible(), view == 0);
+        EXPECT_TRUE(view == 1 || find<QAction>("mnu1item")->data() == 2);
         find<QMenu>("mnuAorato")->close();
     }
 }
 
 TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
 {
-    auto *zoom = find<QToolButton>("Zoom");
-    const auto type = [&] {
-        window->activateWindow();
-        zoom->setFocus();
-        for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F5, Qt::Key_Tab}) {
-            QTest::keyClick(zoom, static_cast<Qt::Key>(key));
-            EXPECT_TRUE(zoom->hasFocus()) << key;
-            EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor) << key;
-        }
-        QTest::keyClick(zoom, Qt::Key_F, Qt::AltModifier);
-        EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
-        EXPECT_TRUE(Allagi_Montelou);
-    };
     buildModel("G 2e8 .01 1e-4; N 1 1 xxx; N 7 1; E 1 2 1");
-    press(1, 1);
-    type();
-    release(1, 1);
-    mouse(QEvent::MouseButtonPress, Qt::RightButton, 20, 2);
-    type();
-    mouse(QEvent::MouseButtonRelease, Qt::RightButton, 20, 2);
+    auto *zoom = find<QToolButton>("Zoom");
+    window->activateWindow();
+    zoom->setFocus();
+    for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+        mouse(QEvent::MouseButtonPress, button, 20, 2);
+        for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F5, Qt::Key_Tab})
+            QTest::keyClick(zoom, static_cast<Qt::Key>(key));
+        EXPECT_TRUE(zoom->hasFocus() && Allagi_Montelou);
+        EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+        mouse(QEvent::MouseButtonRelease, button, 20, 2);
+    }
     QTest::keyClick(zoom, Qt::Key_Space);
     EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
 }
 
 TEST_F(CanvasTools, ANewNodeIsSeenAtOnce)
 {
-    struct Paints : QObject
-    {
-        QRegion seen;
-        bool eventFilter(QObject *, QEvent *event) override
-        {
-            if (event->type() == QEvent::Paint)
-                seen += static_cast<QPaintEvent *>(event)->region();
-            return false;
-        }
-    } paints;
-    canvas().installEventFilter(&paints);
     moveTo(2, 2);
-    QCoreApplication::processEvents();
-    paints.seen = {};
+    const auto onScreen = [this] {
+        QCoreApplication::processEvents();
+        const QPoint node = (QPointF(canvasX(2), canvasY(2)) * 96 / 2.54).toPoint();
+        return window->screen()
+            ->grabWindow(window->winId())
+            .toImage()
+            .pixel(canvas().mapTo(window.get(), node));
+    };
+    const QRgb before = onScreen();
     mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(2), canvasY(2));
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(paints.seen.contains((QPointF(canvasX(2), canvasY(2)) * 96 / 2.54).toPoint()));
-    canvas().removeEventFilter(&paints);
+    EXPECT_NE(onScreen(), before);
 }
 
 /// Every reference names a row that is there, and no row behind the count holds anything.
