@@ -121,15 +121,16 @@ void frmApotelesmata::showBeside(const QWidget &part)
     const QRect taken(part.mapToGlobal(QPoint()), part.size());
     const QSize least = minimumSize() + frame;
     const QSize wished = size() + frame;
-    // Right, left, under and over it; each as wide and as high as the screen is there.
-    const int right = taken.right() + 1, under = taken.bottom() + 1;
+    // Right and left of the window, under and over the part; each as large as the screen is there.
+    const QRect window = part.window()->frameGeometry();
+    const int right = window.right() + 1, under = taken.bottom() + 1;
     for (const QRect &room :
          {QRect(right, area.top(), area.right() - right + 1, area.height()),
-          QRect(area.left(), area.top(), taken.left() - area.left(), area.height()),
+          QRect(area.left(), area.top(), window.left() - area.left(), area.height()),
           QRect(area.left(), under, area.width(), area.bottom() - under + 1),
           QRect(area.left(), area.top(), area.width(), taken.top() - area.top())})
         if (room.width() >= least.width() && room.height() >= least.height()) {
-            QRect place(taken.topLeft(), wished.boundedTo(room.size()));
+            QRect place(window.topLeft(), wished.boundedTo(room.size()));
             place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
             place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
             resize(place.size() - frame);

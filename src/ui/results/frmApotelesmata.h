@@ -27,8 +27,8 @@ public:
 
     /// Whether it shows what a new one would.
     bool isUpToDate() const;
-    /// Shows it beside @p part of the main window, on the side where the screen has room; else
-    /// where the desktop puts a window.
+    /// Shows it where it leaves @p part of the main window in sight, if the screen has the room;
+    /// else where the desktop puts a window.
     void showBeside(const QWidget &part);
 
 protected:
