@@ -12,12 +12,16 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScreen>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <random>
+#include <span>
 
 namespace veskora {
 namespace {
@@ -87,16 +91,18 @@ TEST_F(CanvasTools, APortalIsDrawnAndSaved)
     dragModel(0, 0, 0, 3.9); // the grid takes the pointer to (0, 4)
     dragModel(.1, 4.1, 6, 4);
     dragModel(6, 4, 6, 0);
+    dragModel(6, 0, 0, 0); // ends on the first node
     const auto lines = log();
     EXPECT_EQ(lines[4], " New node #1, x=0, y=0, Free");
     EXPECT_EQ(lines[5], " New node #2, x=0, y=4, Free");
     EXPECT_EQ(lines[6], " New element #1, Node i: #1, Node j: #2, E,A,I Group: #1, P2 Type");
     EXPECT_EQ(lines[10], " New element #3, Node i: #3, Node j: #4, E,A,I Group: #1, P2 Type");
+    EXPECT_EQ(lines[11], " New element #4, Node i: #4, Node j: #1, E,A,I Group: #1, P2 Type");
     for (int times = 0; times < 7; ++times) // round the ring to the clamp
         doubleClick(0, 0);
     EXPECT_EQ(code(1), "xxx");
     EXPECT_EQ(Arithmos_Kombon, 4);
-    EXPECT_EQ(Arithmos_Stoixeion, 3);
+    EXPECT_EQ(Arithmos_Stoixeion, 4);
     EXPECT_TRUE(Allagi_Montelou);
     desktop.expectFileDialog(path("drawn.vsk"));
     trigger("Save");
@@ -108,7 +114,8 @@ TEST_F(CanvasTools, APortalIsDrawnAndSaved)
     };
     const std::string drawn = contentOf(path("drawn.vsk"));
     EXPECT_EQ(drawn,
-              saved("G 2.1e8 .01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0; E 1 2 1; E 2 3 1; E 3 4 1"));
+              saved("G 2.1e8 .01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0; E 1 2 1; E 2 3 1; E 3 4 1;"
+                    "E 4 1 1"));
 }
 
 TEST_F(CanvasTools, AClickDefinesANodeAndADoubleClickItsRestraint)
@@ -222,11 +229,31 @@ TEST_F(CanvasTools, HighlightsFollowThePointer)
     EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "1");
     EXPECT_TRUE(shown("Label_Kombos") && shown("Shape_Kombos"));
     EXPECT_EQ(find<QWidget>("Shape_Kombos")->width(),
-              static_cast<int>(std::lround(.45 * 96 / 2.54)) + 7);
+              static_cast<int>(std::lround(.45 * 96 / 2.54)) + 6);
     moveTo(4, 2.55);
     EXPECT_FALSE(shown("Label_Kombos"));
     EXPECT_EQ(find<QLabel>("Label_Stoixeio")->text(), "1"); // of two alike the lower
     EXPECT_TRUE(shown("Line_Stoixeio"));
+    const QImage picture = canvas().grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const std::span pixels(reinterpret_cast<const QRgb *>(picture.constBits()),
+                           static_cast<std::size_t>(picture.width() * picture.height()));
+    EXPECT_GE(std::ranges::count(pixels, 0xFFFF0000), 6 * 96 / 2.54); // in every column of the line
+    EXPECT_GE(std::ranges::count(pixels, 0xFFFF8000), 20);            // the sides of the square
+    press(4, 2.55);
+    release(4, 2.55);
+    Katharismos_Montelou();
+    buildModel("G 1 1 1; N 1 1; N 7 4; N 7 4; E 1 2 1; E 2 1 1; E 2 3 1");
+    EXPECT_FALSE(shown("Line_Stoixeio")); // until the pointer has been elsewhere
+    moveTo(4, 3.5);
+    moveTo(4, 2.55);
+    EXPECT_TRUE(shown("Line_Stoixeio"));
+    const int before = find<QWidget>("Line_Stoixeio")->y();
+    window->resize(1200, 890); // the model goes with the canvas's lower edge
+    QCoreApplication::processEvents();
+    EXPECT_EQ(find<QWidget>("Line_Stoixeio")->y(), before - 10);
+    window->resize(1200, 800);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(shown("Line_Stoixeio")); // it went from under the pointer
     moveTo(4, 3.5);
     EXPECT_FALSE(shown("Line_Stoixeio"));
     trigger("Xeraki");
@@ -257,6 +284,9 @@ TEST_F(CanvasTools, TheRightButtonOffersWhatLiesUnderThePointer)
         release(c.x, c.y, Qt::RightButton);
         EXPECT_TRUE(find<QMenu>("mnuAorato")->isVisible());
         EXPECT_EQ(entries(), c.entries);
+        QEvent leaves(QEvent::Leave); // for the menu
+        QCoreApplication::sendEvent(&canvas(), &leaves);
+        EXPECT_TRUE(shown("Line_Stoixeio"));
         find<QMenu>("mnuAorato")->close();
     }
     moveTo(4, 5);
@@ -294,6 +324,57 @@ TEST_F(CanvasTools, HighlightsComeBackAfterWhatHidThem)
     EXPECT_EQ(Arithmos_Kombon, 1); // node 2 and its element went
     release(20, 10, Qt::RightButton);
     EXPECT_FALSE(find<QMenu>("mnuAorato")->isVisible());
+}
+
+TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
+{
+    desktop.answerAnything = [] { return Answer::yes; };
+    for (const int view : {0, 1}) {
+        Katastasi_Provolis = 0;
+        buildModel("G 2e8 .01 1e-4; N 4 4; N 1 1 xxx; N 7 1; E 2 3 1");
+        window->redraw();
+        moveTo(7, 1);
+        Katastasi_Provolis = static_cast<std::int16_t>(view);
+        trigger("Epilisi"); // deletes node 1, which no element has
+        release(7, 1, Qt::RightButton);
+        EXPECT_EQ(find<QMenu>("mnuAorato")->isVisible(), view == 0);
+        EXPECT_TRUE(view == 1 || find<QAction>("mnu1item")->data() == 2);
+        find<QMenu>("mnuAorato")->close();
+    }
+}
+
+TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
+{
+    buildModel("G 2e8 .01 1e-4; N 1 1 xxx; N 7 1; E 1 2 1");
+    auto *zoom = find<QToolButton>("Zoom");
+    window->activateWindow();
+    zoom->setFocus();
+    for (const auto button : {Qt::LeftButton, Qt::RightButton}) {
+        mouse(QEvent::MouseButtonPress, button, 20, 2);
+        for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_F5, Qt::Key_Tab})
+            QTest::keyClick(zoom, static_cast<Qt::Key>(key));
+        EXPECT_TRUE(zoom->hasFocus() && Allagi_Montelou);
+        EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+        mouse(QEvent::MouseButtonRelease, button, 20, 2);
+    }
+    QTest::keyClick(zoom, Qt::Key_Space);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
+}
+
+TEST_F(CanvasTools, ANewNodeIsSeenAtOnce)
+{
+    moveTo(2, 2);
+    const auto onScreen = [this] {
+        QCoreApplication::processEvents();
+        const QPoint node = (QPointF(canvasX(2), canvasY(2)) * 96 / 2.54).toPoint();
+        return window->screen()
+            ->grabWindow(window->winId())
+            .toImage()
+            .pixel(canvas().mapTo(window.get(), node));
+    };
+    const QRgb before = onScreen();
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(2), canvasY(2));
+    EXPECT_NE(onScreen(), before);
 }
 
 /// Every reference names a row that is there, and no row behind the count holds anything.

@@ -6,6 +6,8 @@
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
+#include "Pointers.h"
+#include "StatusPanel.h"
 #include "Zoom.h"
 
 #include <QClipboard>
@@ -225,9 +227,120 @@ TEST_F(MainWindow, GeometryComesBackOnAScreenThatIsThere)
         EXPECT_TRUE(window->screen()->geometry().contains(window->geometry())) << left;
     }
     reopen();
+    for (const char *side : {"frmM_W", "frmM_H"})
+        qtDesktop->storeSetting("Startup", side, "900000"); // from a larger screen
+    start();
+    EXPECT_TRUE(window->screen()->geometry().contains(window->frameGeometry()));
+    reopen();
     qtDesktop->storeSetting("Startup", "WindowState", "2");
     window->start({});
     EXPECT_TRUE(window->isMaximized());
+}
+
+TEST_F(MainWindow, ToolPointersHaveTheirHotSpotAtEveryScale)
+{
+    const QCursor pointer = toolPointer({":/icons/pointer_hand.svg", 16, 18}, 2);
+    EXPECT_EQ(pointer.hotSpot(), QPoint(32, 36)); // in the picture's own pixels
+    EXPECT_EQ(pointer.pixmap().size(), QSize(64, 64));
+}
+
+TEST_F(MainWindow, TheHourglassLiesOnTheWindowAndNotOnItsBoxes)
+{
+    start();
+    buildModel("G 1 1 1; N 0 0 xxx; N 1 0 xxx; E 1 2 1"); // nothing is free: it fails
+    int boxes = 0;
+    desktop.answerAnything = [&] {
+        ++boxes;
+        EXPECT_EQ(canvas().cursor().shape(), Qt::WaitCursor);
+        EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+        return Answer::ok;
+    };
+    trigger("Epilisi");
+    EXPECT_EQ(boxes, 1);
+    EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+}
+
+TEST_F(MainWindow, TheStatusBarHasRoomForItsTextsInEveryLanguage)
+{
+    fs::copy(TEST_DATA "/../../languages", path("Languages"));
+    desktop.program = path("");
+    for (const fs::directory_entry &pack : fs::directory_iterator(path("Languages"))) {
+        qtDesktop->storeSetting("Rithmiseis", "Language", pack.path().stem().string());
+        reopen();
+        start();
+        window->resize(666, 533);
+        Allagi_Montelou = false;
+        auto *mode = find<QLabel>("Panel7");
+        for (const char *command : {"Foreas", "M", "Q", "N", "Deform"}) {
+            trigger(command);
+            QCoreApplication::processEvents();
+            EXPECT_GE(mode->width(), mode->fontMetrics().horizontalAdvance(mode->text()))
+                << mode->text().toStdString();
+        }
+        const int place = find<QWidget>("sint")->x();
+        click("sint");
+        QCoreApplication::processEvents();
+        EXPECT_EQ(find<QWidget>("sint")->x(), place);
+    }
+}
+
+TEST_F(MainWindow, AHeldKeyGivesItsCommandOnce)
+{
+    start();
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 4 0; E 1 2 1");
+    window->activateWindow();
+    auto *button = find<QToolButton>("Epilisi");
+    for (const int key : {Qt::Key_F5, Qt::Key_Return})
+        for (const bool repeated : {false, true}) {
+            Allagi_Montelou = true;
+            QTest::simulateEvent(button, true, key, Qt::NoModifier, {}, repeated);
+            EXPECT_EQ(Allagi_Montelou, repeated) << key;
+        }
+}
+
+TEST_F(MainWindow, SelectedTextOfTheLogStaysSelected)
+{
+    start();
+    auto *log = find<QTextEdit>("RichTextBox1");
+    for (const bool selected : {false, true}) {
+        QContextMenuEvent asks(QContextMenuEvent::Mouse, {}, log->mapToGlobal(QPoint(5, 5)));
+        QCoreApplication::sendEvent(log->viewport(), &asks);
+        EXPECT_EQ(window->findChild<QAction *>("logCopy") != nullptr, selected);
+        trigger("logSelectAll");
+        delete find<QMenu>("logMenu");
+    }
+    window->insertLog("\r\nnew", 0, false);
+    EXPECT_EQ(log->textCursor().selectedText().count(QChar::ParagraphSeparator), 3);
+}
+
+// A style sheet of the application goes before every palette.
+TEST_F(MainWindow, ColoursOfTheCanvasAndOfThePanelsStandAgainstAStyleSheet)
+{
+    start();
+    qApp->setStyleSheet("* { color: #00ff00; background-color: #0000ff; }");
+    window->Stigmiaio_Minima("M");
+    Allagi_Montelou = false;
+    trigger("Apotelesmata");
+    QCoreApplication::processEvents();
+    const auto tops = QApplication::topLevelWidgets();
+    const auto results = std::ranges::find_if(
+        tops, [](const QWidget *top) { return top->objectName() == "frmApotelesmata"; });
+    ASSERT_NE(results, tops.end());
+    const auto legend = [&](const char *name) { return (*results)->findChild<QLabel *>(name); };
+    for (const auto &[part, colour] : {std::pair(find<QLabel>("Label1"), qtColour(xroma_stoixeion)),
+                                       {find<QLabel>("Label_Kombos"), QColor(255, 128, 0)},
+                                       {find<QLabel>("Label_Stoixeio"), QColor(Qt::red)},
+                                       {legend("lblMAX"), QColor(Qt::blue)},
+                                       {legend("lblMIN"), QColor(Qt::red)}}) {
+        part->ensurePolished();
+        EXPECT_EQ(part->palette().color(part->foregroundRole()), colour)
+            << part->objectName().toStdString();
+    }
+    const auto look = [this] { return find<QWidget>("Aksones")->grab().toImage(); };
+    const QImage on = look();
+    find<StatusPanel>("Aksones")->setLook(false);
+    EXPECT_NE(look(), on);
+    qApp->setStyleSheet({});
 }
 
 // All in twips, from under the menu bar; fifteen are a pixel.
@@ -587,6 +700,13 @@ TEST_F(MainWindow, AMaximisedWindowAndACancelledCloseAreRemembered)
     EXPECT_TRUE(window->isVisible());
     EXPECT_EQ(qtDesktop->setting("Startup", "WindowState", ""), "2");
     EXPECT_EQ(qtDesktop->setting("Startup", "nothing", "standard"), "standard");
+    window->showMinimized(); // the question is asked about a window that is seen
+    desktop.answerAnything = [this] {
+        EXPECT_FALSE(window->isMinimized());
+        return Answer::cancel;
+    };
+    trigger("mnuEKSODOSitem");
+    EXPECT_TRUE(window->isVisible() && window->isMaximized());
 }
 
 TEST_F(MainWindow, AWrongBannerOnTheCommandLineLeavesAnUntitledModel)

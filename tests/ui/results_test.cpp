@@ -268,6 +268,29 @@ TEST_F(Results, TheWindowIsASnapshotThatTheButtonMakesAnewAndTheMainWindowTakesA
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_EQ(second, nullptr);
     open();
+    const QPointer<frmApotelesmata> third = results();
+    part<QTabWidget>("SSTab1")->setCurrentIndex(2);
+    window->activateWindow();
+    third->showMinimized();
+    QCoreApplication::processEvents();
+    open(); // nothing has changed: it was only covered
+    EXPECT_EQ(results(), third);
+    EXPECT_TRUE(third->isActiveWindow() && !third->isMinimized());
+    EXPECT_EQ(part<QTabWidget>("SSTab1")->currentIndex(), 2);
+    window->activateWindow();
+    QCoreApplication::processEvents();
+    Metatopiseis(2) = 1;
+    open();
+    EXPECT_EQ(third, nullptr);
+    for (const int height : {400, 800}) { // of a screen of 800: with room under the canvas, without
+        window->setGeometry(0, 0, 800, height);
+        window->activateWindow();
+        QCoreApplication::processEvents();
+        Metatopiseis(2) += 1;
+        open();
+        const QRect drawing(canvas().mapToGlobal(QPoint()), canvas().size());
+        EXPECT_EQ(results()->frameGeometry().intersects(drawing), height == 800);
+    }
     Katharismos_Montelou();
     trigger("mnuEKSODOSitem");
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

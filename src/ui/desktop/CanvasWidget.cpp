@@ -1,6 +1,7 @@
 #include "CanvasWidget.h"
 
 #include "Metablites.h"
+#include "Sxediastika.h"
 #include "Units.h"
 
 #include <QMouseEvent>
@@ -60,20 +61,29 @@ double centimetres(double pixels)
 
 } // namespace
 
+QPointF CanvasWidget::centimetresAt(const QPointF &screenPlace) const
+{
+    const QPointF place = mapFromGlobal(screenPlace);
+    return {centimetres(place.x()), centimetres(place.y())};
+}
+
 void CanvasWidget::mousePressEvent(QMouseEvent *event)
 {
+    held_ = event->buttons();
     emit pressed(event->button(), centimetres(event->position().x()),
                  centimetres(event->position().y()));
 }
 
 void CanvasWidget::mouseMoveEvent(QMouseEvent *event)
 {
+    held_ = event->buttons(); // the release may have gone to somebody else
     emit moved(event->buttons(), centimetres(event->position().x()),
                centimetres(event->position().y()));
 }
 
 void CanvasWidget::mouseReleaseEvent(QMouseEvent *event)
 {
+    held_ = event->buttons();
     emit released(event->button(), centimetres(event->position().x()),
                   centimetres(event->position().y()));
 }
@@ -85,6 +95,7 @@ void CanvasWidget::leaveEvent(QEvent *)
 
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)
 {
+    held_ = event->buttons();
     if (event->button() == Qt::LeftButton)
         emit doubleClicked();
 }
@@ -113,7 +124,12 @@ void CanvasOverlay::span(double x1, double y1, double x2, double y2)
     if (!std::isfinite(x1) || !std::isfinite(y1) || !std::isfinite(x2) || !std::isfinite(y2))
         return;
     static constexpr double far = 10000; // logical pixels; a wider widget is refused
-    const auto pixel = [](double c) { return std::clamp(c * pixelsPerCentimetre, -far, far); };
+    // At scale 1 lines of one pixel lie on whole pixels, so that their colour is pure.
+    const bool whole = devicePixelRatioF() == 1;
+    const auto pixel = [whole](double c) {
+        const double place = std::clamp(c * pixelsPerCentimetre, -far, far);
+        return whole ? std::floor(place) : place;
+    };
     from_ = {pixel(x1), pixel(y1)};
     to_ = {pixel(x2), pixel(y2)};
     place();
@@ -132,8 +148,8 @@ void CanvasOverlay::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.translate(-pos());
     painter.setPen(pen_);
-    if (form_ != Form::rectangle)
-        painter.setRenderHint(QPainter::Antialiasing);
+    painter.setRenderHint(QPainter::Antialiasing,
+                          form_ != Form::rectangle && devicePixelRatioF() != 1);
     const QRectF frame = QRectF(from_, to_).normalized();
     switch (form_) {
     case Form::line:
@@ -149,6 +165,24 @@ void CanvasOverlay::paintEvent(QPaintEvent *)
         painter.drawEllipse(frame);
         break;
     }
+}
+
+CanvasLabel::CanvasLabel(CanvasWidget *canvas, const QString &name) : QLabel(canvas)
+{
+    setObjectName(name);
+    setFont(QFont(QString::fromLatin1(canvasFontFace), 9));
+    setTextFormat(Qt::PlainText);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    hide();
+}
+
+void CanvasLabel::place(double left, double top, double height)
+{
+    const auto pixel = [](double c) {
+        return static_cast<int>(std::lround(c * pixelsPerCentimetre));
+    };
+    adjustSize();
+    setGeometry(pixel(left), pixel(top), width(), std::max(this->height(), pixel(height)));
 }
 
 } // namespace veskora

@@ -4,6 +4,8 @@
 
 #include "ImageKanvas.h"
 
+#include <QLabel>
+#include <QPen>
 #include <QWidget>
 
 namespace veskora {
@@ -17,6 +19,10 @@ public:
     explicit CanvasWidget(QWidget *parent = nullptr);
 
     ImageKanvas &kanvas() { return kanvas_; }
+    /// A button of the mouse went down here and has not come up.
+    bool isHeld() const { return held_ != Qt::NoButton; }
+    /// A place on the screen in canvas centimetres, as the signals tell it.
+    QPointF centimetresAt(const QPointF &screenPlace) const;
 
 signals:
     void pressed(Qt::MouseButton button, double x, double y);
@@ -41,6 +47,7 @@ private:
     void fitImage();
 
     ImageKanvas kanvas_;
+    Qt::MouseButtons held_ = Qt::NoButton;
 };
 
 /// A line or a frame over the picture. It takes no mouse events, and moving it repaints only what
@@ -68,6 +75,17 @@ private:
     Form form_ = Form::line;
     QPen pen_;
     QPointF from_, to_; ///< logical pixels of the canvas
+};
+
+/// A text over the picture. It takes no mouse events.
+class CanvasLabel : public QLabel
+{
+    Q_OBJECT
+public:
+    CanvasLabel(CanvasWidget *canvas, const QString &name);
+
+    /// Puts it at a place of the canvas, centimetres; it is at least as high as @p height.
+    void place(double left, double top, double height);
 };
 
 } // namespace veskora

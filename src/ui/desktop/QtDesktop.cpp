@@ -101,6 +101,14 @@ std::string plainText(const QString &text)
     return text.toStdString();
 }
 
+void bringToFront(QWidget &window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
 {
     initResources();

@@ -15,6 +15,9 @@ namespace veskora {
 QString qtText(const std::string &text);
 std::string plainText(const QString &text);
 
+/// Makes @p window the active one, also when it is minimised or covered.
+void bringToFront(QWidget &window);
+
 /// `applicationTitle` for Qt.
 QString applicationName();
 

@@ -1,14 +1,12 @@
 #include "StatusPanel.h"
 
-#include <QEvent>
-#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 
 namespace veskora {
 
-StatusPanel::StatusPanel(const QString &name, QWidget *parent) : QPushButton(parent)
+StatusPanel::StatusPanel(QWidget *parent) : QPushButton(parent)
 {
-    setObjectName(name);
-    setFlat(true);
     setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setFocusPolicy(Qt::StrongFocus);
 }
@@ -16,34 +14,26 @@ StatusPanel::StatusPanel(const QString &name, QWidget *parent) : QPushButton(par
 void StatusPanel::setLook(bool on)
 {
     look_ = on;
-    paintLook();
+    update();
 }
 
-void StatusPanel::paintLook()
+void StatusPanel::paintEvent(QPaintEvent *)
 {
-    QPalette colours = parentWidget()->palette();
-    colours.setColor(
-        QPalette::ButtonText,
-        colours.color(look_ ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    if (colours != palette())
-        setPalette(colours);
-}
-
-void StatusPanel::changeEvent(QEvent *event)
-{
-    QPushButton::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
-        paintLook(); // the theme may have changed
-}
-
-void StatusPanel::paintEvent(QPaintEvent *event)
-{
-    QPushButton::paintEvent(event);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    QStylePainter painter(this);
+    // The frame tells that it can be pressed; only its text is dimmed, whatever colours a theme or
+    // a style sheet gives.
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    constexpr double dimmed = 0.4;
+    painter.setOpacity(look_ ? 1 : dimmed);
+    option.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    painter.drawControl(QStyle::CE_PushButtonLabel, option);
     if (!hasFocus())
         return;
-    QPainter painter(this);
+    painter.setOpacity(1);
     painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-    painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    painter.drawRect(rect().adjusted(2, 2, -3, -3));
 }
 
 } // namespace veskora

@@ -11,18 +11,15 @@ class StatusPanel : public QPushButton
     Q_OBJECT
     Q_PROPERTY(bool look READ look WRITE setLook)
 public:
-    StatusPanel(const QString &name, QWidget *parent);
+    explicit StatusPanel(QWidget *parent);
 
     bool look() const { return look_; }
     void setLook(bool on);
 
 protected:
-    void paintEvent(QPaintEvent *event) override; ///< a flat button shows no focus by itself
-    void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
-    void paintLook();
-
     bool look_ = true;
 };
 

@@ -121,7 +121,7 @@ void frmMain::setCaptions()
     describe(times_, qtText(Metafrasi(75, "Labels on/off")));
     describe(ui_->SSCommand32, qtText(Metafrasi(80, "Show/Hide Information text")));
     for (StatusPanel *panel : {sint_, aksones_, kannabos_, times_}) {
-        constexpr int padding = 20; // the style's own least width is made for dialogs
+        constexpr int padding = 12; // the style's own least width is made for dialogs
         panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(panel->text()) + padding);
     }
     assignMenuMnemonics();

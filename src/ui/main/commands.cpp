@@ -37,13 +37,10 @@ namespace veskora {
 template <typename Dialog, typename Open>
 void frmMain::showDialog(Open open)
 {
-    hideHighlights();
-    const int rows = Arithmos_Kombon + Arithmos_Stoixeion;
+    highlights_->hide();
     Dialog dialog(this);
     open(dialog);
-    if (Arithmos_Kombon + Arithmos_Stoixeion < rows)
-        forgetHover(); // what was under the pointer may have another number now
-    hoverAgain();
+    lookAgain();
 }
 
 QAction *frmMain::popupEntry(QMenu *menu, const char *name, void (frmMain::*command)())
@@ -118,7 +115,7 @@ void frmMain::buildPopups()
     });
 
     for (QMenu *popup : {mnuZoomakia_, mnuAorato_})
-        connect(popup, &QMenu::aboutToHide, this, &frmMain::hoverAgain, Qt::QueuedConnection);
+        connect(popup, &QMenu::aboutToHide, this, &frmMain::popupClosed, Qt::QueuedConnection);
 
     mnu_Aorato_Times_ = new QMenu(this);
     mnu_Aorato_Times_->setObjectName("mnu_Aorato_Times");
@@ -149,6 +146,7 @@ void frmMain::buildPopups()
 void frmMain::connectCommands()
 {
     const auto menu = [this](QAction *action, auto command) {
+        action->setAutoRepeat(false); // a held key means one command
         connect(action, &QAction::triggered, this, command);
     };
     menu(ui_->mnuNEOitem, &frmMain::Button_Neo_arxeio);
@@ -189,11 +187,11 @@ void frmMain::connectCommands()
 
     // A tool button clears the highlights first; those that open a dialog put the tools away too.
     const auto button = [this](QAction *action, auto command) {
-        connect(action, &QAction::triggered, this, &frmMain::hideHighlights);
+        connect(action, &QAction::triggered, this, [this] { highlights_->hide(); });
         connect(action, &QAction::triggered, this, command);
     };
     const auto dialogButton = [this](QAction *action, auto command) {
-        connect(action, &QAction::triggered, this, &frmMain::hideHighlights);
+        connect(action, &QAction::triggered, this, [this] { highlights_->hide(); });
         connect(action, &QAction::triggered, this, &frmMain::Reset_Pointer);
         connect(action, &QAction::triggered, this, command);
     };
@@ -256,8 +254,6 @@ bool frmMain::askToSave(bool closing)
         closing ? Icon::exclamation : Icon::none, Buttons::yesNoCancel);
     if (answer == Answer::yes)
         return saveBeforeLeaving(closing);
-    if (answer == Answer::no && closing)
-        Apothikefsi_Geometrias();
     return answer != Answer::cancel;
 }
 
@@ -384,7 +380,7 @@ void frmMain::showResults(int mode)
 {
     Erotisi_Epanepilisis();
     Katastasi_Provolis = static_cast<std::int16_t>(mode);
-    hideHighlights(); // they belong to the model
+    highlights_->hide(); // they belong to the model
     showMode(mode);
     redraw();
 }
@@ -419,10 +415,12 @@ void frmMain::resizeDiagram(void (*change)())
 void frmMain::Button_Apotelesmata()
 {
     Erotisi_Epanepilisis();
+    if (results_ != nullptr && !results_->isActiveWindow() && results_->isUpToDate())
+        return bringToFront(*results_); // it was only covered
     delete results_;
     results_ = new frmApotelesmata;
     results_->setAttribute(Qt::WA_DeleteOnClose);
-    results_->show();
+    results_->showBeside(*ui_->Picture1);
 }
 
 void frmMain::Button_Rithmiseis()

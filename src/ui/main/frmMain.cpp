@@ -3,6 +3,7 @@
 #include "frmMain.h"
 
 #include "Colours.h"
+#include "ElidedLabel.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "FileType.h"
@@ -24,11 +25,10 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDate>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QScreen>
-#include <QScrollBar>
-#include <QTextCursor>
 
 #include <algorithm>
 #include <cmath>
@@ -39,9 +39,6 @@ namespace {
 
 /// The canvas begins under the toolbar, which is as high as this.
 constexpr int toolbarHeight = 420; // twips
-
-const QColor nodeHighlight(255, 128, 0);
-const QColor elementHighlight(Qt::red);
 
 } // namespace
 
@@ -61,9 +58,6 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
     Timer1_.setSingleShot(true);
     Timer1_.setInterval(instantMessageTime);
     connect(&Timer1_, &QTimer::timeout, Label1_, &QWidget::hide);
-
-    // The log has its own light ground: its colours are made for one.
-    ui_->RichTextBox1->setStyleSheet("QTextEdit { background-color: white; color: black; }");
 
     setPicture1(&ui_->Picture1->kanvas());
     Reset_Pointer();
@@ -89,44 +83,37 @@ void frmMain::buildToolbar()
 
 void frmMain::buildStatusBar()
 {
-    const auto label = [this](const char *name, int stretch) {
-        auto *panel = new QLabel(ui_->StatusBar1);
+    auto *panels = new QWidget(ui_->StatusBar1);
+    auto *row = new QHBoxLayout(panels);
+    constexpr int gap = 3; // logical pixels
+    row->setContentsMargins(gap, 0, gap, 0);
+    row->setSpacing(gap);
+    ui_->StatusBar1->addWidget(panels, 1);
+    ui_->StatusBar1->setSizeGripEnabled(false); // the frame has one, and the texts need the room
+    const auto add = [row](auto *panel, const char *name, int stretch = 0) {
         panel->setObjectName(name);
-        panel->setTextFormat(Qt::PlainText);
-        ui_->StatusBar1->addWidget(panel, stretch);
+        row->addWidget(panel, stretch);
         return panel;
     };
-    const auto button = [this](const char *name) {
-        auto *panel = new StatusPanel(name, ui_->StatusBar1);
-        ui_->StatusBar1->addWidget(panel);
-        return panel;
-    };
-    panel1_ = label("Panel1", 0);
-    panel2_ = label("Panel2", 0);
-    for (QLabel *panel : {panel1_, panel2_})
-        panel->setMinimumWidth(panel->fontMetrics().horizontalAdvance("x = -1234.56789 "));
-    sint_ = button("sint");
-    aksones_ = button("Aksones");
-    kannabos_ = button("Kannabos");
-    times_ = button("Times");
-    panel7_ = label("Panel7", 1);
+    for (const auto &[panel, name] : {std::pair(&panel1_, "Panel1"), {&panel2_, "Panel2"}}) {
+        *panel = add(new QLabel(panels), name);
+        (*panel)->setTextFormat(Qt::PlainText);
+        (*panel)->setMinimumWidth((*panel)->fontMetrics().horizontalAdvance("x = -123.456"));
+        // Hidden it keeps its room, and the buttons beside it stay under the pointer.
+        QSizePolicy policy = (*panel)->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        (*panel)->setSizePolicy(policy);
+    }
+    sint_ = add(new StatusPanel(panels), "sint");
+    aksones_ = add(new StatusPanel(panels), "Aksones");
+    kannabos_ = add(new StatusPanel(panels), "Kannabos");
+    times_ = add(new StatusPanel(panels), "Times");
+    panel7_ = add(new ElidedLabel(panels), "Panel7", 1);
 }
 
 void frmMain::buildCanvasObjects()
 {
     CanvasWidget *canvas = ui_->Picture1;
-    const auto label = [canvas](const char *name, QColor colour = Qt::black) {
-        auto *text = new QLabel(canvas);
-        QPalette colours = text->palette();
-        colours.setColor(QPalette::WindowText, colour);
-        text->setPalette(colours);
-        text->setFont(QFont(QString::fromLatin1(canvasFontFace), 9));
-        text->setObjectName(name);
-        text->setTextFormat(Qt::PlainText);
-        text->setAttribute(Qt::WA_TransparentForMouseEvents);
-        text->hide();
-        return text;
-    };
     const auto button = [canvas](const char *name, const char *caption) {
         constexpr int side = 26; // logical pixels
         auto *push = new QPushButton(caption, canvas);
@@ -136,18 +123,12 @@ void frmMain::buildCanvasObjects()
         push->hide();
         return push;
     };
-    Shape_Kombos_ = new CanvasOverlay(canvas, "Shape_Kombos");
-    Line_Stoixeio_ = new CanvasOverlay(canvas, "Line_Stoixeio");
+    highlights_ = std::make_unique<Highlights>(canvas);
     Line1_ = new CanvasOverlay(canvas, "Line1");
     Shape1_ = new CanvasOverlay(canvas, "Shape1");
-    Shape_Kombos_->setForm(CanvasOverlay::Form::roundedSquare);
-    Shape_Kombos_->setPen(QPen(nodeHighlight, 1));
-    Line_Stoixeio_->setPen(QPen(elementHighlight, 1));
     Shape1_->setForm(CanvasOverlay::Form::rectangle);
-    Label_Kombos_ = label("Label_Kombos", nodeHighlight);
-    Label_Stoixeio_ = label("Label_Stoixeio", elementHighlight);
-    Label2_ = label("Label2");
-    Label1_ = label("Label1");
+    Label2_ = new CanvasLabel(canvas, "Label2");
+    Label1_ = new CanvasLabel(canvas, "Label1");
     Label1_->setMargin(6);
     Command1_ = button("Command1", "+");
     Command2_ = button("Command2", "-");
@@ -155,11 +136,9 @@ void frmMain::buildCanvasObjects()
     connect(canvas, &CanvasWidget::moved, this, &frmMain::canvasMoved);
     connect(canvas, &CanvasWidget::released, this, &frmMain::canvasReleased);
     connect(canvas, &CanvasWidget::doubleClicked, this, &frmMain::canvasDoubleClicked);
-    connect(canvas, &CanvasWidget::left, this, [this] {
-        pointerOnCanvas_ = false;
-        hideHighlights();
-    });
+    connect(canvas, &CanvasWidget::left, this, &frmMain::pointerLeft);
     connect(canvas, &CanvasWidget::resized, this, [this] {
+        showToolPointer(); // its picture is made for one resolution
         if (!arranging_)
             redraw();
     });
@@ -255,7 +234,8 @@ void frmMain::restoreGeometryFromSettings()
         showMaximized();
     else
         showNormal();
-    // The frame's own size is known only once the window manager has drawn it.
+    keepFrameOnScreen();
+    // The frame's own size may be known only once the window manager has drawn it.
     constexpr int framed = 150; // ms
     QTimer::singleShot(framed, this, &frmMain::keepFrameOnScreen);
 }
@@ -265,7 +245,11 @@ void frmMain::keepFrameOnScreen()
     if (isMaximized() || isMinimized())
         return;
     const QRect area = screen()->availableGeometry();
-    const QRect frame = frameGeometry();
+    const QSize border = frameGeometry().size() - size();
+    const QSize fitting = size().boundedTo(area.size() - border).expandedTo(minimumSize());
+    if (fitting != size())
+        resize(fitting);
+    const QRect frame(frameGeometry().topLeft(), fitting + border);
     const int left =
         std::max(area.left(), std::min(frame.left(), area.right() - frame.width() + 1));
     const int top = std::max(area.top(), std::min(frame.top(), area.bottom() - frame.height() + 1));
@@ -292,9 +276,12 @@ void frmMain::closeEvent(QCloseEvent *event)
     if (closed_) // the last step of closing closes all windows, this one among them
         return event->accept();
     help_.close();
+    if (isMinimized())
+        bringToFront(*this); // a question about a window that is not seen would be overlooked
     Apothikefsi_Geometrias();
     if (!askToSave(true))
         return event->ignore();
+    Apothikefsi_Geometrias(); // the window may have been moved, or have come back, meanwhile
     closed_ = true;
     event->accept();
     QApplication::closeAllWindows();
@@ -314,36 +301,53 @@ int frmMain::innerHeight() const
            + toolbarHeight;
 }
 
+namespace {
+
+bool isOfKeys(const QEvent &event)
+{
+    constexpr std::array kinds = {QEvent::KeyPress, QEvent::KeyRelease, QEvent::ShortcutOverride,
+                                  QEvent::Shortcut};
+    return std::ranges::find(kinds, event.type()) != kinds.end();
+}
+
+} // namespace
+
 bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui_->centralwidget && event->type() == QEvent::Resize)
         arrangeForSize();
-    // A command in the middle of a drag would pull the model away under the pointer.
-    if (event->type() == QEvent::Shortcut && isDragging())
+    if (event->type() == QEvent::MouseMove)
+        pointer_ = static_cast<const QMouseEvent *>(event)->globalPosition();
+    if (isDragging() && isOfKeys(*event)) {
+        event->accept();
         return true;
+    }
     if (askedForHelp(watched, *event)) {
         event->accept();
         return true;
     }
     if (event->type() == QEvent::KeyPress)
-        return pressFocusedButton(watched, static_cast<const QKeyEvent *>(event)->key());
+        return pressFocusedButton(watched, *static_cast<const QKeyEvent *>(event));
     return QMainWindow::eventFilter(watched, event);
 }
 
-/// Not while a box stands open that the end of a drag has brought up.
+/// Then no key starts a command: it would pull the model away under the pointer. Not while a box
+/// stands open that the end of a drag has brought up.
 bool frmMain::isDragging() const
 {
-    return Patimeno_Koumpi && QApplication::activeModalWidget() == nullptr;
+    return (Patimeno_Koumpi || ui_->Picture1->isHeld())
+           && QApplication::activeModalWidget() == nullptr;
 }
 
 /// Enter presses a button of this window as Space does.
-bool frmMain::pressFocusedButton(QObject *watched, int key)
+bool frmMain::pressFocusedButton(QObject *watched, const QKeyEvent &event)
 {
     auto *button = qobject_cast<QAbstractButton *>(watched);
     if (button == nullptr || button->window() != this
-        || (key != Qt::Key_Return && key != Qt::Key_Enter))
+        || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter))
         return false;
-    button->click();
+    if (!event.isAutoRepeat()) // a held key presses once
+        button->click();
     return true;
 }
 
@@ -355,7 +359,7 @@ bool frmMain::askedForHelp(const QObject *watched, const QEvent &event)
         || static_cast<const QKeyEvent &>(event).key() != Qt::Key_F1
         || static_cast<const QKeyEvent &>(event).modifiers() != Qt::NoModifier)
         return false;
-    if (press && !isDragging())
+    if (press)
         help_.showTopicOf(watched->isWidgetType() ? static_cast<const QWidget *>(watched)->window()
                                                   : QApplication::activeWindow());
     return true;
@@ -408,7 +412,7 @@ void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
     Command2_->move(right, gap);
     Command1_->move(right - Command1_->width(), gap);
     Label1_->move((ui_->Picture1->width() - Label1_->width()) / 2, gap);
-    showNewestLine();
+    ui_->RichTextBox1->showNewestLine();
     redraw();
 }
 
@@ -416,20 +420,7 @@ void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
 
 void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold)
 {
-    QTextCursor caret(ui_->RichTextBox1->document());
-    caret.movePosition(QTextCursor::End);
-    QTextCharFormat format;
-    format.setForeground(qtColour(colour));
-    format.setFontWeight(bold ? QFont::Bold : QFont::Normal);
-    caret.insertText(qtText(text), format);
-    ui_->RichTextBox1->setTextCursor(caret);
-    showNewestLine();
-}
-
-void frmMain::showNewestLine()
-{
-    QScrollBar *bar = ui_->RichTextBox1->verticalScrollBar();
-    bar->setValue(bar->maximum());
+    ui_->RichTextBox1->insert(qtText(text), qtColour(colour), bold);
 }
 
 void frmMain::setCaption(const std::string &text)
@@ -439,9 +430,10 @@ void frmMain::setCaption(const std::string &text)
 
 void frmMain::setPointer(Pointer pointer)
 {
-    QApplication::restoreOverrideCursor();
     if (pointer == Pointer::hourglass)
-        QApplication::setOverrideCursor(Qt::WaitCursor);
+        hourglass_.show(this);
+    else
+        hourglass_.hide();
 }
 
 void frmMain::enableToolbarItem(int item, bool enabled)
@@ -460,6 +452,7 @@ void frmMain::redraw()
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();
+    lookAgain();
 }
 
 void frmMain::Stigmiaio_Minima(const std::string &text)

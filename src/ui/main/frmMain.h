@@ -3,7 +3,9 @@
 /// The main window: it owns the process, the canvas, the message log and every command.
 
 #include "CanvasWidget.h"
+#include "Highlights.h"
 #include "HTMLHelp.h"
+#include "Pointers.h"
 #include "QtDesktop.h"
 #include "ToolkitTexts.h"
 
@@ -14,6 +16,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -113,8 +116,7 @@ private:
     void arrange(int pictureHeight, int collapseTop, int collapseLeft);
     void arrangeForSize();
     void toggleLog();
-    void showNewestLine();
-    bool pressFocusedButton(QObject *watched, int key);
+    bool pressFocusedButton(QObject *watched, const QKeyEvent &event);
     bool askedForHelp(const QObject *watched, const QEvent &event);
     int innerWidth() const;  ///< twips
     int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included
@@ -141,7 +143,7 @@ private:
     // Tools
     bool isToolOn() const;
     void switchTool(bool &tool);
-    void hideHighlights();
+    void showToolPointer();
     void exitTools();
 
     // The mouse on the canvas, canvas centimetres
@@ -162,10 +164,11 @@ private:
     void showRubberBand(double x, double y);
     /// The node and the element under the pointer, and their highlights.
     void hover(double x, double y);
-    void hoverAgain();
     void forgetHover();
-    void highlightNode();
-    void highlightElement();
+    /// Finds anew what lies under a pointer that rests: the rows or the view may have changed.
+    void lookAgain();
+    void pointerLeft();
+    void popupClosed();
     void showPopup();
 
     // Model commands whose windows need rows to work on
@@ -200,11 +203,8 @@ private:
     std::vector<LabelSwitch> labelSwitches_;
 
     QLabel *Label1_ = nullptr;
-    QLabel *Label2_ = nullptr;
-    QLabel *Label_Kombos_ = nullptr;
-    QLabel *Label_Stoixeio_ = nullptr;
-    CanvasOverlay *Shape_Kombos_ = nullptr;
-    CanvasOverlay *Line_Stoixeio_ = nullptr;
+    CanvasLabel *Label2_ = nullptr;
+    std::unique_ptr<Highlights> highlights_;
     CanvasOverlay *Line1_ = nullptr;
     CanvasOverlay *Shape1_ = nullptr;
     QPushButton *Command1_ = nullptr;
@@ -226,9 +226,9 @@ private:
     bool Exei_Oristei_Kombos = false;
     float Teleftaio_X = 0, Teleftaio_Y = 0; ///< the pointer's last place, canvas cm
     bool pointerOnCanvas_ = false;
-    /// What the highlights show: rows, 0 for nothing, -1 when they were put away.
-    int highlightedNode_ = -1;
-    int highlightedElement_ = -1;
+    QPointF pointer_;               ///< its last place on the screen
+    std::array<int, 2> rowsSeen_{}; ///< nodes and elements at the last redraw
+    Hourglass hourglass_;
 
     bool arranging_ = false;
     bool closed_ = false;

@@ -13,9 +13,9 @@
 #include "Units.h"
 #include "Zoom.h"
 
-#include <QIcon>
+#include <QApplication>
 
-#include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <utility>
@@ -24,28 +24,12 @@ namespace veskora {
 
 namespace {
 
-/// Where the hot spots of the pointer pictures are, of 32 logical pixels.
-struct PointerPicture
-{
-    const char *file;
-    int x, y;
-};
 constexpr PointerPicture hand = {":/icons/pointer_hand.svg", 16, 18};
 constexpr PointerPicture zoom = {":/icons/pointer_zoom.svg", 12, 12};
 constexpr PointerPicture zoomWindow = {":/icons/pointer_zoom_window.svg", 8, 8};
 
 /// Decimals of a node's coordinates as the mouse gives them.
 constexpr std::int16_t Dekadika_Sintetagmenon = 4;
-
-/// Puts a label at a place of the canvas, centimetres.
-void placeLabel(QLabel *label, double left, double top, double height)
-{
-    label->adjustSize();
-    label->setGeometry(
-        static_cast<int>(std::lround(left * pixelsPerCentimetre)),
-        static_cast<int>(std::lround(top * pixelsPerCentimetre)), label->width(),
-        std::max(label->height(), static_cast<int>(std::lround(height * pixelsPerCentimetre))));
-}
 
 bool areJoined(int a, int b)
 {
@@ -59,12 +43,6 @@ bool areJoined(int a, int b)
     return false;
 }
 
-QCursor toolCursor(const PointerPicture &picture, double scale)
-{
-    constexpr int side = 32;
-    return QCursor(QIcon(picture.file).pixmap(QSize(side, side), scale), picture.x, picture.y);
-}
-
 } // namespace
 
 bool frmMain::isToolOn() const
@@ -76,16 +54,15 @@ void frmMain::Reset_Pointer()
 {
     Xeraki_Energo = Zoom_Energo = Zoom_Window_Energo = false;
     Shape1_->hide();
-    ui_->Picture1->setCursor(Qt::CrossCursor);
+    showToolPointer();
 }
 
-void frmMain::hideHighlights()
+void frmMain::showToolPointer()
 {
-    Label_Kombos_->hide();
-    Shape_Kombos_->hide();
-    Label_Stoixeio_->hide();
-    Line_Stoixeio_->hide();
-    highlightedNode_ = highlightedElement_ = -1;
+    if (!isToolOn())
+        return ui_->Picture1->setCursor(Qt::CrossCursor);
+    const PointerPicture &picture = Xeraki_Energo ? hand : Zoom_Energo ? zoom : zoomWindow;
+    ui_->Picture1->setCursor(toolPointer(picture, devicePixelRatioF()));
 }
 
 /// The active tool's own button leaves it; another one's switches.
@@ -96,9 +73,8 @@ void frmMain::switchTool(bool &tool)
     if (!entering)
         return;
     tool = true;
-    const PointerPicture &picture = Xeraki_Energo ? hand : Zoom_Energo ? zoom : zoomWindow;
-    ui_->Picture1->setCursor(toolCursor(picture, devicePixelRatioF()));
-    hideHighlights();
+    showToolPointer();
+    highlights_->hide();
 }
 
 void frmMain::Button_Xeraki()
@@ -150,9 +126,7 @@ void frmMain::canvasPressed(Qt::MouseButton button, double x, double y)
     Patima_Y = static_cast<float>(y);
     Agkyra_X = static_cast<float>(x + Arxi_X);
     Agkyra_Y = static_cast<float>(y + Arxi_Y);
-    Label_Stoixeio_->hide();
-    Line_Stoixeio_->hide();
-    highlightedElement_ = -1;
+    highlights_->hideElement();
     const QPoint place(static_cast<int>(x * pixelsPerCentimetre),
                        static_cast<int>(y * pixelsPerCentimetre));
     if (Label2_->geometry().contains(place))
@@ -301,7 +275,7 @@ void frmMain::showRubberBand(double x, double y)
                 + relative(worldY, Komboi(Kombos_Arxis, node::y));
     }
     Label2_->setText(qtText(text));
-    placeLabel(Label2_, x + 0.1, y + 0.1, ui_->Picture1->kanvas().textHeight() + 0.5);
+    Label2_->place(x + 0.1, y + 0.1, ui_->Picture1->kanvas().textHeight() + 0.5);
     Label2_->setVisible(!text.empty());
 }
 
@@ -311,74 +285,56 @@ void frmMain::hover(double x, double y)
     Teleftaio_Y = static_cast<float>(y);
     Kombos_Deikti = nodeUnderPointer(x, y);
     Pano_Se_Kombo = Kombos_Deikti != 0;
-    highlightNode();
-    if (Patimeno_Koumpi)
-        return;
-    Stoixeio_Deikti = elementUnderPointer(x, y);
-    Pano_Se_Stoixeio = Stoixeio_Deikti != 0;
-    highlightElement();
-}
-
-void frmMain::hoverAgain()
-{
-    if (Katastasi_Provolis == 0 && pointerOnCanvas_)
-        hover(Teleftaio_X, Teleftaio_Y);
+    if (!Patimeno_Koumpi) {
+        Stoixeio_Deikti = elementUnderPointer(x, y);
+        Pano_Se_Stoixeio = Stoixeio_Deikti != 0;
+    }
+    if (isToolOn())
+        return highlights_->hide();
+    highlights_->showNode(Kombos_Deikti, Kosmos_X(nodeCoordinate(Othoni_X(x), nai_grid)),
+                          Kosmos_Y(nodeCoordinate(Othoni_Y(y), nai_grid)));
+    if (!Patimeno_Koumpi)
+        highlights_->showElement(Stoixeio_Deikti);
 }
 
 void frmMain::forgetHover()
 {
     Pano_Se_Kombo = Pano_Se_Stoixeio = false;
     Kombos_Deikti = Stoixeio_Deikti = 0;
-    hideHighlights();
+    highlights_->hide();
 }
 
-/// Marks where a node would come, or the node that is there.
-void frmMain::highlightNode()
+void frmMain::lookAgain()
 {
-    constexpr double markSide = 0.238;
-    constexpr double nodeSide = 0.45;
-    const bool toGrid = nai_grid && !isToolOn();
-    const double x = Kosmos_X(nodeCoordinate(Othoni_X(Teleftaio_X), toGrid));
-    const double y = Kosmos_Y(nodeCoordinate(Othoni_Y(Teleftaio_Y), toGrid));
-    const bool onNode = Pano_Se_Kombo && !isToolOn();
-    const double half = (onNode ? nodeSide : markSide) / 2;
-    if (const int shown = onNode ? Kombos_Deikti : 0; shown != highlightedNode_) {
-        highlightedNode_ = shown;
-        QPen pen = Shape_Kombos_->pen();
-        pen.setWidth(onNode ? 2 : 1);
-        Shape_Kombos_->setPen(pen);
-        Shape_Kombos_->setForm(onNode ? CanvasOverlay::Form::circle
-                                      : CanvasOverlay::Form::roundedSquare);
-        Label_Kombos_->setText(qtText(numberText(Kombos_Deikti)));
-        Label_Kombos_->setVisible(onNode);
+    const std::array<int, 2> rows = {Arithmos_Kombon, Arithmos_Stoixeion};
+    const auto before = std::exchange(rowsSeen_, rows);
+    if (rows[0] < before[0] || rows[1] < before[1]) { // rows have another number now, or none
+        forgetHover();
+        mnuAorato_->close();
+        if (Patimeno_Koumpi)
+            endRelease();
     }
-    Shape_Kombos_->span(x - half, y - half, x + half, y + half);
-    Shape_Kombos_->setVisible(!isToolOn());
-    if (onNode)
-        placeLabel(Label_Kombos_, x - half + 0.32, y - half - 0.32,
-                   ui_->Picture1->kanvas().textHeight() + 0.2);
-}
-
-void frmMain::highlightElement()
-{
-    const bool shown = Pano_Se_Stoixeio && !isToolOn();
-    if (const int element = shown ? Stoixeio_Deikti : 0;
-        std::exchange(highlightedElement_, element) == element)
+    if (Katastasi_Provolis != 0 || !pointerOnCanvas_ || mnuAorato_->isVisible()
+        || QApplication::activeModalWidget() != nullptr)
         return;
-    if (shown) {
-        const auto place = [this](int end) {
-            const auto n = static_cast<int>(Stoixeia(Stoixeio_Deikti, end));
-            return std::pair(Kosmos_X(Komboi(n, node::x)), Kosmos_Y(Komboi(n, node::y)));
-        };
-        const auto [x1, y1] = place(element::nodeI);
-        const auto [x2, y2] = place(element::nodeJ);
-        Line_Stoixeio_->span(x1, y1, x2, y2);
-        Label_Stoixeio_->setText(qtText(numberText(Stoixeio_Deikti)));
-        placeLabel(Label_Stoixeio_, (x1 + x2) / 2, (y1 + y2) / 2 - 0.4,
-                   ui_->Picture1->kanvas().textHeight() + 0.2);
-    }
-    Line_Stoixeio_->setVisible(shown);
-    Label_Stoixeio_->setVisible(shown);
+    const QPointF place = ui_->Picture1->centimetresAt(pointer_);
+    hover(place.x(), place.y());
+}
+
+void frmMain::pointerLeft()
+{
+    pointerOnCanvas_ = false;
+    if (!mnuAorato_->isVisible()) // it tells of what is marked
+        highlights_->hide();
+}
+
+/// While it was open the pointer may have gone anywhere.
+void frmMain::popupClosed()
+{
+    pointerOnCanvas_ = QApplication::widgetAt(pointer_.toPoint()) == ui_->Picture1;
+    if (!pointerOnCanvas_)
+        highlights_->hide();
+    lookAgain();
 }
 
 // ---------------------------------------------------------------------------------------- release

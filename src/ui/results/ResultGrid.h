@@ -40,6 +40,7 @@ public:
     /// @}
 
     const QString &text(int row, int column) const { return cells_.at(place(row, column)).text; }
+    bool hasCellsOf(const ResultGrid &other) const { return cells_ == other.cells_; }
     const std::vector<int> &leastWidths() const { return leastWidths_; }
     const std::vector<int> &separators() const { return separators_; }
 
@@ -54,6 +55,7 @@ private:
         QString text;
         std::uint32_t colour = cellColour::black;
         bool header = false;
+        bool operator==(const Cell &) const = default;
     };
     std::size_t place(int row, int column) const;
 

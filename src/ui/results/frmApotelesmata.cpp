@@ -63,13 +63,6 @@ private:
     const std::unique_ptr<QStyle> lined_{QStyleFactory::create("windows")};
 };
 
-ResultGrid *filled(std::vector<int> widths, void (*fill)(ResultGrid &))
-{
-    auto *grid = new ResultGrid(std::move(widths));
-    fill(*grid);
-    return grid;
-}
-
 } // namespace
 
 frmApotelesmata::frmApotelesmata()
@@ -86,14 +79,8 @@ frmApotelesmata::frmApotelesmata()
     ui_->TreeView1->setStyle(lines);
     Ftiakse_treeview(*ui_->TreeView1);
     showCounts();
-    // Widths of the columns in twips.
-    ui_->FLEXgrd3->present(filled(std::vector<int>(7, 1500), fillData), GridView::Header::inGrid);
-    ui_->FLEXgrd1->present(filled(std::vector<int>(4, 2500), fillDisplacements),
-                           GridView::Header::fixed);
-    ui_->FLEXgrd2->present(filled({2500, 700, 2500, 2500, 2500}, fillElementForces),
-                           GridView::Header::fixed);
-    ui_->FLEXgrd4->present(filled(std::vector<int>(4, 2500), fillReactions),
-                           GridView::Header::fixed);
+    for (auto &[view, header, grid] : filledGrids())
+        view->present(grid.release(), header);
     assignWindowMnemonics();
     setLeastSize();
     constexpr QSize usual(820, 600), frame(8, 40); // logical pixels
@@ -102,6 +89,56 @@ frmApotelesmata::frmApotelesmata()
 }
 
 frmApotelesmata::~frmApotelesmata() = default;
+
+std::vector<frmApotelesmata::FilledGrid> frmApotelesmata::filledGrids() const
+{
+    std::vector<FilledGrid> grids;
+    const auto add = [&grids](GridView *view, GridView::Header header, std::vector<int> widths,
+                              void (*fill)(ResultGrid &)) {
+        grids.push_back({view, header, std::make_unique<ResultGrid>(std::move(widths))});
+        fill(*grids.back().grid);
+    };
+    using enum GridView::Header;
+    // Widths of the columns in twips.
+    add(ui_->FLEXgrd3, inGrid, std::vector<int>(7, 1500), fillData);
+    add(ui_->FLEXgrd1, fixed, std::vector<int>(4, 2500), fillDisplacements);
+    add(ui_->FLEXgrd2, fixed, {2500, 700, 2500, 2500, 2500}, fillElementForces);
+    add(ui_->FLEXgrd4, fixed, std::vector<int>(4, 2500), fillReactions);
+    return grids;
+}
+
+bool frmApotelesmata::isUpToDate() const
+{
+    return model_ == Onoma_Arxeiou && std::ranges::all_of(filledGrids(), [](const FilledGrid &now) {
+               return now.view->grid().hasCellsOf(*now.grid);
+           });
+}
+
+void frmApotelesmata::showBeside(const QWidget &part)
+{
+    constexpr QSize frame(8, 40); // logical pixels, about what a window manager adds
+    const QRect area = part.screen()->availableGeometry();
+    const QRect taken(part.mapToGlobal(QPoint()), part.size());
+    const QSize least = minimumSize() + frame;
+    const QSize wished = size() + frame;
+    // Right and left of the window, under and over the part; each as large as the screen is there.
+    const QRect window = part.window()->frameGeometry();
+    const int right = window.right() + 1, under = taken.bottom() + 1;
+    for (const QRect &room :
+         {QRect(right, area.top(), area.right() - right + 1, area.height()),
+          QRect(area.left(), area.top(), window.left() - area.left(), area.height()),
+          QRect(area.left(), under, area.width(), area.bottom() - under + 1),
+          QRect(area.left(), area.top(), area.width(), taken.top() - area.top())})
+        if (room.width() >= least.width() && room.height() >= least.height()) {
+            QRect place(window.topLeft(), wished.boundedTo(room.size()));
+            place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
+            place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
+            resize(place.size() - frame);
+            move(place.topLeft());
+            break;
+        }
+    show();
+}
 
 void frmApotelesmata::setCaptions()
 {
@@ -294,10 +331,10 @@ void frmApotelesmata::showView()
 void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 {
     auto *button = qobject_cast<QAbstractButton *>(focusWidget());
-    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        button->click();
-    else
+    if (button == nullptr || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
         QWidget::keyPressEvent(event);
+    else if (!event->isAutoRepeat()) // a held key presses once
+        button->click();
 }
 
 // ------------------------------------------------------------------------------------ the ways out

@@ -2,7 +2,8 @@
 /// @file
 /// The results window: data and results of the model as grids and a tree, and their ways out.
 
-#include <QWidget>
+#include "GridView.h"
+#include "ResultGrid.h"
 
 #include <memory>
 #include <string>
@@ -24,11 +25,25 @@ public:
     frmApotelesmata();
     ~frmApotelesmata() override; // in the .cpp, where Ui::frmApotelesmata is complete
 
+    /// Whether it shows what a new one would.
+    bool isUpToDate() const;
+    /// Shows it where it leaves @p part of the main window in sight, if the screen has the room;
+    /// else where the desktop puts a window.
+    void showBeside(const QWidget &part);
+
 protected:
     void resizeEvent(QResizeEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    /// A grid as the tables now fill it, and where it is shown.
+    struct FilledGrid
+    {
+        GridView *view;
+        GridView::Header header;
+        std::unique_ptr<ResultGrid> grid;
+    };
+    std::vector<FilledGrid> filledGrids() const;
     void setCaptions();
     void showCounts();
     void equipToolbar();

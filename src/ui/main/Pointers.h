@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QCursor>
+#include <QPointer>
+
+#include <vector>
+
+namespace veskora {
+
+/// The picture of a tool and its hot spot, of 32 logical pixels.
+struct PointerPicture
+{
+    const char *file;
+    int x, y;
+};
+
+/// @param scale  device pixels of one logical pixel
+QCursor toolPointer(const PointerPicture &picture, double scale);
+
+/// The hourglass over one window and all its parts, but not over its dialogs.
+class Hourglass
+{
+public:
+    void show(QWidget *window);
+    void hide(); ///< gives every part its own pointer back
+
+private:
+    struct Part
+    {
+        QPointer<QWidget> widget;
+        bool hadOwn;
+        QCursor pointer;
+    };
+    std::vector<Part> parts_; ///< none while it is not shown
+};
+
+} // namespace veskora
