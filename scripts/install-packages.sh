@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs the Debian packages that are missing.   scripts/install-packages.sh build|test|bench...
+# Installs the Debian packages that are missing.   scripts/install-packages.sh build|test|bench|pictures...
 set -eu
 
 declare -A packages=(
@@ -7,6 +7,7 @@ declare -A packages=(
     qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite"
   [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales python3-openpyxl poppler-utils weston"
   [bench]="libbenchmark-dev libeigen3-dev python3"
+  [pictures]="xvfb openbox xdotool imagemagick x11-utils poppler-utils"
 )
 
 missing=()

@@ -7,6 +7,7 @@
 #include "Sxediastika.h"
 #include "SymbolPen.h"
 
+#include <array>
 #include <utility>
 
 namespace veskora {
@@ -19,7 +20,6 @@ struct Station
 {
     double EA = 0, EI = 0;
     double N1 = 0, N2 = 0, N3 = 0, N4 = 0; ///< shape functions of v and rotation at i, then at j
-    double loadTerm = 0;                   ///< transverse, of the uniform load between fixed ends
     double u = 0, v = 0;                   ///< along and across the element
     Point displaced;                       ///< world
 };
@@ -136,9 +136,8 @@ void moveTo(const ElementState &s, double x, Station &at)
     const double L = s.line.length;
     setShapeFunctions(s, x, at);
     setIfFinite(at.u, (1 - x / L) * s.ui + x / L * s.uj + s.qx * x * (L - x) / (2 * at.EA));
-    setIfFinite(at.loadTerm, loadTerm(s, x, at.EI));
     setIfFinite(at.v, at.N1 * s.vi + at.N2 * s.rotationI + at.N3 * s.vj + at.N4 * s.rotationJ
-                          + at.loadTerm);
+                          + loadTerm(s, x, at.EI));
     const double U = at.u * s.c - at.v * s.z;
     const double V = at.u * s.z + at.v * s.c;
     const double scale = static_cast<double>(Ena_cm_posa_m_epi_1000) / 1000;
@@ -153,15 +152,13 @@ void drawDeformedElement(int e, Station &station)
         return;
     const ElementState state = elementState(e, line);
     setRigidities(e, station);
-    constexpr int chords = 20;
-    Point last;
-    for (int k = 0; k <= chords; ++k) {
-        moveTo(state, k * line.length / chords, station);
-        const Point next = toCanvas(station.displaced);
-        if (k > 0)
-            Picture1().line(last.x, last.y, next.x, next.y);
-        last = next;
+    constexpr std::size_t chords = 20;
+    std::array<Point, chords + 1> places;
+    for (std::size_t k = 0; k <= chords; ++k) {
+        moveTo(state, static_cast<double>(k) * line.length / chords, station);
+        places[k] = toCanvas(station.displaced);
     }
+    Picture1().polyline(places);
 }
 
 } // namespace
@@ -176,7 +173,7 @@ void Sxedio_Paramorfosis()
     Sxedio_Kombon();
     kanvas.setPenColour(xroma_paramorfosis);
     kanvas.setPenWidth(2);
-    if (nai_stoixeia && Ena_cm_posa_m_epi_1000 != 0) {
+    if (nai_stoixeia) {
         Station station;
         for (int e = 1; e <= Arithmos_Stoixeion; ++e)
             skipFaults([&, e] { drawDeformedElement(e, station); });

@@ -1,19 +1,14 @@
 #pragma once
 /// @file
-/// Points, and where an element lies, for the drawing routines.
+/// Where nodes and elements lie, for the drawing routines.
 
 #include "element.h"
+#include "Kanvas.h"
 #include "Zoom.h"
 
 #include <cmath>
 
 namespace veskora {
-
-struct Point
-{
-    double x = 0;
-    double y = 0;
-};
 
 inline Point toCanvas(Point world)
 {

@@ -4,6 +4,7 @@
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Sxediastika.h"
+#include "SymbolPen.h"
 
 #include <string>
 
@@ -23,7 +24,9 @@ void drawHinges(int e, const ElementLine &line)
     kanvas.setFillColour(xroma_background); // hides the element line under the mark
     const auto mark = [&](double distance) {
         const double part = distance / length;
-        kanvas.circle(a.x + part * (b.x - a.x), Anastrofi_Y(a.y - part * (a.y - b.y)), radius);
+        const Point centre =
+            crispPlace({a.x + part * (b.x - a.x), Anastrofi_Y(a.y - part * (a.y - b.y))});
+        kanvas.circle(centre.x, centre.y, radius);
     };
     if (Stoixeia(e, element::hingeI) == 1)
         mark(radius);

@@ -144,8 +144,9 @@ void drawParabola(const Diagram &diagram, int e, const ElementLine &element, con
 
     line(o.endI, points.front());
     line(o.endJ, points.back());
-    for (std::size_t k = 1; k <= chords; ++k)
-        line(points[k - 1], points[k]);
+    for (Point &point : points)
+        point.y = Anastrofi_Y(point.y);
+    Picture1().polyline(points);
     if (diagram.printsValues) {
         printValue(shown(o.valueI), o.atI);
         printValue(shown(o.valueJ), o.atJ);

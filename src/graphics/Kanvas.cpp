@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 
 #include <cmath>
+#include <vector>
 
 namespace veskora {
 
@@ -52,6 +53,13 @@ void Kanvas::moveTo(double x, double y)
     currentY_ = static_cast<float>(y);
 }
 
+double Kanvas::crisp(double centimetres) const
+{
+    // From the number that a line starts from: at the edge of a pixel the wider one may round to
+    // the other side.
+    return allSingles(centimetres) ? doCrisp(static_cast<float>(centimetres)) : centimetres;
+}
+
 void Kanvas::line(double x1, double y1, double x2, double y2)
 {
     if (!allSingles(x1, y1, x2, y2))
@@ -59,6 +67,31 @@ void Kanvas::line(double x1, double y1, double x2, double y2)
     doLine(static_cast<float>(x1), static_cast<float>(y1), static_cast<float>(x2),
            static_cast<float>(y2));
     moveTo(x2, y2);
+}
+
+void Kanvas::polyline(std::span<const Point> places)
+{
+    std::vector<Point> run;
+    const auto draw = [&] {
+        if (run.size() >= 2) {
+            doPolyline(run);
+            moveTo(run.back().x, run.back().y);
+        }
+        run.clear();
+    };
+    for (const Point place : places)
+        if (allSingles(place.x, place.y))
+            run.push_back({static_cast<float>(place.x), static_cast<float>(place.y)});
+        else
+            draw();
+    draw();
+}
+
+void Kanvas::doPolyline(std::span<const Point> places)
+{
+    for (std::size_t i = 1; i < places.size(); ++i)
+        doLine(static_cast<float>(places[i - 1].x), static_cast<float>(places[i - 1].y),
+               static_cast<float>(places[i].x), static_cast<float>(places[i].y));
 }
 
 void Kanvas::point(double x, double y)

@@ -7,9 +7,17 @@
 /// are narrowed to Single. An operation with a coordinate that is not finite is left out whole, the
 /// move of the current point with it: that is what a statement that fails does to a picture.
 
+#include <span>
 #include <string>
 
 namespace veskora {
+
+/// A place; canvas coordinates where nothing else is said.
+struct Point
+{
+    double x = 0;
+    double y = 0;
+};
 
 enum class PenStyle { solid, dotted };
 
@@ -35,7 +43,7 @@ public:
 
     /// The nearest place where a line in the pen in force covers whole device pixels: a symbol that
     /// stands there is crisp as a whole.
-    virtual double crisp(double centimetres) const { return centimetres; }
+    double crisp(double centimetres) const;
 
     /// Fills all with the background colour; the current point becomes (0, 0).
     void clear();
@@ -48,6 +56,9 @@ public:
     /// From the current point.
     void lineTo(double x, double y) { line(currentX_, currentY_, x, y); }
     void lineToRelative(double dx, double dy) { lineTo(currentX_ + dx, currentY_ + dy); }
+    /// The lines that join @p places one after the other, stroked as one where the surface can. A
+    /// place that is not finite breaks it in two.
+    void polyline(std::span<const Point> places);
 
     /// One dot as wide as the pen.
     void point(double x, double y);
@@ -87,8 +98,11 @@ public:
     /// @}
 
 protected:
+    virtual double doCrisp(float centimetres) const { return centimetres; }
     virtual void doClear() = 0;
     virtual void doLine(float x1, float y1, float x2, float y2) = 0;
+    /// Two places or more, narrowed already.
+    virtual void doPolyline(std::span<const Point> places);
     virtual void doPoint(float x, float y) = 0;
     virtual void doCircle(float x, float y, float radius) = 0;
     virtual void doArc(float x, float y, float radius, double start, double end) = 0;

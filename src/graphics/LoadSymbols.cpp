@@ -135,7 +135,9 @@ void drawFieldY(Point i, Point j, double length, float load)
         printAt({j.x, j.y - depth}, std::abs(load));
     if (!nai_fortiseis_om)
         return;
-    Picture1().line(i.x, i.y - depth, j.x, j.y - depth);
+    const Point from = crispPlace(i);
+    const Point to = crispPlace(j);
+    Picture1().line(from.x, from.y - depth, to.x, to.y - depth);
     ArrowRow(i, j, length).each([=](const SymbolPen &pen) {
         if (s < 0)
             pen.line(0, -depth, 0, depth);
@@ -156,7 +158,9 @@ void drawFieldX(Point i, Point j, double length, float load)
         printAt({j.x - depth, j.y}, std::abs(load));
     if (!nai_fortiseis_om)
         return;
-    Picture1().line(i.x - depth, i.y, j.x - depth, j.y);
+    const Point from = crispPlace(i);
+    const Point to = crispPlace(j);
+    Picture1().line(from.x - depth, from.y, to.x - depth, to.y);
     ArrowRow(i, j, length).each([=](const SymbolPen &pen) {
         if (s < 0)
             pen.line(0, 0, -depth, 0);

@@ -7,6 +7,7 @@
 #include "Kanvas.h"
 #include "Metablites.h"
 #include "skip.h"
+#include "SymbolPen.h"
 #include "Zoom.h"
 
 #include <cmath>
@@ -82,8 +83,7 @@ void Sxedio_Aksonon()
     if (nai_aksones) {
         kanvas.setPenColour(xroma_aksonon);
         kanvas.setPenWidth(1);
-        const double a = kanvas.crisp(Kosmos_X(0));
-        const double b = kanvas.crisp(Kosmos_Y(0));
+        const auto [a, b] = crispPlace(toCanvas({0, 0}));
         kanvas.lineRelative(a - 0.2, b, 1.7, 0);
         kanvas.lineRelative(a + 1.8, b, -0.3, 0.1);
         kanvas.lineRelative(a + 1.8, b, -0.3, -0.1);
@@ -131,6 +131,7 @@ void Sxedio_Grigoro()
 
 void Ananeosi_Sxediou()
 {
+    Picture1().setFillColour(xroma_background); // also where no hinge mark sets it
     skipFaults([] {
         switch (Katastasi_Provolis) {
         case 1:

@@ -28,13 +28,17 @@ void printAt(Point place, const Printed &printed)
     Picture1().print(printed);
 }
 
+/// Where lines and symbols that belong together all begin, so that they stay so in pixels.
+inline Point crispPlace(Point place)
+{
+    return {Picture1().crisp(place.x), Picture1().crisp(place.y)};
+}
+
 /// Draws a symbol in centimetres from its place, y down.
 class SymbolPen
 {
 public:
-    explicit SymbolPen(Point place)
-        : place_{Picture1().crisp(place.x), Picture1().crisp(place.y)}, kanvas_(Picture1())
-    {}
+    explicit SymbolPen(Point place) : place_(crispPlace(place)), kanvas_(Picture1()) {}
 
     /// From (x, y) by (dx, dy).
     void line(double x, double y, double dx, double dy) const

@@ -1,5 +1,6 @@
 #include "Zoom.h"
 
+#include "Functions.h"
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -32,42 +33,55 @@ struct Extent
 
 constexpr std::int16_t scaleDecimals = 3;
 
-void fitWidth(const Extent &extent, double margin)
+void placeByWidth(const Extent &extent, double margin)
 {
-    const double W = Picture1().width();
-    const double H = Picture1().height();
-    Klimaka = static_cast<float>(
-        Stroggylopoiisi(100 * (extent.xmax - extent.xmin) / (W - 2 * margin), scaleDecimals));
     Arxi_X = Mikos_Se_Othoni(extent.xmin) - margin;
     Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(extent.ymax))
-             - (H - Mikos_Se_Othoni(extent.ymax - extent.ymin)) / 2;
+             - (Picture1().height() - Mikos_Se_Othoni(extent.ymax - extent.ymin)) / 2;
 }
 
-void fitHeight(const Extent &extent, double margin)
+void placeByHeight(const Extent &extent, double margin)
 {
-    const double W = Picture1().width();
-    const double H = Picture1().height();
-    Klimaka = static_cast<float>(
-        Stroggylopoiisi(100 * (extent.ymax - extent.ymin) / (H - 2 * margin), scaleDecimals));
     Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(extent.ymax)) - margin;
-    Arxi_X = Mikos_Se_Othoni(extent.xmin) - (W - Mikos_Se_Othoni(extent.xmax - extent.xmin)) / 2;
+    Arxi_X = Mikos_Se_Othoni(extent.xmin)
+             - (Picture1().width() - Mikos_Se_Othoni(extent.xmax - extent.xmin)) / 2;
+}
+
+/// Why there is no view at the scale 1:@p needed on a canvas with @p room between its margins.
+void reportNoFit(double needed, double room)
+{
+    if (room <= 0)
+        Grammi_Log(Metafrasi(1752, "The view stays as it is: the drawing area is no larger than "
+                                   "its margins."),
+                   logColour::red);
+    else if (needed < 1)
+        Grammi_Log(Metafrasi(1750, "The view stays as it is: it would need a scale finer than 1:1, "
+                                   "the finest there is."),
+                   logColour::red);
+    else
+        Grammi_Log(Metafrasi(1751, "The view stays as it is: it would need a scale coarser than "
+                                   "1:2147483, the coarsest there is."),
+                   logColour::red);
 }
 
 /// Fits the direction that needs the coarser scale; an extent of 0 in one direction leaves the
-/// other. A result finer than 1:1, or none at all, leaves the view.
+/// other. A result finer than 1:1, or none at all, leaves the view and says why.
 void fit(const Extent &extent, double margin)
 {
     const View before;
     const double width = extent.xmax - extent.xmin;
     const double height = extent.ymax - extent.ymin;
-    const double fx = (Picture1().width() - 2 * margin) / width;
-    const double fy = (Picture1().height() - 2 * margin) / height;
-    if (width == 0 || (height != 0 && fx > fy))
-        fitHeight(extent, margin);
-    else
-        fitWidth(extent, margin);
-    if (!(Klimaka >= 1) || !std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
-        before.restore();
+    const double roomX = Picture1().width() - 2 * margin;
+    const double roomY = Picture1().height() - 2 * margin;
+    const bool byHeight = width == 0 || (height != 0 && roomX / width > roomY / height);
+    const double room = byHeight ? roomY : roomX;
+    const double needed = 100 * (byHeight ? height : width) / room;
+    Klimaka = static_cast<float>(Stroggylopoiisi(needed, scaleDecimals));
+    (byHeight ? placeByHeight : placeByWidth)(extent, margin);
+    if (Klimaka >= 1 && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
+        return;
+    before.restore();
+    reportNoFit(needed, room);
 }
 
 } // namespace
@@ -114,6 +128,8 @@ double Mikos_Se_Othoni(double length)
 
 void Zoom_Best_Fit()
 {
+    if (!(Klimaka > 0))
+        resetView(); // of a damaged file; nothing can be seen at it
     if (Arithmos_Kombon == 0) {
         Arxi_X = -2;
         Arxi_Y = 2;

@@ -29,7 +29,8 @@ double Othoni_Y(double c);
 
 /// Makes the whole model fill the canvas with a margin of 1.8 cm, the scale rounded to 3 decimals.
 /// One node is centred at the scale there is; without nodes the origin goes to its start place.
-/// A scale finer than 1:1, or nodes that all stand at one point, leave the view as it is.
+/// A scale finer than 1:1, or one that three decimals cannot hold, leaves the view as it is, and
+/// the log says so. From a scale of 0, as in a damaged file, it begins at that of a new model.
 void Zoom_Best_Fit();
 
 /// Makes the rectangle between two canvas points fill the canvas, with the same floor at 1:1. A

@@ -113,11 +113,17 @@ TEST_F(DeformedShape, WhatCannotBeComputedSpoilsNothingElse)
     Sxedio_Paramorfosis();
     const auto chords = kanvas.linesOf(xroma_paramorfosis);
     ASSERT_EQ(chords.size(), 60U);
-    EXPECT_NEAR(chords[9].y2, -2, nearly);                 // no E: between its ends, no load
+    EXPECT_EQ(chords[9].y2, 0); // no E: as before anything was drawn
+    EXPECT_EQ(chords[9].x2, 4);
     EXPECT_NEAR(chords[29].y2, -4 * 256.0 / 384, nearly);  // q L^4 / 384 EI in its middle
     EXPECT_NEAR(chords[29].x2, 12 + 4 * 16.0 / 8, nearly); // q L^2 / 8 EA
+    std::swap(Stoixeia(1, element::group), Stoixeia(3, element::group));
+    Sxedio_Paramorfosis();
+    EXPECT_NEAR(kanvas.linesOf(xroma_paramorfosis)[29].y2, -2, nearly); // as the last station
     Ena_cm_posa_m_epi_1000 = 0;
     Sxedio_Paramorfosis();
+    EXPECT_EQ(kanvas.linesOf(xroma_paramorfosis).size(), 60U);
+    EXPECT_EQ(kanvas.linesOf(xroma_paramorfosis)[59].x2, 0);
     EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 4U);
 }
 

@@ -48,24 +48,38 @@ TEST_F(View, BestFitTakesTheCoarserDirection)
     {
         const char *nodes;
         double scale, x, y;
+        const char *says = "";
+        float from = 70;
     };
     for (const Case &c : {
-             Case{"", 70, -2, 2}, Case{"N 7 14", 70, 0, -10}, // one node in the middle, same scale
-             Case{"N 1 1; N 17.4 1", 100, -.8, 9},            // level: width 16.4 at 1:100
-             Case{"N 3 2; N 3 34.8", 200, -8.5, .8},          // upright
-             Case{"N 0 0; N 8.2 16.4", 100, -5.9, 1.8},       // tall: by height
-             Case{"N 0 0; N 16.4 16.4", 100, -1.8, 1.8},      // a tie: by width
-             Case{"N 0 0; N .1 .1", 70, 5, 6},                // finer than 1:1 is not shown
-             Case{"N 4 4; N 4 4", 70, 5, 6},                  // all at one point
+             Case{"", 70, -2, 2},
+             Case{"N 7 14", 70, 0, -10},                 // one node in the middle, same scale
+             Case{"N 1 1; N 17.4 1", 100, -.8, 9},       // level: width 16.4 at 1:100
+             Case{"N 3 2; N 3 34.8", 200, -8.5, .8},     // upright
+             Case{"N 0 0; N 8.2 16.4", 100, -5.9, 1.8},  // tall: by height
+             Case{"N 0 0; N 16.4 16.4", 100, -1.8, 1.8}, // a tie: by width
+             Case{"N 0 0; N .1 .1", 70, 5, 6, "finer than 1:1"},
+             Case{"N 4 4; N 4 4", 70, 5, 6, "finer than 1:1"}, // all at one point
+             Case{"N 0 0; N 1e6 0", 70, 5, 6, "coarser than"},
+             Case{"N 7 14", 100, -3, -4, "", 0}, // a damaged file
+             Case{"", 100, -2, 2, "", 0},
          }) {
         SCOPED_TRACE(c.nodes);
         buildModel(c.nodes);
-        Klimaka = 70;
+        Klimaka = c.from;
         Arxi_X = 5;
         Arxi_Y = 6;
+        desktop.log.clear();
         Zoom_Best_Fit();
         expectView(c.scale, c.x, c.y);
+        const std::string said = desktop.log.empty() ? "" : desktop.log.back().text;
+        EXPECT_EQ(said.empty(), *c.says == '\0');
+        EXPECT_NE(said.find(c.says), std::string::npos) << said;
     }
+    kanvas.w = 3.6;
+    buildModel("N 0 0; N 10 1");
+    Zoom_Best_Fit();
+    EXPECT_NE(desktop.log.at(0).text.find("drawing area"), std::string::npos);
 }
 
 TEST_F(View, TheZoomWindowTouchesTheEdges)
@@ -253,6 +267,10 @@ TEST_F(View, EachPictureHasItsLayersInTheirOrder)
     Katastasi_Provolis = 0;
     Ananeosi_Sxediou();
     EXPECT_EQ(kanvas.of(Primitive::Kind::turnedText).at(0).pen.colour, 2);
+    buildModel("N 0 0 xoo"); // a roller hides what is under it, whatever was drawn before
+    xroma_background = 11;
+    Ananeosi_Sxediou();
+    EXPECT_EQ(kanvas.of(Primitive::Kind::circle).at(0).pen.fillColour, 11);
 }
 
 TEST_F(View, NoViewAndNoModelEndsADrawing)

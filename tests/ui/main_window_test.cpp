@@ -12,6 +12,7 @@
 
 #include <QClipboard>
 #include <QFile>
+#include <QFocusFrame>
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
@@ -634,6 +635,17 @@ TEST_F(MainWindow, EveryCommandIsNamedAsItIsCalled)
             EXPECT_EQ(action->toolTip(), c.caption);
         }
     }
+    for (const Case &c : {Case{"Picture1", "Drawing"},
+                          {"RichTextBox1", "Messages"},
+                          {"Command1", "Enlarge the diagram"},
+                          {"Command2", "Reduce the diagram"},
+                          {"SSCommand32", "Show/Hide Information text"}})
+        EXPECT_EQ(find<QWidget>(c.name)->accessibleName(), c.caption);
+    auto *focus = find<QFocusFrame>("ToolbarFocus");
+    find<QToolButton>("Epilisi")->setFocus();
+    EXPECT_EQ(focus->widget(), find<QToolButton>("Epilisi"));
+    find<QTextEdit>("RichTextBox1")->setFocus();
+    EXPECT_FALSE(focus->isVisible());
     for (const auto &[name, mode] : {std::pair{"mnuDIAG_Mitem", 1},
                                      {"mnuDIAG_Qitem", 2},
                                      {"mnuDIAG_Nitem", 3},

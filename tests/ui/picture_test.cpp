@@ -5,8 +5,12 @@
 #include "ScriptedDesktop.h"
 
 #include <QGuiApplication>
+#include <QList>
+#include <QMap>
 
+#include <algorithm>
 #include <sstream>
+#include <vector>
 
 namespace fs = std::filesystem;
 
@@ -49,7 +53,43 @@ TEST(Image, StraightLinesCoverWholePixelsAtEveryScale)
             const int along = static_cast<int>(1.5 * centimetre * scale);
             EXPECT_EQ(count(kanvas, redPixel, QRect(0, along, side, 1)), thickness) << scale;
             EXPECT_EQ(count(kanvas, whitePixel, QRect(0, along, side, 1)), side - thickness);
+            // At the edge of a pixel too a symbol's place is that of a line.
+            for (int edge = 1; edge < side; ++edge) {
+                const double x = edge / (centimetre * scale);
+                kanvas.clear();
+                kanvas.line(x, 0, x, 2);
+                kanvas.line(kanvas.crisp(x), 0, kanvas.crisp(x), 2);
+                EXPECT_LE(count(kanvas, redPixel, QRect(0, 9, side, 1)), thickness) << x;
+            }
         }
+    }
+}
+
+// As much ink in every column, no less where chords meet; broken in two by a place that is none.
+TEST(Image, ACurveIsOneStroke)
+{
+    for (const double scale : {1., 1.5, 2.}) {
+        ImageKanvas kanvas(QSize(400, 100), scale);
+        kanvas.setPenColour(red);
+        kanvas.setPenWidth(2);
+        std::vector<Point> places;
+        for (int k = 0; k <= 20; ++k)
+            places.push_back({k / 2., 1 + .5 * std::sin(k / 20. * 3.1416)});
+        kanvas.polyline(places);
+        EXPECT_EQ(kanvas.currentX(), 10);
+        const auto ink = [&](double column) {
+            double sum = 0;
+            for (int y = 0; y < kanvas.image().height(); ++y)
+                sum += 255 - qGreen(kanvas.image().pixel(static_cast<int>(column), y));
+            return sum / 255;
+        };
+        for (double x = 2; x < 9.9 * centimetre * scale; ++x)
+            EXPECT_NEAR(ink(x), 2 * std::round(scale), .15) << scale << " " << x;
+        places[7] = {NAN, 1};
+        kanvas.clear();
+        kanvas.polyline(places);
+        EXPECT_EQ(ink(3.5 * centimetre * scale), 0);
+        EXPECT_NEAR(ink(2.5 * centimetre * scale) - ink(4.5 * centimetre * scale), 0, .1);
     }
 }
 
@@ -108,6 +148,17 @@ TEST(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
     kanvas.clear();
     kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 2700);
     EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x - 14, y - 2, 16, 62)));
+    // Turned by quarters it is as sharp as level.
+    QMap<int, QList<int>> shades;
+    for (const int angle : {0, 900, 2700, 3600}) {
+        kanvas.clear();
+        kanvas.printRotated("142", 2, 3, {"Arial", 11, 200}, angle);
+        for (int row = 0; row < 400; ++row)
+            for (int column = 0; column < 400; ++column)
+                shades[angle] << qGreen(kanvas.image().pixel(column, row));
+        std::ranges::sort(shades[angle]);
+        EXPECT_EQ(shades[angle], shades[0]) << angle;
+    }
 }
 
 // The inked height of a capital, in device pixels.
@@ -163,9 +214,10 @@ TEST(Image, DottedLinesHaveGapsAndFlatCurvesNoSteps)
     EXPECT_NEAR(count(kanvas, redPixel, QRect(0, row, 300, 1)), 100, 10);
     kanvas.setPenStyle(PenStyle::solid);
     kanvas.clear();
-    for (int k = 0; k < 20; ++k) // a sag of three pixels
-        kanvas.line(k / 2., 1 + .08 * std::sin(k / 20. * 3.1416), (k + 1) / 2.,
-                    1 + .08 * std::sin((k + 1) / 20. * 3.1416));
+    std::vector<Point> places;
+    for (int k = 0; k <= 20; ++k) // a sag of three pixels
+        places.push_back({k / 2., 1 + .08 * std::sin(k / 20. * 3.1416)});
+    kanvas.polyline(places);
     const auto weight = [&](int x) { // mean row of the ink of a column
         double sum = 0, ink = 0;
         for (int y = 0; y < 100; ++y) {
@@ -185,6 +237,7 @@ TEST(Image, PrimitivesFarOutsideAreNoTrouble)
     kanvas.setPenColour(red);
     for (const double far : {1e4, 1e9, 3e38}) {
         kanvas.line(-far, -far, far, far); // through the middle of what is seen
+        kanvas.polyline(std::vector<Point>{{-far, 1}, {1, 1.5}, {far, far}});
         kanvas.circle(far, far, far);
         kanvas.arc(0, 0, far, 0, 1);
         kanvas.point(far, -far);

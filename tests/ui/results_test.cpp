@@ -538,17 +538,26 @@ TEST_F(Results, PagesHaveTheirMarginsAndAllLines)
         };
         EXPECT_EQ(words(output("pdftotext", {"-layout", file, "-"})).join(""),
                   words(c.text).join(""));
-        // Every page: nothing in the first 2 cm, something right behind them.
+        // Every page: nothing in the first 2 cm, something right behind them; a page that goes on
+        // ends within a line of the 1.5 cm at its foot.
         const QString boxes = output("pdftotext", {"-bbox", file, "-"});
-        const double margin = 20 * 72 / 25.4;
-        for (QString page : boxes.split("<page ").mid(1))
-            for (const char *edge : {"xMin", "yMin"}) {
-                double least = 1e9;
-                QRegularExpression word(QString("<word .*%1=\"([0-9.]+)\"").arg(edge));
-                for (auto at = word.globalMatch(page); at.hasNext();)
-                    least = std::min(least, at.next().captured(1).toDouble());
-                EXPECT_NEAR(least, margin, 4) << edge; // less than half a line
-            }
+        constexpr double mm = 72 / 25.4;
+        const auto places = [](const QString &page, const char *edge) {
+            std::vector<double> all;
+            const QRegularExpression place(QString(" %1=\"([0-9.]+)\"").arg(edge));
+            for (auto at = place.globalMatch(page); at.hasNext();)
+                all.push_back(at.next().captured(1).toDouble());
+            return all;
+        };
+        const QStringList pages = boxes.split("<page ").mid(1);
+        for (const QString &page : pages) {
+            for (const char *edge : {"xMin", "yMin"})
+                EXPECT_NEAR(std::ranges::min(places(page, edge)), 20 * mm, 4) << edge;
+            const double foot = places(" " + page, "height").front() - 15 * mm;
+            const double end = std::ranges::max(places(page, "yMax"));
+            EXPECT_LT(end, foot + 1);
+            EXPECT_TRUE(end > foot - 14 || &page == &pages.last()) << end;
+        }
         // Letters of every alphabet are of one width: what follows them stands in one column.
         if (c.pages == 3) {
             QSet<QString> ends;

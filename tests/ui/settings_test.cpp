@@ -462,6 +462,39 @@ TEST_F(Settings, ThePickerAnswersWhatWasChosen)
     EXPECT_EQ(dragged("SSCommand2"), 0x808080);
     EXPECT_EQ(dragged("SSCommand3"), -1);
 
+    // By keys: the swatches are one stop, arrows go where they point and end at the edge; so on the
+    // palette, which begins in its middle.
+    const auto keyed = [&](const char *from, std::initializer_list<int> keys) {
+        return picked(7, [&] {
+            form->activateWindow();
+            QCoreApplication::processEvents(); // without it nothing is told of its focus
+            control(from)->setFocus();
+            for (const int key : keys)
+                QTest::keyClick(form->focusWidget(), static_cast<Qt::Key>(key));
+            press("SSCommand2");
+        });
+    };
+    using enum Qt::Key;
+    EXPECT_EQ(keyed("Picture1(1)", {Key_Down, Key_Right, Key_Space}), 0x00FF00);
+    EXPECT_EQ(keyed("Picture1(15)", {Key_Right, Key_Down, Key_Up, Key_Left, Key_Space}), 0x008080);
+    EXPECT_EQ(keyed("Picture1(12)",
+                    {Key_Left, Key_Tab, Key_Tab, Key_Backtab, Key_Backtab, Key_Up, Key_Space}),
+              0x808000);
+    EXPECT_EQ(keyed("Picture1(0)", {Key_Tab, Key_Up, Key_Down}), 0xFFFF00); // pure cyan
+    EXPECT_EQ(keyed("pCol", {Key_Left, Key_Right}), 0xFFFF00);
+
+    // The frame around the current colour is seen beside every colour.
+    for (const double colour : {0., 8421504., 16777215.})
+        EXPECT_EQ(picked(colour,
+                         [&] {
+                             const QImage shown = control("currentFrame")->grab().toImage();
+                             const auto grey = [&](int x) { return qGray(shown.pixel(x, 9)); };
+                             EXPECT_GT(std::abs(grey(0) - grey(1)), 100);
+                             EXPECT_EQ(QColor(shown.pixel(9, 9)), qtColour(colour));
+                             press("SSCommand2");
+                         }),
+                  colour);
+
     const auto more = [&](QDialog::DialogCode code) {
         return picked(0x0000FF, [&] {
             during([&] { press("SSCommand1"); },
@@ -593,7 +626,11 @@ TEST_F(Settings, SpeakTheLanguageAndAreReachedByKeys)
         }
         EXPECT_EQ(control<QTabWidget>("SSTab1")->tabText(2), "M, Q, N");
     });
-    (void)picked(0, look);
+    (void)picked(0, [&] {
+        look();
+        for (const char *name : {"Picture1(0)", "Picture1(6)", "pCol"})
+            EXPECT_TRUE(control(name)->accessibleName().startsWith("Word")) << name;
+    });
     frmWelcome welcome;
     form = &welcome;
     welcome.show();

@@ -5,6 +5,7 @@
 #include "Units.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
 #include <QSaveFile>
 
 #include <algorithm>
@@ -14,6 +15,10 @@
 namespace veskora {
 
 namespace {
+
+/// Device pixels. An upright or level line is put on whole ones; one that leans more would be torn
+/// there, as would a flat curve.
+constexpr double straight = 0.01;
 
 /// Coordinates far outside the image say nothing to the eye but take a rasteriser long.
 constexpr double farOutside = 32000;
@@ -97,7 +102,7 @@ double ImageKanvas::height() const
     return size_.height() / pixelsPerCentimetre;
 }
 
-double ImageKanvas::crisp(double centimetres) const
+double ImageKanvas::doCrisp(float centimetres) const
 {
     return aligned(centimetres) / (pixelsPerCentimetre * scale_);
 }
@@ -224,7 +229,6 @@ void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
     QPointF from(device(x1), device(y1));
     QPointF to(device(x2), device(y2));
     // An upright or level line is put on whole pixels and needs no smoothing; dots want none.
-    constexpr double straight = 0.01; // device pixels; more would tear the chords of flat curves
     const bool upright = std::abs(from.x() - to.x()) < straight;
     const bool level = std::abs(from.y() - to.y()) < straight;
     const bool onPixels = upright || level || penStyle_ == PenStyle::dotted;
@@ -234,10 +238,35 @@ void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
     }
     if (!clip(from, to))
         return;
-    setCap(onPixels ? Qt::SquareCap : Qt::FlatCap); // square ones bead the joints of a curve
+    setCap(onPixels ? Qt::SquareCap : Qt::FlatCap);
     painter_->setRenderHint(QPainter::Antialiasing, !onPixels);
     painter_->drawLine(from, to);
     painter_->setRenderHint(QPainter::Antialiasing, true);
+}
+
+void ImageKanvas::doPolyline(std::span<const Point> places)
+{
+    const auto [left, right] = std::ranges::minmax(places, {}, &Point::x);
+    const auto [top, bottom] = std::ranges::minmax(places, {}, &Point::y);
+    if (penStyle_ == PenStyle::dotted)
+        return Kanvas::doPolyline(places);
+    if (device(right.x - left.x) < straight || device(bottom.y - top.y) < straight)
+        return doLine(static_cast<float>(left.x), static_cast<float>(top.y),
+                      static_cast<float>(right.x), static_cast<float>(bottom.y));
+    QPainterPath path;
+    for (std::size_t i = 1; i < places.size(); ++i) {
+        QPointF from(device(places[i - 1].x), device(places[i - 1].y));
+        QPointF to(device(places[i].x), device(places[i].y));
+        if (!clip(from, to))
+            continue;
+        if (path.isEmpty() || path.currentPosition() != from)
+            path.moveTo(from);
+        path.lineTo(to);
+    }
+    QPen pen = painter_->pen();
+    pen.setCapStyle(Qt::RoundCap); // elements that meet at an angle close the corner
+    pen.setJoinStyle(Qt::RoundJoin);
+    painter_->strokePath(path, pen);
 }
 
 bool ImageKanvas::reachesImage(double x, double y, double radius) const
@@ -329,10 +358,34 @@ void ImageKanvas::doPrintRotated(const std::string &text, float x, float y, cons
         return;
     painter_->setFont(rotatedFont(font));
     painter_->translate(std::round(device(x)), std::round(device(y)));
-    painter_->rotate(-angle / 10.0);
-    painter_->drawText(QPointF(0, std::round(rotatedAscent_)), QString::fromStdString(text));
+    const QString shown = QString::fromStdString(text);
+    const int turn = angle % 3600;
+    if (turn == 900 || turn == 2700)
+        printQuarterTurned(shown, -turn / 10);
+    else {
+        painter_->rotate(-turn / 10.0);
+        painter_->drawText(QPointF(0, std::round(rotatedAscent_)), shown);
+    }
     painter_->resetTransform();
     painter_->setFont(font_);
+}
+
+/// Turns the pixels of level text, as glyphs that are turned themselves are not put on whole ones.
+void ImageKanvas::printQuarterTurned(const QString &text, int degrees)
+{
+    const QFontMetricsF metrics(rotated_);
+    QImage level(static_cast<int>(std::ceil(metrics.horizontalAdvance(text))),
+                 static_cast<int>(std::ceil(metrics.height())),
+                 QImage::Format_ARGB32_Premultiplied);
+    level.fill(Qt::transparent);
+    QPainter painter(&level);
+    painter.setFont(rotated_);
+    painter.setPen(penColour_);
+    painter.drawText(QPointF(0, std::round(rotatedAscent_)), text);
+    painter.end();
+    QTransform turn;
+    turn.rotate(degrees);
+    painter_->drawImage(turn.mapRect(QRectF(level.rect())).topLeft(), level.transformed(turn));
 }
 
 double ImageKanvas::lineAdvance() const

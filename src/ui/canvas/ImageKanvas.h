@@ -43,7 +43,6 @@ public:
 
     double width() const override;
     double height() const override;
-    double crisp(double centimetres) const override;
     void setBackground(double colour) override;
     void setPenColour(double colour) override;
     void setPenWidth(int devicePixels) override;
@@ -54,8 +53,10 @@ public:
     void setFontBold(bool bold) override;
 
 protected:
+    double doCrisp(float centimetres) const override;
     void doClear() override;
     void doLine(float x1, float y1, float x2, float y2) override;
+    void doPolyline(std::span<const Point> places) override;
     void doPoint(float x, float y) override;
     void doCircle(float x, float y, float radius) override;
     void doArc(float x, float y, float radius, double start, double end) override;
@@ -75,6 +76,8 @@ private:
     QPointF alignedPoint(double x, double y) const;
     int penPixels() const;
     const QFont &rotatedFont(const RotatedFont &font);
+    /// At the painter's origin.
+    void printQuarterTurned(const QString &text, int degrees);
     bool reachesImage(double x, double y, double radius) const;
 
     QSize size_;

@@ -120,6 +120,12 @@ void frmMain::setCaptions()
     times_->setText(qtText(Metafrasi(74, "LABELS")));
     describe(times_, qtText(Metafrasi(75, "Labels on/off")));
     describe(ui_->SSCommand32, qtText(Metafrasi(80, "Show/Hide Information text")));
+    ui_->SSCommand32->setAccessibleName(ui_->SSCommand32->toolTip());
+    ui_->Toolbar2->setAccessibleName(qtText(Metafrasi(1758, "Toolbar")));
+    ui_->Picture1->setAccessibleName(qtText(Metafrasi(1753, "Drawing")));
+    ui_->RichTextBox1->setAccessibleName(qtText(Metafrasi(1754, "Messages")));
+    Command1_->setAccessibleName(qtText(Metafrasi(1755, "Enlarge the diagram")));
+    Command2_->setAccessibleName(qtText(Metafrasi(1756, "Reduce the diagram")));
     for (StatusPanel *panel : {sint_, aksones_, kannabos_, times_}) {
         constexpr int padding = 12; // the style's own least width is made for dialogs
         panel->setFixedWidth(panel->fontMetrics().horizontalAdvance(panel->text()) + padding);

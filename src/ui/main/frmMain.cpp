@@ -25,6 +25,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDate>
+#include <QFocusFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLocale>
@@ -79,6 +80,12 @@ void frmMain::buildToolbar()
             button->setFixedWidth(width);
             button->setFocusPolicy(Qt::TabFocus); // some commands stand nowhere else
         }
+    // Many styles do not show which of them has the focus.
+    auto *frame = new QFocusFrame(this);
+    frame->setObjectName("ToolbarFocus");
+    connect(qApp, &QApplication::focusChanged, this, [this, frame](QWidget *, QWidget *now) {
+        frame->setWidget(now != nullptr && now->parentWidget() == ui_->Toolbar2 ? now : nullptr);
+    });
 }
 
 void frmMain::buildStatusBar()

@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QPainter>
 
 #include <algorithm>
 #include <map>
@@ -21,6 +22,33 @@ constexpr int separatorHeight = 140; // twips
 constexpr int padding = 12;          // logical pixels, on both sides of a text together
 constexpr int rowPadding = 4;
 
+/// Shows the header cells as they are shown in a grid, whatever a style makes of a header.
+class GridHeader : public QHeaderView
+{
+public:
+    explicit GridHeader(GridView *view) : QHeaderView(Qt::Horizontal, view)
+    {
+        setSectionsClickable(true); // selects the column
+        setHighlightSections(false);
+    }
+
+protected:
+    void paintSection(QPainter *painter, const QRect &section, int column) const override
+    {
+        const auto cell = [&](int role) {
+            return model()->headerData(column, orientation(), role);
+        };
+        painter->fillRect(section, cell(Qt::BackgroundRole).value<QColor>());
+        painter->setPen(palette().color(QPalette::Mid));
+        painter->drawLine(section.bottomLeft(), section.bottomRight());
+        painter->drawLine(section.topRight(), section.bottomRight());
+        painter->setFont(cell(Qt::FontRole).value<QFont>());
+        painter->setPen(cell(Qt::ForegroundRole).value<QColor>());
+        painter->drawText(section.adjusted(0, rowPadding / 2, 0, 0),
+                          cell(Qt::TextAlignmentRole).toInt(), cell(Qt::DisplayRole).toString());
+    }
+};
+
 } // namespace
 
 GridView::GridView(QWidget *parent) : QTableView(parent)
@@ -28,7 +56,7 @@ GridView::GridView(QWidget *parent) : QTableView(parent)
     verticalHeader()->hide();
     verticalHeader()->setMinimumSectionSize(pixels(separatorHeight));
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + rowPadding);
-    horizontalHeader()->setHighlightSections(false);
+    setHorizontalHeader(new GridHeader(this));
     setCornerButtonEnabled(false);
     setTabKeyNavigation(false); // Tab goes on to the next control, arrows from cell to cell
     setHorizontalScrollMode(ScrollPerPixel);

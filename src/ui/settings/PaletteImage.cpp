@@ -1,9 +1,11 @@
 #include "PaletteImage.h"
 
 #include <QIcon>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace veskora {
@@ -20,7 +22,10 @@ QImage hslImage()
         for (int column = 0; column < columns; ++column) {
             // The last column is red again, as is the first.
             const auto hue = static_cast<float>(column % (columns - 1)) / (columns - 1);
-            const auto lightness = 1 - static_cast<float>(row) / (rows - 1);
+            // The row in the middle has the pure colours, the last one is black.
+            const auto lightness = row <= rows / 2
+                                       ? 1 - static_cast<float>(row) / rows
+                                       : static_cast<float>(rows - 1 - row) / (rows - 2);
             image.setPixelColor(column, row, QColor::fromHslF(hue, 1, lightness));
         }
     for (int column = 0; column < columns; ++column)
@@ -28,11 +33,19 @@ QImage hslImage()
     return image;
 }
 
+/// The pixel under the pointer.
+QPoint pixelAt(const QPointF &pointer)
+{
+    return {static_cast<int>(std::floor(pointer.x())), static_cast<int>(std::floor(pointer.y()))};
+}
+
 } // namespace
 
-PaletteImage::PaletteImage(QWidget *parent) : QWidget(parent), image_(hslImage())
+PaletteImage::PaletteImage(QWidget *parent)
+    : QWidget(parent), image_(hslImage()), mark_(columns / 2, rows / 2)
 {
     setFixedSize(image_.size());
+    setFocusPolicy(Qt::StrongFocus);
     constexpr int side = 32, tipX = 3, tipY = 28; // of the pointer's picture
     const QIcon pointer(":/icons/pointer_palette.svg");
     setCursor(QCursor(pointer.pixmap(QSize(side, side), devicePixelRatioF()), tipX, tipY));
@@ -40,7 +53,18 @@ PaletteImage::PaletteImage(QWidget *parent) : QWidget(parent), image_(hslImage()
 
 void PaletteImage::paintEvent(QPaintEvent *)
 {
-    QPainter(this).drawImage(0, 0, image_);
+    QPainter painter(this);
+    painter.drawImage(0, 0, image_);
+    if (!hasFocus())
+        return;
+    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    constexpr int radius = 3;
+    painter.translate(0.5, 0.5);        // the middle of the pixel
+    painter.setPen(QPen(Qt::white, 3)); // white around black is seen on every colour
+    painter.drawEllipse(mark_, radius, radius);
+    painter.setPen(Qt::black);
+    painter.drawEllipse(mark_, radius, radius);
 }
 
 void PaletteImage::mousePressEvent(QMouseEvent *event)
@@ -48,13 +72,13 @@ void PaletteImage::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     held_ = true;
-    pick(event->position());
+    pick(pixelAt(event->position()));
 }
 
 void PaletteImage::mouseMoveEvent(QMouseEvent *event)
 {
     if (held_)
-        pick(event->position());
+        pick(pixelAt(event->position()));
 }
 
 void PaletteImage::mouseReleaseEvent(QMouseEvent *event)
@@ -63,12 +87,36 @@ void PaletteImage::mouseReleaseEvent(QMouseEvent *event)
         held_ = false;
 }
 
-void PaletteImage::pick(const QPointF &pointer)
+void PaletteImage::keyPressEvent(QKeyEvent *event)
 {
-    const QPoint place(static_cast<int>(std::floor(pointer.x())),
-                       static_cast<int>(std::floor(pointer.y())));
-    if (image_.rect().contains(place))
-        emit picked(image_.pixelColor(place));
+    const int step = (event->modifiers() & Qt::ControlModifier) != 0 ? 10 : 1;
+    QPoint place = mark_;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        place.rx() -= step;
+        break;
+    case Qt::Key_Right:
+        place.rx() += step;
+        break;
+    case Qt::Key_Up:
+        place.ry() -= step;
+        break;
+    case Qt::Key_Down:
+        place.ry() += step;
+        break;
+    default:
+        return QWidget::keyPressEvent(event);
+    }
+    pick({std::clamp(place.x(), 0, columns - 1), std::clamp(place.y(), 0, rows - 1)});
+}
+
+void PaletteImage::pick(QPoint place)
+{
+    if (!image_.rect().contains(place))
+        return;
+    mark_ = place;
+    update();
+    emit picked(image_.pixelColor(place));
 }
 
 } // namespace veskora

@@ -12,19 +12,49 @@
 
 #include <QCloseEvent>
 #include <QColorDialog>
+#include <QKeyEvent>
 
 #include <array>
+#include <string>
 
 namespace veskora {
 
 namespace {
 
-/// Black, blue, green, cyan, red, magenta, yellow, white and grey, in their dark and their bright
-/// form; colour words.
-constexpr std::array<std::uint32_t, 16> standardColours = {
-    0x000000, 0x800000, 0x008000, 0x808000, 0x000080, 0x800080, 0x008080, 0xC0C0C0,
-    0x808080, 0xFF0000, 0x00FF00, 0xFFFF00, 0x0000FF, 0xFF00FF, 0x00FFFF, 0xFFFFFF,
+struct StandardColour
+{
+    std::uint32_t word;
+    std::string name;
 };
+
+/// The classic sixteen.
+std::array<StandardColour, 16> standardColours()
+{
+    const std::string dark = " (" + Metafrasi(1768, "dark") + ")";
+    const std::string light = " (" + Metafrasi(1769, "light") + ")";
+    const std::string blue = Metafrasi(1760, "Blue"), green = Metafrasi(1761, "Green"),
+                      cyan = Metafrasi(1762, "Cyan"), red = Metafrasi(1763, "Red"),
+                      magenta = Metafrasi(1764, "Magenta"), yellow = Metafrasi(1765, "Yellow"),
+                      grey = Metafrasi(1766, "Grey");
+    return {{{0x000000, Metafrasi(1759, "Black")},
+             {0x800000, blue + dark},
+             {0x008000, green + dark},
+             {0x808000, cyan + dark},
+             {0x000080, red + dark},
+             {0x800080, magenta + dark},
+             {0x008080, yellow + dark},
+             {0xC0C0C0, grey + light},
+             {0x808080, grey},
+             {0xFF0000, blue},
+             {0x00FF00, green},
+             {0xFFFF00, cyan},
+             {0x0000FF, red},
+             {0xFF00FF, magenta},
+             {0x00FFFF, yellow},
+             {0xFFFFFF, Metafrasi(1767, "White")}}};
+}
+
+constexpr int swatchesInRow = 8;
 
 double wordOf(const QColor &colour)
 {
@@ -47,6 +77,8 @@ frmXROMATA::frmXROMATA(QWidget *parent) : QDialog(parent), ui_(std::make_unique<
     setWindowModality(Qt::WindowModal);
     setWindowTitle(qtText(Metafrasi(1601, "Select color")));
     ui_->Label1->setText(qtText(Metafrasi(1602, "Current selection:")));
+    ui_->pCol->setAccessibleName(qtText(Metafrasi(1757, "Palette")));
+    ui_->currentColour->setAccessibleName(ui_->Label1->text());
     ui_->SSCommand1->setText(qtText(Metafrasi(1603, "More...")));
     ui_->SSCommand1->setToolTip(qtText(Metafrasi(1604, "More colors")));
     ui_->SSCommand2->setText(qtText(Metafrasi(2002, "OK")));
@@ -64,24 +96,60 @@ frmXROMATA::~frmXROMATA() = default;
 
 void frmXROMATA::addSwatches()
 {
-    constexpr int inRow = 8;
     QWidget *last = nullptr;
-    for (int i = 0; const std::uint32_t colour : standardColours) {
+    for (int i = 0; const auto &[colour, name] : standardColours()) {
         auto *swatch = new ColourSwatch(this);
         swatch->setObjectName(QString("Picture1(%1)").arg(i));
         swatch->setToolButtonStyle(Qt::ToolButtonIconOnly);
         swatch->setIconSize(QSize(20, 20));
         swatch->setColour(colour);
-        swatch->setAccessibleName(swatch->accessibleDescription());
-        ui_->swatches->addWidget(swatch, i / inRow, i % inRow);
+        swatch->setAccessibleName(qtText(name));
+        swatch->installEventFilter(this);
+        ui_->swatches->addWidget(swatch, i / swatchesInRow, i % swatchesInRow);
         connect(swatch, &ColourSwatch::clicked, this, [this, colour] { take(colour); });
         if (last != nullptr)
             setTabOrder(last, swatch);
         last = swatch;
         ++i;
     }
-    setTabOrder(last, ui_->SSCommand1);
-    findChild<ColourSwatch *>("Picture1(0)")->setFocus();
+    setTabOrder(last, ui_->pCol);
+    setTabOrder(ui_->pCol, ui_->SSCommand1);
+    ui_->swatches->itemAt(0)->widget()->setFocus();
+}
+
+/// The swatches are one stop of the Tab key, the one that had the focus last; arrows go from one to
+/// the next.
+bool frmXROMATA::eventFilter(QObject *watched, QEvent *event)
+{
+    const int at = ui_->swatches->indexOf(qobject_cast<QWidget *>(watched));
+    if (at >= 0 && event->type() == QEvent::FocusIn)
+        for (int i = 0; i < ui_->swatches->count(); ++i)
+            ui_->swatches->itemAt(i)->widget()->setFocusPolicy(i == at ? Qt::StrongFocus
+                                                                       : Qt::ClickFocus);
+    if (at < 0 || event->type() != QEvent::KeyPress)
+        return QDialog::eventFilter(watched, event);
+    int row = at / swatchesInRow;
+    int column = at % swatchesInRow;
+    switch (static_cast<const QKeyEvent *>(event)->key()) {
+    case Qt::Key_Left:
+        --column;
+        break;
+    case Qt::Key_Right:
+        ++column;
+        break;
+    case Qt::Key_Up:
+        --row;
+        break;
+    case Qt::Key_Down:
+        ++row;
+        break;
+    default:
+        return false;
+    }
+    if (const QLayoutItem *next = ui_->swatches->itemAtPosition(row, column);
+        next != nullptr && column >= 0 && row >= 0)
+        next->widget()->setFocus(Qt::OtherFocusReason);
+    return true;
 }
 
 void frmXROMATA::take(double colour)
