@@ -83,7 +83,8 @@ void frmMain::buildToolbar()
     // Many styles do not show which of them has the focus.
     auto *frame = new QFocusFrame(this);
     frame->setObjectName("ToolbarFocus");
-    connect(qApp, &QApplication::focusChanged, this, [this, frame](QWidget *, QWidget *now) {
+    // It goes before this window does, with the toolbar that it then lies on.
+    connect(qApp, &QApplication::focusChanged, frame, [this, frame](QWidget *, QWidget *now) {
         frame->setWidget(now != nullptr && now->parentWidget() == ui_->Toolbar2 ? now : nullptr);
     });
 }
