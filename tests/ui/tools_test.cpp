@@ -10,6 +10,8 @@
 #include "MainWindowTest.h"
 
 #include <QApplication>
+#include <QScreen>
+#include <QScrollArea>
 
 #include <gmock/gmock.h>
 
@@ -307,6 +309,22 @@ TEST_F(Tools, ArcHelpUnfolds)
         EXPECT_FALSE(find<QLabel>("Image1")->pixmap().isNull());
         click("SSCommand1");
         EXPECT_EQ(form->width(), narrow);
+    });
+    // Higher than the screen, the contents scroll; the buttons stay, and so does the focus.
+    in<frmKykliko>([&] {
+        find("Label7")->setMinimumHeight(3000);
+        click("SSCommand1");
+        EXPECT_TRUE(form->screen()->availableGeometry().contains(form->geometry()));
+        const auto isInSight = [&](const char *name) {
+            return form->rect().contains(find(name)->geometry().translated(
+                       find(name)->parentWidget()->mapTo(form, QPoint())))
+                   && !find(name)->visibleRegion().isEmpty();
+        };
+        EXPECT_TRUE(isInSight("SSCommand3"));
+        find<QScrollArea>("area")->ensureVisible(0, 3000);
+        EXPECT_FALSE(isInSight("Text2"));
+        find("Text2")->setFocus();
+        EXPECT_TRUE(isInSight("Text2"));
     });
 }
 
