@@ -50,7 +50,6 @@ frmKykliko::frmKykliko(QWidget *parent)
              "belong to the arc.")));
     ui_->Image1->installEventFilter(this);
     ui_->Image1->setAccessibleName(ui_->Label6->text());
-    ui_->Combo1->takeOnlyItems();
     ui_->Combo1->fill(Arithmos_Omadon);
     ui_->Combo1->showNumber(1);
     equip(Metafrasi(2002, "OK"));
@@ -126,7 +125,7 @@ void frmKykliko::Ipologismos_Gonias()
 
 void frmKykliko::apply()
 {
-    const auto group = chosenRow(ui_->Combo1);
+    const auto group = chosenRow(ui_->Combo1, noSuchGroup);
     if (!group)
         return;
     const auto refuseNumber = [this] {

@@ -44,8 +44,6 @@ frmStoixeia::frmStoixeia(QWidget *parent)
     ui_->Text4->setAccessibleName(ui_->Label2->text());
     for (QCheckBox *check : {ui_->ssCheck3, ui_->ssCheck6})
         check->setAccessibleName(ui_->Label3->text() + ' ' + check->text());
-    for (NumberList *list : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
-        list->takeOnlyItems();
     // They tell, they ask nothing: text on the window's own ground.
     for (QLineEdit *field : {ui_->Text1, ui_->Text4}) {
         QPalette colours = field->palette();
@@ -102,8 +100,8 @@ void frmStoixeia::loadFields(int e)
     show(ui_->Combo2, element::group);
     show(ui_->Combo3, element::nodeI);
     show(ui_->Combo4, element::nodeJ);
-    ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) != 0);
-    ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) != 0);
+    ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) == 1);
+    ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) == 1);
     showGroup();
     showNodes();
 }
@@ -135,8 +133,8 @@ void frmStoixeia::showNodes()
 bool frmStoixeia::elegxos_stoixeion()
 {
     const double number = numbers()->number();
-    const double i = ui_->Combo3->number();
-    const double j = ui_->Combo4->number();
+    const auto i = ui_->Combo3->row();
+    const auto j = ui_->Combo4->row();
     if (number > maxElements)
         return refuse(Metafrasi(1419, "The maximum number of elements that can be defined is") + " "
                           + numberText(maxElements) + ".",
@@ -144,13 +142,13 @@ bool frmStoixeia::elegxos_stoixeion()
     if (!isRowNumber(number))
         return refuse(Metafrasi(1420, "The value given for element number is unacceptable."),
                       numbers());
-    if (!isRowNumber(ui_->Combo2->number()))
+    if (!ui_->Combo2->row())
         return refuse(Metafrasi(1421, "The value given for E,A,I Group number is unacceptable."),
                       ui_->Combo2);
-    if (!isRowNumber(i))
+    if (!i)
         return refuse(Metafrasi(1422, "The value given for node i number is unacceptable."),
                       ui_->Combo3);
-    if (!isRowNumber(j))
+    if (!j)
         return refuse(Metafrasi(1423, "The value given for node j number is unacceptable."),
                       ui_->Combo4);
     if (i == j)
@@ -160,8 +158,6 @@ bool frmStoixeia::elegxos_stoixeion()
 
 void frmStoixeia::store(int e, bool isNew)
 {
-    if (isNew)
-        ++Arithmos_Stoixeion;
     const bool hingeI = ui_->ssCheck3->isChecked();
     const bool hingeJ = ui_->ssCheck6->isChecked();
     Stoixeia(e, element::nodeI) = static_cast<float>(ui_->Combo3->number());
@@ -169,6 +165,8 @@ void frmStoixeia::store(int e, bool isNew)
     Stoixeia(e, element::group) = static_cast<float>(ui_->Combo2->number());
     Stoixeia(e, element::hingeI) = hingeI ? 1 : 0;
     Stoixeia(e, element::hingeJ) = hingeJ ? 1 : 0;
+    if (isNew)
+        ++Arithmos_Stoixeion;
     // The star makes the caption the beginning of the line: "* Element #".
     Grammi_Log((isNew ? Metafrasi(1415, "New element #") : "* " + Metafrasi(1404, "Element") + " #")
                    + numberText(e) + ", " + Metafrasi(1416, "Node i: #")
