@@ -22,10 +22,46 @@ std::string typeText(bool hingeI, bool hingeJ)
     return hingeJ ? Metafrasi(1411, "P2' Type: Hinge at end j") : Metafrasi(1410, "P2 Type");
 }
 
-std::string placeText(int n)
+std::string singleText(float value)
 {
-    const std::string x = numberText(Komboi(n, node::x));
-    return "(" + x + ", " + numberText(Komboi(n, node::y)) + ")";
+    return numberText(value);
+}
+
+/// In 6 digits: "1.23457E-05".
+std::string shortText(double value)
+{
+    constexpr int digits = 6;
+    return plainText(QString::number(value, 'g', digits).toUpper());
+}
+
+std::string placeText(int n, auto text)
+{
+    const std::string x = text(Komboi(n, node::x));
+    return "(" + x + ", " + text(Komboi(n, node::y)) + ")";
+}
+
+/// "(0, 0) - (3, 4), L= 5", as much of it as is known.
+std::string nodesText(std::optional<int> i, std::optional<int> j, auto text)
+{
+    std::string line = i ? placeText(*i, text) : "";
+    if (j)
+        line += (i ? " - " : "- ") + placeText(*j, text);
+    if (i && j)
+        line += ", L= "
+                + text(std::hypot(Komboi(*j, node::x) - Komboi(*i, node::x),
+                                  Komboi(*j, node::y) - Komboi(*i, node::y)));
+    return line;
+}
+
+/// Shows @p full in the two lines of @p label, or @p shortened if it needs more.
+void showLines(QLabel *label, const std::string &full, const std::string &shortened)
+{
+    const QString text = qtText(full);
+    const QRect lines(QPoint(), label->minimumSize());
+    const bool fits = lines.contains(
+        label->fontMetrics().boundingRect(lines, Qt::TextWordWrap | Qt::AlignTop, text));
+    label->setText(fits ? text : qtText(shortened));
+    label->setToolTip(fits ? QString() : text);
 }
 
 } // namespace
@@ -44,14 +80,11 @@ frmStoixeia::frmStoixeia(QWidget *parent)
     ui_->Text4->setAccessibleName(ui_->Label2->text());
     for (QCheckBox *check : {ui_->ssCheck3, ui_->ssCheck6})
         check->setAccessibleName(ui_->Label3->text() + ' ' + check->text());
-    // They tell, they ask nothing: text on the window's own ground.
-    for (QLineEdit *field : {ui_->Text1, ui_->Text4}) {
-        QPalette colours = field->palette();
-        colours.setBrush(QPalette::Base, colours.window());
-        field->setPalette(colours);
-        field->setMinimumWidth(
-            field->fontMetrics().horizontalAdvance("E= 210000000, A= 0.012345, I= 0.00012345 "));
-    }
+    // Any place of a node, of few digits, and the length go into one line.
+    for (QLabel *label : {ui_->Text1, ui_->Text4})
+        label->setMinimumSize(
+            label->fontMetrics().horizontalAdvance("(-1.23457E+08, -1.23457E+08), L= 1.23457E+08 "),
+            2 * label->fontMetrics().lineSpacing());
     equipRows(Metafrasi(1405, "(New)"), Metafrasi(1414, "(Existing)"));
     chainEnter({numbers(), ui_->Combo2, ui_->Combo3, ui_->Combo4});
     chainEnter({ui_->ssCheck3, ui_->ssCheck6});
@@ -108,26 +141,15 @@ void frmStoixeia::loadFields(int e)
 
 void frmStoixeia::showGroup()
 {
-    std::string text;
-    if (const auto g = ui_->Combo2->row())
-        text = groupConstants(*g);
-    ui_->Text1->setText(qtText(text));
-    ui_->Text1->home(false);
+    const auto g = ui_->Combo2->row();
+    showLines(ui_->Text1, g ? groupConstants(*g) : "", g ? groupConstants(*g, shortText) : "");
 }
 
 void frmStoixeia::showNodes()
 {
     const auto i = ui_->Combo3->row();
     const auto j = ui_->Combo4->row();
-    std::string text = i ? placeText(*i) : "";
-    if (j)
-        text += (i ? " - " : "- ") + placeText(*j);
-    if (i && j)
-        text += ", L= "
-                + numberText(std::hypot(Komboi(*j, node::x) - Komboi(*i, node::x),
-                                        Komboi(*j, node::y) - Komboi(*i, node::y)));
-    ui_->Text4->setText(qtText(text));
-    ui_->Text4->home(false);
+    showLines(ui_->Text4, nodesText(i, j, singleText), nodesText(i, j, shortText));
 }
 
 bool frmStoixeia::elegxos_stoixeion()
