@@ -36,7 +36,7 @@ void Diagrafi_Kombou(std::int16_t n)
 void Diagrafi_Stoixeiou(std::int16_t e)
 {
     const int last = Arithmos_Stoixeion;
-    Stoixeia.removeRow(e, last);
+    Stoixeia.removeRow(e, last, element::used);
     Grammi_Log(deletionText({Metafrasi(1425, "Element deleted: #"),
                              Metafrasi(1426, "Elements renumbered: #"), Metafrasi(1427, "to #")},
                             e, last),

@@ -18,6 +18,13 @@ bool isBlank(char c)
     return c == ' ' || c == '\t';
 }
 
+std::string_view withoutLeadingBlanks(std::string_view text)
+{
+    while (!text.empty() && isBlank(text.front()))
+        text.remove_prefix(1);
+    return text;
+}
+
 bool isDigit(char c)
 {
     return c >= '0' && c <= '9';
@@ -167,8 +174,7 @@ std::string withSignPlace(std::string text)
 
 std::optional<double> leadingNumber(std::string_view text)
 {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
+    text = withoutLeadingBlanks(text);
     if (text.size() >= 2 && text[0] == '&' && (text[1] == 'H' || text[1] == 'h'))
         return hexadecimalWord(text.substr(2));
     const Decimal decimal = scanDecimal(text);
@@ -180,10 +186,16 @@ double Val(std::string_view text)
     return leadingNumber(text).value_or(0);
 }
 
+bool breaksOffAtPoint(std::string_view text)
+{
+    text = withoutLeadingBlanks(text);
+    const std::size_t end = scanDecimal(text).length;
+    return end > 0 && end < text.size() && text[end] == '.';
+}
+
 std::optional<double> numberFromWholeText(std::string_view text)
 {
-    while (!text.empty() && isBlank(text.front()))
-        text.remove_prefix(1);
+    text = withoutLeadingBlanks(text);
     while (!text.empty() && isBlank(text.back()))
         text.remove_suffix(1);
     const Decimal decimal = scanDecimal(text);

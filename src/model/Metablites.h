@@ -48,6 +48,7 @@ inline constexpr int hingeI = 4; ///< 1 hinge, 0 rigid
 inline constexpr int hingeJ = 5;
 inline constexpr int wx = 6; ///< force per unit of the element's own length, global axes
 inline constexpr int wy = 7;
+inline constexpr int used = wy; ///< the last column that is read and written
 } // namespace element
 
 /// @name Model tables

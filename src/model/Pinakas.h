@@ -49,14 +49,15 @@ public:
     /// Makes every cell 0, as releasing the table and dimensioning it afresh does.
     void clear() { cells_.fill(T{}); }
 
-    /// Moves every row behind @p row up to @p last one place down and makes row @p last 0.
-    void removeRow(int row, int last)
+    /// Moves every row behind @p row up to @p last one place down and makes row @p last 0, all in
+    /// the columns up to @p lastColumn.
+    void removeRow(int row, int last, int lastColumn = Columns)
     {
         if (row > last)
             subscriptFault(row, Rows, 1, Columns);
-        const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(index(row, 1));
-        const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(index(last, 1)) + Columns;
-        std::fill(std::copy(begin + Columns, end, begin), end, T{});
+        for (int k = row; k <= last; ++k)
+            for (int column = 1; column <= lastColumn; ++column)
+                (*this)(k, column) = k < last ? (*this)(k + 1, column) : T{};
     }
 
 private:

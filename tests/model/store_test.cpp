@@ -146,7 +146,9 @@ TEST_F(Store, DeletingANodeMovesTheLaterOnesWithAllTheyHave)
 TEST_F(Store, DeletingAnElementMovesTheLaterOnes)
 {
     buildModel("N 0 0; N 1 0; N 2 0; G 1 1 1; E 1 2 1 0 1 5 6; E 2 3 1 1 0 7 8; E 3 1 1 1 1 9 10");
+    Stoixeia(2, 8) = 4; // a column that nobody uses
     Diagrafi_Stoixeiou(1);
+    EXPECT_EQ(Stoixeia(2, 8), 4);
     EXPECT_EQ(desktop.log.back(),
               (LogLine{"Element deleted: #1. Elements renumbered: #2 to # 3.", 32768}));
     EXPECT_EQ(Stoixeia(1, element::wy), 8);

@@ -35,6 +35,8 @@ protected:
         form = &dialog;
         QTimer::singleShot(0, &dialog, [&] {
             try {
+                if (!QTest::qWaitForWindowActive(form)) // else no field is ever left
+                    throw std::runtime_error("the dialog did not come to the front");
                 talk();
             } catch (const std::exception &lost) {
                 ADD_FAILURE() << lost.what();
@@ -68,6 +70,13 @@ protected:
              Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(find(field), key, modifiers);
+    }
+    /// The letter of a button's caption, wherever the focus is.
+    void pressLetter(const std::string &button)
+    {
+        const QString caption = find<QAbstractButton>(button)->text();
+        const char letter = caption.at(caption.indexOf('&') + 1).toLower().toLatin1();
+        QTest::keyClick(form->focusWidget(), letter, Qt::AltModifier);
     }
     QLineEdit *line(const std::string &field)
     {

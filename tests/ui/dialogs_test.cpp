@@ -84,6 +84,7 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
     const char *spring = "The elastic constants cannot have negative values.";
     const char *there = "At (6, 0.1) there is already node #2. ";
     const char *large = "The number given is too large.";
+    const char *separators = "The number given has more than one decimal separator.";
     const std::string before =
         modelOf("G 1 1 1; G 2 2 2; N 0 0 xxo; N 6 .1; N 9 9; E 1 2 1; E 2 3 2 1 1 5 6");
     for (const Case &c : {
@@ -109,6 +110,8 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
              Case{Case::nodes, "Text2=5 TextKZ=-1e40", spring, "TextKZ"},
              Case{Case::nodes, "Text2=5 Text3=1e39", large, "Text3"},
              Case{Case::nodes, "Text2=5 TextKZ=1e39", large, "TextKZ"},
+             Case{Case::nodes, "Text2=1.234,56 TextKX=-1", separators, "Text2"},
+             Case{Case::nodes, "Combo1=1,000.5 Text2=5", separators, "Combo1"},
              Case{Case::elements, "Combo1=301 Combo2=",
                   "The maximum number of elements that can be defined is 300.", "Combo1"},
              Case{Case::elements, "Combo1=0 Combo2=",
@@ -117,10 +120,18 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
                   "The value given for E,A,I Group number is unacceptable.", "Combo2"},
              Case{Case::elements, "Combo4=1", "The value given for node i number is unacceptable.",
                   "Combo3"},
-             Case{Case::elements, "Combo3=1 Combo4=4", // there is no node 4 to type
+             Case{Case::elements, "Combo2=3 Combo3=31", // there are two groups
+                  "The value given for E,A,I Group number is unacceptable.", "Combo2"},
+             Case{Case::elements, "Combo3=31 Combo4=4", // there are three nodes
+                  "The value given for node i number is unacceptable.", "Combo3"},
+             Case{Case::elements, "Combo3=1 Combo4=4",
+                  "The value given for node j number is unacceptable.", "Combo4"},
+             Case{Case::elements, "Combo3=1 Combo4=2.5",
                   "The value given for node j number is unacceptable.", "Combo4"},
              Case{Case::elements, "Combo3=2 Combo4=2", "Given nodes i and j coincide.", "Combo4"},
              Case{Case::nodeLoads, "Text1=1 Text2=-1e39", large, "Text2"},
+             Case{Case::nodeLoads, "Text1=1 Combo1=31", "There is no node #31.", "Combo1"},
+             Case{Case::nodeLoads, "Text1=1 Combo1=-1", "There is no node #-1.", "Combo1"},
          }) {
         SCOPED_TRACE(c.entries);
         const auto talk = [&] {
@@ -224,7 +235,7 @@ TEST_F(Dialogs, DeleteAndRenumber)
     const std::string question =
         std::string(connected) + "\r\nDo you want the deletion process to proceed?";
     const auto deleteTyped = [&](const char *number) {
-        fill(std::string("Combo1=") + number);
+        fill(std::string("Combo1=") + number + "!");
         click("SSCommand2");
     };
 
@@ -405,41 +416,120 @@ TEST_F(Dialogs, ADirectionHasAConstraintOrASpring)
     });
 }
 
+// However the list is left: the row typed is the one that is shown, and Apply stores into it.
+TEST_F(Dialogs, ATypedNumberIsTakenOverOnLeavingTheList)
+{
+    const char *nodes = "N 5 5 xxo 1; N 6 6 oxo 0 2; N 7 7; S 2 3 0 0";
+    const std::string changed = modelOf("N 5 5 xxo 1; N 7 6 oxo 0 2; N 7 7; S 2 3 0 0");
+    const auto leave = [this](const char *way) {
+        if (way == std::string("Tab"))
+            QTest::keyClick(find("Combo1"), Qt::Key_Tab);
+        else if (way == std::string("Enter"))
+            key("Combo1", Qt::Key_Return);
+        else if (way == std::string("click"))
+            QTest::mouseClick(find("Text3"), Qt::LeftButton);
+        else if (way == std::string("letter")) {
+            pressLetter("SSCheck2");
+            EXPECT_TRUE(QTest::qWaitFor([this] { return shownIn("SSCheck2") == "o"; }));
+            click("SSCheck2");
+        } else
+            click(way); // Apply and Delete show the row and do no more
+    };
+    for (const char *way : {"Tab", "Enter", "click", "letter", "SSCommand3", "SSCommand2"})
+        for (const bool isNew : {true, false}) {
+            SCOPED_TRACE(way);
+            buildModel(nodes);
+            const auto talk = [&] {
+                fill("Text2=1 TextKY=4 Combo1=2");
+                leave(way);
+                EXPECT_EQ(shownIn("Combo1 Label7 Text2 Text3 SSCheck2 TextKX TextKY"),
+                          "2|(Existing)|6|6|x|3|");
+                EXPECT_EQ(Arithmos_Kombon, 3);
+                fill("Text2=7");
+                click("SSCommand3");
+            };
+            isNew ? withNew<frmKomboi>(talk) : withRow<frmKomboi>(1, talk);
+            EXPECT_EQ(model(), changed);
+        }
+    desktop.log.clear();
+    withRow<frmKomboi>(2, [&] { // a number behind the last row: a new row, with empty fields
+        fill("Combo1=9 Text2=");
+        EXPECT_EQ(shownIn("Combo1 Label7 Text3 SSCheck2"), "9|(New)||o");
+        fill("Combo1=3 Text2= Combo1=99");
+        click("SSCommand3");
+        EXPECT_EQ(shownIn("Combo1 Label7 Text3"), "99|(New)|");
+        EXPECT_EQ(Arithmos_Kombon, 3);
+        click("SSCommand3");
+        EXPECT_EQ(Arithmos_Kombon, 4);
+    });
+    EXPECT_THAT(logged(navy), ElementsAre("New node #4, x=0, y=0, Free"));
+    withRow<frmEPIKOMBIO>(1, [&] {
+        fill("Combo1=2 Text3=8");
+        EXPECT_EQ(shownIn("Combo1 Text1 Text2"), "2||2");
+        for (const char *number : {"31", "2.5", ""}) { // no row: that which is shown
+            fill(std::string("Combo1=") + number + " Text1=9");
+            EXPECT_EQ(shownIn("Combo1 Text1 Text2 Text3"), "2|9|2|8");
+        }
+        desktop.expectMessage("There is no node #31.");
+        fill("Combo1=31!");
+        EXPECT_EQ(focus(), "Combo1");
+        fill("Combo1=1");
+        click("SSCommand2");
+        EXPECT_EQ(shownIn("Combo1 Text1"), "1|1");
+    });
+    EXPECT_EQ(Komboi(1, node::Fx), 1);
+}
+
 TEST_F(Dialogs, NumberListsTakeTypedNumbers)
 {
     buildModel("G 1 1 1; N 5 5; N 6 6; N 7 7; E 1 2 1");
+    const auto wheel = [this](const char *list) {
+        QWheelEvent down({5, 5}, find(list)->mapToGlobal(QPointF(5, 5)), {}, {0, -120},
+                         Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(find(list), &down);
+    };
     withNew<frmKomboi>([&] {
-        fill("Text2=1 Combo1=2");
-        EXPECT_EQ(shown("Label7"), "(Existing)"); // the label follows, the row waits for Enter
-        ASSERT_TRUE(QTest::qWaitForWindowActive(form)); // else no field is left
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), find("Text2"));
-        EXPECT_EQ(shownIn("Combo1 Text2"), "2|1");
-        fill("Combo1=4!"); // still the new row
+        fill("Text2=1 Combo1=4!"); // still the new row
         EXPECT_EQ(shownIn("Text2 Label7"), "1|(New)");
-        fill("Combo1=2!");
-        EXPECT_EQ(shownIn("Combo1 Text2"), "2|6");
-        EXPECT_EQ(focus(), "Text2");
-        key("Combo1", Qt::Key_Down);
-        EXPECT_EQ(shownIn("Combo1 Text2"), "3|7");
-        fill("Combo1=1");
+        fill("Combo1=2");
         key("Combo1", Qt::Key_Down); // on from what is typed
+        EXPECT_EQ(shownIn("Combo1 Text2"), "3|7");
+        EXPECT_EQ(line("Combo1")->selectedText(), "3");
+        fill("Combo1=1");
+        wheel("Combo1");
         EXPECT_EQ(shownIn("Combo1 Text2"), "2|6");
-        fill("Combo1=2x!");
-        EXPECT_EQ(shown("Text2"), "6");
-        fill("Text2=9 Combo1=2.5!"); // no row: nothing is loaded over what is typed
-        EXPECT_EQ(shown("Text2"), "9");
-        fill("Combo1=99!");
-        EXPECT_EQ(shownIn("Combo1 Label7 Text2"), "99|(New)|");
+        EXPECT_EQ(line("Combo1")->selectedText(), "2");
+        fill("Text2=9");
+        wheel("Combo1"); // without the focus
+        EXPECT_EQ(shownIn("Combo1 Text2"), "2|9");
+        fill("Combo1=2x! Combo1=2.5!"); // the row shown; no row
+        EXPECT_EQ(shownIn("Combo1 Text2"), "2.5|9");
         EXPECT_EQ(find<QComboBox>("Combo1")->count(), 4);
-        fill("Combo1=3! Text2=8");
         click("SSCommand1");
         EXPECT_EQ(shownIn("Combo1 Label7 Text2"), "4|(New)|");
         EXPECT_EQ(focus(), "Text2");
     });
     withRow<frmStoixeia>(1, [&] {
-        fill("Combo3=31x Combo4=0 Combo2=2");
-        EXPECT_EQ(shownIn("Combo2 Combo3 Combo4"), "|3|"); // the rows that there are
+        wheel("Combo2");
+        fill("Combo3=31x Combo4=-1 Combo2=2.5");
+        EXPECT_EQ(shownIn("Combo2 Combo3 Combo4 Text1 Text4"), "2.5|31x|-1||");
+    });
+}
+
+// The lines beside the lists are never cut inside a number.
+TEST_F(Dialogs, LinesBesideTheListsAreWhole)
+{
+    buildModel("G 123456.789012345 1.23456789012345e-101 1.23456789012345e-102; G 1 2 3;"
+               "N -1.234567e-30 -1.234567e-30; N -1.234567e-31 1.234567e-31; N 1 2; E 1 2 1");
+    withRow<frmStoixeia>(1, [&] {
+        EXPECT_EQ(shown("Text1"), "E= 123457, A= 1.23457E-101, I= 1.23457E-102");
+        EXPECT_EQ(find("Text1")->toolTip(),
+                  "E= 123456.789012345, A= 1.23456789012345E-101, I= 1.23456789012345E-102");
+        const QLabel *places = find<QLabel>("Text4");
+        EXPECT_LE(places->heightForWidth(places->width()), places->height());
+        fill("Combo2=2");
+        EXPECT_EQ(shown("Text1"), "E= 1, A= 2, I= 3");
+        EXPECT_EQ(find("Text1")->toolTip(), "");
     });
 }
 
@@ -463,6 +553,12 @@ TEST_F(Dialogs, EnterGoesFromFieldToFieldAndEscapeCloses)
         fill("Text2=7");
         for (const bool repeated : {false, true, true}) {
             QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, repeated);
+            QCoreApplication::sendEvent(find("Text3"), &event);
+        }
+        // The same of an X server: a release and a press of one moment.
+        for (const auto type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+            QKeyEvent event(type, Qt::Key_Return, Qt::NoModifier);
+            event.setTimestamp(700);
             QCoreApplication::sendEvent(find("Text3"), &event);
         }
         EXPECT_EQ(Arithmos_Kombon, 3);
@@ -507,7 +603,8 @@ TEST_F(Dialogs, SpeakTheLanguageAndAreReachedByKeys)
         };
         QSet<const QWidget *> named;
         for (const QLabel *label : form->findChildren<QLabel *>()) {
-            caption(label->text());
+            if ((label->textInteractionFlags() & Qt::TextSelectableByMouse) == 0) // a value
+                caption(label->text());
             named << label->buddy();
         }
         for (const QAbstractButton *button : form->findChildren<QAbstractButton *>())

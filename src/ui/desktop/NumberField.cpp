@@ -1,5 +1,6 @@
 #include "NumberField.h"
 
+#include "Functions.h"
 #include "MathFunc.h"
 #include "QtDesktop.h"
 
@@ -27,6 +28,20 @@ public:
 void takeDecimalComma(QLineEdit *field)
 {
     field->setValidator(new DecimalPoint(field));
+}
+
+QLineEdit *fieldWithTwoSeparators(const QWidget *form)
+{
+    for (QLineEdit *field : form->findChildren<QLineEdit *>())
+        if (dynamic_cast<const DecimalPoint *>(field->validator()) != nullptr
+            && breaksOffAtPoint(plainText(field->text())))
+            return field;
+    return nullptr;
+}
+
+std::string twoSeparators()
+{
+    return Metafrasi(1610, "The number given has more than one decimal separator.");
 }
 
 double typedNumber(const QLineEdit *field)

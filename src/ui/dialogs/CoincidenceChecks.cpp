@@ -4,9 +4,11 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "NumberField.h"
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace veskora {
 
@@ -18,7 +20,8 @@ void report(const std::string &text)
     desktop().message(text, Icon::information);
 }
 
-double askTolerance()
+/// None where the answer is refused.
+std::optional<double> askTolerance()
 {
     constexpr double standard = 0.00001, largest = 0.001;
     std::string answer = desktop().askText(
@@ -30,6 +33,10 @@ double askTolerance()
         return standard;
     }
     std::ranges::replace(answer, ',', '.'); // some keypads have no other key
+    if (breaksOffAtPoint(answer)) {
+        showRefusal(twoSeparators());
+        return std::nullopt;
+    }
     const double tolerance = Val(answer);
     if (tolerance < 0) {
         desktop().message(Metafrasi(84, "Tolerance = 0 (Minimum value)."), Icon::none);
@@ -46,7 +53,10 @@ double askTolerance()
 
 void findCoincidentNodes()
 {
-    const double tolerance = askTolerance();
+    const std::optional<double> answer = askTolerance();
+    if (!answer)
+        return;
+    const double tolerance = *answer;
     int count = 0;
     for (int i = 1; i <= Arithmos_Kombon; ++i)
         for (int j = i + 1; j <= Arithmos_Kombon; ++j) {

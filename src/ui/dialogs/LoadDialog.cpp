@@ -29,9 +29,8 @@ void LoadDialog::equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, T
     fields_ = fields;
     caption_ = caption;
     texts_ = std::move(texts);
-    numbers_ = findChild<NumberList *>("Combo1");
     loadedRows_ = findChild<QListWidget *>("List1");
-    numbers_->takeOnlyItems();
+    equipNumbers();
     caption_->setText(qtText(texts_.loadedRows));
     equip();
     captionText_ = caption_->text(); // with its mnemonic, for every count
@@ -42,11 +41,10 @@ void LoadDialog::equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, T
     resize(minimumSizeHint());
 
     chainEnter({loadedRows_, fields_.first()});
-    QList<QWidget *> chain = {numbers_};
+    QList<QWidget *> chain = {numbers()};
     chain.append(QList<QWidget *>(fields_.begin(), fields_.end()));
     chainEnter(chain);
-    connect(numbers_, &NumberList::picked, this, &LoadDialog::showRow);
-    connect(numbers_, &NumberList::entered, this, [this] { showRow(row()); });
+    connect(numbers(), &NumberList::picked, this, &LoadDialog::showRow);
     const auto choose = [this] {
         if (const QListWidgetItem *item = loadedRows_->currentItem())
             showRow(item->text().toInt());
@@ -60,32 +58,33 @@ void LoadDialog::openFirst()
     openRow(1);
 }
 
-void LoadDialog::openRow(int row)
+QWidget *LoadDialog::firstField() const
 {
-    numbers_->fill(rowCount());
+    return fields_.first();
+}
+
+void LoadDialog::fillLists()
+{
+    numbers()->fill(rowCount());
     listLoadedRows();
-    showRow(row);
-    lead(fields_.first());
-    exec();
 }
 
-/// The row that the list shows; an emptied list goes back to the row that was loaded last.
-int LoadDialog::row()
+void LoadDialog::showLoaded()
 {
-    const int shown = numbers_->row().value_or(loaded_);
-    numbers_->showNumber(shown);
-    return shown;
-}
-
-void LoadDialog::showRow(int row)
-{
-    numbers_->showNumber(row);
-    loaded_ = row;
     for (std::size_t i = 0; QLineEdit * field : fields_)
-        showNonZero(field, loads(row)[i++]);
+        showNonZero(field, loads(loaded())[i++]);
     const QSignalBlocker silent(loadedRows_);
-    const auto items = loadedRows_->findItems(QString::number(row), Qt::MatchExactly);
+    const auto items = loadedRows_->findItems(QString::number(loaded()), Qt::MatchExactly);
     loadedRows_->setCurrentItem(items.value(0));
+}
+
+/// An emptied list stands for the row that is shown.
+bool LoadDialog::takeOther(bool isLeft)
+{
+    if (!isLeft && !(numbers()->currentText().trimmed().isEmpty() && loaded() <= rowCount()))
+        return refuse(noSuchRow(), numbers());
+    numbers()->showNumber(loaded());
+    return true;
 }
 
 void LoadDialog::listLoadedRows()
@@ -115,39 +114,37 @@ void LoadDialog::apply()
             refuseOverflow(field);
             return;
         }
-    const int row = this->row();
-    const std::span<float> values = loads(row);
+    const std::span<float> values = loads(loaded());
     const bool wasLoaded = isLoaded(values);
     for (std::size_t i = 0; const QLineEdit *field : fields_)
         values[i++] = typedSingle(field).value();
-    const std::string number = numberText(row);
+    const std::string number = numberText(loaded());
     if (isLoaded(values))
         Grammi_Log((wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values),
                    logColour::navy);
     else if (wasLoaded)
         Grammi_Log(texts_.erased + number, logColour::navy);
-    finish(row);
+    finish();
 }
 
 void LoadDialog::remove()
 {
-    const int row = this->row();
-    const std::span<float> values = loads(row);
+    const std::span<float> values = loads(loaded());
     if (!isLoaded(values)) {
-        refuse(texts_.nothingToDelete + numberText(row) + ".", numbers_);
+        refuse(texts_.nothingToDelete + numberText(loaded()) + ".", numbers());
         return;
     }
     std::ranges::fill(values, 0.0F);
-    Grammi_Log(texts_.erased + numberText(row), logColour::navy);
-    finish(row);
+    Grammi_Log(texts_.erased + numberText(loaded()), logColour::navy);
+    finish();
 }
 
-void LoadDialog::finish(int row)
+void LoadDialog::finish()
 {
     listLoadedRows();
-    showRow(row);
+    showRow(loaded());
     modelChanged();
-    lead(numbers_);
+    lead(numbers());
 }
 
 } // namespace veskora

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ModelDialog.h"
+#include "NumberedDialog.h"
 
 #include <span>
 
@@ -9,19 +9,16 @@ class QListWidget;
 
 namespace veskora {
 
-class NumberList;
-
 /// A dialog for the loads of rows that exist, one row at a time: the number list `Combo1`, a field
 /// for each component, and the list `List1` of the rows that hold a load.
-class LoadDialog : public ModelDialog
+class LoadDialog : public NumberedDialog
 {
     Q_OBJECT
 public:
     void openFirst();
-    void openRow(int row);
 
 protected:
-    using ModelDialog::ModelDialog;
+    using NumberedDialog::NumberedDialog;
 
     /// The dialog's own sentences; a row number goes behind all but the first.
     struct Texts
@@ -33,27 +30,28 @@ protected:
     /// many as a row has; @p caption is that of `List1`.
     void equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, Texts texts);
 
-    virtual int rowCount() const = 0;
     /// The cells of a row that are loads.
     virtual std::span<float> loads(int row) const = 0;
+    /// What is said of a number in the list that no row has.
+    virtual std::string noSuchRow() const = 0;
 
     void apply() override;
     void remove() override;
 
 private:
-    int row();
-    void showRow(int row);
+    QWidget *firstField() const override;
+    void fillLists() override;
+    void showLoaded() override;
+    bool takeOther(bool isLeft) override;
     void listLoadedRows();
-    void finish(int row);
+    void finish();
     static std::string valuesText(std::span<const float> values);
 
-    NumberList *numbers_ = nullptr;
     QListWidget *loadedRows_ = nullptr;
     QLabel *caption_ = nullptr;
     QString captionText_;
     QList<QLineEdit *> fields_;
     Texts texts_;
-    int loaded_ = 1; ///< the row that the fields were loaded from
 };
 
 } // namespace veskora

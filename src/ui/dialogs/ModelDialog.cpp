@@ -25,16 +25,20 @@ void ModelDialog::equip()
 
 void ModelDialog::equip(const std::string &applies)
 {
-    const auto button = [this](const char *name, const std::string &caption, auto pressed) {
+    const auto button = [this](const char *name, const std::string &caption, auto pressed,
+                               Qt::FocusPolicy focus) {
         auto *common = findChild<QPushButton *>(name);
         if (common == nullptr)
             return;
         common->setText(qtText(caption));
+        common->setFocusPolicy(focus);
         connect(common, &QPushButton::clicked, this, pressed);
     };
-    button("SSCommand2", Metafrasi(2005, "Delete"), [this] { remove(); });
-    button("SSCommand3", applies, [this] { apply(); });
-    button("SSCommand29", Metafrasi(2003, "Cancel"), [this] { reject(); });
+    // Clicked, they act on what is in sight before the click: the focus stays, so that no field
+    // takes something over between the press and the release.
+    button("SSCommand2", Metafrasi(2005, "Delete"), &ModelDialog::pressDelete, Qt::TabFocus);
+    button("SSCommand3", applies, &ModelDialog::pressApply, Qt::TabFocus);
+    button("SSCommand29", Metafrasi(2003, "Cancel"), &QDialog::reject, Qt::StrongFocus);
 
     for (QPushButton *push : findChildren<QPushButton *>())
         push->setAutoDefault(false);
@@ -63,25 +67,49 @@ bool ModelDialog::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
         if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-            if (!key->isAutoRepeat()) // a key held down would add row after row
-                pressEnter(static_cast<QWidget *>(watched));
+            pressEnter(static_cast<QWidget *>(watched));
             return true;
         }
+    } else if (auto *button = qobject_cast<QAbstractButton *>(watched);
+               event->type() == QEvent::Shortcut && button != nullptr
+               && (button->focusPolicy() & Qt::ClickFocus) != 0) {
+        button->setFocus(Qt::ShortcutFocusReason); // its letter leaves the field as a click does
     }
     return QDialog::eventFilter(watched, event);
 }
 
 void ModelDialog::pressEnter(QWidget *field)
 {
-    if (auto *list = qobject_cast<NumberList *>(field))
-        emit list->entered();
+    if (!takeEntered(field))
+        return;
     const auto next = next_.constFind(field);
     if (next == next_.constEnd())
         static_cast<QAbstractButton *>(field)->click();
     else if (*next != nullptr)
         lead(*next);
     else
+        pressApply();
+}
+
+void ModelDialog::pressApply()
+{
+    if (!isReady())
+        return;
+    if (QLineEdit *field = fieldWithTwoSeparators(this))
+        refuse(twoSeparators(), field);
+    else
         apply();
+}
+
+void ModelDialog::pressDelete()
+{
+    if (isReady())
+        remove();
+}
+
+bool ModelDialog::takeEntered(QWidget *)
+{
+    return true;
 }
 
 bool ModelDialog::refuse(const std::string &text, QWidget *field)
@@ -105,11 +133,12 @@ void ModelDialog::lead(QWidget *field)
         list->lineEdit()->selectAll();
 }
 
-std::optional<int> ModelDialog::chosenRow(NumberList *list)
+std::optional<int> ModelDialog::chosenRow(NumberList *list,
+                                          std::string (*noSuch)(const NumberList *list))
 {
     const std::optional<int> row = list->row();
     if (!row)
-        lead(list);
+        refuse(noSuch(list), list);
     return row;
 }
 
@@ -119,10 +148,31 @@ void ModelDialog::modelChanged()
     desktop().redraw();
 }
 
-std::string groupConstants(int g)
+std::string noSuchNode(const NumberList *list)
 {
-    return "E= " + numberText(Omades(g, group::E)) + ", A= " + numberText(Omades(g, group::A))
-           + ", I= " + numberText(Omades(g, group::I));
+    return list->currentText().trimmed().isEmpty()
+               ? Metafrasi(1611, "The number of a node is missing.")
+               : Metafrasi(1612, "There is no node #") + numberText(list->number()) + ".";
+}
+
+std::string noSuchElement(const NumberList *list)
+{
+    return list->currentText().trimmed().isEmpty()
+               ? Metafrasi(1613, "The number of an element is missing.")
+               : Metafrasi(1614, "There is no element #") + numberText(list->number()) + ".";
+}
+
+std::string noSuchGroup(const NumberList *list)
+{
+    return list->currentText().trimmed().isEmpty()
+               ? Metafrasi(1615, "The number of a group is missing.")
+               : Metafrasi(1616, "There is no group #") + numberText(list->number()) + ".";
+}
+
+std::string groupConstants(int g, std::string (*text)(double))
+{
+    return "E= " + text(Omades(g, group::E)) + ", A= " + text(Omades(g, group::A))
+           + ", I= " + text(Omades(g, group::I));
 }
 
 std::optional<float> typedSingle(const QLineEdit *field)

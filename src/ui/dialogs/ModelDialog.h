@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MathFunc.h"
 #include "NumberField.h"
 
 #include <QDialog>
@@ -39,6 +40,11 @@ protected:
 
     virtual void apply() = 0;
     virtual void remove() {}
+    /// Asked before Apply and Delete act.
+    virtual bool isReady() { return true; }
+    /// Enter was pressed in @p field.
+    /// @return whether it goes on to the next one
+    virtual bool takeEntered(QWidget *field);
 
     /// Says why not, in a box and in the log, and leads to the field at fault.
     /// @return false
@@ -49,20 +55,30 @@ protected:
     /// Gives @p field the focus with its whole text selected.
     static void lead(QWidget *field);
 
-    /// The row chosen in @p list; an emptied list gets the focus instead.
-    static std::optional<int> chosenRow(NumberList *list);
+    /// The row chosen in @p list; what is no row is refused with the text that @p noSuch makes.
+    static std::optional<int> chosenRow(NumberList *list,
+                                        std::string (*noSuch)(const NumberList *list));
 
     /// To be called when rows have changed: the results are old now, and the picture is repainted.
     static void modelChanged();
 
 private:
+    void pressApply();
+    void pressDelete();
     void pressEnter(QWidget *field);
 
     QHash<QWidget *, QWidget *> next_; ///< by field; none behind the last
 };
 
-/// "E= 210000000, A= 0.01, I= 0.0001" of group @p g.
-std::string groupConstants(int g);
+/// @name What is said where the number in a list is missing, or no row has it
+/// @{
+std::string noSuchNode(const NumberList *list);
+std::string noSuchElement(const NumberList *list);
+std::string noSuchGroup(const NumberList *list);
+/// @}
+
+/// "E= 210000000, A= 0.01, I= 0.0001" of group @p g, each number as @p text makes it.
+std::string groupConstants(int g, std::string (*text)(double) = numberText);
 
 /// The number that is typed in @p field as the tables store it; none where a Single cannot hold it.
 std::optional<float> typedSingle(const QLineEdit *field);

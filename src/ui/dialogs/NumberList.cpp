@@ -6,33 +6,10 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QSignalBlocker>
-#include <QValidator>
 
 #include <cmath>
 
 namespace veskora {
-
-namespace {
-
-/// Lets only the numbers of a list be typed; an emptied field waits for one.
-class ExistingNumbers : public QValidator
-{
-public:
-    explicit ExistingNumbers(NumberList *list) : QValidator(list), list_(list) {}
-
-    State validate(QString &text, int &) const override
-    {
-        if (text.isEmpty())
-            return Intermediate;
-        return list_->findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0 ? Acceptable
-                                                                                     : Invalid;
-    }
-
-private:
-    const NumberList *list_;
-};
-
-} // namespace
 
 NumberList::NumberList(QWidget *parent) : QComboBox(parent)
 {
@@ -41,15 +18,13 @@ NumberList::NumberList(QWidget *parent) : QComboBox(parent)
     setInsertPolicy(NoInsert);
     setCompleter(nullptr);
     setMinimumContentsLength(digits);
-    // Leaving the field would otherwise pick the number typed, and a row load over what is typed
-    // elsewhere.
+    setFocusPolicy(Qt::StrongFocus); // the wheel gives none
+    // Qt would pick what is typed also when another window comes to the front.
     disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
-    connect(this, &QComboBox::activated, this, [this](int index) { emit picked(index + 1); });
-}
-
-void NumberList::takeOnlyItems()
-{
-    setValidator(new ExistingNumbers(this));
+    connect(this, &QComboBox::activated, this, [this](int index) {
+        emit picked(index + 1);
+        lineEdit()->selectAll();
+    });
 }
 
 void NumberList::fill(int last)
@@ -75,7 +50,8 @@ void NumberList::showNumber(std::optional<int> number)
 
 double NumberList::number() const
 {
-    return Val(plainText(currentText()));
+    const std::string text = plainText(currentText());
+    return breaksOffAtPoint(text) ? 0 : Val(text);
 }
 
 std::optional<int> NumberList::row() const
@@ -101,8 +77,21 @@ void NumberList::keyPressEvent(QKeyEvent *event)
 
 void NumberList::wheelEvent(QWheelEvent *event)
 {
+    if (!hasFocus()) {
+        event->ignore();
+        return;
+    }
     selectTyped();
     QComboBox::wheelEvent(event);
+}
+
+void NumberList::focusOutEvent(QFocusEvent *event)
+{
+    QComboBox::focusOutEvent(event);
+    const Qt::FocusReason reason = event->reason();
+    if (reason != Qt::PopupFocusReason && reason != Qt::ActiveWindowFocusReason
+        && reason != Qt::MenuBarFocusReason)
+        emit left();
 }
 
 bool isRowNumber(double number)

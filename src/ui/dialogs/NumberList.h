@@ -7,22 +7,20 @@
 namespace veskora {
 
 /// A list of row numbers 1, 2, ... in which anything can be typed as well. Typed text never becomes
-/// an item and is never completed.
+/// an item and is never completed. The wheel turns it only while it has the focus, so that a window
+/// can be scrolled over it.
 class NumberList : public QComboBox
 {
     Q_OBJECT
 public:
     explicit NumberList(QWidget *parent = nullptr);
 
-    /// From now on only numbers of the list can be typed.
-    void takeOnlyItems();
-
     /// Lists 1 to @p last; the text stays. No signal.
     void fill(int last);
     /// Shows @p number, or nothing. No signal.
     void showNumber(std::optional<int> number);
 
-    /// The number that the text begins with, 0 without one.
+    /// The number that the text begins with; 0 without one, or where it has two separators.
     double number() const;
     /// The same if it is one of the list.
     std::optional<int> row() const;
@@ -30,10 +28,11 @@ public:
 signals:
     /// Picked from the list, or reached with the arrow keys or the wheel.
     void picked(int number);
-    /// Enter was pressed on what is typed; the dialog tells, whose key it is.
-    void entered();
+    /// The focus went on to another field of the window.
+    void left();
 
 protected:
+    void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 

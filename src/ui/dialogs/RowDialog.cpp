@@ -16,7 +16,7 @@ void RowDialog::equipRows(const std::string &isNew, const std::string &existing)
 {
     isNew_ = qtText(isNew);
     existing_ = qtText(existing);
-    numbers_ = findChild<NumberList *>("Combo1");
+    equipNumbers();
     state_ = findChild<QLabel *>("Label7");
     // The window keeps its width when the state changes.
     const auto width = [this](const QString &text) {
@@ -24,9 +24,7 @@ void RowDialog::equipRows(const std::string &isNew, const std::string &existing)
     };
     state_->setMinimumWidth(std::max(width(isNew_), width(existing_)));
 
-    connect(numbers_, &QComboBox::editTextChanged, this, &RowDialog::showState);
-    connect(numbers_, &NumberList::entered, this, &RowDialog::loadTyped);
-    connect(numbers_, &NumberList::picked, this, [this](int number) {
+    connect(numbers(), &NumberList::picked, this, [this](int number) {
         if (number > rowCount())
             showNew();
         else
@@ -47,63 +45,41 @@ void RowDialog::openNew()
     exec();
 }
 
-void RowDialog::openRow(int row)
-{
-    fillLists();
-    showRow(row);
-    lead(firstField());
-    exec();
-}
-
 void RowDialog::fillLists()
 {
-    numbers_->fill(rowCount() + 1);
+    numbers()->fill(rowCount() + 1);
     fillOtherLists();
 }
 
 void RowDialog::showNew()
 {
-    numbers_->showNumber(rowCount() + 1);
-    loaded_ = 0;
-    clearFields();
-    showState();
+    numbers()->showNumber(rowCount() + 1);
+    load(0);
 }
 
-void RowDialog::showRow(int row)
+void RowDialog::showLoaded()
 {
-    numbers_->showNumber(row);
-    loaded_ = row;
-    loadFields(row);
-    showState();
-}
-
-/// The number that was typed stays as it is: behind the last row any number will do.
-void RowDialog::loadTyped()
-{
-    const double number = numbers_->number();
-    if (!isRowNumber(number))
-        return;
-    if (number <= rowCount()) {
-        showRow(static_cast<int>(number));
-    } else if (loaded_ != 0) {
-        loaded_ = 0;
+    if (loaded() == 0)
         clearFields();
-    }
+    else
+        loadFields(loaded());
+    state_->setText(loaded() == 0 ? isNew_ : existing_);
 }
 
-void RowDialog::showState()
+/// The number stays as it is: behind the last row any will do, and Apply refuses what is none.
+bool RowDialog::takeOther(bool)
 {
-    const double number = numbers_->number();
-    state_->setText(isRowNumber(number) && number <= rowCount() ? existing_ : isNew_);
+    if (isRowNumber(numbers()->number()) && loaded() != 0)
+        load(0);
+    return true;
 }
 
 void RowDialog::apply()
 {
     if (!areEntriesValid())
         return;
-    const double number = numbers_->number();
-    const bool isNew = number > rowCount();
-    const int row = isNew ? rowCount() + 1 : static_cast<int>(number);
+    const bool isNew = loaded() == 0;
+    const int row = isNew ? rowCount() + 1 : loaded();
     store(row, isNew);
     modelChanged();
     fillLists();
@@ -116,12 +92,12 @@ void RowDialog::apply()
 
 void RowDialog::remove()
 {
-    const double number = numbers_->number();
-    if (!isRowNumber(number) || number > rowCount()) {
-        refuse(nothingToDelete(numberText(number)), numbers_);
+    const double number = numbers()->number();
+    if (loaded() == 0 || number != loaded()) {
+        refuse(nothingToDelete(numberText(number)), numbers());
         return;
     }
-    if (!deleteRow(static_cast<int>(number)))
+    if (!deleteRow(loaded()))
         return;
     modelChanged();
     fillLists();

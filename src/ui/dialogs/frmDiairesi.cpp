@@ -22,10 +22,8 @@ frmDiairesi::frmDiairesi(QWidget *parent)
     ui_->Label4->setText(qtText(Metafrasi(405, "into")));
     ui_->Label5->setText(qtText(Metafrasi(406, "elements each")));
     fillLists();
-    for (NumberList *list : {ui_->Combo1, ui_->Combo2}) {
-        list->takeOnlyItems();
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
         list->showNumber(1);
-    }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1});
     lead(ui_->Combo1);
@@ -41,8 +39,8 @@ void frmDiairesi::fillLists()
 
 void frmDiairesi::apply()
 {
-    const auto first = chosenRow(ui_->Combo1);
-    const auto last = first ? chosenRow(ui_->Combo2) : std::nullopt;
+    const auto first = chosenRow(ui_->Combo1, noSuchElement);
+    const auto last = first ? chosenRow(ui_->Combo2, noSuchElement) : std::nullopt;
     if (!last)
         return;
     const double segments = typedNumber(ui_->Text1);
@@ -100,7 +98,7 @@ void frmDiairesi::divide(int e, int segments)
         Komboi(n, node::y) = static_cast<float>(yi + p * (yj - yi) / segments);
 
         const int piece = Arithmos_Stoixeion + p;
-        std::ranges::copy(Stoixeia.row(e), Stoixeia.row(piece).begin()); // group and loads
+        std::ranges::copy(Stoixeia.row(e).first(element::used), Stoixeia.row(piece).begin());
         Stoixeia(piece, element::nodeI) = static_cast<float>(n);
         Stoixeia(piece, element::nodeJ) = p == segments - 1 ? nodeJ : static_cast<float>(n + 1);
         Stoixeia(piece, element::hingeI) = 0;

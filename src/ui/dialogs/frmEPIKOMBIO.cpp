@@ -23,6 +23,11 @@ frmEPIKOMBIO::frmEPIKOMBIO(QWidget *parent)
 
 frmEPIKOMBIO::~frmEPIKOMBIO() = default;
 
+std::string frmEPIKOMBIO::noSuchRow() const
+{
+    return noSuchNode(numbers());
+}
+
 int frmEPIKOMBIO::rowCount() const
 {
     return Arithmos_Kombon;

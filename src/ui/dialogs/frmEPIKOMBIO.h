@@ -22,6 +22,7 @@ public:
 
 private:
     int rowCount() const override;
+    std::string noSuchRow() const override;
     std::span<float> loads(int n) const override;
 
     const std::unique_ptr<Ui::frmEPIKOMBIO> ui_;

@@ -171,14 +171,14 @@ bool frmKomboi::elegxos_kombon()
 
 void frmKomboi::store(int n, bool isNew)
 {
-    if (isNew)
-        ++Arithmos_Kombon;
     Komboi(n, node::x) = typedSingle(ui_->Text2).value();
     Komboi(n, node::y) = typedSingle(ui_->Text3).value();
     for (int direction = 1; const QLineEdit *spring : springs_)
         Elatiria(n, direction++) = typedSingle(spring).value();
     for (int column = node::fixedX; const QCheckBox *check : checks_)
         Komboi(n, column++) = check->isChecked() ? 1 : 0;
+    if (isNew)
+        ++Arithmos_Kombon;
 
     const std::string support = code();
     const std::string constraints =

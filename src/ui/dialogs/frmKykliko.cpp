@@ -1,6 +1,7 @@
 #include "frmKykliko.h"
 
 #include "Desktop.h"
+#include "FormArea.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -9,7 +10,6 @@
 #include "Units.h"
 
 #include <QIcon>
-#include <QScreen>
 
 #include <algorithm>
 #include <cmath>
@@ -48,11 +48,8 @@ frmKykliko::frmKykliko(QWidget *parent)
         729, "The radius R is determined by the distance of points k and 1. Point 2 determines the "
              "direction k - 2 which defines the end of the arc. It is not necessary for point 2 to "
              "belong to the arc.")));
-    constexpr QSize picture(300, 240);
-    ui_->Image1->setPixmap(QIcon(":/icons/arc.svg").pixmap(picture, devicePixelRatioF()));
+    ui_->Image1->installEventFilter(this);
     ui_->Image1->setAccessibleName(ui_->Label6->text());
-    ui_->Label7->setFixedWidth(picture.width());
-    ui_->Combo1->takeOnlyItems();
     ui_->Combo1->fill(Arithmos_Omadon);
     ui_->Combo1->showNumber(1);
     equip(Metafrasi(2002, "OK"));
@@ -72,19 +69,30 @@ frmKykliko::frmKykliko(QWidget *parent)
 
 frmKykliko::~frmKykliko() = default;
 
+/// The drawing is as large as its place.
+bool frmKykliko::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui_->Image1 && event->type() == QEvent::Resize)
+        ui_->Image1->setPixmap(
+            QIcon(":/icons/arc.svg").pixmap(ui_->Image1->size(), devicePixelRatioF()));
+    return ModelDialog::eventFilter(watched, event);
+}
+
 void frmKykliko::showHelp(bool shown)
 {
     // The least widths, in twips; captions and fields may need more, and the user may want more.
     constexpr int narrow = 3108, wide = 7020;
-    const int part = ui_->Wide->sizeHint().width() + layout()->spacing();
-    const QSize now = isVisible() ? size() + QSize(shown ? part : -part, 0) : QSize();
+    const QSize before = size();
     ui_->Wide->setVisible(shown);
     ui_->SSCommand1->setText(helpCaption_ + (shown ? " <-" : " ->"));
-    layout()->activate();
+    if (isMaximized())
+        return;
+    FormArea::fitToScreen(this);
+    const int part = ui_->Wide->sizeHint().width() + ui_->horizontalLayout->spacing();
+    const QSize now = isVisible() ? before + QSize(shown ? part : -part, 0) : QSize();
     const QSize least((shown ? wide : narrow) / twipsPerPixel, 0);
     resize(now.expandedTo(least).expandedTo(minimumSizeHint()));
-    if (const QRect area = screen()->availableGeometry(); frameGeometry().right() > area.right())
-        move(std::max(area.left(), area.right() - frameGeometry().width()), y());
+    FormArea::fitToScreen(this);
 }
 
 frmKykliko::Arc frmKykliko::arc() const
@@ -117,7 +125,7 @@ void frmKykliko::Ipologismos_Gonias()
 
 void frmKykliko::apply()
 {
-    const auto group = chosenRow(ui_->Combo1);
+    const auto group = chosenRow(ui_->Combo1, noSuchGroup);
     if (!group)
         return;
     const auto refuseNumber = [this] {
@@ -199,7 +207,7 @@ void frmKykliko::store(const std::vector<std::pair<float, float>> &places, bool 
     for (int i = 1; i <= newElements; ++i) {
         const int e = elements + i;
         const int nodeI = nodes + i, nodeJ = nodes + i % newNodes + 1;
-        std::ranges::fill(Stoixeia.row(e), 0.0F);
+        std::ranges::fill(Stoixeia.row(e).first(element::used), 0.0F);
         Stoixeia(e, element::nodeI) = static_cast<float>(nodeI);
         Stoixeia(e, element::nodeJ) = static_cast<float>(nodeJ);
         Stoixeia(e, element::group) = static_cast<float>(group);

@@ -24,6 +24,8 @@ public:
     explicit frmKykliko(QWidget *parent = nullptr);
     ~frmKykliko() override; // in the .cpp, where Ui::frmKykliko is complete
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void apply() override;
     /// What the six coordinate fields say.

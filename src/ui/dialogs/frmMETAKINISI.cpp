@@ -19,7 +19,6 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     ui_->Label2->setText(qtText(Metafrasi(803, "from")));
     ui_->Label3->setText(qtText(Metafrasi(804, "to")));
     for (NumberList *list : {ui_->Combo1, ui_->Combo2}) {
-        list->takeOnlyItems();
         list->fill(Arithmos_Kombon);
         list->showNumber(1);
     }
@@ -32,8 +31,8 @@ frmMETAKINISI::~frmMETAKINISI() = default;
 
 void frmMETAKINISI::apply()
 {
-    const auto first = chosenRow(ui_->Combo1);
-    const auto last = first ? chosenRow(ui_->Combo2) : std::nullopt;
+    const auto first = chosenRow(ui_->Combo1, noSuchNode);
+    const auto last = first ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!last)
         return;
     const auto dx = typedSingle(ui_->Text1);

@@ -32,6 +32,11 @@ frmOMOIOMORFO::frmOMOIOMORFO(QWidget *parent)
 
 frmOMOIOMORFO::~frmOMOIOMORFO() = default;
 
+std::string frmOMOIOMORFO::noSuchRow() const
+{
+    return noSuchElement(numbers());
+}
+
 int frmOMOIOMORFO::rowCount() const
 {
     return Arithmos_Stoixeion;

@@ -22,6 +22,7 @@ public:
 
 private:
     int rowCount() const override;
+    std::string noSuchRow() const override;
     std::span<float> loads(int e) const override;
 
     const std::unique_ptr<Ui::frmOMOIOMORFO> ui_;

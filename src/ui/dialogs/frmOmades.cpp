@@ -84,10 +84,10 @@ bool frmOmades::elegxos_omadon()
 
 void frmOmades::store(int g, bool isNew)
 {
-    if (isNew)
-        ++Arithmos_Omadon;
     for (int column = group::E; const QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
         Omades(g, column++) = typedNumber(field);
+    if (isNew)
+        ++Arithmos_Omadon;
     Grammi_Log((isNew ? Metafrasi(916, "New group #") : Metafrasi(922, "* Group #")) + numberText(g)
                    + ", " + groupConstants(g),
                logColour::navy);

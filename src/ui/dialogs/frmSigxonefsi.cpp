@@ -22,8 +22,6 @@ frmSigxonefsi::frmSigxonefsi(QWidget *parent)
     ui_->Check1->setText(qtText(Metafrasi(1304, "Delete node B")));
     ui_->Check2->setText(qtText(Metafrasi(1305, "Move node A to the middle of segment AB")));
     ui_->Check1->setChecked(true);
-    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
-        list->takeOnlyItems();
     fillLists();
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
@@ -42,8 +40,8 @@ void frmSigxonefsi::fillLists()
 
 void frmSigxonefsi::apply()
 {
-    const auto a = chosenRow(ui_->Combo1);
-    const auto b = a ? chosenRow(ui_->Combo2) : std::nullopt;
+    const auto a = chosenRow(ui_->Combo1, noSuchNode);
+    const auto b = a ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!b || *a == *b)
         return;
     const float x = (Komboi(*a, node::x) + Komboi(*b, node::x)) * 0.5F;

@@ -22,10 +22,46 @@ std::string typeText(bool hingeI, bool hingeJ)
     return hingeJ ? Metafrasi(1411, "P2' Type: Hinge at end j") : Metafrasi(1410, "P2 Type");
 }
 
-std::string placeText(int n)
+std::string singleText(float value)
 {
-    const std::string x = numberText(Komboi(n, node::x));
-    return "(" + x + ", " + numberText(Komboi(n, node::y)) + ")";
+    return numberText(value);
+}
+
+/// In 6 digits: "1.23457E-05".
+std::string shortText(double value)
+{
+    constexpr int digits = 6;
+    return plainText(QString::number(value, 'g', digits).toUpper());
+}
+
+std::string placeText(int n, auto text)
+{
+    const std::string x = text(Komboi(n, node::x));
+    return "(" + x + ", " + text(Komboi(n, node::y)) + ")";
+}
+
+/// "(0, 0) - (3, 4), L= 5", as much of it as is known.
+std::string nodesText(std::optional<int> i, std::optional<int> j, auto text)
+{
+    std::string line = i ? placeText(*i, text) : "";
+    if (j)
+        line += (i ? " - " : "- ") + placeText(*j, text);
+    if (i && j)
+        line += ", L= "
+                + text(std::hypot(Komboi(*j, node::x) - Komboi(*i, node::x),
+                                  Komboi(*j, node::y) - Komboi(*i, node::y)));
+    return line;
+}
+
+/// Shows @p full in the two lines of @p label, or @p shortened if it needs more.
+void showLines(QLabel *label, const std::string &full, const std::string &shortened)
+{
+    const QString text = qtText(full);
+    const QRect lines(QPoint(), label->minimumSize());
+    const bool fits = lines.contains(
+        label->fontMetrics().boundingRect(lines, Qt::TextWordWrap | Qt::AlignTop, text));
+    label->setText(fits ? text : qtText(shortened));
+    label->setToolTip(fits ? QString() : text);
 }
 
 } // namespace
@@ -44,16 +80,11 @@ frmStoixeia::frmStoixeia(QWidget *parent)
     ui_->Text4->setAccessibleName(ui_->Label2->text());
     for (QCheckBox *check : {ui_->ssCheck3, ui_->ssCheck6})
         check->setAccessibleName(ui_->Label3->text() + ' ' + check->text());
-    for (NumberList *list : {ui_->Combo2, ui_->Combo3, ui_->Combo4})
-        list->takeOnlyItems();
-    // They tell, they ask nothing: text on the window's own ground.
-    for (QLineEdit *field : {ui_->Text1, ui_->Text4}) {
-        QPalette colours = field->palette();
-        colours.setBrush(QPalette::Base, colours.window());
-        field->setPalette(colours);
-        field->setMinimumWidth(
-            field->fontMetrics().horizontalAdvance("E= 210000000, A= 0.012345, I= 0.00012345 "));
-    }
+    // Any place of a node, of few digits, and the length go into one line.
+    for (QLabel *label : {ui_->Text1, ui_->Text4})
+        label->setMinimumSize(
+            label->fontMetrics().horizontalAdvance("(-1.23457E+08, -1.23457E+08), L= 1.23457E+08 "),
+            2 * label->fontMetrics().lineSpacing());
     equipRows(Metafrasi(1405, "(New)"), Metafrasi(1414, "(Existing)"));
     chainEnter({numbers(), ui_->Combo2, ui_->Combo3, ui_->Combo4});
     chainEnter({ui_->ssCheck3, ui_->ssCheck6});
@@ -102,41 +133,30 @@ void frmStoixeia::loadFields(int e)
     show(ui_->Combo2, element::group);
     show(ui_->Combo3, element::nodeI);
     show(ui_->Combo4, element::nodeJ);
-    ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) != 0);
-    ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) != 0);
+    ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) == 1);
+    ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) == 1);
     showGroup();
     showNodes();
 }
 
 void frmStoixeia::showGroup()
 {
-    std::string text;
-    if (const auto g = ui_->Combo2->row())
-        text = groupConstants(*g);
-    ui_->Text1->setText(qtText(text));
-    ui_->Text1->home(false);
+    const auto g = ui_->Combo2->row();
+    showLines(ui_->Text1, g ? groupConstants(*g) : "", g ? groupConstants(*g, shortText) : "");
 }
 
 void frmStoixeia::showNodes()
 {
     const auto i = ui_->Combo3->row();
     const auto j = ui_->Combo4->row();
-    std::string text = i ? placeText(*i) : "";
-    if (j)
-        text += (i ? " - " : "- ") + placeText(*j);
-    if (i && j)
-        text += ", L= "
-                + numberText(std::hypot(Komboi(*j, node::x) - Komboi(*i, node::x),
-                                        Komboi(*j, node::y) - Komboi(*i, node::y)));
-    ui_->Text4->setText(qtText(text));
-    ui_->Text4->home(false);
+    showLines(ui_->Text4, nodesText(i, j, singleText), nodesText(i, j, shortText));
 }
 
 bool frmStoixeia::elegxos_stoixeion()
 {
     const double number = numbers()->number();
-    const double i = ui_->Combo3->number();
-    const double j = ui_->Combo4->number();
+    const auto i = ui_->Combo3->row();
+    const auto j = ui_->Combo4->row();
     if (number > maxElements)
         return refuse(Metafrasi(1419, "The maximum number of elements that can be defined is") + " "
                           + numberText(maxElements) + ".",
@@ -144,13 +164,13 @@ bool frmStoixeia::elegxos_stoixeion()
     if (!isRowNumber(number))
         return refuse(Metafrasi(1420, "The value given for element number is unacceptable."),
                       numbers());
-    if (!isRowNumber(ui_->Combo2->number()))
+    if (!ui_->Combo2->row())
         return refuse(Metafrasi(1421, "The value given for E,A,I Group number is unacceptable."),
                       ui_->Combo2);
-    if (!isRowNumber(i))
+    if (!i)
         return refuse(Metafrasi(1422, "The value given for node i number is unacceptable."),
                       ui_->Combo3);
-    if (!isRowNumber(j))
+    if (!j)
         return refuse(Metafrasi(1423, "The value given for node j number is unacceptable."),
                       ui_->Combo4);
     if (i == j)
@@ -160,8 +180,6 @@ bool frmStoixeia::elegxos_stoixeion()
 
 void frmStoixeia::store(int e, bool isNew)
 {
-    if (isNew)
-        ++Arithmos_Stoixeion;
     const bool hingeI = ui_->ssCheck3->isChecked();
     const bool hingeJ = ui_->ssCheck6->isChecked();
     Stoixeia(e, element::nodeI) = static_cast<float>(ui_->Combo3->number());
@@ -169,6 +187,8 @@ void frmStoixeia::store(int e, bool isNew)
     Stoixeia(e, element::group) = static_cast<float>(ui_->Combo2->number());
     Stoixeia(e, element::hingeI) = hingeI ? 1 : 0;
     Stoixeia(e, element::hingeJ) = hingeJ ? 1 : 0;
+    if (isNew)
+        ++Arithmos_Stoixeion;
     // The star makes the caption the beginning of the line: "* Element #".
     Grammi_Log((isNew ? Metafrasi(1415, "New element #") : "* " + Metafrasi(1404, "Element") + " #")
                    + numberText(e) + ", " + Metafrasi(1416, "Node i: #")

@@ -14,8 +14,8 @@ namespace veskora {
 
 class NumberList;
 
-/// Elements: group, nodes i and j, hinges. The lists of group and nodes take only rows that exist;
-/// beside them stand the group's constants, and the nodes' places and distance.
+/// Elements: group, nodes i and j, hinges. Group and nodes must exist; beside their lists stand the
+/// group's constants, and the nodes' places and distance.
 class frmStoixeia : public RowDialog
 {
     Q_OBJECT

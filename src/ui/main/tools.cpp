@@ -186,9 +186,10 @@ int frmMain::defineNode(double x, double y, bool atPress)
                    logColour::red);
         return 0;
     }
-    const int n = ++Arithmos_Kombon;
+    const int n = Arithmos_Kombon + 1;
     Komboi(n, node::x) = static_cast<float>(nodeCoordinate(worldX, nai_grid));
     Komboi(n, node::y) = static_cast<float>(nodeCoordinate(worldY, nai_grid));
+    ++Arithmos_Kombon;
     std::string text = Metafrasi(118, "New node #") + numberText(n) + Metafrasi(119, ", x=")
                        + numberText(Komboi(n, node::x)) + Metafrasi(120, ", y=")
                        + numberText(Komboi(n, node::y)) + ", ";
@@ -406,10 +407,11 @@ void frmMain::offerMainGroup()
 
 void frmMain::addElement(int end)
 {
-    const int e = ++Arithmos_Stoixeion;
+    const int e = Arithmos_Stoixeion + 1;
     Stoixeia(e, element::nodeI) = Kombos_Arxis;
     Stoixeia(e, element::nodeJ) = static_cast<float>(end);
     Stoixeia(e, element::group) = 1;
+    ++Arithmos_Stoixeion;
     Grammi_Log(Metafrasi(123, "New element #") + numberText(e) + ", " + Metafrasi(124, "Node i: #")
                    + numberText(int{Kombos_Arxis}) + ", " + Metafrasi(125, "Node j: #")
                    + numberText(end) + ", " + Metafrasi(126, "E,A,I Group: #") + numberText(1)
