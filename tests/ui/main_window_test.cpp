@@ -297,6 +297,17 @@ TEST_F(MainWindow, AHeldKeyGivesItsCommandOnce)
             QTest::simulateEvent(button, true, key, Qt::NoModifier, {}, repeated);
             EXPECT_EQ(Allagi_Montelou, repeated) << key;
         }
+    // An X server's way to repeat: a release and a press of one moment.
+    QTest::simulateEvent(button, true, Qt::Key_F5, Qt::NoModifier, {}, false);
+    Allagi_Montelou = true;
+    for (const auto type : {QEvent::KeyRelease, QEvent::ShortcutOverride}) {
+        QKeyEvent event(type, Qt::Key_F5, Qt::NoModifier);
+        event.setTimestamp(700);
+        QCoreApplication::sendEvent(button, &event);
+    }
+    QShortcutEvent command(QKeySequence(Qt::Key_F5), -1);
+    EXPECT_TRUE(QCoreApplication::sendEvent(find<QAction>("mnuEPILISIitem"), &command));
+    EXPECT_TRUE(Allagi_Montelou);
 }
 
 TEST_F(MainWindow, SelectedTextOfTheLogStaysSelected)

@@ -2,6 +2,7 @@
 
 #include "Clock.h"
 #include "Functions.h"
+#include "HeldKeys.h"
 #include "Mnemonics.h"
 
 #include <QApplication>
@@ -10,7 +11,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
-#include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QStandardPaths>
@@ -52,31 +52,6 @@ QMessageBox::Icon boxIcon(Icon icon)
     }
     return QMessageBox::NoIcon;
 }
-
-/// Lets a held Enter count once. It would answer the box that its first press has opened, unread,
-/// or add row after row.
-class HeldEnter : public QObject
-{
-public:
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() != QEvent::KeyPress && event->type() != QEvent::KeyRelease)
-            return QObject::eventFilter(watched, event);
-        const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
-            return false;
-        // An X server repeats a key by a release and a press of one moment, which Qt does not
-        // always see together.
-        const bool isHeld =
-            key->isAutoRepeat() || (key->timestamp() != 0 && key->timestamp() == released_);
-        if (event->type() == QEvent::KeyRelease)
-            released_ = key->timestamp();
-        return isHeld && event->type() == QEvent::KeyPress;
-    }
-
-private:
-    quint64 released_ = 0;
-};
 
 /// "Name (*.a)|*.a|All files (*.*)|*.*" as Qt's "Name (*.a);;All files (*)".
 QString qtFilter(const std::string &filter)
@@ -138,8 +113,13 @@ void bringToFront(QWidget &window)
 QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
 {
     initResources();
-    static HeldEnter heldEnter;
-    qApp->installEventFilter(&heldEnter);
+    countHeldKeysOnce();
+}
+
+void QtDesktop::attach(MainWindowSurface *window)
+{
+    window_ = window;
+    countHeldKeysOnce(); // before the window's own filter
 }
 
 BoxOwner::BoxOwner(QWidget *window) : before_(std::exchange(QtDesktop::owner_, window))

@@ -57,7 +57,8 @@ class QtDesktop : public Desktop
 public:
     QtDesktop();
 
-    void attach(MainWindowSurface *window) { window_ = window; }
+    /// @p window has its filters over the application by now.
+    void attach(MainWindowSurface *window);
 
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
     std::string askText(const std::string &question) override;

@@ -146,7 +146,6 @@ void frmMain::buildPopups()
 void frmMain::connectCommands()
 {
     const auto menu = [this](QAction *action, auto command) {
-        action->setAutoRepeat(false); // a held key means one command
         connect(action, &QAction::triggered, this, command);
     };
     menu(ui_->mnuNEOitem, &frmMain::Button_Neo_arxeio);

@@ -335,7 +335,7 @@ bool frmMain::eventFilter(QObject *watched, QEvent *event)
         return true;
     }
     if (event->type() == QEvent::KeyPress)
-        return pressFocusedButton(watched, *static_cast<const QKeyEvent *>(event));
+        return pressFocusedButton(watched, static_cast<const QKeyEvent *>(event)->key());
     return QMainWindow::eventFilter(watched, event);
 }
 
@@ -348,14 +348,13 @@ bool frmMain::isDragging() const
 }
 
 /// Enter presses a button of this window as Space does.
-bool frmMain::pressFocusedButton(QObject *watched, const QKeyEvent &event)
+bool frmMain::pressFocusedButton(QObject *watched, int key)
 {
     auto *button = qobject_cast<QAbstractButton *>(watched);
     if (button == nullptr || button->window() != this
-        || (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter))
+        || (key != Qt::Key_Return && key != Qt::Key_Enter))
         return false;
-    if (!event.isAutoRepeat()) // a held key presses once
-        button->click();
+    button->click();
     return true;
 }
 

@@ -116,7 +116,7 @@ private:
     void arrange(int pictureHeight, int collapseTop, int collapseLeft);
     void arrangeForSize();
     void toggleLog();
-    bool pressFocusedButton(QObject *watched, const QKeyEvent &event);
+    bool pressFocusedButton(QObject *watched, int key);
     bool askedForHelp(const QObject *watched, const QEvent &event);
     int innerWidth() const;  ///< twips
     int innerHeight() const; ///< twips, from under the menu bar, tool bar and status bar included

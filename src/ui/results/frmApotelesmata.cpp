@@ -333,7 +333,7 @@ void frmApotelesmata::keyPressEvent(QKeyEvent *event)
     auto *button = qobject_cast<QAbstractButton *>(focusWidget());
     if (button == nullptr || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
         QWidget::keyPressEvent(event);
-    else if (!event->isAutoRepeat()) // a held key presses once
+    else
         button->click();
 }
 
