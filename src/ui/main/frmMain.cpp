@@ -275,6 +275,8 @@ void frmMain::Apothikefsi_Geometrias()
     store("WindowState", isMaximized() ? 2 : 0);
     store("frmM_W", normal.width() * twipsPerPixel);
     store("frmM_H", normal.height() * twipsPerPixel);
+    if (QGuiApplication::platformName().startsWith("wayland"))
+        return; // no window learns its place there: that of another session stays
     store("frmM_L", normal.left() * twipsPerPixel);
     store("frmM_T", normal.top() * twipsPerPixel);
 }
