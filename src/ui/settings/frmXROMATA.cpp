@@ -106,7 +106,7 @@ void frmXROMATA::addSwatches()
         swatch->setAccessibleName(qtText(name));
         swatch->installEventFilter(this);
         ui_->swatches->addWidget(swatch, i / swatchesInRow, i % swatchesInRow);
-        connect(swatch, &ColourSwatch::clicked, this, [this, colour] { take(colour); });
+        connect(swatch, &ColourSwatch::clicked, this, [this, swatch] { take(swatch->colour()); });
         if (last != nullptr)
             setTabOrder(last, swatch);
         last = swatch;
