@@ -161,10 +161,10 @@ int ItemReader::asInteger(const std::string &item, const std::string &what, int 
 
 std::int16_t ItemReader::asCount(const std::string &item, const std::string &rows, int most) const
 {
-    const int count = asInteger(item, "the number of " + rows, 0, std::numeric_limits<int>::max());
-    if (count > most)
+    const std::string what = "the number of " + rows;
+    if (asDouble(item, what) > most)
         refuse("at most " + std::to_string(most) + " " + rows + ", found " + quoted(item));
-    return static_cast<std::int16_t>(count);
+    return static_cast<std::int16_t>(asInteger(item, what, 0, most));
 }
 
 int ItemReader::asRow(const std::string &item, const std::string &row, int count) const

@@ -186,11 +186,22 @@ double Val(std::string_view text)
     return leadingNumber(text).value_or(0);
 }
 
-bool breaksOffAtPoint(std::string_view text)
+bool breaksOffAtSeparator(std::string_view text)
 {
     text = withoutLeadingBlanks(text);
     const std::size_t end = scanDecimal(text).length;
-    return end > 0 && end < text.size() && text[end] == '.';
+    if (end == 0 || end == text.size())
+        return false;
+    text.remove_prefix(end);
+    if (text.front() == '.')
+        return true;
+    const std::size_t before = text.size();
+    // Blanks, also a no-break, a thin, a figure and a narrow no-break one; the two apostrophes.
+    for (const std::string_view separator :
+         {" ", "\t", "\u00A0", "\u2007", "\u2009", "\u202F", "'", "\u2019"})
+        while (text.starts_with(separator))
+            text.remove_prefix(separator.size());
+    return text.size() < before && !text.empty() && isDigit(text.front());
 }
 
 std::optional<double> numberFromWholeText(std::string_view text)

@@ -179,9 +179,7 @@ bool writeSettingsOrTell()
     const std::string refusing = desktop().writeSettings();
     if (refusing.empty())
         return true;
-    desktop().message(Metafrasi(1651, "The settings could not be written to the file:") + " "
-                          + refusing,
-                      Icon::exclamation);
+    showRefusal(Metafrasi(1651, "The settings could not be written to the file:") + " " + refusing);
     return false;
 }
 

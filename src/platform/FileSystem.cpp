@@ -235,32 +235,42 @@ void overwrite(const fs::path &target, std::string_view content, Durability dura
     file.close();
 }
 
+bool holds(const fs::path &path, const std::string &content)
+try {
+    return contentOf(path) == content;
+} catch (const Fault &) {
+    return false;
+}
+
 /// Writes the old file itself. Until that is done its old content stands in the recovery folder,
 /// where a crash leaves it.
 void writeInPlace(const fs::path &target, std::string_view content, Durability durability)
 {
     const std::string old = contentOf(target);
-    const std::string copy = keepInRecoveryFolder(old, target.extension().string());
-    const auto dropCopy = [&copy] {
-        std::error_code ignored;
-        fs::remove(copy, ignored);
-    };
+    const auto keep = [&] { return keepInRecoveryFolder(old, target.extension().string()); };
+    std::string copy = keep();
+    std::error_code ignored;
     try {
         overwrite(target, content, durability);
     } catch (const Fault &fault) {
         try {
-            if (contentOf(target) != old)
+            if (!holds(target, old))
                 overwrite(target, old, durability);
         } catch (const Fault &) {
+            // What counts is what stands there, which is asked next.
+        }
+        if (!holds(target, old)) {
+            if (copy.empty())
+                copy = keep();
             throw Fault(Fault::Kind::system,
                         fault.facts() + "; the old file is damaged, "
                             + (copy.empty() ? "and its content could not be kept"
                                             : "its content is kept in " + copy));
         }
-        dropCopy();
+        fs::remove(copy, ignored);
         throw;
     }
-    dropCopy();
+    fs::remove(copy, ignored);
 }
 
 /// A folder that no other user can enter, removed by the process that made it.
@@ -373,6 +383,22 @@ try {
         writeInPlace(target, content, durability);
 } catch (const fs::filesystem_error &error) {
     throw Fault(Fault::Kind::system, error.code().message());
+}
+
+void writePrivateFile(const std::string &path, std::string_view content)
+{
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!file.valid())
+        fail();
+    try {
+        writeAll(file.number(), content);
+        bringToDisk(file.number(), Durability::onDisk);
+        file.close();
+    } catch (const Fault &) {
+        (void)::unlink(path.c_str());
+        throw;
+    }
+    syncFolder(folderOf(path));
 }
 
 std::string scratchFolder(const std::string &programFolder)

@@ -41,6 +41,10 @@ enum class Durability {
 /// says where it is kept.
 void writeWholeFile(const std::string &path, std::string_view content, Durability durability);
 
+/// Puts @p content on disk in a new file, which its owner alone can read at every moment.
+/// Fault: what the system refused, as where there is such a file or a link of that name.
+void writePrivateFile(const std::string &path, std::string_view content);
+
 /// The folder for the scratch file of this copy of the program: @p programFolder where it can be
 /// written and no other running copy uses it, else the private one.
 std::string scratchFolder(const std::string &programFolder);

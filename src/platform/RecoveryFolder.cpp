@@ -21,9 +21,7 @@ try {
     fs::path path = folder / (name + extension);
     for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) // nor through a link
         path = folder / (name + "_" + std::to_string(number) + extension);
-    writeWholeFile(path.string(), content, Durability::onDisk);
-    std::error_code ignored; // as private as any file was
-    fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
+    writePrivateFile(path.string(), content); // as private as any file was
     return path.string();
 } catch (const std::exception &) {
     return {};

@@ -73,6 +73,15 @@ TEST(Numbers, AWholeItemIsANumberOrNot)
     EXPECT_EQ(numberFromWholeText(numberText(largest)), largest);
 }
 
+TEST(Numbers, ASeparatorOfThousandsOrASecondPointIsNoEndOfANumber)
+{
+    for (const char *text :
+         {"1.2.3", "-210 000 000", "1\u00A0000.5", "1\u202F000", "1'000", "2 \u20190"})
+        EXPECT_TRUE(breaksOffAtSeparator(text)) << text;
+    for (const char *text : {"", "12abc", "12 kN", "1.5 ", "7 '", "x 1"})
+        EXPECT_FALSE(breaksOffAtSeparator(text)) << text;
+}
+
 TEST(Numbers, NarrowingRefusesWhatASingleCannotHold)
 {
     EXPECT_EQ(toSingle(0.1), 0.1F);

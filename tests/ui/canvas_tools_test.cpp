@@ -182,6 +182,14 @@ TEST_F(CanvasTools, DragsThatDefineNothing)
     mouse(QEvent::MouseButtonRelease, Qt::LeftButton, 9, 9);
     EXPECT_EQ(Arithmos_Kombon, 2);
     EXPECT_TRUE(log().last().startsWith(" This place is too far"));
+    Arithmos_Stoixeion = 0;
+    for (const int ofDragBefore : {1, 2}) { // a refused press begins none
+        Kombos_Arxis = static_cast<std::int16_t>(ofDragBefore);
+        mouse(QEvent::MouseButtonPress, Qt::LeftButton, 9, 9);
+        moveTo(0, 0, Qt::LeftButton);
+        release(0, 0);
+        EXPECT_EQ(Arithmos_Stoixeion, 0);
+    }
 }
 
 TEST_F(CanvasTools, FullTablesTakeNoMoreAndSayNothing)
@@ -357,6 +365,9 @@ TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
         EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
         mouse(QEvent::MouseButtonRelease, button, 20, 2);
     }
+    mouse(QEvent::MouseButtonPress, Qt::LeftButton, 20, 2);
+    QEvent box(QEvent::WindowBlocked); // it gets the release
+    QCoreApplication::sendEvent(&canvas(), &box);
     QTest::keyClick(zoom, Qt::Key_Space);
     EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
 }
@@ -402,7 +413,7 @@ void expectSoundTables(int step)
 // Random typing and pressing in the dialogs, boxes answered at random.
 TEST_F(CanvasTools, AMonkeyInTheDialogsLeavesTheTablesSound)
 {
-    std::mt19937 random(7);
+    std::mt19937 random(3);
     const auto pick = [&](int low, int high) {
         return std::uniform_int_distribution(low, high)(random);
     };

@@ -111,6 +111,7 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
              Case{Case::nodes, "Text2=5 Text3=1e39", large, "Text3"},
              Case{Case::nodes, "Text2=5 TextKZ=1e39", large, "TextKZ"},
              Case{Case::nodes, "Text2=1.234,56 TextKX=-1", separators, "Text2"},
+             Case{Case::nodes, "Text2=1'000", separators, "Text2"},
              Case{Case::nodes, "Combo1=1,000.5 Text2=5", separators, "Combo1"},
              Case{Case::elements, "Combo1=301 Combo2=",
                   "The maximum number of elements that can be defined is 300.", "Combo1"},
@@ -270,13 +271,19 @@ TEST_F(Dialogs, DeleteAndRenumber)
         deleteTyped("2");
     });
     withRow<frmKomboi>(2, [&] {
+        desktop.expectMessage("There is no node to be deleted #7.5.");
+        fill("Combo1=7.5");
+        click("SSCommand2");
+        EXPECT_EQ(shownIn("Combo1 Label7 Text2"), "7.5|(New)|");
+    });
+    withRow<frmKomboi>(2, [&] {
         desktop.expectMessage(question, Icon::exclamation, Answer::cancel);
         click("SSCommand2");
         EXPECT_EQ(shown("Combo1"), "2");
     });
     EXPECT_THAT(logged(red), ElementsAre("Group # 2 cannot be deleted since there are elements "
                                          "belonging to it.",
-                                         connected));
+                                         "There is no node to be deleted #7.5.", connected));
     EXPECT_EQ(model(), before);
     EXPECT_EQ(redraws(), 0);
 
@@ -639,7 +646,7 @@ TEST_F(Dialogs, ACommaTypedPastedOrOfTheKeypadIsAPoint)
         QTest::keyClick(find("Text3"), Qt::Key_2, Qt::KeypadModifier);
         QKeyEvent decimal(QEvent::KeyPress, Qt::Key_Comma, Qt::KeypadModifier, ",");
         QCoreApplication::sendEvent(find("Text3"), &decimal);
-        QApplication::clipboard()->setText("-0,25");
+        QApplication::clipboard()->setText(QStringLiteral("\u22120,25"));
         find<QLineEdit>("TextKX")->paste();
         EXPECT_EQ(shownIn("Text2 Text3 TextKX"), "1.5|2.|-0.25");
         line("Text2")->setCursorPosition(1); // the caret stays behind what was typed

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace veskora {
 
@@ -48,6 +49,12 @@ bool CanvasWidget::event(QEvent *event)
     // Another screen may have another resolution.
     if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::Show)
         fitImage();
+    // A box, another window or another program takes the mouse, and the release with it.
+    const bool isTaken = event->type() == QEvent::WindowBlocked
+                         || event->type() == QEvent::WindowDeactivate
+                         || event->type() == QEvent::Hide;
+    if (isTaken && std::exchange(held_, Qt::NoButton) != Qt::NoButton)
+        emit abandoned();
     return QWidget::event(event);
 }
 

@@ -11,6 +11,7 @@ namespace veskora {
 
 namespace {
 
+/// What stands for a point or a minus becomes one.
 class DecimalPoint : public QValidator
 {
 public:
@@ -19,6 +20,7 @@ public:
     State validate(QString &text, int &) const override
     {
         text.replace(',', '.');
+        text.replace(QChar(0x2212), '-'); // the minus of printed pages
         return Acceptable;
     }
 };
@@ -30,16 +32,16 @@ void takeDecimalComma(QLineEdit *field)
     field->setValidator(new DecimalPoint(field));
 }
 
-QLineEdit *fieldWithTwoSeparators(const QWidget *form)
+QLineEdit *fieldCutAtSeparator(const QWidget *form)
 {
     for (QLineEdit *field : form->findChildren<QLineEdit *>())
         if (dynamic_cast<const DecimalPoint *>(field->validator()) != nullptr
-            && breaksOffAtPoint(plainText(field->text())))
+            && breaksOffAtSeparator(plainText(field->text())))
             return field;
     return nullptr;
 }
 
-std::string twoSeparators()
+std::string cutAtSeparator()
 {
     return Metafrasi(1610, "The number given has more than one decimal separator.");
 }

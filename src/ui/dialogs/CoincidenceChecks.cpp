@@ -33,8 +33,8 @@ std::optional<double> askTolerance()
         return standard;
     }
     std::ranges::replace(answer, ',', '.'); // some keypads have no other key
-    if (breaksOffAtPoint(answer)) {
-        showRefusal(twoSeparators());
+    if (breaksOffAtSeparator(answer)) {
+        showRefusal(cutAtSeparator());
         return std::nullopt;
     }
     const double tolerance = Val(answer);

@@ -93,17 +93,17 @@ void ModelDialog::pressEnter(QWidget *field)
 
 void ModelDialog::pressApply()
 {
-    if (!isReady())
+    if (!isReady(false))
         return;
-    if (QLineEdit *field = fieldWithTwoSeparators(this))
-        refuse(twoSeparators(), field);
+    if (QLineEdit *field = fieldCutAtSeparator(this))
+        refuse(cutAtSeparator(), field);
     else
         apply();
 }
 
 void ModelDialog::pressDelete()
 {
-    if (isReady())
+    if (isReady(true))
         remove();
 }
 

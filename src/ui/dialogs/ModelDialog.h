@@ -40,8 +40,8 @@ protected:
 
     virtual void apply() = 0;
     virtual void remove() {}
-    /// Asked before Apply and Delete act.
-    virtual bool isReady() { return true; }
+    /// Asked before Apply and, where it @p deletes, Delete act.
+    virtual bool isReady([[maybe_unused]] bool deletes) { return true; }
     /// Enter was pressed in @p field.
     /// @return whether it goes on to the next one
     virtual bool takeEntered(QWidget *field);

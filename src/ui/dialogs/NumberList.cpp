@@ -51,7 +51,7 @@ void NumberList::showNumber(std::optional<int> number)
 double NumberList::number() const
 {
     const std::string text = plainText(currentText());
-    return breaksOffAtPoint(text) ? 0 : Val(text);
+    return breaksOffAtSeparator(text) ? 0 : Val(text);
 }
 
 std::optional<int> NumberList::row() const

@@ -43,14 +43,15 @@ bool NumberedDialog::takeTyped(bool isLeft)
     return true;
 }
 
-bool NumberedDialog::isReady()
+bool NumberedDialog::isReady(bool deletes)
 {
     const int before = loaded_;
     if (!takeTyped(false))
         return false;
-    if (loaded_ != before)
-        lead(firstField());
-    return loaded_ == before;
+    if (loaded_ == before || (deletes && loaded_ == 0)) // which Delete refuses
+        return true;
+    lead(firstField());
+    return false;
 }
 
 bool NumberedDialog::takeEntered(QWidget *field)

@@ -46,7 +46,7 @@ protected:
     virtual bool takeOther(bool isLeft) = 0;
     /// @}
 
-    bool isReady() override;
+    bool isReady(bool deletes) override;
     bool takeEntered(QWidget *field) override;
 
 private:

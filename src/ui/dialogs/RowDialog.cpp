@@ -69,7 +69,7 @@ void RowDialog::showLoaded()
 /// The number stays as it is: behind the last row any will do, and Apply refuses what is none.
 bool RowDialog::takeOther(bool)
 {
-    if (isRowNumber(numbers()->number()) && loaded() != 0)
+    if (numbers()->number() > rowCount() && loaded() != 0)
         load(0);
     return true;
 }

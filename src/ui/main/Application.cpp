@@ -110,7 +110,10 @@ void guardOtherEnds()
         std::_Exit(128 + number);
     });
     for (const int number : {SIGTERM, SIGHUP, SIGINT})
-        std::signal(number, passSignalOn);
+        if (std::signal(number, passSignalOn) == SIG_IGN) // as nohup wants it
+            std::signal(number, SIG_IGN);
+    // Who reads standard error may have gone with the display, before the model is kept.
+    std::signal(SIGPIPE, SIG_IGN);
 }
 
 } // namespace veskora

@@ -141,11 +141,12 @@ void frmMain::pressOnModel(double x, double y)
         Kombos_Arxis = static_cast<std::int16_t>(Kombos_Deikti);
         return;
     }
-    Neos_Kombos_Sto_Patima =
-        true; // also where the place was refused: the release must not try again
     const int n = defineNode(x, y, true);
-    if (n == 0)
+    if (n == 0) {
+        Patimeno_Koumpi = false; // the place was refused: nothing begins that a release could end
         return;
+    }
+    Neos_Kombos_Sto_Patima = true;
     Exei_Oristei_Kombos = true;
     Kombos_Arxis = static_cast<std::int16_t>(n);
 }
@@ -319,6 +320,8 @@ void frmMain::lookAgain()
         || QApplication::activeModalWidget() != nullptr)
         return;
     const QPointF place = ui_->Picture1->centimetresAt(pointer_);
+    if (sint_->look())
+        showCoordinates(place.x(), place.y());
     hover(place.x(), place.y());
 }
 

@@ -118,13 +118,17 @@ void tellFailure()
 }
 
 /// Starts a program of the desktop and does not wait for it.
+/// @param reads  whether what it prints is wanted; a pipe for it ends with this program, and at its
+///               next word the program behind it would end too
 /// @param done  gets what it printed; nothing when it failed or could not be started
 template <typename Done>
-QProcess *run(const QString &program, const QStringList &arguments, Done done)
+QProcess *run(const QString &program, const QStringList &arguments, bool reads, Done done)
 {
     // Nothing owns it: it would end its program with this one, and that of the user's workbook.
     auto *process = new QProcess;
     process->setStandardInputFile(QProcess::nullDevice());
+    if (!reads)
+        process->setStandardOutputFile(QProcess::nullDevice());
     process->setStandardErrorFile(QProcess::nullDevice());
     QObject::connect(process, &QProcess::finished, process,
                      [process, done](int code, QProcess::ExitStatus status) {
@@ -181,17 +185,17 @@ void openWorkbooks(const QStringList &paths, QWidget *window)
         const BoxOwner boxOwner(owner);
         tellFailure();
     };
-    QProcess *query =
-        run("xdg-mime", {"query", "default", workbookType},
-            [paths, failed](const std::optional<QByteArray> &program) {
-                if (!program || program->trimmed().isEmpty())
-                    return failed();
-                for (const QString &path : paths)
-                    run("xdg-open", {path}, [failed](const std::optional<QByteArray> &opened) {
-                        if (!opened)
-                            failed();
-                    });
-            });
+    QProcess *query = run("xdg-mime", {"query", "default", workbookType}, true,
+                          [paths, failed](const std::optional<QByteArray> &program) {
+                              if (!program || program->trimmed().isEmpty())
+                                  return failed();
+                              for (const QString &path : paths)
+                                  run("xdg-open", {path}, false,
+                                      [failed](const std::optional<QByteArray> &opened) {
+                                          if (!opened)
+                                              failed();
+                                      });
+                          });
     constexpr int longest = 5000; // ms
     QTimer::singleShot(longest, query, &QProcess::kill);
 }

@@ -319,13 +319,13 @@ void frmSXEDIASI::Elegxos_An_Einai_OK(bool &ok)
         {isPositiveSingle(ui.Text7), ui.Text7, ui.Check2, generalTab,
          Metafrasi(1572, "The value given for grid is unacceptable.")},
     }};
-    const QLineEdit *cut = fieldWithTwoSeparators(this);
+    const QLineEdit *cut = fieldCutAtSeparator(this);
     const auto *failed = cut != nullptr ? std::ranges::find(tests, cut, &Test::field)
                                         : std::ranges::find(tests, false, &Test::passed);
     ok = failed == tests.end();
     if (ok)
         return;
-    showRefusal(cut != nullptr ? twoSeparators() : failed->refusal);
+    showRefusal(cut != nullptr ? cutAtSeparator() : failed->refusal);
     ui_->SSTab1->setCurrentIndex(failed->tab);
     failed->field->selectAll();
     if (failed->field->isEnabled())

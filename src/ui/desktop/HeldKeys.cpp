@@ -1,0 +1,54 @@
+#include "HeldKeys.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QKeyEvent>
+
+namespace veskora {
+
+namespace {
+
+class HeldKeys : public QObject
+{
+public:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        switch (event->type()) {
+        case QEvent::Shortcut: // the keys that it is made of came before as a ShortcutOverride
+            return isHeld_;
+        case QEvent::ShortcutOverride:
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            break;
+        default:
+            return false;
+        }
+        const auto *key = static_cast<QKeyEvent *>(event);
+        // An X server repeats a key by a release and a press of one moment, which Qt does not
+        // always see together.
+        isHeld_ = key->isAutoRepeat() || (key->timestamp() != 0 && key->timestamp() == released_);
+        if (event->type() == QEvent::KeyRelease)
+            released_ = key->timestamp();
+        return isHeld_ && event->type() == QEvent::KeyPress && presses(watched, key->key());
+    }
+
+private:
+    static bool presses(const QObject *watched, int key)
+    {
+        return key == Qt::Key_Return || key == Qt::Key_Enter
+               || (key == Qt::Key_Space && qobject_cast<const QAbstractButton *>(watched));
+    }
+
+    bool isHeld_ = false;
+    quint64 released_ = 0; ///< when the last release was, ms
+};
+
+} // namespace
+
+void countHeldKeysOnce()
+{
+    static HeldKeys filter;
+    qApp->installEventFilter(&filter); // one that is installed already comes to the front
+}
+
+} // namespace veskora
