@@ -41,7 +41,8 @@ QLineEdit *fieldWithTwoSeparators(const QWidget *form)
 
 std::string twoSeparators()
 {
-    return Metafrasi(1610, "The number given has more than one decimal separator.");
+    return Metafrasi(1610, "The number given has a separator of thousands, or more than one "
+                           "decimal separator.");
 }
 
 double typedNumber(const QLineEdit *field)
