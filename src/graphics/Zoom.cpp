@@ -60,7 +60,7 @@ void reportNoFit(double needed, double room)
                    logColour::red);
     else
         Grammi_Log(Metafrasi(1751, "The view stays as it is: it would need a scale coarser than "
-                                   "1:2147483, the coarsest there is."),
+                                   "1:2147483, which only the tool Zoom can set."),
                    logColour::red);
 }
 

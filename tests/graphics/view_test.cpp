@@ -60,7 +60,7 @@ TEST_F(View, BestFitTakesTheCoarserDirection)
              Case{"N 0 0; N 16.4 16.4", 100, -1.8, 1.8}, // a tie: by width
              Case{"N 0 0; N .1 .1", 70, 5, 6, "finer than 1:1"},
              Case{"N 4 4; N 4 4", 70, 5, 6, "finer than 1:1"}, // all at one point
-             Case{"N 0 0; N 1e6 0", 70, 5, 6, "coarser than"},
+             Case{"N 0 0; N 1e6 0", 70, 5, 6, "only the tool Zoom"},
              Case{"N 7 14", 100, -3, -4, "", 0}, // a damaged file
              Case{"", 100, -2, 2, "", 0},
          }) {

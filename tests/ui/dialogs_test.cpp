@@ -84,7 +84,8 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
     const char *spring = "The elastic constants cannot have negative values.";
     const char *there = "At (6, 0.1) there is already node #2. ";
     const char *large = "The number given is too large.";
-    const char *separators = "The number given has more than one decimal separator.";
+    const char *separators =
+        "The number given has a separator of thousands, or more than one decimal separator.";
     const std::string before =
         modelOf("G 1 1 1; G 2 2 2; N 0 0 xxo; N 6 .1; N 9 9; E 1 2 1; E 2 3 2 1 1 5 6");
     for (const Case &c : {

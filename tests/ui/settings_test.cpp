@@ -353,7 +353,9 @@ TEST_F(Settings, TypedNumbersAreTestedInTheirOrder)
                  Case{"Text6", "99", 2, "the decimal places (N Diagram) is unacceptable."},
                  Case{"Text6", "", 2, "The maximum number for decimal places is 13 (N Diagram)."},
                  Case{"Text7", "1.234,5", 0, "grid is unacceptable."},
-                 Case{"Text7", "1", 0, "The number given has more than one decimal separator."},
+                 Case{"Text7", "1", 0,
+                      "The number given has a separator of thousands, or more than one decimal "
+                      "separator."},
              }) {
             const std::string says = (*c.says == 'T' ? "" : given) + c.says;
             for (const char *button : {"SSCommand13", "SSCommand3", "SSCommand5"}) {

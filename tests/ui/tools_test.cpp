@@ -82,8 +82,10 @@ TEST_F(Tools, MoveNodes)
     const char *missing = "The number of a node is missing.";
     expectRefusal<frmMETAKINISI>("Combo1= Text1=1", missing, "Combo1");
     expectRefusal<frmMETAKINISI>("Combo2=31 Text1=1", "There is no node #31.", "Combo2");
-    expectRefusal<frmMETAKINISI>("Text1=1 Text2=1.234,5",
-                                 "The number given has more than one decimal separator.", "Text2");
+    expectRefusal<frmMETAKINISI>(
+        "Text1=1 Text2=1.234,5",
+        "The number given has a separator of thousands, or more than one decimal separator.",
+        "Text2");
     expectRefusal<frmSigxonefsi>("Combo2=", missing, "Combo2");
     expectRefusal<frmSigxonefsi>("Combo1=-1", "There is no node #-1.", "Combo1");
     expectRefusal<frmMETAKINISI>("Text2=1e39", "The number given is too large.", "Text2");
@@ -380,7 +382,8 @@ TEST_F(Tools, CoincidentNodes)
     EXPECT_EQ(model(), before);
 
     desktop.expectQuestion("0.000,5");
-    desktop.expectMessage("The number given has more than one decimal separator.");
+    desktop.expectMessage(
+        "The number given has a separator of thousands, or more than one decimal separator.");
     findCoincidentNodes();
 
     buildModel("N 0 0; N 0 0.0005");

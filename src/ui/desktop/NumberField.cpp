@@ -43,7 +43,8 @@ QLineEdit *fieldCutAtSeparator(const QWidget *form)
 
 std::string cutAtSeparator()
 {
-    return Metafrasi(1610, "The number given has more than one decimal separator.");
+    return Metafrasi(1610, "The number given has a separator of thousands, or more than one "
+                           "decimal separator.");
 }
 
 double typedNumber(const QLineEdit *field)
