@@ -67,6 +67,7 @@ frmMain::frmMain() : ui_(std::make_unique<Ui::frmMain>())
 frmMain::~frmMain()
 {
     delete results_;
+    ui_->Picture1->disconnect(this); // it is hidden last, when this is no main window any more
     setPicture1(nullptr);
 }
 
