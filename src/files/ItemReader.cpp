@@ -5,7 +5,6 @@
 #include "PrintableText.h"
 
 #include <cmath>
-#include <limits>
 
 namespace veskora {
 
@@ -129,12 +128,12 @@ void ItemReader::refuse(const std::string &facts) const
     throw Fault(Fault::Kind::input, text);
 }
 
-void ItemReader::fail(const std::string &what, const std::string &item) const
+void ItemReader::fail(std::string_view what, const std::string &item) const
 {
-    refuse(what + " expected, found " + quoted(item));
+    refuse(std::string(what) + " expected, found " + quoted(item));
 }
 
-double ItemReader::asDouble(const std::string &item, const std::string &what) const
+double ItemReader::asDouble(const std::string &item, std::string_view what) const
 {
     const std::optional<double> value = numberFromWholeText(item);
     if (!value)
@@ -142,7 +141,7 @@ double ItemReader::asDouble(const std::string &item, const std::string &what) co
     return *value;
 }
 
-float ItemReader::asSingle(const std::string &item, const std::string &what) const
+float ItemReader::asSingle(const std::string &item, std::string_view what) const
 {
     const std::optional<float> value = toSingle(asDouble(item, what));
     if (!value)
@@ -150,8 +149,7 @@ float ItemReader::asSingle(const std::string &item, const std::string &what) con
     return *value;
 }
 
-int ItemReader::asInteger(const std::string &item, const std::string &what, int least,
-                          int most) const
+int ItemReader::asInteger(const std::string &item, std::string_view what, int least, int most) const
 {
     const double value = asDouble(item, what);
     if (!(value >= least && value <= most && value == std::floor(value)))
@@ -169,12 +167,12 @@ std::int16_t ItemReader::asCount(const std::string &item, const std::string &row
 
 int ItemReader::asRow(const std::string &item, const std::string &row, int count) const
 {
-    using Integer = std::numeric_limits<int>;
-    const int number =
-        asInteger(item, "a " + row + " of the model", Integer::min(), Integer::max());
-    if (number < 1 || number > count)
-        refuse(row + " " + std::to_string(number) + " of " + std::to_string(count));
-    return number;
+    const std::optional<double> number = numberFromWholeText(item);
+    if (!number || *number != std::floor(*number))
+        fail("a " + row + " of the model", item);
+    if (*number < 1 || *number > count)
+        refuse(row + " " + numberText(*number) + " of " + std::to_string(count));
+    return static_cast<int>(*number);
 }
 
 } // namespace veskora

@@ -32,9 +32,9 @@ public:
     /// @name The item last read, as a number
     /// @p what names it in the fault's text, as in "x coordinate".
     /// @{
-    double asDouble(const std::string &item, const std::string &what) const;
-    float asSingle(const std::string &item, const std::string &what) const;
-    int asInteger(const std::string &item, const std::string &what, int least, int most) const;
+    double asDouble(const std::string &item, std::string_view what) const;
+    float asSingle(const std::string &item, std::string_view what) const;
+    int asInteger(const std::string &item, std::string_view what, int least, int most) const;
     /// How many @p rows ("nodes") follow, @p most at most.
     std::int16_t asCount(const std::string &item, const std::string &rows, int most) const;
     /// The number of a @p row ("node") of @p count.
@@ -42,7 +42,7 @@ public:
     /// @}
 
     /// Throws the fault that @p item, the item last read, is not @p what.
-    [[noreturn]] void fail(const std::string &what, const std::string &item) const;
+    [[noreturn]] void fail(std::string_view what, const std::string &item) const;
 
 private:
     static constexpr int endOfFile = -1;

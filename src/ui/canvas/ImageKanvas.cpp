@@ -275,7 +275,7 @@ void ImageKanvas::doPolyline(std::span<const Point> places)
     }
     QPen pen = painter_->pen();
     pen.setCapStyle(Qt::RoundCap); // elements that meet at an angle close the corner
-    pen.setJoinStyle(Qt::RoundJoin);
+    pen.setJoinStyle(Qt::MiterJoin);
     painter_->strokePath(path, pen);
 }
 
