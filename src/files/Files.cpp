@@ -172,11 +172,15 @@ private:
 };
 
 bool hasBanner(ItemReader &reader)
-{
+try {
     // All five are read before the comparison: a file too short for a banner is a failed read.
     std::array<std::string, banner.size()> items;
     std::ranges::generate(items, [&] { return reader.item(); });
     return std::ranges::equal(items, banner);
+} catch (const Fault &) {
+    if (!reader.isItemTooLong())
+        throw;
+    return false; // no more one of ours than any other text
 }
 
 /// Reads a section's title, its count, and the empty line behind it.

@@ -32,7 +32,8 @@ int ItemReader::next()
     if (c == endOfFile)
         return c;
     ++at_;
-    if (++itemLength_ > longestItem)
+    ++itemLength_;
+    if (isItemTooLong())
         refuse("an item longer than " + std::to_string(longestItem) + " bytes");
     return c;
 }
@@ -48,6 +49,11 @@ void ItemReader::endItem(int separator)
         (void)next();
     if (separator == '\r' || separator == '\n')
         ++line_;
+}
+
+bool ItemReader::isItemTooLong() const
+{
+    return itemLength_ > longestItem;
 }
 
 void ItemReader::beginItem()

@@ -22,6 +22,8 @@ public:
 
     std::string item();
     void skip() { (void)item(); }
+    /// Whether the last fault was that the item is longer than any that the program writes.
+    bool isItemTooLong() const;
 
     /// The next item, which may be a text between quotation marks on one line; blanks around it do
     /// not count. Inside the marks a comma separates nothing.

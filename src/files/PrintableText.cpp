@@ -33,10 +33,14 @@ std::size_t characterLength(std::string_view text)
 bool shows(std::string_view character)
 {
     using Range = std::pair<std::string_view, std::string_view>;
-    constexpr std::array<Range, 4> hidden = {{{{"\0", 1}, "\x1F"},
+    constexpr std::array<Range, 8> hidden = {{{{"\0", 1}, "\x1F"},
                                               {"\x7F", "\xC2\x9F"},
-                                              {"\xE2\x80\xA8", "\xE2\x80\xAE"},
-                                              {"\xE2\x81\xA6", "\xE2\x81\xA9"}}};
+                                              {"\u00AD", "\u00AD"}, // a hyphen where lines end
+                                              {"\u061C", "\u061C"}, // a direction
+                                              {"\u200B", "\u200F"},
+                                              {"\u2028", "\u202E"},
+                                              {"\u2060", "\u206F"},
+                                              {"\uFEFF", "\uFEFF"}}};
     return std::ranges::none_of(hidden, [character](const Range &range) {
         return character >= range.first && character <= range.second;
     });

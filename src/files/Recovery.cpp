@@ -10,8 +10,8 @@ namespace veskora {
 std::string writeRecoveryFile()
 try {
     return keepInRecoveryFolder(modelText(), ".vsk");
-} catch (const Fault &) {
-    return {}; // a model that no file can hold
+} catch (const std::exception &) {
+    return {}; // a model that no file can hold, or no memory for its text
 }
 
 bool isModelEmpty()

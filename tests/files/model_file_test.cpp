@@ -312,6 +312,9 @@ TEST_F(ModelFile, WhatTheProgramCannotHaveWrittenIsRefused)
              Case{101, "3", "node 3 of 2"},
              Case{102, "\x1B[2Jé\xE9\xC2\x9B\xE2\x80\xAE",
                   "a spring constant expected, found '\\x1B[2Jé\\xE9\\xC2\\x9B\\xE2\\x80\\xAE'"},
+             Case{102, "\u200B\u200F\uFEFF\u00AD",
+                  "a spring constant expected, found "
+                  "'\\xE2\\x80\\x8B\\xE2\\x80\\x8F\\xEF\\xBB\\xBF\\xC2\\xAD'"},
              Case{103, "39 bytes and then a letter of two bytesäb",
                   "a spring constant expected, found '39 bytes and then a letter of two bytes...'"},
          }) {
@@ -369,8 +372,10 @@ TEST_F(ModelFile, OddButHarmlessFilesAreRead)
 
 TEST_F(ModelFile, AWrongBannerChangesNothing)
 {
+    const std::string endless(5000, 'x');
     for (const auto &[from, to] : {std::pair{"VESK!", "Vesk!"},
                                    {"Modify !!!", "Modify !!"},
+                                   {"VESK!", endless.c_str()},
                                    {"*****\r\n*", "*****\r\n *"}}) {
         std::string content = small;
         content.replace(content.find(from), std::string(from).size(), to);

@@ -349,6 +349,14 @@ TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
         EXPECT_TRUE(view == 1 || find<QAction>("mnu1item")->data() == 2);
         find<QMenu>("mnuAorato")->close();
     }
+    Katastasi_Provolis = 0;
+    moveTo(1, 1);
+    QEvent away(QEvent::Leave); // to a dialog in which the node goes
+    QCoreApplication::sendEvent(&canvas(), &away);
+    Komboi(1, node::x) = 3;
+    mouse(QEvent::MouseButtonPress, Qt::RightButton, canvasX(1), canvasY(1));
+    release(1, 1, Qt::RightButton);
+    EXPECT_FALSE(find<QMenu>("mnuAorato")->isVisible());
 }
 
 TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)

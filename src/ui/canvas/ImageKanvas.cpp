@@ -1,14 +1,12 @@
 #include "ImageKanvas.h"
 
 #include "ColourWord.h"
-#include "Fault.h"
-#include "FileSystem.h"
 #include "Sxediastika.h"
 #include "Units.h"
 
-#include <QBuffer>
 #include <QFontMetricsF>
 #include <QPainterPath>
+#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -61,16 +59,8 @@ QColor qtColour(double word)
 
 bool writeImage(const QImage &image, const QString &path, const char *format)
 {
-    QByteArray content;
-    QBuffer buffer(&content);
-    if (!buffer.open(QIODevice::WriteOnly) || !image.save(&buffer, format))
-        return false;
-    try {
-        writeWholeFile(path.toStdString(), content.toStdString(), Durability::onDisk);
-    } catch (const Fault &) {
-        return false;
-    }
-    return true;
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && image.save(&file, format) && file.commit();
 }
 
 ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)

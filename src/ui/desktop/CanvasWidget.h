@@ -29,9 +29,8 @@ signals:
     void moved(Qt::MouseButtons buttons, double x, double y);
     void released(Qt::MouseButton button, double x, double y);
     void doubleClicked();
-    void left();
-    void abandoned(); ///< the button that is held: its release may go to somebody else ///< the
-                      ///< pointer went away
+    void left();      ///< the pointer went away
+    void abandoned(); ///< the button that is held: its release may go to somebody else
     /// The picture was lost: it has another size or resolution.
     void resized();
 

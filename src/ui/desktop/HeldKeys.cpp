@@ -24,11 +24,16 @@ public:
             return false;
         }
         const auto *key = static_cast<QKeyEvent *>(event);
+        if (event->type() == QEvent::KeyRelease) {
+            releasedKey_ = key->key();
+            releasedAt_ = key->timestamp();
+            return false;
+        }
         // An X server repeats a key by a release and a press of one moment, which Qt does not
         // always see together.
-        isHeld_ = key->isAutoRepeat() || (key->timestamp() != 0 && key->timestamp() == released_);
-        if (event->type() == QEvent::KeyRelease)
-            released_ = key->timestamp();
+        isHeld_ = key->isAutoRepeat()
+                  || (key->timestamp() != 0 && key->timestamp() == releasedAt_
+                      && key->key() == releasedKey_);
         return isHeld_ && event->type() == QEvent::KeyPress && presses(watched, key->key());
     }
 
@@ -40,7 +45,8 @@ private:
     }
 
     bool isHeld_ = false;
-    quint64 released_ = 0; ///< when the last release was, ms
+    int releasedKey_ = 0;    ///< the key that was released last
+    quint64 releasedAt_ = 0; ///< ms
 };
 
 } // namespace

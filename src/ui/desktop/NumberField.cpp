@@ -19,13 +19,18 @@ public:
 
     State validate(QString &text, int &) const override
     {
-        text.replace(',', '.');
-        text.replace(QChar(0x2212), '-'); // the minus of printed pages
+        text = withPlainSigns(text);
         return Acceptable;
     }
 };
 
 } // namespace
+
+QString withPlainSigns(QString text)
+{
+    constexpr char16_t printedMinus = 0x2212;
+    return text.replace(',', '.').replace(QChar(printedMinus), '-');
+}
 
 void takeDecimalComma(QLineEdit *field)
 {

@@ -5,9 +5,14 @@
 #include <string>
 
 class QLineEdit;
+class QString;
 class QWidget;
 
 namespace veskora {
+
+/// @p text with a point for each comma and a minus of the keyboard for each printed one; it is as
+/// long as before, so that a caret stays where it is.
+QString withPlainSigns(QString text);
 
 /// Makes a decimal comma a point in @p field, typed or pasted, and a printed minus one of the
 /// keyboard. Some keypads have no point.

@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberField.h"
+#include "QtDesktop.h"
 
 #include <algorithm>
 #include <cmath>
@@ -32,7 +33,7 @@ std::optional<double> askTolerance()
         desktop().message(Metafrasi(83, "Tolerance = 10E-5 (Default value)."), Icon::none);
         return standard;
     }
-    std::ranges::replace(answer, ',', '.'); // some keypads have no other key
+    answer = plainText(withPlainSigns(qtText(answer)));
     if (breaksOffAtSeparator(answer)) {
         showRefusal(cutAtSeparator());
         return std::nullopt;

@@ -45,8 +45,6 @@ void ModelDialog::equip(const std::string &applies)
     for (QAbstractButton *push : findChildren<QAbstractButton *>())
         push->installEventFilter(this);
     for (QLineEdit *field : findChildren<QLineEdit *>()) {
-        if (field->validator() != nullptr || field->isReadOnly())
-            continue;
         takeDecimalComma(field);
         if (qobject_cast<QComboBox *>(field->parent()) == nullptr)
             field->setMinimumWidth(field->fontMetrics().horizontalAdvance("-1.234567E+38 0"));
@@ -93,11 +91,9 @@ void ModelDialog::pressEnter(QWidget *field)
 
 void ModelDialog::pressApply()
 {
-    if (!isReady(false))
-        return;
     if (QLineEdit *field = fieldCutAtSeparator(this))
         refuse(cutAtSeparator(), field);
-    else
+    else if (isReady(false))
         apply();
 }
 
@@ -148,25 +144,31 @@ void ModelDialog::modelChanged()
     desktop().redraw();
 }
 
+namespace {
+
+std::string typed(const NumberList *list)
+{
+    return plainText(list->currentText().trimmed());
+}
+
+} // namespace
+
 std::string noSuchNode(const NumberList *list)
 {
-    return list->currentText().trimmed().isEmpty()
-               ? Metafrasi(1611, "The number of a node is missing.")
-               : Metafrasi(1612, "There is no node #") + numberText(list->number()) + ".";
+    return typed(list).empty() ? Metafrasi(1611, "The number of a node is missing.")
+                               : Metafrasi(1612, "There is no node #") + typed(list) + ".";
 }
 
 std::string noSuchElement(const NumberList *list)
 {
-    return list->currentText().trimmed().isEmpty()
-               ? Metafrasi(1613, "The number of an element is missing.")
-               : Metafrasi(1614, "There is no element #") + numberText(list->number()) + ".";
+    return typed(list).empty() ? Metafrasi(1613, "The number of an element is missing.")
+                               : Metafrasi(1614, "There is no element #") + typed(list) + ".";
 }
 
 std::string noSuchGroup(const NumberList *list)
 {
-    return list->currentText().trimmed().isEmpty()
-               ? Metafrasi(1615, "The number of a group is missing.")
-               : Metafrasi(1616, "There is no group #") + numberText(list->number()) + ".";
+    return typed(list).empty() ? Metafrasi(1615, "The number of a group is missing.")
+                               : Metafrasi(1616, "There is no group #") + typed(list) + ".";
 }
 
 std::string groupConstants(int g, std::string (*text)(double))

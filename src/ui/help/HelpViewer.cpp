@@ -146,12 +146,7 @@ void HelpViewer::showWholeTitles()
 
 void HelpViewer::bringUp()
 {
-    if (isMinimized())
-        showNormal();
-    else
-        show();
-    raise();
-    activateWindow();
+    bringToFront(*this);
 }
 
 bool HelpViewer::event(QEvent *event)

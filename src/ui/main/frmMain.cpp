@@ -442,9 +442,9 @@ void frmMain::setCaption(const std::string &text)
 void frmMain::setPointer(Pointer pointer)
 {
     if (pointer == Pointer::hourglass)
-        hourglass_.show(this);
-    else
-        hourglass_.hide();
+        return hourglass_.show(this);
+    hourglass_.hide();
+    showToolPointer(); // it may be another one by now
 }
 
 void frmMain::enableToolbarItem(int item, bool enabled)

@@ -119,6 +119,9 @@ void frmMain::Button_Zoom_Best_Fit()
 
 void frmMain::canvasPressed(Qt::MouseButton button, double x, double y)
 {
+    // A window that has gone leaves the pointer where no move has told of it.
+    if (Katastasi_Provolis == 0 && !Patimeno_Koumpi)
+        hover(x, y);
     if (button != Qt::LeftButton)
         return;
     Patimeno_Koumpi = true;

@@ -7,6 +7,7 @@
 #include "ResultGrid.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QPointer>
@@ -189,10 +190,13 @@ void openWorkbooks(const QStringList &paths, QWidget *window)
                           [paths, failed](const std::optional<QByteArray> &program) {
                               if (!program || program->trimmed().isEmpty())
                                   return failed();
+                              constexpr int starting = 30000; // ms; what ends later has opened
+                              QElapsedTimer since;
+                              since.start();
                               for (const QString &path : paths)
                                   run("xdg-open", {path}, false,
-                                      [failed](const std::optional<QByteArray> &opened) {
-                                          if (!opened)
+                                      [failed, since](const std::optional<QByteArray> &opened) {
+                                          if (!opened && !since.hasExpired(starting))
                                               failed();
                                       });
                           });

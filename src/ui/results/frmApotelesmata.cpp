@@ -331,10 +331,10 @@ void frmApotelesmata::showView()
 void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 {
     auto *button = qobject_cast<QAbstractButton *>(focusWidget());
-    if (button == nullptr || (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter))
-        QWidget::keyPressEvent(event);
-    else
+    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
         button->click();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 // ------------------------------------------------------------------------------------ the ways out

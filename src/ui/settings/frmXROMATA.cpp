@@ -146,8 +146,7 @@ bool frmXROMATA::eventFilter(QObject *watched, QEvent *event)
     default:
         return false;
     }
-    if (const QLayoutItem *next = ui_->swatches->itemAtPosition(row, column);
-        next != nullptr && column >= 0 && row >= 0)
+    if (const QLayoutItem *next = ui_->swatches->itemAtPosition(row, column))
         next->widget()->setFocus(Qt::OtherFocusReason);
     return true;
 }
