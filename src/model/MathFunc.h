@@ -21,8 +21,8 @@ double Val(std::string_view text);
 std::optional<double> leadingNumber(std::string_view text);
 
 /// Whether the number that `Val` takes from @p text ends where a further point stands, as in
-/// "1.234.56", or blanks or apostrophes that more digits follow, as in "210 000 000", and so is not
-/// the number that was meant.
+/// "1.234.56", or blanks or apostrophes that more digits follow, as in "210 000 000" and "2.1 E8",
+/// and so is not the number that was meant.
 bool breaksOffAtSeparator(std::string_view text);
 
 /// The number that @p text is as a whole, blanks around it aside; none where it is anything else,

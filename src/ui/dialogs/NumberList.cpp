@@ -70,8 +70,16 @@ void NumberList::selectTyped()
 
 void NumberList::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() == Qt::Key_Up || event->key() == Qt::Key_Down)
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
         selectTyped();
+        break;
+    default:
+        break;
+    }
     QComboBox::keyPressEvent(event);
 }
 

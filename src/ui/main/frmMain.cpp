@@ -144,7 +144,7 @@ void frmMain::buildCanvasObjects()
     connect(canvas, &CanvasWidget::pressed, this, &frmMain::canvasPressed);
     connect(canvas, &CanvasWidget::moved, this, &frmMain::canvasMoved);
     connect(canvas, &CanvasWidget::released, this, &frmMain::canvasReleased);
-    connect(canvas, &CanvasWidget::abandoned, this, &frmMain::endRelease);
+    connect(canvas, &CanvasWidget::abandoned, this, &frmMain::giveUpDrag);
     connect(canvas, &CanvasWidget::doubleClicked, this, &frmMain::canvasDoubleClicked);
     connect(canvas, &CanvasWidget::left, this, &frmMain::pointerLeft);
     connect(canvas, &CanvasWidget::resized, this, [this] {

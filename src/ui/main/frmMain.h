@@ -155,6 +155,7 @@ private:
     void pressOnModel(double x, double y);
     void leftReleased(double x, double y);
     void endRelease();
+    void giveUpDrag();
     void defineElementTo(double x, double y);
     void offerMainGroup();
     void addElement(int end);

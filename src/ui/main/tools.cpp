@@ -225,7 +225,7 @@ void frmMain::showCoordinates(double x, double y)
 void frmMain::canvasMoved(Qt::MouseButtons buttons, double x, double y)
 {
     if (Patimeno_Koumpi && !buttons.testFlag(Qt::LeftButton))
-        endRelease(); // the release went to somebody else
+        giveUpDrag(); // the release went to somebody else
     pointerOnCanvas_ = true;
     if (sint_->look())
         showCoordinates(x, y);
@@ -317,7 +317,7 @@ void frmMain::lookAgain()
         forgetHover();
         mnuAorato_->close();
         if (Patimeno_Koumpi)
-            endRelease();
+            giveUpDrag();
     }
     if (Katastasi_Provolis != 0 || !pointerOnCanvas_ || mnuAorato_->isVisible()
         || QApplication::activeModalWidget() != nullptr)
@@ -367,6 +367,15 @@ void frmMain::leftReleased(double x, double y)
     endRelease();
     if (Katastasi_Provolis == 0)
         hover(x, y);
+}
+
+/// Ends a drag whose release will not come: it defines nothing, and a view that moved is one that
+/// Zoom Previous comes back to.
+void frmMain::giveUpDrag()
+{
+    if (Patimeno_Koumpi && (Xeraki_Energo || Zoom_Energo))
+        Apothikefsi_Zoom();
+    endRelease();
 }
 
 void frmMain::endRelease()
