@@ -201,10 +201,14 @@ bool breaksOffAtSeparator(std::string_view text)
          {" ", "\t", "\u00A0", "\u2007", "\u2009", "\u202F", "'", "\u2019"})
         while (text.starts_with(separator))
             text.remove_prefix(separator.size());
-    // An exponent, too, belongs to the number that was meant.
-    if (text.starts_with('E') || text.starts_with('e'))
+    if (text.size() == before)
+        return false;
+    if (text.starts_with('E') || text.starts_with('e')) { // an exponent belongs to the number too
         text.remove_prefix(1);
-    return text.size() < before && !text.empty() && isDigit(text.front());
+        if (text.starts_with('-') || text.starts_with('+'))
+            text.remove_prefix(1);
+    }
+    return !text.empty() && isDigit(text.front());
 }
 
 std::optional<double> numberFromWholeText(std::string_view text)
