@@ -75,8 +75,8 @@ TEST(Numbers, AWholeItemIsANumberOrNot)
 
 TEST(Numbers, ASeparatorOfThousandsOrASecondPointIsNoEndOfANumber)
 {
-    for (const char *text :
-         {"1.2.3", "-210 000 000", "1\u00A0000.5", "1\u202F000", "1'000", "2 \u20190", "2.1 E8"})
+    for (const char *text : {"1.2.3", "-210 000 000", "1\u00A0000.5", "1\u202F000", "1'000",
+                             "2 \u20190", "2.1 E8", "2 e-4"})
         EXPECT_TRUE(breaksOffAtSeparator(text)) << text;
     for (const char *text : {"", "12abc", "12 kN", "12 e", "1.5 ", "7 '", "x 1"})
         EXPECT_FALSE(breaksOffAtSeparator(text)) << text;
