@@ -78,7 +78,7 @@ void Ftiakse_treeview(QTreeWidget &tree)
         QTreeWidgetItem *item = addNumbered(elements, e, Metafrasi(342, "Element"));
         add(item, Metafrasi(333, "Start node i") + ": " + number(Stoixeia(e, element::nodeI)));
         add(item, Metafrasi(334, "End node j") + ": " + number(Stoixeia(e, element::nodeJ)));
-        add(item, Metafrasi(362, "Type:") + " " + elementType(e));
+        add(item, Metafrasi(362, "Type:") + " " + elementTypeText(e));
         add(item,
             Metafrasi(363, "Belongs to E,A,I group:") + " " + number(Stoixeia(e, element::group)));
 

@@ -104,7 +104,7 @@ std::string RegionalNumbers::operator()(double value) const
     return withSeparator(numberText(value), separator_);
 }
 
-std::string elementType(int e)
+std::string elementTypeText(int e)
 {
     const bool hingeI = Stoixeia(e, element::hingeI) == 1;
     const bool hingeJ = Stoixeia(e, element::hingeJ) == 1;
@@ -151,7 +151,7 @@ void fillData(ResultGrid &grid)
         grid.setText(row, 0, numberText(e));
         grid.setText(row, 1, number(Stoixeia(e, element::nodeI)));
         grid.setText(row, 2, number(Stoixeia(e, element::nodeJ)));
-        grid.setText(row, 3, elementType(e));
+        grid.setText(row, 3, elementTypeText(e));
         grid.setText(row, 4, number(Stoixeia(e, element::group)));
     }
     grid.addRow();

@@ -76,7 +76,7 @@ void fillReactions(ResultGrid &grid);
 /// @}
 
 /// The element type as grid and tree name it: "P2", "P2' (Hinge i)" ...
-std::string elementType(int e);
+std::string elementTypeText(int e);
 
 /// Number texts with the decimal separator of the region, which is asked for once.
 class RegionalNumbers
