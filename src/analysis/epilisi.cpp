@@ -14,23 +14,19 @@ namespace veskora {
 
 namespace {
 
-/// Position in the main toolbar of the separator before the button Analyze: the button itself stays
-/// as it is, the analysis blocks all input anyway.
-constexpr int analyzeSeparator = 25;
-
-/// The hourglass, and the toolbar item switched off, until the analysis ends in whatever way.
+/// What shows that an analysis runs, until it ends in whatever way.
 class BusySigns
 {
 public:
     BusySigns()
     {
-        desktop().enableToolbarItem(analyzeSeparator, false);
+        desktop().setAnalysing(true);
         desktop().repaintMainWindow();
     }
     ~BusySigns()
     {
         restorePointer();
-        enableItem();
+        endAnalysing();
     }
     BusySigns(const BusySigns &) = delete;
     BusySigns &operator=(const BusySigns &) = delete;
@@ -45,14 +41,14 @@ public:
         if (std::exchange(hourglass_, false))
             desktop().setPointer(Pointer::standard);
     }
-    void enableItem()
+    void endAnalysing()
     {
-        if (std::exchange(disabled_, false))
-            desktop().enableToolbarItem(analyzeSeparator, true);
+        if (std::exchange(analysing_, false))
+            desktop().setAnalysing(false);
     }
 
 private:
-    bool disabled_ = true;
+    bool analysing_ = true;
     bool hourglass_ = false;
 };
 
@@ -216,7 +212,7 @@ void Epilisi()
 
     busy.restorePointer();
     logFinish(startSeconds);
-    busy.enableItem();
+    busy.endAnalysing();
     warnOfMechanism();
     storeExtremes();
     Allagi_Montelou = false;

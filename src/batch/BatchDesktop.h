@@ -27,7 +27,7 @@ public:
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &) override {}
     void setPointer(Pointer) override {}
-    void enableToolbarItem(int, bool) override {}
+    void setAnalysing(bool) override {}
     void repaintMainWindow() override {}
     void repaintLog() override {}
     void redraw() override {}

@@ -64,8 +64,8 @@ public:
 
     virtual void setCaption(const std::string &text) = 0;
     virtual void setPointer(Pointer pointer) = 0;
-    /// @param item  position in the main toolbar, separators counted, from 1
-    virtual void enableToolbarItem(int item, bool enabled) = 0;
+    /// An analysis has begun, or has ended in whatever way.
+    virtual void setAnalysing(bool isOn) = 0;
     virtual void repaintMainWindow() = 0;
     virtual void repaintLog() = 0;
     /// Paints the whole picture anew from the tables.

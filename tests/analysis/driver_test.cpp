@@ -47,8 +47,8 @@ TEST_F(Driver, AFinishedAnalysisLogsItsTimesAndClearsItsTables)
                 ElementsAre(LogLine{"ANALYSIS", black, true}, LogLine{"Start:  09:59:59", black},
                             LogLine{"Finish:  10:00:01", black},
                             LogLine{"Total time:  1.25 sec", black}));
-    EXPECT_THAT(desktop.events, ElementsAre("disable 25", "repaint window", "repaint log",
-                                            "hourglass", "pointer", "enable 25"));
+    EXPECT_THAT(desktop.events, ElementsAre("analysing", "repaint window", "repaint log",
+                                            "hourglass", "pointer", "idle"));
     EXPECT_FALSE(Allagi_Montelou);
     EXPECT_NEAR(Akrotata(6), -10 * 64 / 3.0 / 21000, 1e-12);
     for (int d = 1; d <= 600; ++d) {
@@ -102,7 +102,7 @@ TEST_F(Driver, WhatCannotBeSolvedIsSaidAndLeavesTheOldResults)
         EXPECT_TRUE(Allagi_Montelou);
         EXPECT_EQ(Metatopiseis(1), 42);
         EXPECT_EQ(Akrotata(1), 43);
-        EXPECT_EQ(desktop.events.back(), "enable 25");
+        EXPECT_EQ(desktop.events.back(), "idle");
     }
 }
 
@@ -128,7 +128,7 @@ TEST_F(Driver, AFaultOutsideTheSolverLeavesTheAnalysisWithPointerAndToolbarResto
         } catch (const Fault &fault) {
             EXPECT_EQ(fault.kind(), c.kind) << c.model << ": " << fault.facts();
         }
-        EXPECT_THAT(desktop.events, testing::IsSupersetOf({"pointer", "enable 25"}));
+        EXPECT_THAT(desktop.events, testing::IsSupersetOf({"pointer", "idle"}));
     }
 }
 

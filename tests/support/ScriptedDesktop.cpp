@@ -95,9 +95,9 @@ void ScriptedDesktop::setPointer(Pointer pointer)
     events.emplace_back(pointer == Pointer::hourglass ? "hourglass" : "pointer");
 }
 
-void ScriptedDesktop::enableToolbarItem(int item, bool enabled)
+void ScriptedDesktop::setAnalysing(bool isOn)
 {
-    events.push_back((enabled ? "enable " : "disable ") + std::to_string(item));
+    events.emplace_back(isOn ? "analysing" : "idle");
 }
 
 TimeOfDay ScriptedDesktop::timeOfDay()

@@ -56,7 +56,7 @@ public:
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &text) override { caption = text; }
     void setPointer(Pointer pointer) override;
-    void enableToolbarItem(int item, bool enabled) override;
+    void setAnalysing(bool isOn) override;
     void repaintMainWindow() override { events.emplace_back("repaint window"); }
     void repaintLog() override { events.emplace_back("repaint log"); }
     void redraw() override { events.emplace_back("redraw"); }

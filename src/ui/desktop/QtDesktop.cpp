@@ -227,10 +227,10 @@ void QtDesktop::setPointer(Pointer pointer)
         window_->setPointer(pointer);
 }
 
-void QtDesktop::enableToolbarItem(int item, bool enabled)
+void QtDesktop::setAnalysing(bool isOn)
 {
     if (window_ != nullptr)
-        window_->enableToolbarItem(item, enabled);
+        window_->setAnalysing(isOn);
 }
 
 void QtDesktop::repaintMainWindow()

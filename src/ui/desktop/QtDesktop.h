@@ -30,7 +30,7 @@ public:
     virtual void insertLog(const std::string &text, std::uint32_t colour, bool bold) = 0;
     virtual void setCaption(const std::string &text) = 0;
     virtual void setPointer(Pointer pointer) = 0;
-    virtual void enableToolbarItem(int item, bool enabled) = 0;
+    virtual void setAnalysing(bool isOn) = 0;
     virtual void repaintMainWindow() = 0;
     virtual void repaintLog() = 0;
     virtual void redraw() = 0;
@@ -67,7 +67,7 @@ public:
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &text) override;
     void setPointer(Pointer pointer) override;
-    void enableToolbarItem(int item, bool enabled) override;
+    void setAnalysing(bool isOn) override;
     void repaintMainWindow() override;
     void repaintLog() override;
     void redraw() override;

@@ -447,9 +447,11 @@ void frmMain::setPointer(Pointer pointer)
     showToolPointer(); // it may be another one by now
 }
 
-void frmMain::enableToolbarItem(int item, bool enabled)
+void frmMain::setAnalysing(bool isOn)
 {
-    ui_->Toolbar2->actions().at(item - 1)->setEnabled(enabled);
+    // The separator before the button Analyze; the button itself stays as it is, as the analysis
+    // takes no input anyway.
+    ui_->ToolbarSeparator25->setEnabled(!isOn);
 }
 
 void frmMain::repaintLog()

@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// The main window: it owns the process, the canvas, the message log and every command.
+/// The main window: it owns the canvas, the message log and every command.
 
 #include "CanvasWidget.h"
 #include "Highlights.h"
@@ -76,7 +76,7 @@ public:
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &text) override;
     void setPointer(Pointer pointer) override;
-    void enableToolbarItem(int item, bool enabled) override;
+    void setAnalysing(bool isOn) override;
     void repaintMainWindow() override { repaint(); }
     void repaintLog() override;
     void redraw() override;
