@@ -10,7 +10,7 @@ namespace veskora {
 /// @return its path, empty when it could be written nowhere
 std::string writeRecoveryFile();
 
-/// Whether the store holds anything that a recovery file could keep.
+/// Whether the store holds nothing that a recovery file could keep.
 bool isModelEmpty();
 
 } // namespace veskora

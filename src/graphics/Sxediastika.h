@@ -2,7 +2,8 @@
 /// @file
 /// Drawing routines. They read the store, draw on `Picture1`, and leave pen, fill and font as their
 /// last step set them. All symbol sizes are canvas centimetres and do not follow the zoom.
-/// None of them lets a fault out: what cannot be drawn is left out.
+/// `Ananeosi_Sxediou` and `Sxedio_Grigoro` let no fault out: what cannot be drawn is left out. The
+/// routines for one row throw where the row, or one that it refers to, does not exist.
 
 #include <string>
 

@@ -115,7 +115,7 @@ extern bool Sfalma_Epilisis;      ///< the last solve failed
 extern std::string Onoma_Arxeiou; ///< path of the model file, empty for an unnamed model
 /// What the canvas shows: 0 model, 1 M, 2 Q, 3 N, 4 deformed shape.
 extern std::int16_t Katastasi_Provolis;
-/// Where file dialogs start: the working directory, then the folder of the last file used.
+/// Where file dialogs start: the folder of the last file used; empty until the first dialog.
 extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
 /// The report sections that the user last chose: data, displacements, element forces, reactions.
@@ -189,7 +189,7 @@ struct Setting
     const char *standard; ///< text taken when the user has none
 };
 
-/// All view settings in the order in which they are read from the user's.
+/// All view settings in the order in which they are read from the user's store.
 extern const std::array<Setting, 44> settings;
 /// @}
 

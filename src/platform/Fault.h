@@ -10,9 +10,8 @@ namespace veskora {
 /// What a run-time error is to this program: a subscript out of range, a division by zero where it
 /// is tested, a file that ends early, a write that failed.
 ///
-/// It is caught in few places only: the equation solver, the routines that write and read model
-/// files and reports, a drawing that leaves one of its steps out, and once around everything at the
-/// edge of the process (in the batch runner, around each model).
+/// It is caught in few places only, which docs/architecture.md lists, and once around everything at
+/// the edge of the process.
 class Fault : public std::exception
 {
 public:
