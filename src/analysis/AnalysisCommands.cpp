@@ -6,6 +6,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 
 namespace veskora {
 
@@ -14,9 +15,8 @@ namespace {
 bool isConnected(int n)
 {
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        for (const int end : {element::nodeI, element::nodeJ})
-            if (Stoixeia(e, end) == static_cast<float>(n))
-                return true;
+        if (touches(e, n))
+            return true;
     return false;
 }
 

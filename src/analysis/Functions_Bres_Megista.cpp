@@ -1,6 +1,7 @@
 #include "Functions_Bres_Megista.h"
 
 #include "Metablites.h"
+#include "RowQueries.h"
 
 #include <cmath>
 
@@ -40,7 +41,7 @@ double overEnds(Wanted wanted, AtI atI, AtJ atJ)
 
 double displacement(int n, int component)
 {
-    return Metatopiseis(3 * n - 3 + component);
+    return Metatopiseis(freedomOf(n, component));
 }
 
 double nodeExtreme(Wanted wanted, int component)

@@ -2,6 +2,7 @@
 
 #include "element.h"
 #include "epilisi.h"
+#include "RowQueries.h"
 
 #include <array>
 
@@ -49,8 +50,8 @@ void Synthesi_P(int e)
 {
     const auto [ni, nj] = elementNodes(e);
     for (int component = 1; component <= 3; ++component) {
-        P_Oliko(3 * ni - 3 + component) += F_Pakton_Oliko(component);
-        P_Oliko(3 * nj - 3 + component) += F_Pakton_Oliko(component + 3);
+        P_Oliko(freedomOf(ni, component)) += F_Pakton_Oliko(component);
+        P_Oliko(freedomOf(nj, component)) += F_Pakton_Oliko(component + 3);
     }
 }
 

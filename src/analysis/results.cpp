@@ -2,6 +2,7 @@
 
 #include "element.h"
 #include "epilisi.h"
+#include "RowQueries.h"
 
 #include <cmath>
 #include <string>
@@ -43,8 +44,8 @@ void Metatopiseis_Stoixeiou(int e)
 {
     const auto [ni, nj] = elementNodes(e);
     for (int component = 1; component <= 3; ++component) {
-        U_Stoixeiou_Oliko(component) = Metatopiseis(3 * ni - 3 + component);
-        U_Stoixeiou_Oliko(component + 3) = Metatopiseis(3 * nj - 3 + component);
+        U_Stoixeiou_Oliko(component) = Metatopiseis(freedomOf(ni, component));
+        U_Stoixeiou_Oliko(component + 3) = Metatopiseis(freedomOf(nj, component));
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "element.h"
 #include "epilisi.h"
+#include "RowQueries.h"
 
 #include <algorithm>
 #include <array>
@@ -109,8 +110,8 @@ void Ipologismos_K_Stoixeiou()
 void Synthesi_K(int e)
 {
     const auto [ni, nj] = elementNodes(e);
-    const int bi = 3 * ni - 3;
-    const int bj = 3 * nj - 3;
+    const int bi = freedomOf(ni, 0); // the component is added below
+    const int bj = freedomOf(nj, 0);
     for (int r = 1; r <= 3; ++r)
         for (int c = 1; c <= 3; ++c) {
             K_Oliko(bi + r, bi + c) += K_Stoixeiou(r, c);
@@ -124,7 +125,7 @@ void Synthesi_Elatirion()
 {
     for (int n = 1; n <= Arithmos_Kombon; ++n)
         for (int component = 1; component <= 3; ++component) {
-            const int freedom = 3 * n - 3 + component;
+            const int freedom = freedomOf(n, component);
             K_Oliko(freedom, freedom) += Elatiria(n, component);
         }
 }

@@ -198,7 +198,7 @@ std::string displacementSection()
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
         report << field(8, report.plain(n));
         for (int component = 1; component <= 3; ++component)
-            report << field(25, report.withSign(Metatopiseis(3 * n - 3 + component)));
+            report << field(25, report.withSign(Metatopiseis(freedomOf(n, component))));
         report << nl;
     }
     report << nl << nl;

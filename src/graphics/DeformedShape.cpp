@@ -3,6 +3,7 @@
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "ResultTexts.h"
+#include "RowQueries.h"
 #include "skip.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
@@ -49,16 +50,16 @@ ElementState elementState(int e, const ElementLine &line)
     const auto along = [&](double x, double y) { return x * s.c + y * s.z; };
     const auto across = [&](double x, double y) { return -x * s.z + y * s.c; };
     const auto [ni, nj] = elementNodes(e);
-    const double xi = Metatopiseis(3 * ni - 2);
-    const double yi = Metatopiseis(3 * ni - 1);
-    const double xj = Metatopiseis(3 * nj - 2);
-    const double yj = Metatopiseis(3 * nj - 1);
+    const double xi = Metatopiseis(freedomOf(ni, 1));
+    const double yi = Metatopiseis(freedomOf(ni, 2));
+    const double xj = Metatopiseis(freedomOf(nj, 1));
+    const double yj = Metatopiseis(freedomOf(nj, 2));
     s.ui = along(xi, yi);
     s.vi = across(xi, yi);
-    s.rotationI = Metatopiseis(3 * ni);
+    s.rotationI = Metatopiseis(freedomOf(ni, 3));
     s.uj = along(xj, yj);
     s.vj = across(xj, yj);
-    s.rotationJ = Metatopiseis(3 * nj);
+    s.rotationJ = Metatopiseis(freedomOf(nj, 3));
     const double wx = Stoixeia(e, element::wx);
     const double wy = Stoixeia(e, element::wy);
     s.qx = along(wx, wy);

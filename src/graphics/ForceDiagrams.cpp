@@ -3,6 +3,7 @@
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "ResultTexts.h"
+#include "RowQueries.h"
 #include "skip.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
@@ -153,18 +154,13 @@ void drawParabola(const Diagram &diagram, int e, const ElementLine &element, con
     }
 }
 
-bool isLoaded(int e)
-{
-    return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
-}
-
 using DrawElement = void (*)(const Diagram &, int e, const ElementLine &, const Ordinates &,
                              ShownValues &);
 
 void drawMoment(const Diagram &diagram, int e, const ElementLine &element, const Ordinates &o,
                 ShownValues &shown)
 {
-    if (isLoaded(e))
+    if (isLoadedElement(e))
         drawParabola(diagram, e, element, o, shown);
     else
         drawStraightMoment(diagram, o, shown);

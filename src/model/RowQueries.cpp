@@ -28,6 +28,19 @@ bool isLoadedElement(int e)
     return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
 }
 
+bool touches(int e, int n)
+{
+    const auto node = static_cast<float>(n);
+    return Stoixeia(e, element::nodeI) == node || Stoixeia(e, element::nodeJ) == node;
+}
+
+bool joins(int e, int a, int b)
+{
+    const float i = Stoixeia(e, element::nodeI), j = Stoixeia(e, element::nodeJ);
+    const auto nodeA = static_cast<float>(a), nodeB = static_cast<float>(b);
+    return (i == nodeA && j == nodeB) || (i == nodeB && j == nodeA);
+}
+
 int countRows(int rows, bool (*holds)(int))
 {
     int count = 0;
@@ -45,7 +58,7 @@ std::string constraintCode(int n)
 
 double springForce(int n, int k)
 {
-    return -Elatiria(n, k) * Metatopiseis(3 * n - 3 + k);
+    return -Elatiria(n, k) * Metatopiseis(freedomOf(n, k));
 }
 
 } // namespace veskora

@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// What rows of the model are: loaded, constrained, held by springs. Rows count from 1.
+/// What rows of the model are: loaded, constrained, held by springs, joined. Rows count from 1.
 
 #include <string>
 
@@ -11,6 +11,17 @@ bool isLoadedNode(int n);
 bool isConstrainedNode(int n);
 bool hasSpring(int n);
 bool isLoadedElement(int e);
+/// Whether node @p n is an end of element @p e.
+bool touches(int e, int n);
+/// Whether element @p e lies between nodes @p a and @p b, in either direction.
+bool joins(int e, int a, int b);
+
+/// The number of a freedom among all of the structure, from 1: component @p k (1 x, 2 y,
+/// 3 rotation) of node @p n. Displacements, loads and reactions stand at these places.
+constexpr int freedomOf(int n, int k)
+{
+    return 3 * (n - 1) + k;
+}
 
 /// How many of the rows 1 to @p rows are so.
 int countRows(int rows, bool (*holds)(int));

@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "Supports.h"
 #include "ui_frmKomboi.h"
 
@@ -22,12 +23,6 @@ std::unique_ptr<Ui::frmKomboi> built(QDialog *dialog)
     auto ui = std::make_unique<Ui::frmKomboi>();
     ui->setupUi(dialog);
     return ui;
-}
-
-bool isAttached(int e, int n)
-{
-    const auto node = static_cast<float>(n);
-    return Stoixeia(e, element::nodeI) == node || Stoixeia(e, element::nodeJ) == node;
 }
 
 /// ", Kx= 5, Kz= 7" for the springs that node @p n has.
@@ -198,7 +193,7 @@ bool frmKomboi::deleteRow(int n)
 {
     const auto attached = [n] {
         for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-            if (isAttached(e, n))
+            if (touches(e, n))
                 return e;
         return 0;
     };

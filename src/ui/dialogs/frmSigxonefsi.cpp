@@ -6,6 +6,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmSigxonefsi.h"
 
 #include <cmath>
@@ -82,10 +83,8 @@ void frmSigxonefsi::apply()
 /// @return false as soon as the user wants to keep one
 bool frmSigxonefsi::deleteElementsBetween(int a, int b)
 {
-    const auto nodeA = static_cast<float>(a), nodeB = static_cast<float>(b);
     for (int e = 1; e <= Arithmos_Stoixeion;) {
-        const float i = Stoixeia(e, element::nodeI), j = Stoixeia(e, element::nodeJ);
-        if (!((i == nodeA && j == nodeB) || (i == nodeB && j == nodeA))) {
+        if (!joins(e, a, b)) {
             ++e;
             continue;
         }

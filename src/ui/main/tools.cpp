@@ -6,6 +6,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
+#include "RowQueries.h"
 #include "StatusPanel.h"
 #include "Supports.h"
 #include "Sxediastika.h"
@@ -33,13 +34,9 @@ constexpr std::int16_t Dekadika_Sintetagmenon = 4;
 
 bool areJoined(int a, int b)
 {
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        const float i = Stoixeia(e, element::nodeI);
-        const float j = Stoixeia(e, element::nodeJ);
-        if ((i == static_cast<float>(a) && j == static_cast<float>(b))
-            || (i == static_cast<float>(b) && j == static_cast<float>(a)))
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if (joins(e, a, b))
             return true;
-    }
     return false;
 }
 

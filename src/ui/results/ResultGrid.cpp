@@ -200,7 +200,7 @@ void fillDisplacements(ResultGrid &grid)
         for (int k = 1; k <= 3; ++k) {
             if (Komboi(n, node::fixedX - 1 + k) == 1)
                 continue;
-            const double value = Metatopiseis(3 * n - 3 + k);
+            const double value = Metatopiseis(freedomOf(n, k));
             grid.setText(row, k, number(value), colour(n, k, value));
         }
     }
