@@ -5,10 +5,9 @@
 #include <array>
 #include <bit>
 #include <charconv>
+#include <clocale>
 #include <cmath>
-#include <langinfo.h>
 #include <limits>
-#include <locale.h>
 
 namespace veskora {
 
@@ -302,12 +301,9 @@ std::string signedNumberText(double value)
 
 std::string regionalDecimalSeparator()
 {
-    // A locale of its own: that of the process is the other threads' as well.
-    const locale_t region = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
-    if (region == nullptr)
-        return ".";
-    const std::string separator = ::nl_langinfo_l(RADIXCHAR, region);
-    ::freelocale(region);
+    std::setlocale(LC_NUMERIC, "");
+    std::string separator = std::localeconv()->decimal_point;
+    std::setlocale(LC_NUMERIC, "C");
     return separator.empty() ? "." : separator;
 }
 
