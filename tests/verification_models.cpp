@@ -5,6 +5,7 @@
 #include "BatchDesktop.h"
 #include "epilisi.h"
 #include "Files.h"
+#include "FileSystem.h"
 #include "Functions_Bres_Megista.h"
 #include "ImageKanvas.h"
 #include "Metablites.h"
@@ -101,7 +102,7 @@ int main(int argc, char **argv)
             return;
         prepare(problem);
         const fs::path model = folder / (title.substr(0, title.find(' ')) + ".vsk");
-        writeModelFile((check ? scratch : model).string());
+        writeWholeFile((check ? scratch : model).string(), modelText(), Durability::onDisk);
         if (check && contentOf(scratch) != contentOf(model)) {
             std::cerr << model.string() << " is not up to date\n";
             ++stale;

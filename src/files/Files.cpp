@@ -469,11 +469,6 @@ try {
     return false;
 }
 
-void writeModelFile(const std::string &path)
-{
-    writeWholeFile(path, modelText(), Durability::onDisk);
-}
-
 bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
 {
     std::string target = path;

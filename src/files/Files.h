@@ -35,9 +35,6 @@ bool isModelFile(const std::string &path);
 /// What the file of the model holds. Fault: a number is infinite.
 std::string modelText();
 
-/// Writes the model to @p path without a word. Fault: what the system refused.
-void writeModelFile(const std::string &path);
-
 /// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
 /// written to a scratch file and the two are compared item by item, view state included. Where no
 /// scratch file can be written the answer is no.

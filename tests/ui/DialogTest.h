@@ -130,11 +130,7 @@ protected:
     std::string focus() { return form->focusWidget()->objectName().toStdString(); }
 
     /// The whole model, as its file.
-    std::string model()
-    {
-        writeModelFile(path("model.vsk"));
-        return contentOf(path("model.vsk"));
-    }
+    std::string model() { return modelText(); }
     std::string modelOf(const std::string &text)
     {
         buildModel(text);

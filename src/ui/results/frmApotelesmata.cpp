@@ -35,6 +35,8 @@ namespace veskora {
 
 namespace {
 
+constexpr QSize frame(8, 40); // logical pixels, about what a window manager adds
+
 constexpr int edge = 4; // logical pixels, around the tabs and inside them
 constexpr int gap = 2;  // over and under what stands over a grid
 
@@ -83,7 +85,7 @@ frmApotelesmata::frmApotelesmata()
         view->present(grid.release(), header);
     assignWindowMnemonics();
     setLeastSize();
-    constexpr QSize usual(820, 600), frame(8, 40); // logical pixels
+    constexpr QSize usual(820, 600); // logical pixels
     resize(usual.boundedTo(screen()->availableSize() - frame).expandedTo(minimumSize()));
     ui_->TreeView1->setFocus();
 }
@@ -116,7 +118,6 @@ bool frmApotelesmata::isUpToDate() const
 
 void frmApotelesmata::showBeside(const QWidget &part)
 {
-    constexpr QSize frame(8, 40); // logical pixels, about what a window manager adds
     const QRect area = part.screen()->availableGeometry();
     const QRect taken(part.mapToGlobal(QPoint()), part.size());
     const QSize least = minimumSize() + frame;

@@ -1,5 +1,7 @@
 #include "PaletteImage.h"
 
+#include "ArrowKeys.h"
+
 #include <QIcon>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -89,24 +91,11 @@ void PaletteImage::mouseReleaseEvent(QMouseEvent *event)
 
 void PaletteImage::keyPressEvent(QKeyEvent *event)
 {
-    const int step = (event->modifiers() & Qt::ControlModifier) != 0 ? 10 : 1;
-    QPoint place = mark_;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        place.rx() -= step;
-        break;
-    case Qt::Key_Right:
-        place.rx() += step;
-        break;
-    case Qt::Key_Up:
-        place.ry() -= step;
-        break;
-    case Qt::Key_Down:
-        place.ry() += step;
-        break;
-    default:
+    const std::optional<QPoint> step = arrowStep(event->key());
+    if (!step)
         return QWidget::keyPressEvent(event);
-    }
+    const int stride = (event->modifiers() & Qt::ControlModifier) != 0 ? 10 : 1;
+    const QPoint place = mark_ + *step * stride;
     pick({std::clamp(place.x(), 0, columns - 1), std::clamp(place.y(), 0, rows - 1)});
 }
 

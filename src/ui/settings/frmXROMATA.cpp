@@ -1,5 +1,7 @@
 #include "frmXROMATA.h"
 
+#include "ArrowKeys.h"
+
 #include "Colours.h"
 #include "ColourSwatch.h"
 #include "Functions.h"
@@ -128,25 +130,11 @@ bool frmXROMATA::eventFilter(QObject *watched, QEvent *event)
                                                                        : Qt::ClickFocus);
     if (at < 0 || event->type() != QEvent::KeyPress)
         return QDialog::eventFilter(watched, event);
-    int row = at / swatchesInRow;
-    int column = at % swatchesInRow;
-    switch (static_cast<const QKeyEvent *>(event)->key()) {
-    case Qt::Key_Left:
-        --column;
-        break;
-    case Qt::Key_Right:
-        ++column;
-        break;
-    case Qt::Key_Up:
-        --row;
-        break;
-    case Qt::Key_Down:
-        ++row;
-        break;
-    default:
+    const std::optional<QPoint> step = arrowStep(static_cast<const QKeyEvent *>(event)->key());
+    if (!step)
         return false;
-    }
-    if (const QLayoutItem *next = ui_->swatches->itemAtPosition(row, column))
+    if (const QLayoutItem *next = ui_->swatches->itemAtPosition(at / swatchesInRow + step->y(),
+                                                                at % swatchesInRow + step->x()))
         next->widget()->setFocus(Qt::OtherFocusReason);
     return true;
 }
