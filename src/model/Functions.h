@@ -13,6 +13,15 @@ namespace veskora {
 /// pack holds for @p slot (1 to 2500), empty where it holds nothing.
 std::string Metafrasi(int slot, std::string_view standard);
 
+/// A text in a table that is made before the language is known: its slot and its English default.
+struct Phrase
+{
+    int slot;
+    const char *english;
+
+    std::string text() const { return Metafrasi(slot, english); }
+};
+
 /// Colours of the message log, the `xroma` of `Grammi_Log`.
 namespace logColour {
 inline constexpr std::int16_t black = 0; ///< plain notes

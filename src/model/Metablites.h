@@ -51,6 +51,15 @@ inline constexpr int wy = 7;
 inline constexpr int used = wy; ///< the last column that is read and written
 } // namespace element
 
+/// What the canvas shows, the values of `Katastasi_Provolis`.
+namespace view {
+inline constexpr std::int16_t model = 0;
+inline constexpr std::int16_t M = 1; ///< diagrams
+inline constexpr std::int16_t Q = 2;
+inline constexpr std::int16_t N = 3;
+inline constexpr std::int16_t deformed = 4;
+} // namespace view
+
 /// @name Model tables
 /// @{
 extern std::int16_t Arithmos_Kombon;    ///< number of nodes
@@ -110,11 +119,10 @@ extern Pinakas<double, 6> U_Stoixeiou_Topiko; ///< end displacements, local axes
 
 /// @name State
 /// @{
-extern bool Allagi_Montelou;      ///< the model differs from what the last analysis saw
-extern bool Sfalma_Epilisis;      ///< the last solve failed
-extern std::string Onoma_Arxeiou; ///< path of the model file, empty for an unnamed model
-/// What the canvas shows: 0 model, 1 M, 2 Q, 3 N, 4 deformed shape.
-extern std::int16_t Katastasi_Provolis;
+extern bool Allagi_Montelou;            ///< the model differs from what the last analysis saw
+extern bool Sfalma_Epilisis;            ///< the last solve failed
+extern std::string Onoma_Arxeiou;       ///< path of the model file, empty for an unnamed model
+extern std::int16_t Katastasi_Provolis; ///< what the canvas shows, one of `view`
 /// Where file dialogs start: the folder of the last file used; empty until the first dialog.
 extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
