@@ -1,5 +1,7 @@
 #include "element.h"
 
+#include "RowQueries.h"
+
 #include <cmath>
 #include <string>
 
@@ -7,27 +9,26 @@ namespace veskora {
 
 namespace {
 
-int referencedRow(int e, int column, int count, const char *table)
+/// @p row, unless it is 0.
+int existing(int row, int e, const char *table)
 {
-    const float reference = Stoixeia(e, column);
-    // The negated test catches what is not a number too.
-    if (!(reference >= 1 && reference <= static_cast<float>(count)))
+    if (row == 0)
         throw Fault(Fault::Kind::subscript, "Element " + std::to_string(e) + " refers to a " + table
                                                 + " that does not exist");
-    return static_cast<int>(std::nearbyint(reference));
+    return row;
 }
 
 } // namespace
 
 std::pair<int, int> elementNodes(int e)
 {
-    return {referencedRow(e, element::nodeI, Arithmos_Kombon, "node"),
-            referencedRow(e, element::nodeJ, Arithmos_Kombon, "node")};
+    return {existing(nodeOf(e, element::nodeI), e, "node"),
+            existing(nodeOf(e, element::nodeJ), e, "node")};
 }
 
 int elementGroup(int e)
 {
-    return referencedRow(e, element::group, Arithmos_Omadon, "group");
+    return existing(groupOf(e), e, "group");
 }
 
 ElementGeometry elementGeometry(int e)
@@ -46,19 +47,6 @@ ElementGeometry elementGeometry(int e)
         throw Fault(Fault::Kind::overflow,
                     "Overflow in the length of element " + std::to_string(e));
     return {length, wideX / length, wideY / length};
-}
-
-ElementType elementType(int e)
-{
-    const float hingeI = Stoixeia(e, element::hingeI);
-    const float hingeJ = Stoixeia(e, element::hingeJ);
-    if (hingeI == 0 && hingeJ == 0)
-        return ElementType::P2;
-    if (hingeI == 0 && hingeJ == 1)
-        return ElementType::hingeAtJ;
-    if (hingeI == 1 && hingeJ == 0)
-        return ElementType::hingeAtI;
-    return hingeI == 1 && hingeJ == 1 ? ElementType::P1 : ElementType::none;
 }
 
 } // namespace veskora

@@ -24,9 +24,4 @@ int elementGroup(int e);
 /// Fault: the two nodes stand at one place, or too far apart for a Single.
 ElementGeometry elementGeometry(int e);
 
-enum class ElementType { P2, hingeAtJ, hingeAtI, P1, none };
-
-/// The type that the two hinge columns name; `none` for a pair of other values than 0 and 1.
-ElementType elementType(int e);
-
 } // namespace veskora

@@ -83,7 +83,7 @@ void generalData(Report &report)
     line(Metafrasi(317, "E,A,I Element Groups:"), Arithmos_Omadon);
     line(Metafrasi(318, "Nodes:"), Arithmos_Kombon);
     line(Metafrasi(319, "Elements:"), Arithmos_Stoixeion);
-    line(Metafrasi(320, "Constrained nodes:"), countRows(Arithmos_Kombon, isConstrainedNode));
+    line(Metafrasi(320, "Constrained nodes:"), countRows(Arithmos_Kombon, isRestrainedNode));
     line(Metafrasi(321, "Nodes with loads on:"), countRows(Arithmos_Kombon, isLoadedNode));
     line(Metafrasi(322, "Elements with loads on:"), countRows(Arithmos_Stoixeion, isLoadedElement));
     line(Metafrasi(323, "DOFs per node:"), 3);
@@ -118,7 +118,7 @@ void nodes(Report &report)
     report.rule(92);
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
         report << field(15, report.plain(n)) << field(15, report.withSign(Komboi(n, node::x)))
-               << field(15, report.withSign(Komboi(n, node::y))) << field(15, constraintCode(n));
+               << field(15, report.withSign(Komboi(n, node::y))) << field(15, restraintText(n));
         for (const float constant : Elatiria.row(n))
             report << field(15, constant > 0 ? report.plain(constant) : "");
         report << nl;
@@ -238,7 +238,7 @@ std::string reactionSection()
            << Metafrasi(350, "Force Fy") << blanks(16) << Metafrasi(351, "Moment M") << nl;
     report.rule(75);
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
-        if (!isConstrainedNode(n) && !hasSpring(n))
+        if (!isRestrainedNode(n) && !hasSpring(n))
             continue;
         report << field(8, report.plain(n));
         for (int k = 1; k <= 3; ++k) {

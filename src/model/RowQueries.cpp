@@ -1,44 +1,151 @@
 #include "RowQueries.h"
 
 #include "Metablites.h"
-#include "Supports.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace veskora {
 
-bool isLoadedNode(int n)
+namespace {
+
+int rowOf(float reference, int count)
 {
-    return Komboi(n, node::Fx) != 0 || Komboi(n, node::Fy) != 0 || Komboi(n, node::M) != 0;
+    // Not a number fails the test as well.
+    return reference >= 1 && reference <= static_cast<float>(count)
+               ? static_cast<int>(std::nearbyint(reference))
+               : 0;
 }
 
-bool isConstrainedNode(int n)
+std::span<const float> restraints(int n)
 {
-    return Komboi(n, node::fixedX) == 1 || Komboi(n, node::fixedY) == 1
-           || Komboi(n, node::fixedRotation) == 1;
+    return Komboi.row(n).subspan(node::fixedX - 1, 3);
 }
 
-bool hasSpring(int n)
+} // namespace
+
+int nodeOf(int e, int end)
 {
-    return std::ranges::any_of(Elatiria.row(n), [](float constant) { return constant > 0; });
+    return rowOf(Stoixeia(e, end), Arithmos_Kombon);
 }
 
-bool isLoadedElement(int e)
+int groupOf(int e)
 {
-    return Stoixeia(e, element::wx) != 0 || Stoixeia(e, element::wy) != 0;
+    return rowOf(Stoixeia(e, element::group), Arithmos_Omadon);
 }
 
 bool touches(int e, int n)
 {
-    const auto node = static_cast<float>(n);
-    return Stoixeia(e, element::nodeI) == node || Stoixeia(e, element::nodeJ) == node;
+    return nodeOf(e, element::nodeI) == n || nodeOf(e, element::nodeJ) == n;
 }
 
 bool joins(int e, int a, int b)
 {
-    const float i = Stoixeia(e, element::nodeI), j = Stoixeia(e, element::nodeJ);
-    const auto nodeA = static_cast<float>(a), nodeB = static_cast<float>(b);
-    return (i == nodeA && j == nodeB) || (i == nodeB && j == nodeA);
+    const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
+    return (i == a && j == b) || (i == b && j == a);
+}
+
+int elementBetween(int a, int b)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if (joins(e, a, b))
+            return e;
+    return 0;
+}
+
+bool areJoined(int a, int b)
+{
+    return elementBetween(a, b) != 0;
+}
+
+ElementType elementType(int e)
+{
+    const float hingeI = Stoixeia(e, element::hingeI);
+    const float hingeJ = Stoixeia(e, element::hingeJ);
+    if (hingeI == 0 && hingeJ == 0)
+        return ElementType::P2;
+    if (hingeI == 0 && hingeJ == 1)
+        return ElementType::hingeAtJ;
+    if (hingeI == 1 && hingeJ == 0)
+        return ElementType::hingeAtI;
+    return hingeI == 1 && hingeJ == 1 ? ElementType::P1 : ElementType::none;
+}
+
+std::string_view nextRestraint(std::string_view code)
+{
+    const auto *at = std::ranges::find(restraintRing, code);
+    return at == restraintRing.end() || at + 1 == restraintRing.end() ? restraintRing.front()
+                                                                      : *(at + 1);
+}
+
+std::string restraintCode(bool x, bool y, bool rotation)
+{
+    std::string code;
+    for (const bool restrained : {x, y, rotation})
+        code += restrained ? 'x' : 'o';
+    return code;
+}
+
+std::string restraintCode(int n)
+{
+    const auto cells = restraints(n);
+    return restraintCode(cells[0] != 0, cells[1] != 0, cells[2] != 0);
+}
+
+std::string restraintText(int n)
+{
+    const std::string code = restraintCode(n);
+    return code == restraintRing.front() ? "" : code;
+}
+
+bool areRestraintsValid(int n)
+{
+    return std::ranges::all_of(restraints(n), [](float cell) { return cell == 0 || cell == 1; });
+}
+
+bool isRestrainedNode(int n)
+{
+    return std::ranges::count(restraints(n), 1.0F) != 0;
+}
+
+bool hasSpring(int n, int k)
+{
+    return Elatiria(n, k) > 0;
+}
+
+bool hasSpring(int n)
+{
+    return hasSpring(n, 1) || hasSpring(n, 2) || hasSpring(n, 3);
+}
+
+double springForce(int n, int k)
+{
+    return -Elatiria(n, k) * Metatopiseis(freedomOf(n, k));
+}
+
+std::span<float> nodalLoads(int n)
+{
+    return Komboi.row(n).subspan(node::Fx - 1, 3);
+}
+
+std::span<float> elementalLoads(int e)
+{
+    return Stoixeia.row(e).subspan(element::wx - 1, 2);
+}
+
+bool isLoaded(std::span<const float> loads)
+{
+    return std::ranges::any_of(loads, [](float load) { return load != 0; });
+}
+
+bool isLoadedNode(int n)
+{
+    return isLoaded(nodalLoads(n));
+}
+
+bool isLoadedElement(int e)
+{
+    return isLoaded(elementalLoads(e));
 }
 
 int countRows(int rows, bool (*holds)(int))
@@ -47,18 +154,6 @@ int countRows(int rows, bool (*holds)(int))
     for (int row = 1; row <= rows; ++row)
         count += holds(row) ? 1 : 0;
     return count;
-}
-
-std::string constraintCode(int n)
-{
-    const std::string code = supportCode(Komboi(n, node::fixedX) == 1, Komboi(n, node::fixedY) == 1,
-                                         Komboi(n, node::fixedRotation) == 1);
-    return code == "ooo" ? "" : code;
-}
-
-double springForce(int n, int k)
-{
-    return -Elatiria(n, k) * Metatopiseis(freedomOf(n, k));
 }
 
 } // namespace veskora

@@ -1,20 +1,83 @@
 #pragma once
 /// @file
-/// What rows of the model are: loaded, constrained, held by springs, joined. Rows count from 1.
+/// What rows of the model are: which nodes an element joins, of what type it is, what is
+/// restrained, held by springs, loaded. Rows count from 1.
+///
+/// References, restraints and hinges are numbers of small sets, held as floats; the model file and
+/// the forms bring no others into the tables.
 
+#include <array>
+#include <span>
 #include <string>
+#include <string_view>
 
 namespace veskora {
 
-bool isLoadedNode(int n);
-/// Whether a freedom of node @p n is restrained; springs do not count.
-bool isConstrainedNode(int n);
-bool hasSpring(int n);
-bool isLoadedElement(int e);
+/// @name Elements
+/// @{
+
+/// The node at an end of element @p e, @p end being `element::nodeI` or `element::nodeJ`; 0 where
+/// the cell names no node that exists.
+int nodeOf(int e, int end);
+/// The group of element @p e; 0 where the cell names none that exists.
+int groupOf(int e);
 /// Whether node @p n is an end of element @p e.
 bool touches(int e, int n);
 /// Whether element @p e lies between nodes @p a and @p b, in either direction.
 bool joins(int e, int a, int b);
+/// The first element between nodes @p a and @p b, 0 when there is none.
+int elementBetween(int a, int b);
+bool areJoined(int a, int b);
+
+enum class ElementType { P2, hingeAtJ, hingeAtI, P1, none };
+
+/// The type that the two hinge columns name; `none` for a pair of other values than 0 and 1.
+ElementType elementType(int e);
+/// @}
+
+/// @name Restraints
+/// A code has one letter each for x, y and rotation: "x" restrained, "o" free.
+/// @{
+
+/// The order in which a support steps when it is clicked; "ooo" follows the last.
+inline constexpr std::array<std::string_view, 8> restraintRing = {"ooo", "xoo", "oxo", "oox",
+                                                                  "xxo", "xox", "oxx", "xxx"};
+/// The code behind @p code in the ring.
+std::string_view nextRestraint(std::string_view code);
+
+std::string restraintCode(bool x, bool y, bool rotation);
+/// The code of node @p n.
+std::string restraintCode(int n);
+/// The same for lists and labels: nothing for a free node.
+std::string restraintText(int n);
+/// Whether the restraints of node @p n are 0 and 1, as the codes have them.
+bool areRestraintsValid(int n);
+/// Whether a freedom of node @p n is restrained; springs do not count.
+bool isRestrainedNode(int n);
+/// @}
+
+/// @name Springs
+/// The analysis adds any constant, and the canvas shows any but 0. Negative ones, which only a file
+/// can bring, are no springs to lists, reports and the file that is written.
+/// @{
+
+/// Whether node @p n has a spring in direction @p k: 1 x, 2 y, 3 rotation.
+bool hasSpring(int n, int k);
+/// Whether it has one in any.
+bool hasSpring(int n);
+/// The force of the spring of node @p n in direction @p k on the frame: minus its stiffness times
+/// the displacement.
+double springForce(int n, int k);
+/// @}
+
+/// @name Loads
+/// @{
+std::span<float> nodalLoads(int n);     ///< Fx, Fy, M
+std::span<float> elementalLoads(int e); ///< wx, wy
+bool isLoaded(std::span<const float> loads);
+bool isLoadedNode(int n);
+bool isLoadedElement(int e);
+/// @}
 
 /// The number of a freedom among all of the structure, from 1: component @p k (1 x, 2 y,
 /// 3 rotation) of node @p n. Displacements, loads and reactions stand at these places.
@@ -25,12 +88,5 @@ constexpr int freedomOf(int n, int k)
 
 /// How many of the rows 1 to @p rows are so.
 int countRows(int rows, bool (*holds)(int));
-
-/// "xxo" and its like; nothing for a free node.
-std::string constraintCode(int n);
-
-/// The force of the spring of node @p n in direction @p k (1 x, 2 y, 3 rotation) on the frame:
-/// minus its stiffness times the displacement.
-double springForce(int n, int k);
 
 } // namespace veskora

@@ -175,7 +175,7 @@ TEST_F(WholeAnalysis, DoesNotDependOnTheOneThatFailedBefore)
     std::mt19937 random(11);
     for (int round = 0; round < 5; ++round) {
         buildRandomFrame(random, 40);
-        addNode(99, 99); // loose: singular
+        putNode(99, 99); // loose: singular
         desktop.expectMessage("An error occured during the analysis process. Make sure that the "
                               "structure is well defined (not a mechanism) and can be analyzed.",
                               Icon::critical);

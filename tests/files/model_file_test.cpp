@@ -475,9 +475,9 @@ TEST_F(ModelFile, AModelAtTheLimitReadsBackAsTheSameText)
     std::mt19937 random(3);
     buildRandomFrame(random, 200);
     while (Arithmos_Stoixeion < maxElements)
-        addElement(1, 2);
+        putElement(1, 2);
     while (Arithmos_Omadon < maxGroups)
-        addGroup(1.0 / Arithmos_Omadon, 1e-300, 1e300);
+        putGroup(1.0 / Arithmos_Omadon, 1e-300, 1e300);
     std::string first = path("1.vsk"), second = path("2.vsk");
     Apothikefsi_Arxeiou(first, true);
     Anagnosi_Arxeiou(first);

@@ -49,7 +49,7 @@ TEST_F(DeformedShape, TwentyChordsFollowTheShapeFunctions)
             constexpr double L = 5, cosine = 0.6, sine = 0.8;
             buildModel("G 1 8 5; N 0 0; N 3 4");
             const double q = unit(4), along = unit(6);
-            addElement(1, 2, 1, c.hingeI, c.hingeJ, along * cosine - q * sine,
+            putElement(1, 2, 1, c.hingeI, c.hingeJ, along * cosine - q * sine,
                        along * sine + q * cosine);
             Metatopiseis(1) = -unit(0) * sine + unit(5) * cosine;
             Metatopiseis(2) = unit(0) * cosine + unit(5) * sine;

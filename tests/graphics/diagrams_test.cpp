@@ -106,11 +106,11 @@ TEST_F(Diagrams, MomentsOfLoadedBeamsAreTheParabolasOfTheTextbook)
              {3, 4, 0, 0, 3, 4},
          }) {
         Katharismos_Montelou();
-        addGroup(3e7, 0.1, 0.001);
-        addNode(0, 0, "xxx");
-        addNode(c.dx, c.dy, "xxx");
-        addElement(1, 2, 1, c.hingeI, c.hingeJ, c.wx, c.wy);
-        addElement(2, addNode(9, 9)); // something to solve
+        putGroup(3e7, 0.1, 0.001);
+        putNode(0, 0, "xxx");
+        putNode(c.dx, c.dy, "xxx");
+        putElement(1, 2, 1, c.hingeI, c.hingeJ, c.wx, c.wy);
+        putElement(2, putNode(9, 9)); // something to solve
         analyse();
         for (const double side : {1, -1}) {
             M_sin_Tension = side > 0;

@@ -32,9 +32,9 @@ TEST_F(ElementSymbols, LabelsFollowTheElementAndNeverStandUpsideDown)
          }) {
         Katharismos_Montelou();
         originAt(-1, 2);
-        addNode(1, 2);
-        addNode(1 + c.dx, 2 + c.dy);
-        addElement(1, 2, 3);
+        putNode(1, 2);
+        putNode(1 + c.dx, 2 + c.dy);
+        putElement(1, 2, 3);
         kanvas.clear();
         Sxedio_Stoixeiou(1);
         ASSERT_EQ(kanvas.drawn.size(), 3U);

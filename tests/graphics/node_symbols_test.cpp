@@ -15,12 +15,12 @@ protected:
     {
         Katharismos_Montelou();
         originAt(-1, 2);
-        addNode(1, 2, code);
-        addNode(1 + dx, 2 + dy);
+        putNode(1, 2, code);
+        putNode(1 + dx, 2 + dy);
         if (dx != 0 || dy != 0)
-            addElement(2, 1);
-        addNode(1, 2);
-        addElement(1, 3);
+            putElement(2, 1);
+        putNode(1, 2);
+        putElement(1, 3);
     }
 
     std::string drawn()
@@ -91,7 +91,7 @@ TEST_F(NodeSymbols, SupportsStandOnTheSideAwayFromTheStructure)
         EXPECT_EQ(drawn(), picture(c.symbol, c.signX, c.signY)) << c.code << c.dx << ' ' << c.dy;
     }
     node("xoo", 2, 0);
-    addElement(1, addNode(-4, 2)); // in one line with the other: they cancel
+    putElement(1, putNode(-4, 2)); // in one line with the other: they cancel
     EXPECT_EQ(drawn(), picture(rollerX));
 }
 

@@ -20,7 +20,7 @@ double Expectation::found() const
     }
 }
 
-int addNode(double x, double y, const std::string &code, double Fx, double Fy, double M)
+int putNode(double x, double y, const std::string &code, double Fx, double Fy, double M)
 {
     const int n = ++Arithmos_Kombon;
     const std::array<double, 2> place = {x, y};
@@ -35,7 +35,7 @@ int addNode(double x, double y, const std::string &code, double Fx, double Fy, d
     return n;
 }
 
-int addElement(int i, int j, int group, int hingeI, int hingeJ, double wx, double wy)
+int putElement(int i, int j, int group, int hingeI, int hingeJ, double wx, double wy)
 {
     const int e = ++Arithmos_Stoixeion;
     const std::array<double, 7> values = {static_cast<double>(i),
@@ -50,7 +50,7 @@ int addElement(int i, int j, int group, int hingeI, int hingeJ, double wx, doubl
     return e;
 }
 
-int addGroup(double E, double A, double I)
+int putGroup(double E, double A, double I)
 {
     const int g = ++Arithmos_Omadon;
     Omades(g, group::E) = E;
@@ -73,13 +73,13 @@ std::vector<Expectation> buildModel(const std::string &text)
             in >> kind;
             if (kind == "G") {
                 in >> a >> b >> c;
-                addGroup(a, b, c);
+                putGroup(a, b, c);
             } else if (kind == "N") {
                 in >> a >> b >> code >> c >> d >> e;
-                addNode(a, b, code.empty() ? "ooo" : code, c, d, e);
+                putNode(a, b, code.empty() ? "ooo" : code, c, d, e);
             } else if (kind == "E") {
                 in >> a >> b >> c >> d >> e >> f >> g;
-                addElement(static_cast<int>(a), static_cast<int>(b), static_cast<int>(c),
+                putElement(static_cast<int>(a), static_cast<int>(b), static_cast<int>(c),
                            static_cast<int>(d), static_cast<int>(e), f, g);
             } else if (kind == "S") {
                 in >> a >> b >> c >> d;
@@ -101,22 +101,22 @@ void buildStoreyFrame()
     constexpr int lines = 8;
     constexpr int levels = 25;
     Katharismos_Montelou();
-    addGroup(3e7, 0.24, 0.0072);
-    addGroup(3e7, 0.18, 0.0054);
+    putGroup(3e7, 0.24, 0.0072);
+    putGroup(3e7, 0.18, 0.0054);
     for (int level = 0; level < levels; ++level)
         for (int line = 0; line < lines; ++line)
-            addNode(5.0 * line, 3.2 * level, level == 0 ? "xxx" : "ooo",
+            putNode(5.0 * line, 3.2 * level, level == 0 ? "xxx" : "ooo",
                     line == 0 && level > 0 ? 12 : 0);
     const auto at = [](int level, int line) { return level * lines + line + 1; };
     for (int level = 1; level < levels; ++level)
         for (int line = 0; line < lines; ++line)
-            addElement(at(level - 1, line), at(level, line), 1);
+            putElement(at(level - 1, line), at(level, line), 1);
     // Five of fourteen bays stay open, evenly spread: all of them would be past the limit.
     constexpr int bays = lines - 1;
     for (int level = 1; level < levels; ++level)
         for (int line = 0; line < bays; ++line)
             if (5 * (bays * level + line) % 14 >= 5)
-                addElement(at(level, line), at(level, line + 1), 2, 0, 0, 0, -25);
+                putElement(at(level, line), at(level, line + 1), 2, 0, 0, 0, -25);
 }
 
 void shuffleNodes(std::mt19937 &random)
@@ -147,10 +147,10 @@ void buildRandomFrame(std::mt19937 &random, int nodes)
     const auto pick = [&](int most) { return std::uniform_int_distribution(1, most)(random); };
     Katharismos_Montelou();
     for (int g = 0; g < 3; ++g)
-        addGroup(uniform(1e7, 2e8), uniform(1e-3, 1e-1), uniform(1e-5, 1e-3));
+        putGroup(uniform(1e7, 2e8), uniform(1e-3, 1e-1), uniform(1e-5, 1e-3));
     for (int n = 1; n <= nodes; ++n) {
         constexpr std::array codes = {"xoo", "oxo", "oox", "xxo", "xox", "oxx", "xxx"};
-        addNode(uniform(-20, 20), uniform(-20, 20),
+        putNode(uniform(-20, 20), uniform(-20, 20),
                 n == 1     ? "xxx"
                 : oneIn(5) ? codes[static_cast<std::size_t>(pick(7) - 1)]
                            : "ooo",
@@ -158,13 +158,13 @@ void buildRandomFrame(std::mt19937 &random, int nodes)
         for (int k = 1; k <= 3; ++k)
             Elatiria(n, k) = oneIn(8) ? static_cast<float>(uniform(10, 1e5)) : 0.0F;
         if (n > 1) // rigid at both ends, so that the whole holds together
-            addElement(pick(n - 1), n, pick(3), 0, 0, uniform(-9, 9), uniform(-9, 9));
+            putElement(pick(n - 1), n, pick(3), 0, 0, uniform(-9, 9), uniform(-9, 9));
     }
     for (int extra = nodes / 2; extra > 0 && Arithmos_Stoixeion < maxElements && nodes > 2;
          --extra) {
         const int i = pick(nodes);
         const int j = i % nodes + 1;
-        addElement(i, j, pick(3), oneIn(2), oneIn(2), uniform(-9, 9), uniform(-9, 9));
+        putElement(i, j, pick(3), oneIn(2), oneIn(2), uniform(-9, 9), uniform(-9, 9));
     }
 }
 

@@ -25,11 +25,11 @@ struct Expectation
 std::vector<Expectation> buildModel(const std::string &text);
 
 /// Rows to add, returning the row number.
-int addNode(double x, double y, const std::string &code = "ooo", double Fx = 0, double Fy = 0,
+int putNode(double x, double y, const std::string &code = "ooo", double Fx = 0, double Fy = 0,
             double M = 0);
-int addElement(int i, int j, int group = 1, int hingeI = 0, int hingeJ = 0, double wx = 0,
+int putElement(int i, int j, int group = 1, int hingeI = 0, int hingeJ = 0, double wx = 0,
                double wy = 0);
-int addGroup(double E, double A, double I);
+int putGroup(double E, double A, double I);
 
 /// A frame at the limit, 200 nodes and 300 elements: eight column lines of twenty-four storeys with
 /// 108 beams, numbered storey by storey.

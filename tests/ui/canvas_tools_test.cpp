@@ -87,7 +87,7 @@ protected:
 
 TEST_F(CanvasTools, APortalIsDrawnAndSaved)
 {
-    addGroup(2.1e8, .01, 1e-4);
+    putGroup(2.1e8, .01, 1e-4);
     dragModel(0, 0, 0, 3.9); // the grid takes the pointer to (0, 4)
     dragModel(.1, 4.1, 6, 4);
     dragModel(6, 4, 6, 0);
@@ -165,7 +165,7 @@ TEST_F(CanvasTools, TheMainGroupIsAskedForWhenAnElementNeedsIt)
 
 TEST_F(CanvasTools, DragsThatDefineNothing)
 {
-    addGroup(1, 1, 1);
+    putGroup(1, 1, 1);
     dragModel(0, 0, 4, 0);
     dragModel(4, 0, 0, 0); // joined already, the other way
     dragModel(0, 0, 0, 0); // back to itself
@@ -194,20 +194,20 @@ TEST_F(CanvasTools, DragsThatDefineNothing)
 
 TEST_F(CanvasTools, FullTablesTakeNoMoreAndSayNothing)
 {
-    addGroup(1, 1, 1);
+    putGroup(1, 1, 1);
     while (Arithmos_Kombon < maxNodes)
-        addNode(100 + Arithmos_Kombon, 100);
+        putNode(100 + Arithmos_Kombon, 100);
     const auto lines = log().size();
     dragModel(0, 0, 4, 0);
     EXPECT_EQ(Arithmos_Kombon, maxNodes);
     EXPECT_EQ(Arithmos_Stoixeion, 0);
     EXPECT_EQ(log().size(), lines);
     Katharismos_Montelou();
-    addGroup(1, 1, 1);
-    addNode(50, 50);
-    addNode(60, 50);
+    putGroup(1, 1, 1);
+    putNode(50, 50);
+    putNode(60, 50);
     while (Arithmos_Stoixeion < maxElements)
-        addElement(1, 2);
+        putElement(1, 2);
     dragModel(0, 0, 4, 0);
     EXPECT_EQ(Arithmos_Kombon, 4);
     EXPECT_EQ(Arithmos_Stoixeion, maxElements);
@@ -216,8 +216,8 @@ TEST_F(CanvasTools, FullTablesTakeNoMoreAndSayNothing)
 TEST_F(CanvasTools, TheRubberBandShowsWhereTheElementWillLie)
 {
     Nai_Apolites_Sint = true;
-    addGroup(1, 1, 1);
-    addNode(2, 2);
+    putGroup(1, 1, 1);
+    putNode(2, 2);
     press(2, 2); // from a node that was there before: no band in this run yet
     moveTo(4, 2, Qt::LeftButton);
     EXPECT_FALSE(shown("Line1"));
@@ -475,7 +475,7 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
     const auto pick = [&](int low, int high) {
         return std::uniform_int_distribution(low, high)(random);
     };
-    addGroup(2e8, 1e-2, 1e-4);
+    putGroup(2e8, 1e-2, 1e-4);
     constexpr std::array tools = {"Xeraki",      "Zoom",     "Zoom_Window", "Zoom_Previous",
                                   "ZoomBestFit", "Kannabos", "M",           "Foreas"};
     bool down = false;
@@ -505,7 +505,7 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
         case 3:
             if (pick(0, 9) == 0) {
                 Katharismos_Montelou();
-                addGroup(2e8, 1e-2, 1e-4);
+                putGroup(2e8, 1e-2, 1e-4);
             }
             break;
         case 5:

@@ -218,7 +218,7 @@ TEST_F(Dialogs, ChangeRowsAndWalkOnToTheNext)
     // Full tables: the list offers one number more, and Apply refuses it.
     buildModel("");
     for (int n = 1; n <= maxNodes; ++n)
-        addNode(n, 0);
+        putNode(n, 0);
     withNew<frmKomboi>([&] {
         EXPECT_EQ(find<QComboBox>("Combo1")->count(), 201);
         desktop.expectMessage("The maximum number of nodes that can be defined is 200.");

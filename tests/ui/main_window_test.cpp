@@ -137,7 +137,7 @@ TEST_F(MainWindow, AsksToSaveBeforeTheModelIsLeft)
             if (c.change == Change::scale)
                 Ena_cm_posa_KN_Q = 55;
             if (c.change == Change::unsaved)
-                addGroup(1, 1, 1);
+                putGroup(1, 1, 1);
             if (c.change != Change::none)
                 desktop.expectMessage(sentence + " '" + (c.named ? path("m.vsk") : "Untitled.vsk")
                                           + "'?",
@@ -163,7 +163,7 @@ TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
          {std::pair{"mnuNEOitem", false}, {"mnuNEOitem", true}, {"mnuEKSODOSitem", false}}) {
         reopen();
         start();
-        addGroup(7, 8, 9);
+        putGroup(7, 8, 9);
         if (logHidden)
             click("SSCommand32");
         const bool closing = std::string(command) == "mnuEKSODOSitem";
@@ -676,7 +676,7 @@ TEST_F(MainWindow, EveryCommandIsNamedAsItIsCalled)
 TEST_F(MainWindow, WhatShowsResultsOffersANewAnalysisFirst)
 {
     start();
-    addNode(0, 0, "xxx");
+    putNode(0, 0, "xxx");
     const std::string question =
         "Model has been changed. Do you want to reanalyze before the process goes on?";
     for (const char *command : {"M", "Q", "N", "Deform", "Apotelesmata"}) {
@@ -720,7 +720,7 @@ TEST_F(MainWindow, AMaximisedWindowAndACancelledCloseAreRemembered)
     qtDesktop->storeSetting("Startup", "WindowState", "2");
     window->start({});
     QCoreApplication::processEvents();
-    addGroup(1, 1, 1);
+    putGroup(1, 1, 1);
     desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
                           Icon::exclamation, Answer::cancel);
     qtDesktop->storeSetting("Startup", "WindowState", "");
@@ -754,7 +754,7 @@ TEST_F(MainWindow, AWrongBannerOnTheCommandLineLeavesAnUntitledModel)
 TEST_F(MainWindow, AModelThatCanBeKeptNowhereIsNotLeft)
 {
     start();
-    addGroup(7, 8, 9);
+    putGroup(7, 8, 9);
     write(path("data/" + title), "a file where the data folder would be");
     ::setenv("TMPDIR", "/proc", 1);
     ::setenv("XDG_DOCUMENTS_DIR", "/proc", 1);
@@ -794,7 +794,7 @@ TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
             reopen();
             start(path("m.vsk"));
             if (changed)
-                addGroup(3, 4, 5);
+                putGroup(3, 4, 5);
             EXPECT_EXIT(
                 {
                     std::atexit([] { ::_exit(1); }); // last: no search for leaks of libraries
@@ -819,7 +819,7 @@ TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
 TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
 {
     start();
-    addGroup(3, 4, 5);
+    putGroup(3, 4, 5);
     EXPECT_EXIT(
         {
             std::string said;

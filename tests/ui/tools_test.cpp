@@ -197,7 +197,7 @@ TEST_F(Tools, DivideElements)
     expectRefusal<frmDiairesi>("Combo2=3 Text1=67", nodes + "202 > Max.nodes = 200", "Text1");
     expectRefusal<frmDiairesi>("Text1=1e12", nodes + "1000000000003 > Max.nodes = 200", "Text1");
     for (int e = Arithmos_Stoixeion; e < 250; ++e)
-        addElement(1, 2);
+        putElement(1, 2);
     expectRefusal<frmDiairesi>("Combo2=3 Text1=18",
                                "This division operation requires more elements than the maximum "
                                "number of elements.\r\n\r\n301 > Max.elements = 300",
@@ -300,7 +300,7 @@ TEST_F(Tools, CreateArc)
               "Text7"}})
         expectRefusal<frmKykliko>(entries, says, leadsTo.c_str());
     for (int e = Arithmos_Stoixeion; e < 200; ++e)
-        addElement(1, 2);
+        putElement(1, 2);
     expectRefusal<frmKykliko>(quarter + "Text7=101",
                               "The maximum number of elements that can be defined is 300. This "
                               "action whould require 301 elements.",

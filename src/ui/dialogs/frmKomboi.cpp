@@ -7,7 +7,6 @@
 #include "NumberList.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
-#include "Supports.h"
 #include "ui_frmKomboi.h"
 
 #include <QIcon>
@@ -103,13 +102,12 @@ void frmKomboi::loadFields(int n)
     ui_->Text3->setText(qtText(numberText(Komboi(n, node::y))));
     for (int direction = 1; QLineEdit * spring : springs_)
         showNonZero(spring, std::max(0.0F, Elatiria(n, direction++)));
-    setSupport(supportCode(Komboi(n, node::fixedX) != 0, Komboi(n, node::fixedY) != 0,
-                           Komboi(n, node::fixedRotation) != 0));
+    setSupport(restraintCode(n));
 }
 
 std::string frmKomboi::code() const
 {
-    return supportCode(checks_[0]->isChecked(), checks_[1]->isChecked(), checks_[2]->isChecked());
+    return restraintCode(checks_[0]->isChecked(), checks_[1]->isChecked(), checks_[2]->isChecked());
 }
 
 void frmKomboi::setSupport(std::string_view code)
@@ -130,7 +128,7 @@ void frmKomboi::eikones()
 void frmKomboi::stepSupport()
 {
     const std::string before = code();
-    const std::string_view after = nextSupport(before);
+    const std::string_view after = nextRestraint(before);
     for (std::size_t i = 0; i < springs_.size(); ++i)
         if (after[i] == 'x' && before[i] != 'x')
             springs_[i]->clear();

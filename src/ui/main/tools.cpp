@@ -6,9 +6,9 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
+#include "ModelEdits.h"
 #include "RowQueries.h"
 #include "StatusPanel.h"
-#include "Supports.h"
 #include "Sxediastika.h"
 #include "ui_frmMain.h"
 #include "Units.h"
@@ -31,14 +31,6 @@ constexpr PointerPicture zoomWindow = {":/icons/pointer_zoom_window.svg", 8, 8};
 
 /// Decimals of a node's coordinates as the mouse gives them.
 constexpr std::int16_t Dekadika_Sintetagmenon = 4;
-
-bool areJoined(int a, int b)
-{
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (joins(e, a, b))
-            return true;
-    return false;
-}
 
 } // namespace
 
@@ -168,12 +160,6 @@ bool canBeTold(double coordinate)
     return std::abs(steps) < std::numeric_limits<std::int32_t>::max();
 }
 
-std::string restraintCode(int n)
-{
-    return supportCode(Komboi(n, node::fixedX) != 0, Komboi(n, node::fixedY) != 0,
-                       Komboi(n, node::fixedRotation) != 0);
-}
-
 } // namespace
 
 int frmMain::defineNode(double x, double y, bool atPress)
@@ -187,10 +173,8 @@ int frmMain::defineNode(double x, double y, bool atPress)
                    logColour::red);
         return 0;
     }
-    const int n = Arithmos_Kombon + 1;
-    Komboi(n, node::x) = static_cast<float>(nodeCoordinate(worldX, nai_grid));
-    Komboi(n, node::y) = static_cast<float>(nodeCoordinate(worldY, nai_grid));
-    ++Arithmos_Kombon;
+    const int n = addNode(static_cast<float>(nodeCoordinate(worldX, nai_grid)),
+                          static_cast<float>(nodeCoordinate(worldY, nai_grid)));
     std::string text = Metafrasi(118, "New node #") + numberText(n) + Metafrasi(119, ", x=")
                        + numberText(Komboi(n, node::x)) + Metafrasi(120, ", y=")
                        + numberText(Komboi(n, node::y)) + ", ";
@@ -202,7 +186,6 @@ int frmMain::defineNode(double x, double y, bool atPress)
     Grammi_Log(text, logColour::navy);
     Sxedio_Kombou(n);
     ui_->Picture1->update();
-    Allagi_Montelou = true;
     return n;
 }
 
@@ -419,17 +402,12 @@ void frmMain::offerMainGroup()
 
 void frmMain::addElement(int end)
 {
-    const int e = Arithmos_Stoixeion + 1;
-    Stoixeia(e, element::nodeI) = Kombos_Arxis;
-    Stoixeia(e, element::nodeJ) = static_cast<float>(end);
-    Stoixeia(e, element::group) = 1;
-    ++Arithmos_Stoixeion;
+    const int e = veskora::addElement(Kombos_Arxis, end, 1);
     Grammi_Log(Metafrasi(123, "New element #") + numberText(e) + ", " + Metafrasi(124, "Node i: #")
                    + numberText(int{Kombos_Arxis}) + ", " + Metafrasi(125, "Node j: #")
                    + numberText(end) + ", " + Metafrasi(126, "E,A,I Group: #") + numberText(1)
                    + ", " + Metafrasi(127, "P2 Type"),
                logColour::navy);
-    Allagi_Montelou = true;
 }
 
 // ----------------------------------------------------------------------- right button, double
@@ -464,18 +442,8 @@ void frmMain::canvasDoubleClicked()
     if (isToolOn() || Katastasi_Provolis != 0)
         return;
     constexpr double near = 2; // centimetres
-    if (const int n = nearestNode(Teleftaio_X, Teleftaio_Y, near)) {
-        const auto isCode = [n](int column) {
-            return Komboi(n, column) == 0 || Komboi(n, column) == 1;
-        };
-        if (isCode(node::fixedX) && isCode(node::fixedY) && isCode(node::fixedRotation)) {
-            const std::string_view next = nextSupport(restraintCode(n));
-            for (int k = 0; k < 3; ++k)
-                Komboi(n, node::fixedX + k) =
-                    next[static_cast<std::size_t>(k)] == 'x' ? 1.0F : 0.0F;
-            Allagi_Montelou = true;
-        }
-    }
+    if (const int n = nearestNode(Teleftaio_X, Teleftaio_Y, near))
+        stepSupport(n);
     redraw();
 }
 

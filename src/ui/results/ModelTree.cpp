@@ -59,7 +59,7 @@ void Ftiakse_treeview(QTreeWidget &tree)
         QTreeWidgetItem *item = addNumbered(nodes, n, Metafrasi(340, "Node"));
         add(item, "x = " + number(Komboi(n, node::x)));
         add(item, "y = " + number(Komboi(n, node::y)));
-        const std::string code = constraintCode(n);
+        const std::string code = restraintText(n);
         add(item,
             code.empty() ? Metafrasi(360, "Free") : Metafrasi(361, "Constraints") + ": " + code);
         for (int k = 1; const char *label : {"Kx = ", "Ky = ", "Kz = "})

@@ -136,7 +136,7 @@ void fillData(ResultGrid &grid)
         grid.setText(row, 0, numberText(n));
         grid.setText(row, 1, number(Komboi(n, node::x)));
         grid.setText(row, 2, number(Komboi(n, node::y)));
-        grid.setText(row, 3, constraintCode(n));
+        grid.setText(row, 3, restraintText(n));
         for (int k = 1; k <= 3; ++k)
             if (Elatiria(n, k) > 0)
                 grid.setText(row, 3 + k, number(Elatiria(n, k)));
@@ -231,7 +231,7 @@ void fillReactions(ResultGrid &grid)
     grid.addHeader({Metafrasi(340, "Node"), Metafrasi(349, "Force Fx"), Metafrasi(350, "Force Fy"),
                     Metafrasi(351, "Moment M")});
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
-        if (!isConstrainedNode(n) && !hasSpring(n))
+        if (!isRestrainedNode(n) && !hasSpring(n))
             continue;
         const int row = grid.addRow();
         grid.setText(row, 0, numberText(n));

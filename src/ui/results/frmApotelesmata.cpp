@@ -202,7 +202,7 @@ void frmApotelesmata::showCounts()
     show(ui_->lab3, Arithmos_Stoixeion);
     show(ui_->lab4, 3);
     show(ui_->lab5, 3 * Arithmos_Kombon);
-    show(ui_->lab6, countRows(Arithmos_Kombon, isConstrainedNode));
+    show(ui_->lab6, countRows(Arithmos_Kombon, isRestrainedNode));
     show(ui_->lab7, countRows(Arithmos_Kombon, isLoadedNode));
     show(ui_->lab8, countRows(Arithmos_Stoixeion, isLoadedElement));
 }
