@@ -56,9 +56,10 @@ void Menus::add(const Command &command)
     }
     auto *action = new QAction(window_);
     action->setObjectName(command.name);
+    action->setSeparator(isSeparator(command)); // a toolbar makes another part of one
     place->addAction(action);
-    if (isSeparator(command))
-        return action->setSeparator(true);
+    if (action->isSeparator())
+        return;
     action->setVisible(command.run != nullptr || command.setting != nullptr);
     action->setCheckable(command.setting != nullptr);
     if (command.icon != nullptr)
