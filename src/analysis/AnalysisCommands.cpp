@@ -12,19 +12,11 @@ namespace veskora {
 
 namespace {
 
-bool isConnected(int n)
-{
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (touches(e, n))
-            return true;
-    return false;
-}
-
 /// The first node without an element, 0 when there is none.
 int firstUnconnectedNode()
 {
     for (int n = 1; n <= Arithmos_Kombon; ++n)
-        if (!isConnected(n))
+        if (elementAt(n) == 0)
             return n;
     return 0;
 }

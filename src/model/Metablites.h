@@ -2,7 +2,8 @@
 /// @file
 /// The one store of the process: model tables, results, working tables, settings, view, flags.
 ///
-/// Rows are one-based and dense: rows 1 to the count of a table are live. Model quantities have no
+/// Rows are one-based and dense: rows 1 to the count of a table are live, and those behind it are
+/// 0, as a deletion leaves them; who adds a row writes only what it has. Model quantities have no
 /// unit of their own; the user keeps them consistent (for instance kN and m). Everybody may read
 /// and write the store; there is one thread. `resetStore` puts all of it back to its start values.
 

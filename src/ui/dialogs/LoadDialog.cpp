@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -14,15 +15,6 @@
 #include <array>
 
 namespace veskora {
-
-namespace {
-
-bool isLoaded(std::span<const float> values)
-{
-    return std::ranges::any_of(values, [](float value) { return value != 0; });
-}
-
-} // namespace
 
 void LoadDialog::equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, Texts texts)
 {

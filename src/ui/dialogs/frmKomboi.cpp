@@ -29,9 +29,9 @@ std::string springsText(int n)
 {
     static constexpr std::array<const char *, 3> names = {", Kx= ", ", Ky= ", ", Kz= "};
     std::string text;
-    for (int direction = 1; const char *name : names)
-        if (const float constant = Elatiria(n, direction++); constant > 0)
-            text += name + numberText(constant);
+    for (int k = 1; k <= 3; ++k)
+        if (hasSpring(n, k))
+            text += names.at(static_cast<std::size_t>(k - 1)) + numberText(Elatiria(n, k));
     return text;
 }
 
@@ -189,13 +189,7 @@ std::string frmKomboi::nothingToDelete(const std::string &number) const
 
 bool frmKomboi::deleteRow(int n)
 {
-    const auto attached = [n] {
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-            if (touches(e, n))
-                return e;
-        return 0;
-    };
-    if (attached() != 0) {
+    if (elementAt(n) != 0) {
         const std::string text =
             Metafrasi(624, "There are elements connected to the node, that must also be deleted.");
         Grammi_Log(text, logColour::red);
@@ -205,7 +199,7 @@ bool frmKomboi::deleteRow(int n)
             != Answer::ok)
             return false;
     }
-    for (int e = attached(); e != 0; e = attached())
+    while (const int e = elementAt(n))
         Diagrafi_Stoixeiou(static_cast<std::int16_t>(e));
     Diagrafi_Kombou(static_cast<std::int16_t>(n));
     return true;

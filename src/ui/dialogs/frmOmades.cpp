@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmOmades.h"
 
 #include <cmath>
@@ -101,23 +102,13 @@ std::string frmOmades::nothingToDelete(const std::string &number) const
 
 bool frmOmades::deleteRow(int g)
 {
-    const auto row = static_cast<float>(g);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (Stoixeia(e, element::group) == row)
-            // The caption serves here as well: "Group #".
-            return refuse(Metafrasi(902, "Group") + " # " + numberText(g) + " "
-                              + Metafrasi(912, "cannot be deleted since there are elements "
-                                               "belonging to it."),
-                          numbers());
-    Omades.removeRow(g, Arithmos_Omadon);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (Stoixeia(e, element::group) > row)
-            Stoixeia(e, element::group) -= 1;
-    Grammi_Log(deletionText({Metafrasi(913, "Group deleted: #"),
-                             Metafrasi(914, "Groups renumbered: #"), Metafrasi(915, "to #")},
-                            g, Arithmos_Omadon),
-               logColour::green);
-    --Arithmos_Omadon;
+    if (elementOfGroup(g) != 0)
+        // The caption serves here as well: "Group #".
+        return refuse(Metafrasi(902, "Group") + " # " + numberText(g) + " "
+                          + Metafrasi(912, "cannot be deleted since there are elements belonging "
+                                           "to it."),
+                      numbers());
+    deleteGroup(g);
     return true;
 }
 
