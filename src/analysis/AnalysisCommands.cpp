@@ -50,7 +50,7 @@ void Button_Epilisi()
         desktop().redraw();
     }
     Epilisi();
-    if (!Sfalma_Epilisis && Katastasi_Provolis != 0)
+    if (!Sfalma_Epilisis && Katastasi_Provolis != view::model)
         desktop().redraw(); // the picture shown is then that of the new results
 }
 

@@ -144,7 +144,7 @@ TEST_F(Tools, DivideElements)
         modelOf("G 1 1 1; N 0 0; N 3 6; N 1 2; N 2 4; E 1 3 1 1 0 7 8; E 3 4 1 0 0 7 8;"
                 "E 4 2 1 0 1 7 8");
     buildModel("G 1 1 1; N 0 0; N 3 6; E 1 2 1 1 1 7 8");
-    Katastasi_Provolis = 2;
+    Katastasi_Provolis = view::Q;
     in<frmDiairesi>([&] {
         for (const char *nothing : {"1", "1.4", "0.6"}) {
             fill(std::string("Text1=") + nothing);
@@ -156,7 +156,7 @@ TEST_F(Tools, DivideElements)
         EXPECT_EQ(shownIn("Combo1 Combo2"), "1|1");
         EXPECT_EQ(find<QComboBox>("Combo2")->count(), 3);
         EXPECT_EQ(model(), divided);
-        EXPECT_EQ(Katastasi_Provolis, 0);
+        EXPECT_EQ(Katastasi_Provolis, view::model);
         EXPECT_TRUE(Allagi_Montelou);
         fill("Combo1=3 Combo2=1 Text1=5!"); // the first above the last
     });
@@ -358,7 +358,7 @@ TEST_F(MainWindow, DividingGoesBackToTheModel)
     const int elements = Arithmos_Stoixeion;
     Allagi_Montelou = false;
     window->Button_Q();
-    ASSERT_EQ(Katastasi_Provolis, 2);
+    ASSERT_EQ(Katastasi_Provolis, view::Q);
     QTimer::singleShot(0, window.get(), [&] {
         QWidget *form = QApplication::activeModalWidget();
         form->findChild<QLineEdit *>("Text1")->setText("2");
@@ -367,7 +367,7 @@ TEST_F(MainWindow, DividingGoesBackToTheModel)
     });
     trigger("mnuDIAIRESIitem");
     EXPECT_EQ(Arithmos_Stoixeion, elements + 1);
-    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(Katastasi_Provolis, view::model);
     EXPECT_EQ(panel("Panel7"), " Model");
     EXPECT_FALSE(find<QAbstractButton>("Command1")->isVisible());
 }
