@@ -1,6 +1,7 @@
 #include "ResultGrid.h"
 
 #include "Functions.h"
+#include "Functions_Bres_Megista.h"
 #include "ImageKanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -178,9 +179,8 @@ void fillData(ResultGrid &grid)
 
 void fillDisplacements(ResultGrid &grid)
 {
-    // Places in `Akrotata` of the extremes of x, y and rotation.
-    constexpr std::array<int, 3> maxima = {2, 5, 9};
-    constexpr std::array<int, 3> minima = {3, 6, 10};
+    constexpr std::array maxima = {extreme::maxUx, extreme::maxUy, extreme::maxRotation};
+    constexpr std::array minima = {extreme::minUx, extreme::minUy, extreme::minRotation};
     const RegionalNumbers number;
     const auto colour = [&](int n, int k, double value) {
         const auto component = static_cast<std::size_t>(k - 1);
