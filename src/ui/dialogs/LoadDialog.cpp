@@ -63,8 +63,8 @@ void LoadDialog::fillLists()
 
 void LoadDialog::showLoaded()
 {
-    for (std::size_t i = 0; QLineEdit * field : fields_)
-        showNonZero(field, loads(loaded())[i++]);
+    for (qsizetype i = 0; i < fields_.size(); ++i)
+        showNonZero(fields_[i], loads(loaded())[static_cast<std::size_t>(i)]);
     const QSignalBlocker silent(loadedRows_);
     const auto items = loadedRows_->findItems(QString::number(loaded()), Qt::MatchExactly);
     loadedRows_->setCurrentItem(items.value(0));
@@ -108,8 +108,8 @@ void LoadDialog::apply()
         }
     const std::span<float> values = loads(loaded());
     const bool wasLoaded = isLoaded(values);
-    for (std::size_t i = 0; const QLineEdit *field : fields_)
-        values[i++] = typedSingle(field).value();
+    for (qsizetype i = 0; i < fields_.size(); ++i)
+        values[static_cast<std::size_t>(i)] = typedSingle(fields_[i]).value();
     const std::string number = numberText(loaded());
     if (isLoaded(values))
         Grammi_Log((wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values),
@@ -136,7 +136,7 @@ void LoadDialog::finish()
     listLoadedRows();
     showRow(loaded());
     modelChanged();
-    lead(numbers());
+    focusAndSelect(numbers());
 }
 
 } // namespace veskora

@@ -26,7 +26,7 @@ frmDiairesi::frmDiairesi(QWidget *parent)
         list->showNumber(1);
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1});
-    lead(ui_->Combo1);
+    focusAndSelect(ui_->Combo1);
 }
 
 frmDiairesi::~frmDiairesi() = default;
@@ -39,8 +39,8 @@ void frmDiairesi::fillLists()
 
 void frmDiairesi::apply()
 {
-    const auto first = chosenRow(ui_->Combo1, noSuchElement);
-    const auto last = first ? chosenRow(ui_->Combo2, noSuchElement) : std::nullopt;
+    const auto first = rowOrRefuse(ui_->Combo1, noSuchElement);
+    const auto last = first ? rowOrRefuse(ui_->Combo2, noSuchElement) : std::nullopt;
     if (!last)
         return;
     const double segments = typedNumber(ui_->Text1);

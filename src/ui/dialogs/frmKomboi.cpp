@@ -100,8 +100,8 @@ void frmKomboi::loadFields(int n)
 {
     ui_->Text2->setText(qtText(numberText(Komboi(n, node::x))));
     ui_->Text3->setText(qtText(numberText(Komboi(n, node::y))));
-    for (int direction = 1; QLineEdit * spring : springs_)
-        showNonZero(spring, std::max(0.0F, Elatiria(n, direction++)));
+    for (int k = 1; k <= 3; ++k)
+        showNonZero(springs_.at(static_cast<std::size_t>(k - 1)), std::max(0.0F, Elatiria(n, k)));
     setSupport(restraintCode(n));
 }
 
@@ -166,10 +166,11 @@ void frmKomboi::store(int n, bool isNew)
 {
     Komboi(n, node::x) = typedSingle(ui_->Text2).value();
     Komboi(n, node::y) = typedSingle(ui_->Text3).value();
-    for (int direction = 1; const QLineEdit *spring : springs_)
-        Elatiria(n, direction++) = typedSingle(spring).value();
-    for (int column = node::fixedX; const QCheckBox *check : checks_)
-        Komboi(n, column++) = check->isChecked() ? 1 : 0;
+    for (int k = 0; k < 3; ++k) {
+        const auto at = static_cast<std::size_t>(k);
+        Elatiria(n, k + 1) = typedSingle(springs_[at]).value();
+        Komboi(n, node::fixedX + k) = checks_[at]->isChecked() ? 1 : 0;
+    }
     if (isNew)
         ++Arithmos_Kombon;
 

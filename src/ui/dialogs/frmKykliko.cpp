@@ -108,7 +108,7 @@ void frmKykliko::Ipologismos_Gonias()
 
 void frmKykliko::apply()
 {
-    const auto group = chosenRow(ui_->Combo1, noSuchGroup);
+    const auto group = rowOrRefuse(ui_->Combo1, noSuchGroup);
     if (!group)
         return;
     const double number = typedNumber(ui_->Text7);

@@ -23,15 +23,15 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1, ui_->Text2});
-    lead(ui_->Combo1);
+    focusAndSelect(ui_->Combo1);
 }
 
 frmMETAKINISI::~frmMETAKINISI() = default;
 
 void frmMETAKINISI::apply()
 {
-    const auto first = chosenRow(ui_->Combo1, noSuchNode);
-    const auto last = first ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
+    const auto first = rowOrRefuse(ui_->Combo1, noSuchNode);
+    const auto last = first ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!last)
         return;
     const auto dx = typedSingle(ui_->Text1);

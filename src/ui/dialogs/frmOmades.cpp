@@ -56,8 +56,9 @@ void frmOmades::clearFields()
 
 void frmOmades::loadFields(int g)
 {
-    for (int column = group::E; QLineEdit * field : {ui_->Text1, ui_->Text2, ui_->Text3})
-        field->setText(qtText(numberText(Omades(g, column++))));
+    ui_->Text1->setText(qtText(numberText(Omades(g, group::E))));
+    ui_->Text2->setText(qtText(numberText(Omades(g, group::A))));
+    ui_->Text3->setText(qtText(numberText(Omades(g, group::I))));
 }
 
 bool frmOmades::elegxos_omadon()
@@ -85,8 +86,9 @@ bool frmOmades::elegxos_omadon()
 
 void frmOmades::store(int g, bool isNew)
 {
-    for (int column = group::E; const QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
-        Omades(g, column++) = typedNumber(field);
+    Omades(g, group::E) = typedNumber(ui_->Text1);
+    Omades(g, group::A) = typedNumber(ui_->Text2);
+    Omades(g, group::I) = typedNumber(ui_->Text3);
     if (isNew)
         ++Arithmos_Omadon;
     Grammi_Log((isNew ? Metafrasi(916, "New group #") : Metafrasi(922, "* Group #")) + numberText(g)

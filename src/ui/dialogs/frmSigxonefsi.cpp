@@ -25,7 +25,7 @@ frmSigxonefsi::frmSigxonefsi(QWidget *parent)
     fillLists();
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
-    lead(ui_->Combo1);
+    focusAndSelect(ui_->Combo1);
 }
 
 frmSigxonefsi::~frmSigxonefsi() = default;
@@ -40,8 +40,8 @@ void frmSigxonefsi::fillLists()
 
 void frmSigxonefsi::apply()
 {
-    const auto a = chosenRow(ui_->Combo1, noSuchNode);
-    const auto b = a ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
+    const auto a = rowOrRefuse(ui_->Combo1, noSuchNode);
+    const auto b = a ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!b || *a == *b)
         return;
     const bool isMoved = ui_->Check2->isChecked();
