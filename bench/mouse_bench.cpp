@@ -7,6 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QMouseEvent>
 
@@ -23,7 +24,7 @@ void mouseMove(benchmark::State &state)
     window.resize(1600, 900);
     window.show();
     buildStoreyFrame();
-    window.Button_Zoom_Best_Fit();
+    window.findChild<QAction *>("ZoomBestFit")->trigger();
     nai_grid = false; // the distance to every node
     auto *canvas = window.findChild<CanvasWidget *>("Picture1");
     double x = 0;

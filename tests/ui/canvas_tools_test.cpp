@@ -509,7 +509,7 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
             }
             break;
         case 5:
-            window->Reset_Pointer();
+            trigger("mnuEKSODOS2item");
             break;
         case 4:
             resetView();

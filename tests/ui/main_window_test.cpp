@@ -6,8 +6,8 @@
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
-#include "Pointers.h"
 #include "StatusPanel.h"
+#include "Tool.h"
 #include "Zoom.h"
 
 #include <QClipboard>
@@ -16,6 +16,7 @@
 #include <QMenu>
 #include <QSignalSpy>
 #include <QTest>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -241,7 +242,7 @@ TEST_F(MainWindow, GeometryComesBackOnAScreenThatIsThere)
 
 TEST_F(MainWindow, ToolPointersHaveTheirHotSpotAtEveryScale)
 {
-    const QCursor pointer = toolPointer({":/icons/pointer_hand.svg", 16, 18}, 2);
+    const QCursor pointer = PointerPicture{":/icons/pointer_hand.svg", 16, 18}.cursor(2);
     EXPECT_EQ(pointer.hotSpot(), QPoint(32, 36)); // in the picture's own pixels
     EXPECT_EQ(pointer.pixmap().size(), QSize(64, 64));
 }

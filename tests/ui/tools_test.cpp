@@ -357,7 +357,7 @@ TEST_F(MainWindow, DividingGoesBackToTheModel)
     start(TEST_DATA "/small.vsk");
     const int elements = Arithmos_Stoixeion;
     Allagi_Montelou = false;
-    window->Button_Q();
+    trigger("mnuDIAG_Qitem");
     ASSERT_EQ(Katastasi_Provolis, view::Q);
     QTimer::singleShot(0, window.get(), [&] {
         QWidget *form = QApplication::activeModalWidget();

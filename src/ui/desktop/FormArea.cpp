@@ -1,5 +1,7 @@
 #include "FormArea.h"
 
+#include "WindowParts.h"
+
 #include <QApplication>
 #include <QLayout>
 #include <QScreen>
@@ -89,11 +91,7 @@ void FormArea::fitToScreen(QWidget *form)
     form->resize(form->size().boundedTo(screen));
     if (!form->isVisible())
         return;
-    const QRect area = form->screen()->availableGeometry();
-    const QRect frame = form->frameGeometry();
-    const QPoint last = area.bottomRight() - frame.bottomRight() + frame.topLeft();
-    form->move(std::max(area.left(), std::min(frame.left(), last.x())),
-               std::max(area.top(), std::min(frame.top(), last.y())));
+    form->move(placeWithin(form->screen()->availableGeometry(), form->frameGeometry()));
 }
 
 bool FormArea::eventFilter(QObject *watched, QEvent *event)

@@ -3,7 +3,6 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QGroupBox>
-#include <QKeySequence>
 #include <QLabel>
 #include <QPushButton>
 #include <QSet>
@@ -44,22 +43,27 @@ qsizetype freeLetter(const QString &caption, const QSet<QChar> &used)
 
 } // namespace
 
-void assignMnemonics(const QList<QAction *> &actions)
+void assignMnemonics(const std::vector<Caption> &captions, const QStringList &taken)
 {
     QSet<QChar> used;
-    for (const QAction *action : actions)
-        if (action->isVisible())
-            used.insert(mnemonicOf(action->text()));
-    for (QAction *action : actions) {
-        QString caption = action->text();
-        if (action->isSeparator() || !action->isVisible() || caption.contains('&'))
-            continue;
-        const qsizetype at = freeLetter(caption, used);
-        if (at < 0)
-            continue;
-        used.insert(caption[at].toLower());
-        action->setText(caption.insert(at, '&'));
-    }
+    for (const QString &text : taken)
+        used.insert(mnemonicOf(text));
+    for (const Caption &caption : captions)
+        used.insert(mnemonicOf(caption.text));
+    for (const auto &[text, show] : captions)
+        if (const qsizetype at = freeLetter(text, used); at >= 0 && !text.contains('&')) {
+            used.insert(text[at].toLower());
+            show(QString(text).insert(at, '&'));
+        }
+}
+
+void assignMnemonics(const QList<QAction *> &actions)
+{
+    std::vector<Caption> captions;
+    for (QAction *action : actions)
+        if (action->isVisible() && !action->isSeparator())
+            captions.push_back(captionOf(action, &QAction::text, &QAction::setText));
+    assignMnemonics(captions);
 }
 
 void assignDialogMnemonics(QWidget *dialog, const QStringList &taken)
@@ -84,29 +88,16 @@ void assignDialogMnemonics(QWidget *dialog, const QStringList &taken)
                });
     });
 
-    QObject owner;
-    QList<QAction *> captions;
-    const auto collect = [&](const auto &widgets, auto text) {
-        for (const auto *widget : widgets)
-            captions << new QAction((widget->*text)(), &owner);
-    };
-    collect(buttons, &QPushButton::text);
-    collect(labels, &QLabel::text);
-    collect(checks, &QAbstractButton::text);
-    collect(groups, &QGroupBox::title);
-    QList<QAction *> inSight = captions;
-    for (const QString &caption : taken)
-        inSight << new QAction(caption, &owner);
-    assignMnemonics(inSight);
-
-    const auto giveBack = [&](const auto &widgets, auto setText) {
+    std::vector<Caption> captions;
+    const auto collect = [&](const auto &widgets, auto text, auto setText) {
         for (auto *widget : widgets)
-            (widget->*setText)(captions.takeFirst()->text());
+            captions.push_back(captionOf(widget, text, setText));
     };
-    giveBack(buttons, &QPushButton::setText);
-    giveBack(labels, &QLabel::setText);
-    giveBack(checks, &QAbstractButton::setText);
-    giveBack(groups, &QGroupBox::setTitle);
+    collect(buttons, &QPushButton::text, &QPushButton::setText);
+    collect(labels, &QLabel::text, &QLabel::setText);
+    collect(checks, &QAbstractButton::text, &QAbstractButton::setText);
+    collect(groups, &QGroupBox::title, &QGroupBox::setTitle);
+    assignMnemonics(captions, taken);
 }
 
 } // namespace veskora

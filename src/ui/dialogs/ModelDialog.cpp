@@ -6,6 +6,7 @@
 #include "Mnemonics.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "WindowParts.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -42,6 +43,7 @@ void ModelDialog::equip(const std::string &applies)
 
     for (QPushButton *push : findChildren<QPushButton *>())
         push->setAutoDefault(false);
+    pressButtonsByEnter(this);
     for (QAbstractButton *push : findChildren<QAbstractButton *>())
         push->installEventFilter(this);
     for (QLineEdit *field : findChildren<QLineEdit *>()) {
@@ -64,8 +66,9 @@ bool ModelDialog::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress) {
         const auto *key = static_cast<QKeyEvent *>(event);
-        if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter) {
-            pressEnter(static_cast<QWidget *>(watched));
+        const auto field = next_.constFind(static_cast<QWidget *>(watched));
+        if (field != next_.constEnd() && isEnter(*key)) {
+            pressEnter(field.key(), field.value());
             return true;
         }
     } else if (auto *button = qobject_cast<QAbstractButton *>(watched);
@@ -76,15 +79,12 @@ bool ModelDialog::eventFilter(QObject *watched, QEvent *event)
     return QDialog::eventFilter(watched, event);
 }
 
-void ModelDialog::pressEnter(QWidget *field)
+void ModelDialog::pressEnter(QWidget *field, QWidget *next)
 {
     if (!takeEntered(field))
         return;
-    const auto next = next_.constFind(field);
-    if (next == next_.constEnd())
-        static_cast<QAbstractButton *>(field)->click();
-    else if (*next != nullptr)
-        focusAndSelect(*next);
+    if (next != nullptr)
+        focusAndSelect(next);
     else
         pressApply();
 }

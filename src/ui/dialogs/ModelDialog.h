@@ -66,7 +66,7 @@ protected:
 private:
     void pressApply();
     void pressDelete();
-    void pressEnter(QWidget *field);
+    void pressEnter(QWidget *field, QWidget *next);
 
     QHash<QWidget *, QWidget *> next_; ///< by field; none behind the last
 };

@@ -1,13 +1,18 @@
 #include "MessageLog.h"
 
+#include "Desktop.h"
 #include "Functions.h"
 #include "Mnemonics.h"
 #include "QtDesktop.h"
 
 #include <QContextMenuEvent>
+#include <QDate>
+#include <QLocale>
 #include <QMenu>
 #include <QScrollBar>
 #include <QTextCursor>
+
+#include <array>
 
 namespace veskora {
 
@@ -61,6 +66,25 @@ void MessageLog::contextMenuEvent(QContextMenuEvent *event)
             &QAction::triggered, this, &QTextEdit::selectAll);
     assignMnemonics(menu->actions());
     menu->popup(event->globalPos());
+}
+
+void logStartLines()
+{
+    static const std::array weekdays = {Phrase{106, "Monday"},    Phrase{107, "Tuesday"},
+                                        Phrase{108, "Wednesday"}, Phrase{109, "Thursday"},
+                                        Phrase{110, "Friday"},    Phrase{111, "Saturday"},
+                                        Phrase{105, "Sunday"}};
+    const std::string title(applicationTitle);
+    Grammi_Log(title + " - " + Metafrasi(2001, "Linear static analysis of plane frames program"),
+               logColour::navy, true, true);
+    Grammi_Log(Metafrasi(112, "Made at Kalvorn for those who design frames and those who learn to"),
+               logColour::navy, true);
+    Grammi_Log("", logColour::black);
+    const QDate today = QDate::currentDate();
+    const auto day = static_cast<std::size_t>(today.dayOfWeek() - Qt::Monday);
+    Grammi_Log(weekdays.at(day).text() + " "
+                   + plainText(QLocale().toString(today, QLocale::ShortFormat)),
+               logColour::grey);
 }
 
 } // namespace veskora

@@ -20,4 +20,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 };
 
+/// The lines that a run of the program begins with.
+void logStartLines();
+
 } // namespace veskora

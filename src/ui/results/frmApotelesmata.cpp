@@ -16,12 +16,12 @@
 #include "RowQueries.h"
 #include "ui_frmApotelesmata.h"
 #include "Units.h"
+#include "WindowParts.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QIcon>
-#include <QKeyEvent>
 #include <QProxyStyle>
 #include <QScreen>
 #include <QStyleFactory>
@@ -73,6 +73,7 @@ frmApotelesmata::frmApotelesmata()
     ui_->setupUi(this);
     setCaptions();
     equipToolbar();
+    pressButtonsByEnter(this);
     connectCommands();
     ui_->Option2->setChecked(true);
     showView();
@@ -131,11 +132,9 @@ void frmApotelesmata::showBeside(const QWidget &part)
           QRect(area.left(), under, area.width(), area.bottom() - under + 1),
           QRect(area.left(), area.top(), area.width(), taken.top() - area.top())})
         if (room.width() >= least.width() && room.height() >= least.height()) {
-            QRect place(window.topLeft(), wished.boundedTo(room.size()));
-            place.moveLeft(std::clamp(place.left(), room.left(), room.right() - place.width() + 1));
-            place.moveTop(std::clamp(place.top(), room.top(), room.bottom() - place.height() + 1));
+            const QRect place(window.topLeft(), wished.boundedTo(room.size()));
             resize(place.size() - frame);
-            move(place.topLeft());
+            move(placeWithin(room, place));
             break;
         }
     show();
@@ -147,8 +146,7 @@ void frmApotelesmata::setCaptions()
     setWindowTitle(qtText(title + Metafrasi(301, "Data & Results")));
     const auto button = [](QAction *action, const std::string &caption, const std::string &tip) {
         action->setText(qtText(caption));
-        action->setToolTip(qtText(tip));
-        action->setWhatsThis(qtText(tip));
+        describe(action, qtText(tip));
     };
     button(ui_->keyApothikefsi, Metafrasi(302, "Save"), Metafrasi(303, "Save to file"));
     button(ui_->keyClipboard, Metafrasi(304, "Clipboard"),
@@ -212,13 +210,9 @@ void frmApotelesmata::equipToolbar()
     auto *stretch = new QWidget(ui_->Toolbar1);
     stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     ui_->Toolbar1->insertWidget(ui_->Eksodos, stretch); // the way out stands apart
-    for (QAction *action : ui_->Toolbar1->actions())
-        if (auto *button = qobject_cast<QToolButton *>(ui_->Toolbar1->widgetForAction(action))) {
-            constexpr int width = 72; // logical pixels
-            button->setObjectName(action->objectName());
-            button->setMinimumWidth(width);
-            button->setFocusPolicy(Qt::TabFocus);
-        }
+    constexpr int width = 72;                           // logical pixels
+    for (QToolButton *button : dressToolButtons(ui_->Toolbar1))
+        button->setMinimumWidth(width);
 }
 
 void frmApotelesmata::connectCommands()
@@ -242,29 +236,16 @@ void frmApotelesmata::connectCommands()
 /// Letters for tabs, views and toolbar, each once.
 void frmApotelesmata::assignWindowMnemonics()
 {
-    QObject owner;
-    QList<QAction *> captions;
-    const auto collect = [&](const QString &text) {
-        captions << new QAction(QString(text).replace('&', "&&"), &owner);
-        return captions.last();
-    };
+    std::vector<Caption> captions;
     QTabWidget *tabs = ui_->SSTab1;
     for (int tab = 0; tab < tabs->count(); ++tab)
-        collect(tabs->tabText(tab));
-    const QList<QRadioButton *> views = {ui_->Option1, ui_->Option2};
-    for (const QRadioButton *view : views)
-        collect(view->text());
-    QList<QAction *> buttons = ui_->Toolbar1->actions();
-    buttons.removeIf([](const QAction *action) { return action->objectName().isEmpty(); });
-    for (const QAction *button : buttons)
-        collect(button->text());
+        captions.push_back({tabs->tabText(tab),
+                            [tabs, tab](const QString &text) { tabs->setTabText(tab, text); }});
+    for (QRadioButton *view : {ui_->Option1, ui_->Option2})
+        captions.push_back(captionOf(view, &QRadioButton::text, &QRadioButton::setText));
+    for (QAction *button : ui_->Toolbar1->actions()) // a button takes letters from this only
+        captions.push_back(captionOf(button, &QAction::text, &QAction::setIconText));
     assignMnemonics(captions);
-    for (int tab = 0; tab < tabs->count(); ++tab)
-        tabs->setTabText(tab, captions.takeFirst()->text());
-    for (QRadioButton *view : views)
-        view->setText(captions.takeFirst()->text());
-    for (QAction *button : buttons)
-        button->setIconText(captions.takeFirst()->text()); // a button takes letters from this only
 }
 
 // ----------------------------------------------------------------------------------------- layout
@@ -326,16 +307,6 @@ void frmApotelesmata::showView()
 {
     ui_->FLEXgrd3->setVisible(ui_->Option1->isChecked());
     ui_->TreeView1->setVisible(!ui_->Option1->isChecked());
-}
-
-/// Enter presses a button as Space does.
-void frmApotelesmata::keyPressEvent(QKeyEvent *event)
-{
-    auto *button = qobject_cast<QAbstractButton *>(focusWidget());
-    if (button != nullptr && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        button->click();
-    else
-        QWidget::keyPressEvent(event);
 }
 
 // ------------------------------------------------------------------------------------ the ways out

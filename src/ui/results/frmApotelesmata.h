@@ -33,7 +33,6 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
-    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     /// A grid as the tables now fill it, and where it is shown.

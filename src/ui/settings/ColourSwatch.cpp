@@ -1,6 +1,7 @@
 #include "ColourSwatch.h"
 
 #include "ImageKanvas.h"
+#include "WindowParts.h"
 
 #include <QPainter>
 
@@ -38,15 +39,11 @@ void ColourSwatch::setColour(double word)
     setAccessibleDescription(colour.name());
 }
 
-/// Many styles show the focus on such a button hardly or not at all.
 void ColourSwatch::paintEvent(QPaintEvent *event)
 {
     QToolButton::paintEvent(event);
-    if (!hasFocus())
-        return;
     QPainter painter(this);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+    drawFocusFrame(painter, this, rect().adjusted(1, 1, -1, -1), 2);
 }
 
 } // namespace veskora

@@ -34,26 +34,21 @@ signals:
     void applied();
 
 private:
-    /// A setting and the control that shows it.
-    struct Binding
-    {
-        const Setting *setting;
-        QWidget *control;
-    };
-
+    struct Row;
+    std::vector<Row> rows() const;
+    void equipControls();
     void setCaptions();
-    void bindControls();
-    void bind(StoreVariable setting, QWidget *control);
     void connectControls();
-    void showValue(const Binding &binding, const SettingValue &value);
+    static void showValue(const Row &row, const SettingValue &value);
     void showAll(SettingValue (*valueOf)(const Setting &));
-    SettingValue shown(const Binding &binding) const;
+    static SettingValue shown(const Row &row);
+    void refuse(const Row &row, const std::string &text);
 
     bool apply();
     void storeDefaults();
 
     const std::unique_ptr<Ui::frmSXEDIASI> ui_;
-    std::vector<Binding> bindings_;
+    std::vector<Row> rows_;
 };
 
 } // namespace veskora

@@ -1,27 +1,8 @@
-#include "Pointers.h"
+#include "Hourglass.h"
 
-#include <QGuiApplication>
-#include <QIcon>
-#include <QPixmap>
 #include <QWidget>
 
-#include <cmath>
-
 namespace veskora {
-
-QCursor toolPointer(const PointerPicture &picture, double scale)
-{
-    constexpr int side = 32;
-    QPixmap pixmap = QIcon(picture.file).pixmap(QSize(side, side), scale);
-    // Wayland knows of scales; elsewhere the hot spot counts in the picture's own pixels.
-    double unit = 1;
-    if (!QGuiApplication::platformName().startsWith("wayland")) {
-        unit = pixmap.devicePixelRatio();
-        pixmap.setDevicePixelRatio(1);
-    }
-    const auto place = [unit](int c) { return static_cast<int>(std::lround(c * unit)); };
-    return QCursor(pixmap, place(picture.x), place(picture.y));
-}
 
 void Hourglass::show(QWidget *window)
 {

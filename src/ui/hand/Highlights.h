@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CanvasOverlay.h"
 #include "CanvasWidget.h"
 
 namespace veskora {

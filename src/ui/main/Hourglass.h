@@ -7,16 +7,6 @@
 
 namespace veskora {
 
-/// The picture of a tool and its hot spot, of 32 logical pixels.
-struct PointerPicture
-{
-    const char *file;
-    int x, y;
-};
-
-/// @param scale  device pixels of one logical pixel
-QCursor toolPointer(const PointerPicture &picture, double scale);
-
 /// The hourglass over one window and all its parts, but not over its dialogs.
 class Hourglass
 {

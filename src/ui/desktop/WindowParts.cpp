@@ -1,0 +1,86 @@
+#include "WindowParts.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace veskora {
+
+namespace {
+
+class EnterPresses : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() != QEvent::KeyPress || !isEnter(*static_cast<QKeyEvent *>(event)))
+            return false;
+        static_cast<QAbstractButton *>(watched)->click();
+        return true;
+    }
+};
+
+} // namespace
+
+void describe(QAction *action, const QString &description)
+{
+    action->setToolTip(description);
+    action->setWhatsThis(description);
+}
+
+void describe(QWidget *widget, const QString &description)
+{
+    widget->setToolTip(description);
+    widget->setWhatsThis(description);
+    widget->setAccessibleDescription(description);
+}
+
+QList<QToolButton *> dressToolButtons(const QToolBar *bar)
+{
+    QList<QToolButton *> buttons;
+    for (QAction *action : bar->actions())
+        if (auto *button = qobject_cast<QToolButton *>(bar->widgetForAction(action))) {
+            button->setObjectName(action->objectName());
+            button->setFocusPolicy(Qt::TabFocus); // some commands stand nowhere else
+            buttons << button;
+        }
+    return buttons;
+}
+
+bool isEnter(const QKeyEvent &key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+void pressButtonsByEnter(QWidget *window)
+{
+    auto *filter = new EnterPresses(window);
+    for (QAbstractButton *button : window->findChildren<QAbstractButton *>())
+        button->installEventFilter(filter);
+}
+
+void drawFocusFrame(QPainter &painter, const QWidget *focused, const QRect &frame, int width)
+{
+    if (!focused->hasFocus())
+        return;
+    painter.setPen(QPen(focused->palette().color(QPalette::Highlight), width));
+    painter.drawRect(frame);
+}
+
+QPoint placeWithin(const QRect &area, const QRect &frame)
+{
+    const auto begin = [](int first, int last, int wished) {
+        return std::max(first, std::min(wished, last));
+    };
+    return {begin(area.left(), area.right() - frame.width() + 1, frame.left()),
+            begin(area.top(), area.bottom() - frame.height() + 1, frame.top())};
+}
+
+} // namespace veskora

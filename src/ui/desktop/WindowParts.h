@@ -1,0 +1,40 @@
+#pragma once
+/// @file
+/// Small things that every window does with its parts.
+
+#include <QList>
+
+class QAction;
+class QKeyEvent;
+class QPainter;
+class QPoint;
+class QRect;
+class QString;
+class QToolBar;
+class QToolButton;
+class QWidget;
+
+namespace veskora {
+
+/// A description is a tool tip; screen readers and "What's this?" get it too.
+/// @{
+void describe(QAction *action, const QString &description);
+void describe(QWidget *widget, const QString &description);
+/// @}
+
+/// Gives each button of @p bar the object name of its action and makes it a stop of the Tab key.
+QList<QToolButton *> dressToolButtons(const QToolBar *bar);
+
+bool isEnter(const QKeyEvent &key);
+
+/// From now on Enter presses each button of @p window as Space does. An event filter that a button
+/// is given later comes first.
+void pressButtonsByEnter(QWidget *window);
+
+/// Draws @p frame while @p focused has the focus, which many styles show hardly or not at all.
+void drawFocusFrame(QPainter &painter, const QWidget *focused, const QRect &frame, int width);
+
+/// Where @p frame is to begin so that it lies in @p area; its beginning does in any case.
+QPoint placeWithin(const QRect &area, const QRect &frame);
+
+} // namespace veskora

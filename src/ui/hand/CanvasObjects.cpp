@@ -1,0 +1,86 @@
+#include "CanvasObjects.h"
+
+#include "Colours.h"
+#include "Metablites.h"
+#include "Sxediastika.h"
+
+#include <QTimer>
+
+namespace veskora {
+
+namespace {
+
+constexpr int gap = 6; // logical pixels, to the edge of the canvas
+
+QPushButton *button(CanvasWidget *canvas, const char *name, const char *caption)
+{
+    constexpr int side = 26; // logical pixels
+    auto *push = new QPushButton(caption, canvas);
+    push->setObjectName(name);
+    push->setFixedSize(side, side);
+    push->setCursor(Qt::ArrowCursor);
+    push->hide();
+    return push;
+}
+
+} // namespace
+
+InstantMessage::InstantMessage(QWidget *canvas, const QString &name) : CanvasLabel(canvas, name)
+{
+    setMargin(6);
+    constexpr int shown = 5000; // ms
+    auto *timer = new QTimer(this);
+    timer->setObjectName("Timer1");
+    timer->setSingleShot(true);
+    timer->setInterval(shown);
+    connect(timer, &QTimer::timeout, this, &QWidget::hide);
+}
+
+void InstantMessage::tell(const QString &text)
+{
+    setOwnColours(this, qtColour(xroma_stoixeion), qtColour(xroma_background));
+    setText(text);
+    adjustSize();
+    move((parentWidget()->width() - width()) / 2, y());
+    show();
+    raise();
+    findChild<QTimer *>()->start();
+}
+
+CanvasObjects::CanvasObjects(CanvasWidget *picture)
+    : Picture1(picture),
+      highlights(picture),
+      Line1(new CanvasOverlay(picture, "Line1")),
+      Shape1(new CanvasOverlay(picture, "Shape1")),
+      Label2(new CanvasLabel(picture, "Label2")),
+      Label1(new InstantMessage(picture, "Label1")),
+      Command1(button(picture, "Command1", "+")),
+      Command2(button(picture, "Command2", "-"))
+{
+    Shape1->setForm(CanvasOverlay::Form::rectangle);
+}
+
+void CanvasObjects::applyColours()
+{
+    const QColor lines = qtColour(xroma_stoixeion);
+    Picture1->kanvas().setBackground(xroma_background);
+    Line1->setPen(QPen(lines, 1));
+    Shape1->setPen(QPen(lines, 1, Qt::DotLine));
+    setOwnColours(Label2, lines, qtColour(xroma_background));
+}
+
+void CanvasObjects::arrange()
+{
+    const int right = Picture1->width() - gap - Command2->width();
+    Command2->move(right, gap);
+    Command1->move(right - Command1->width(), gap);
+    Label1->move((Picture1->width() - Label1->width()) / 2, gap);
+}
+
+void CanvasObjects::showSketch()
+{
+    Sxedio_Grigoro();
+    Picture1->update();
+}
+
+} // namespace veskora

@@ -1,0 +1,227 @@
+#include "Hand.h"
+
+#include "Metablites.h"
+#include "ViewTools.h"
+
+#include <QApplication>
+#include <QMenu>
+#include <QMouseEvent>
+
+#include <utility>
+
+namespace veskora {
+
+Hand::Hand(CanvasObjects &canvas)
+    : canvas_(canvas), under_(canvas.highlights), drawing_(canvas, under_)
+{
+    const CanvasWidget *picture = canvas.Picture1;
+    connect(picture, &CanvasWidget::pressed, this, &Hand::pressed);
+    connect(picture, &CanvasWidget::moved, this, &Hand::moved);
+    connect(picture, &CanvasWidget::released, this, &Hand::released);
+    connect(picture, &CanvasWidget::abandoned, this, &Hand::giveUpDrag);
+    connect(picture, &CanvasWidget::doubleClicked, this, &Hand::doubleClicked);
+    connect(picture, &CanvasWidget::left, this, &Hand::pointerLeft);
+    // The pointer's picture is made for one resolution.
+    connect(picture, &CanvasWidget::resized, this, &Hand::showPointer);
+    connect(&drawing_, &Tool::edited, this, &Hand::edited);
+    connect(&drawing_, &DrawingTool::groupWanted, this, &Hand::groupWanted);
+    qApp->installEventFilter(this);
+    showPointer();
+}
+
+// ------------------------------------------------------------------------------------------ tools
+
+template <typename T>
+bool Hand::has() const
+{
+    return qobject_cast<T *>(taken_.get()) != nullptr;
+}
+
+template <typename T>
+void Hand::toggle()
+{
+    const bool leaving = has<T>();
+    Reset_Pointer();
+    if (leaving)
+        return;
+    taken_ = std::make_unique<T>(canvas_);
+    connect(taken_.get(), &Tool::edited, this, &Hand::edited);
+    showPointer();
+    hideMarks();
+}
+
+void Hand::Button_Xeraki()
+{
+    toggle<PanTool>();
+}
+
+void Hand::Button_Zoom()
+{
+    toggle<ZoomTool>();
+}
+
+void Hand::Button_Zoom_Window()
+{
+    toggle<ZoomWindowTool>();
+}
+
+bool Hand::Xeraki_Energo() const
+{
+    return has<PanTool>();
+}
+
+bool Hand::Zoom_Energo() const
+{
+    return has<ZoomTool>();
+}
+
+bool Hand::Zoom_Window_Energo() const
+{
+    return has<ZoomWindowTool>();
+}
+
+void Hand::Reset_Pointer()
+{
+    if (Patimeno_Koumpi)
+        giveUpDrag();
+    taken_.reset();
+    showPointer();
+}
+
+void Hand::showPointer()
+{
+    canvas_.Picture1->setCursor(tool().pointer(canvas_.Picture1->devicePixelRatioF()));
+}
+
+// ------------------------------------------------------------------------------------------- drag
+
+void Hand::pressed(Qt::MouseButton button, const Point &at)
+{
+    // A window that has gone leaves the pointer where no move has told of it.
+    if (!Patimeno_Koumpi)
+        look(at);
+    if (button != Qt::LeftButton)
+        return;
+    Patima_X = static_cast<float>(at.x);
+    Patima_Y = static_cast<float>(at.y);
+    Agkyra_X = static_cast<float>(at.x + Arxi_X);
+    Agkyra_Y = static_cast<float>(at.y + Arxi_Y);
+    canvas_.highlights.hideElement();
+    canvas_.Label2->hideAt(at);
+    Patimeno_Koumpi = tool().press(at);
+}
+
+void Hand::moved(Qt::MouseButtons buttons, const Point &at)
+{
+    if (Patimeno_Koumpi && !buttons.testFlag(Qt::LeftButton))
+        giveUpDrag(); // the release went to somebody else
+    pointerOnCanvas_ = true;
+    emit pointerMoved(at);
+    if (Patimeno_Koumpi)
+        tool().move(at);
+    if (Patimeno_Koumpi && isToolOn())
+        return;
+    Neos_Kombos_Sto_Patima = false;
+    look(at);
+}
+
+void Hand::released(Qt::MouseButton button, const Point &at)
+{
+    if (button == Qt::RightButton && !Patimeno_Koumpi)
+        askForMenu();
+    if (button != Qt::LeftButton)
+        return;
+    if (Patimeno_Koumpi)
+        tool().release(at);
+    endDrag();
+    look(at);
+}
+
+/// Ends a drag whose release will not come: it defines nothing.
+void Hand::giveUpDrag()
+{
+    if (Patimeno_Koumpi)
+        tool().cancel();
+    endDrag();
+}
+
+void Hand::endDrag()
+{
+    Patimeno_Koumpi = false;
+    if (isToolOn())
+        emit viewMoved();
+}
+
+void Hand::doubleClicked()
+{
+    tool().doubleClick({under_.Teleftaio_X, under_.Teleftaio_Y});
+}
+
+// -------------------------------------------------------------------------- what lies under it
+
+void Hand::look(const Point &at)
+{
+    if (Katastasi_Provolis == view::model)
+        under_.look(at, Patimeno_Koumpi, isToolOn());
+}
+
+void Hand::lookAgain()
+{
+    const std::array<int, 2> rows = {Arithmos_Kombon, Arithmos_Stoixeion};
+    const auto before = std::exchange(rowsSeen_, rows);
+    if (rows[0] < before[0] || rows[1] < before[1]) { // rows have another number now, or none
+        forgetPointed();
+        rowMenu_->close();
+        if (Patimeno_Koumpi)
+            giveUpDrag();
+    }
+    if (Katastasi_Provolis != view::model || !pointerOnCanvas_ || rowMenu_->isVisible()
+        || QApplication::activeModalWidget() != nullptr)
+        return;
+    const Point at = canvas_.Picture1->placeAt(pointer_);
+    emit pointerMoved(at);
+    look(at);
+}
+
+void Hand::pointerLeft()
+{
+    pointerOnCanvas_ = false;
+    if (!rowMenu_->isVisible()) // it tells of what is marked
+        hideMarks();
+}
+
+bool Hand::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseMove)
+        pointer_ = static_cast<const QMouseEvent *>(event)->globalPosition();
+    return QObject::eventFilter(watched, event);
+}
+
+// ------------------------------------------------------------------------------------------ menus
+
+void Hand::setMenus(QMenu *toolMenu, QMenu *rowMenu)
+{
+    rowMenu_ = rowMenu;
+    for (const QMenu *menu : {toolMenu, rowMenu})
+        connect(menu, &QMenu::aboutToHide, this, &Hand::menuClosed, Qt::QueuedConnection);
+}
+
+void Hand::askForMenu()
+{
+    if (isToolOn())
+        emit toolMenuWanted();
+    else if (under_.Pano_Se_Kombo() || under_.Pano_Se_Stoixeio())
+        emit rowMenuWanted(under_.Pano_Se_Kombo() ? under_.Kombos_Deikti : 0,
+                           under_.Pano_Se_Stoixeio() ? under_.Stoixeio_Deikti : 0);
+}
+
+/// While it was open the pointer may have gone anywhere.
+void Hand::menuClosed()
+{
+    pointerOnCanvas_ = QApplication::widgetAt(pointer_.toPoint()) == canvas_.Picture1;
+    if (!pointerOnCanvas_)
+        hideMarks();
+    lookAgain();
+}
+
+} // namespace veskora

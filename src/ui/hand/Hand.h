@@ -1,0 +1,95 @@
+#pragma once
+/// @file
+/// The mouse on the canvas.
+
+#include "CanvasObjects.h"
+#include "DrawingTool.h"
+#include "UnderPointer.h"
+
+#include <QPointF>
+
+#include <array>
+#include <memory>
+
+QT_BEGIN_NAMESPACE
+class QMenu;
+QT_END_NAMESPACE
+
+namespace veskora {
+
+/// Turns what the mouse does on the canvas into what the tool at hand does, and knows what lies
+/// under the pointer. It asks for menus and tells of changes; it knows no command.
+class Hand : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Hand(CanvasObjects &canvas);
+
+    /// @name Tools
+    /// A tool's own command leaves it, another one's switches.
+    /// @{
+    void Button_Xeraki();
+    void Button_Zoom();
+    void Button_Zoom_Window();
+    bool Xeraki_Energo() const;
+    bool Zoom_Energo() const;
+    bool Zoom_Window_Energo() const;
+    void Reset_Pointer(); ///< all of them off, cross pointer
+    bool isToolOn() const { return taken_ != nullptr; }
+    /// Gives the canvas the pointer of the tool at hand.
+    void showPointer();
+    /// @}
+
+    /// The left button is down on the canvas and has not come up.
+    bool isDragging() const { return Patimeno_Koumpi || canvas_.Picture1->isHeld(); }
+    /// Finds anew what lies under a pointer that rests: the rows or the view may have changed.
+    void lookAgain();
+    void hideMarks() { canvas_.highlights.hide(); }
+    void forgetPointed() { under_.forget(); }
+
+    /// The pop-ups that `toolMenuWanted` and `rowMenuWanted` lead to: while one is open the pointer
+    /// goes unseen, and what the second is about stays marked.
+    void setMenus(QMenu *toolMenu, QMenu *rowMenu);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+signals:
+    void pointerMoved(const Point &at); ///< canvas cm
+    /// A drag or a double click has edited the model, or may have: the picture is to be made anew.
+    void edited();
+    void viewMoved(); ///< a tool's drag has ended: the same
+    void groupWanted();
+    void toolMenuWanted();
+    /// @param node, element  what was pointed at, one of them or both; 0 for none
+    void rowMenuWanted(int node, int element);
+
+private:
+    Tool &tool() { return taken_ ? *taken_ : drawing_; }
+    template <typename T>
+    bool has() const;
+    template <typename T>
+    void toggle();
+
+    void pressed(Qt::MouseButton button, const Point &at);
+    void moved(Qt::MouseButtons buttons, const Point &at);
+    void released(Qt::MouseButton button, const Point &at);
+    void doubleClicked();
+    void pointerLeft();
+    void menuClosed();
+    void giveUpDrag();
+    void endDrag();
+    void askForMenu();
+    void look(const Point &at);
+
+    CanvasObjects &canvas_;
+    UnderPointer under_;
+    DrawingTool drawing_;
+    std::unique_ptr<Tool> taken_; ///< none: the hand draws
+    bool Patimeno_Koumpi = false; ///< a drag has begun
+    bool pointerOnCanvas_ = false;
+    QPointF pointer_; ///< its last place on the screen
+    QMenu *rowMenu_ = nullptr;
+    std::array<int, 2> rowsSeen_{}; ///< nodes and elements when it last looked
+};
+
+} // namespace veskora

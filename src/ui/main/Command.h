@@ -1,0 +1,50 @@
+#pragma once
+/// @file
+/// The table of commands: all that stands in menus, pop-ups and the toolbar of the main window.
+
+#include "Functions.h"
+
+#include <span>
+#include <tuple>
+
+namespace veskora {
+
+class FileCommands;
+class frmMain;
+class Hand;
+class PictureCommands;
+class WindowCommands;
+
+/// What a command may be a routine of.
+using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, PictureCommands &, WindowCommands &>;
+
+/// What goes before a command runs.
+enum class Clears {
+    nothing,
+    highlights, ///< what marks the row under the pointer
+    tools       ///< these, and the tool at hand
+};
+
+/// The row under the pointer that a pop-up's entry is about; its number stands behind the caption.
+enum class About { nothing, node, element };
+
+/// A row of the table. One with a caption that runs nothing is a menu where others stand in it, and
+/// stays hidden where none does. One without a caption is a separator.
+struct Command
+{
+    const char *place;   ///< object name of what it stands in; its rows stand in their order
+    const char *name;    ///< object name of the action and of its button
+    Phrase caption = {}; ///< of a tool button: its tool tip and description
+    /// @param row  the number of the row that it is about, else 0
+    void (*run)(Rooms &rooms, int row) = nullptr;
+    const char *icon = nullptr;
+    const char *keys = nullptr;
+    Clears clears = Clears::nothing;
+    bool *setting = nullptr; ///< has a check mark; the command flips it
+    About about = About::nothing;
+};
+
+/// All commands, in the order in which they stand.
+std::span<const Command> commands();
+
+} // namespace veskora

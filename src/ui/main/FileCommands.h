@@ -1,0 +1,46 @@
+#pragma once
+/// @file
+/// How a model comes and how it is left.
+
+#include <QObject>
+
+#include <string>
+
+QT_BEGIN_NAMESPACE
+class QWidget;
+QT_END_NAMESPACE
+
+namespace veskora {
+
+/// New, Open, Save and the model of the command line. Whatever leaves a model asks `mayLeave`
+/// first.
+class FileCommands : public QObject
+{
+    Q_OBJECT
+public:
+    /// @param log  where a user who sees it reads what became of the model
+    explicit FileCommands(const QWidget *log) : log_(log) {}
+
+    void Button_Neo_arxeio();
+    void Button_Anagnosi_Arxeiou();
+    void Button_Apothikefsi_Arxeiou();
+    void saveAs();
+    /// The first model of this run: an empty one, or that of the command line.
+    void start(const std::string &commandLine);
+
+    /// The save question before the model is left.
+    /// @return whether the command goes on
+    bool mayLeave(bool closing);
+
+signals:
+    /// Another model is there, or none, and all that shows it is to be made anew.
+    void modelReplaced();
+
+private:
+    /// @return whether the model is on disk, in its file or in a recovery file
+    bool saveBeforeLeaving(bool closing);
+
+    const QWidget *const log_;
+};
+
+} // namespace veskora

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QObject>
+
+namespace veskora {
+
+class Hand;
+class HTMLHelp;
+
+/// The keys of all windows: F1 shows the help of the one in front, and while a drag goes on no key
+/// starts a command, which would pull the model away under the pointer.
+class KeyFilter : public QObject
+{
+    Q_OBJECT
+public:
+    KeyFilter(const Hand &hand, HTMLHelp &help);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool isHeldOff(const QEvent &event) const;
+    bool askedForHelp(const QObject *watched, const QEvent &event);
+
+    const Hand &hand_;
+    HTMLHelp &help_;
+};
+
+} // namespace veskora

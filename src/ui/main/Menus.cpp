@@ -1,0 +1,144 @@
+#include "Menus.h"
+
+#include "Desktop.h"
+#include "Hand.h"
+#include "MathFunc.h"
+#include "Mnemonics.h"
+#include "QtDesktop.h"
+#include "WindowParts.h"
+
+#include <QAction>
+#include <QIcon>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolBar>
+
+#include <algorithm>
+#include <cstring>
+
+namespace veskora {
+
+namespace {
+
+bool isSeparator(const Command &command)
+{
+    return command.caption.english == nullptr;
+}
+
+bool isSubmenu(const Command &command)
+{
+    return std::ranges::any_of(commands(), [&command](const Command &other) {
+        return std::strcmp(other.place, command.name) == 0;
+    });
+}
+
+} // namespace
+
+Menus::Menus(QMainWindow *window, const Rooms &rooms)
+    : QObject(window), window_(window), rooms_(rooms)
+{
+    for (const Command &command : commands())
+        add(command);
+}
+
+void Menus::add(const Command &command)
+{
+    auto *place = window_->findChild<QWidget *>(command.place);
+    if (place == nullptr) { // a pop-up
+        place = new QMenu(window_);
+        place->setObjectName(command.place);
+    }
+    if (isSubmenu(command)) {
+        auto *menu = new QMenu(place);
+        menu->setObjectName(command.name);
+        return place->addAction(menu->menuAction());
+    }
+    auto *action = new QAction(window_);
+    action->setObjectName(command.name);
+    place->addAction(action);
+    if (isSeparator(command))
+        return action->setSeparator(true);
+    action->setVisible(command.run != nullptr || command.setting != nullptr);
+    action->setCheckable(command.setting != nullptr);
+    if (command.icon != nullptr)
+        action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
+    if (command.keys != nullptr)
+        action->setShortcut(QKeySequence(command.keys));
+    connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
+}
+
+void Menus::run(const Command &command, QAction *action)
+{
+    auto &hand = std::get<Hand &>(rooms_);
+    if (command.clears != Clears::nothing)
+        hand.hideMarks();
+    if (command.clears == Clears::tools)
+        hand.Reset_Pointer();
+    if (command.setting == nullptr)
+        return command.run(rooms_, action->data().toInt());
+    *command.setting = !*command.setting;
+    action->setChecked(*command.setting);
+    desktop().redraw();
+}
+
+QMenu *Menus::menu(const char *name) const
+{
+    return window_->findChild<QMenu *>(name);
+}
+
+QAction *Menus::action(const char *name) const
+{
+    return window_->findChild<QAction *>(name);
+}
+
+void Menus::setCaptions()
+{
+    for (const Command &command : commands()) {
+        if (isSeparator(command))
+            continue;
+        const QString caption = qtText(command.caption.text());
+        if (isSubmenu(command))
+            menu(command.name)->setTitle(caption);
+        else
+            action(command.name)->setText(caption);
+        if (command.place == QLatin1String("Toolbar2"))
+            describe(action(command.name), caption);
+    }
+    assignMnemonics(window_->menuBar()->actions());
+    for (const QMenu *menu : window_->findChildren<QMenu *>())
+        assignMnemonics(menu->actions());
+}
+
+void Menus::popUpTools()
+{
+    menu("mnuZoomakia")->popup(QCursor::pos());
+}
+
+void Menus::popUpRows(int node, int element)
+{
+    for (const Command &command : commands()) {
+        if (command.about == About::nothing)
+            continue;
+        const int row = command.about == About::node ? node : element;
+        QAction *entry = action(command.name);
+        entry->setText(qtText(command.caption.text() + numberText(row)));
+        entry->setData(row);
+        entry->setVisible(row != 0);
+    }
+    action("mnusss77")->setVisible(node != 0 && element != 0);
+    QMenu *popup = menu("mnuAorato");
+    assignMnemonics(popup->actions());
+    popup->popup(QCursor::pos());
+}
+
+void Menus::popUpLabels(const QPoint &place)
+{
+    for (const Command &command : commands())
+        if (command.setting != nullptr)
+            action(command.name)->setChecked(*command.setting);
+    QMenu *popup = menu("mnu_Aorato_Times");
+    popup->popup(place - QPoint(0, popup->sizeHint().height()));
+}
+
+} // namespace veskora

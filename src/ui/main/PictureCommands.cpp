@@ -1,0 +1,164 @@
+#include "PictureCommands.h"
+
+#include "AnalysisCommands.h"
+#include "Command.h"
+#include "Desktop.h"
+#include "Files.h"
+#include "Hand.h"
+#include "Metablites.h"
+#include "QtDesktop.h"
+#include "StatusBar.h"
+#include "Sxediastika.h"
+#include "Zoom.h"
+
+#include <QApplication>
+#include <QClipboard>
+
+namespace veskora {
+
+PictureCommands::PictureCommands(CanvasObjects &canvas, Hand &hand, StatusBar &status)
+    : canvas_(canvas), hand_(hand), status_(status)
+{
+    connect(canvas.Command1, &QPushButton::clicked, this,
+            [this] { resizeDiagram(enlargeDiagram); });
+    connect(canvas.Command2, &QPushButton::clicked, this, [this] { resizeDiagram(reduceDiagram); });
+}
+
+// ------------------------------------------------------------------------------------------ views
+
+void PictureCommands::setMode(std::int16_t mode)
+{
+    Katastasi_Provolis = mode;
+    status_.showMode();
+    canvas_.Command1->setVisible(mode != view::model);
+    canvas_.Command2->setVisible(mode != view::model);
+}
+
+void PictureCommands::Button_Foreas()
+{
+    setMode(view::model);
+    desktop().redraw();
+}
+
+void PictureCommands::showResults(std::int16_t mode)
+{
+    Erotisi_Epanepilisis();
+    hand_.hideMarks(); // they belong to the model
+    setMode(mode);
+    desktop().redraw();
+}
+
+void PictureCommands::Button_M()
+{
+    showResults(view::M);
+}
+
+void PictureCommands::Button_Q()
+{
+    showResults(view::Q);
+}
+
+void PictureCommands::Button_N()
+{
+    showResults(view::N);
+}
+
+void PictureCommands::Button_Deform()
+{
+    showResults(view::deformed);
+}
+
+void PictureCommands::resizeDiagram(void (*change)())
+{
+    Erotisi_Epanepilisis();
+    change();
+    desktop().redraw();
+}
+
+void PictureCommands::showSettings()
+{
+    canvas_.applyColours();
+    status_.showSettings();
+}
+
+void PictureCommands::showStart()
+{
+    showSettings();
+    setMode(view::model);
+}
+
+void PictureCommands::showNewModel()
+{
+    showSettings();
+    hand_.Reset_Pointer();
+    hand_.forgetPointed();
+    Button_Foreas();
+}
+
+// ------------------------------------------------------------------------------------------- zoom
+
+void PictureCommands::Button_Zoom_Previous()
+{
+    if (Zoom_Proigoumeno())
+        desktop().redraw();
+}
+
+void PictureCommands::Button_Zoom_Best_Fit()
+{
+    Zoom_Best_Fit();
+    Apothikefsi_Zoom();
+    desktop().redraw();
+}
+
+// ----------------------------------------------------------------------------------------- labels
+
+namespace {
+
+void setAllLabels(bool isOn)
+{
+    for (const Command &command : commands())
+        if (command.setting != nullptr)
+            *command.setting = isOn;
+    desktop().redraw();
+}
+
+} // namespace
+
+void PictureCommands::showAllLabels()
+{
+    setAllLabels(true);
+}
+
+void PictureCommands::showNoLabels()
+{
+    setAllLabels(false);
+}
+
+void PictureCommands::showBasicLabels()
+{
+    if (Katastasi_Provolis != view::deformed) {
+        const bool isModel = Katastasi_Provolis == view::model;
+        nai_arithmisi_kombon = nai_arithmisi_stoixeion = isModel;
+        nai_times_fortiseon_si = nai_times_fortiseon_om = isModel;
+        nai_sint_kombon = nai_omades = nai_miki = false;
+        nai_times_M = nai_times_Q = nai_times_N = true;
+    }
+    desktop().redraw();
+}
+
+// --------------------------------------------------------------------------------------- ways out
+
+void PictureCommands::copyPicture()
+{
+    QApplication::clipboard()->setImage(canvas_.Picture1->kanvas().image().copy());
+}
+
+void PictureCommands::savePicture()
+{
+    const std::string path =
+        askSavePath(Metafrasi(1774, "Bitmap Files") + " (*.bmp)|*.bmp", "Picture", ".bmp");
+    if (!path.empty())
+        (void)writeImage(canvas_.Picture1->kanvas().image(), qtText(path), "bmp");
+}
+
+} // namespace veskora

@@ -1,0 +1,59 @@
+#pragma once
+/// @file
+/// What the canvas shows.
+
+#include <QObject>
+
+#include <cstdint>
+
+namespace veskora {
+
+struct CanvasObjects;
+class Hand;
+class StatusBar;
+
+/// The commands that change the picture and not the model: views, zoom, labels, sizes of diagrams,
+/// and the picture's ways out.
+class PictureCommands : public QObject
+{
+    Q_OBJECT
+public:
+    PictureCommands(CanvasObjects &canvas, Hand &hand, StatusBar &status);
+
+    /// @name Views
+    /// Those of results offer a new analysis first when the model has changed.
+    /// @{
+    void Button_Foreas();
+    void Button_M();
+    void Button_Q();
+    void Button_N();
+    void Button_Deform();
+    /// @}
+
+    void Button_Zoom_Previous();
+    void Button_Zoom_Best_Fit();
+
+    void showAllLabels();
+    void showBasicLabels();
+    void showNoLabels();
+
+    void copyPicture();
+    void savePicture();
+
+    /// Shows the colours and the switches of the settings; the picture is that from before.
+    void showSettings();
+    void showStart(); ///< the model view, in a window that is not shown yet
+    /// Shows the model that there is now as if nothing had been shown before.
+    void showNewModel();
+
+private:
+    void setMode(std::int16_t mode);
+    void showResults(std::int16_t mode);
+    void resizeDiagram(void (*change)());
+
+    CanvasObjects &canvas_;
+    Hand &hand_;
+    StatusBar &status_;
+};
+
+} // namespace veskora

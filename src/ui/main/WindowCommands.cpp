@@ -1,0 +1,215 @@
+#include "WindowCommands.h"
+
+#include "AnalysisCommands.h"
+#include "CoincidenceChecks.h"
+#include "Desktop.h"
+#include "frmAbout.h"
+#include "frmApotelesmata.h"
+#include "frmDiairesi.h"
+#include "frmEPIKOMBIO.h"
+#include "frmKomboi.h"
+#include "frmKykliko.h"
+#include "frmMETAKINISI.h"
+#include "frmOmades.h"
+#include "frmOMOIOMORFO.h"
+#include "frmSigxonefsi.h"
+#include "frmStoixeia.h"
+#include "frmSXEDIASI.h"
+#include "Functions.h"
+#include "Hand.h"
+#include "Metablites.h"
+#include "PictureCommands.h"
+#include "QtDesktop.h"
+
+namespace veskora {
+
+namespace {
+
+bool refuseWithoutNodes()
+{
+    if (Arithmos_Kombon == 0)
+        showRefusal(Metafrasi(97, "No nodes have been defined yet."));
+    return Arithmos_Kombon == 0;
+}
+
+bool refuseWithoutElements()
+{
+    if (Arithmos_Stoixeion == 0)
+        showRefusal(Metafrasi(98, "No elements have been defined yet."));
+    return Arithmos_Stoixeion == 0;
+}
+
+} // namespace
+
+WindowCommands::WindowCommands(QWidget *window, CanvasObjects &canvas, Hand &hand,
+                               PictureCommands &picture)
+    : window_(window), canvas_(canvas), hand_(hand), picture_(picture)
+{}
+
+WindowCommands::~WindowCommands()
+{
+    delete results_;
+}
+
+/// Looks anew afterwards at what lies under the pointer.
+template <typename Dialog, typename Open>
+void WindowCommands::showDialog(Open open)
+{
+    hand_.hideMarks();
+    Dialog dialog(window_);
+    open(dialog);
+    hand_.lookAgain();
+}
+
+// ------------------------------------------------------------------------------ rows of the model
+
+void WindowCommands::Button_EAI()
+{
+    showDialog<frmOmades>([](frmOmades &dialog) { dialog.openNew(); });
+}
+
+void WindowCommands::Button_Komboi()
+{
+    showDialog<frmKomboi>([](frmKomboi &dialog) { dialog.openNew(); });
+}
+
+void WindowCommands::Button_Stoixeia()
+{
+    if (Arithmos_Omadon == 0)
+        showRefusal(Metafrasi(101,
+                              "Before defining an element, at least one E,A,I Element Group must "
+                              "have been defined."));
+    else if (Arithmos_Kombon < 2)
+        showRefusal(Metafrasi(102, "Before defining an element, at least two nodes must have been "
+                                   "defined."));
+    else
+        showDialog<frmStoixeia>([](frmStoixeia &dialog) { dialog.openNew(); });
+}
+
+void WindowCommands::Button_Epikombia()
+{
+    if (Arithmos_Kombon == 0)
+        showRefusal(Metafrasi(
+            99, "Before defining a nodal load, at least one node must have been defined"));
+    else
+        showDialog<frmEPIKOMBIO>([](frmEPIKOMBIO &dialog) { dialog.openFirst(); });
+}
+
+void WindowCommands::Button_Omoiomorfa()
+{
+    if (Arithmos_Stoixeion == 0)
+        showRefusal(Metafrasi(
+            100, "Before defining an elemental load, at least one element must have been defined"));
+    else
+        showDialog<frmOMOIOMORFO>([](frmOMOIOMORFO &dialog) { dialog.openFirst(); });
+}
+
+void WindowCommands::openNode(int n)
+{
+    if (n <= Arithmos_Kombon)
+        showDialog<frmKomboi>([n](frmKomboi &dialog) { dialog.openRow(n); });
+}
+
+void WindowCommands::openNodeLoads(int n)
+{
+    if (n <= Arithmos_Kombon)
+        showDialog<frmEPIKOMBIO>([n](frmEPIKOMBIO &dialog) { dialog.openRow(n); });
+}
+
+void WindowCommands::openElement(int e)
+{
+    if (e <= Arithmos_Stoixeion)
+        showDialog<frmStoixeia>([e](frmStoixeia &dialog) { dialog.openRow(e); });
+}
+
+void WindowCommands::openElementLoads(int e)
+{
+    if (e <= Arithmos_Stoixeion)
+        showDialog<frmOMOIOMORFO>([e](frmOMOIOMORFO &dialog) { dialog.openRow(e); });
+}
+
+// ------------------------------------------------------------------------------------------ tools
+
+void WindowCommands::moveNodes()
+{
+    if (!refuseWithoutNodes())
+        showDialog<frmMETAKINISI>([](frmMETAKINISI &dialog) { dialog.exec(); });
+}
+
+void WindowCommands::mergeNodes()
+{
+    if (!refuseWithoutNodes())
+        showDialog<frmSigxonefsi>([](frmSigxonefsi &dialog) { dialog.exec(); });
+}
+
+void WindowCommands::divideElements()
+{
+    if (!refuseWithoutElements())
+        showDialog<frmDiairesi>([this](frmDiairesi &dialog) {
+            QObject::connect(&dialog, &frmDiairesi::divided, &picture_,
+                             &PictureCommands::Button_Foreas);
+            dialog.exec();
+        });
+}
+
+void WindowCommands::createArc()
+{
+    if (Arithmos_Omadon == 0) {
+        const std::string text =
+            Metafrasi(103, "For the elements of the arc to be created, at least one E,A,I "
+                           "Element Group must have been defined first.");
+        Grammi_Log(text, logColour::red);
+        if (desktop().message(text + "\r\n\r\n"
+                                  + Metafrasi(104, "Do you want to define an E,A,I Element Group "
+                                                   "now?"),
+                              Icon::exclamation, Buttons::yesNo)
+            == Answer::yes)
+            Button_EAI();
+        if (Arithmos_Omadon == 0)
+            return;
+    }
+    showDialog<frmKykliko>([](frmKykliko &dialog) { dialog.exec(); });
+}
+
+void WindowCommands::checkNodes()
+{
+    if (!refuseWithoutNodes())
+        findCoincidentNodes();
+}
+
+void WindowCommands::checkElements()
+{
+    if (!refuseWithoutElements())
+        findCoincidentElements();
+}
+
+// ---------------------------------------------------------------------------------- other windows
+
+void WindowCommands::Button_Rithmiseis()
+{
+    showDialog<frmSXEDIASI>([this](frmSXEDIASI &dialog) {
+        QObject::connect(&dialog, &frmSXEDIASI::applied, &picture_, [this] {
+            picture_.showSettings();
+            desktop().redraw();
+        });
+        dialog.exec();
+    });
+}
+
+void WindowCommands::Button_Apotelesmata()
+{
+    Erotisi_Epanepilisis();
+    if (results_ != nullptr && !results_->isActiveWindow() && results_->isUpToDate())
+        return bringToFront(*results_); // it was only covered
+    delete results_;
+    results_ = new frmApotelesmata;
+    results_->setAttribute(Qt::WA_DeleteOnClose);
+    results_->showBeside(*canvas_.Picture1);
+}
+
+void WindowCommands::showAbout()
+{
+    frmAbout(window_).exec();
+}
+
+} // namespace veskora

@@ -1,0 +1,58 @@
+#pragma once
+/// @file
+/// The commands that open a window.
+
+#include <QPointer>
+#include <QWidget>
+
+namespace veskora {
+
+struct CanvasObjects;
+class frmApotelesmata;
+class Hand;
+class PictureCommands;
+
+/// Opens the dialogs of the model, the view options, the results and the about box. Where a dialog
+/// would have no rows to work on, it is refused with a word.
+class WindowCommands
+{
+public:
+    WindowCommands(QWidget *window, CanvasObjects &canvas, Hand &hand, PictureCommands &picture);
+    ~WindowCommands(); // closes the results
+
+    void Button_EAI();
+    void Button_Komboi();
+    void Button_Stoixeia();
+    void Button_Epikombia();
+    void Button_Omoiomorfa();
+    /// @name On the row of that number, unless it has gone
+    /// @{
+    void openNode(int n);
+    void openNodeLoads(int n);
+    void openElement(int e);
+    void openElementLoads(int e);
+    /// @}
+
+    void moveNodes();
+    void mergeNodes();
+    void divideElements();
+    void createArc();
+    void checkNodes();
+    void checkElements();
+
+    void Button_Rithmiseis();
+    void Button_Apotelesmata();
+    void showAbout();
+
+private:
+    template <typename Dialog, typename Open>
+    void showDialog(Open open);
+
+    QWidget *const window_;
+    CanvasObjects &canvas_;
+    Hand &hand_;
+    PictureCommands &picture_;
+    QPointer<frmApotelesmata> results_; ///< the one that is open, if any
+};
+
+} // namespace veskora
