@@ -60,11 +60,15 @@ void picture(benchmark::State &state, std::int16_t mode)
 }
 
 BENCHMARK(sketch)->Name("sketch/limit")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(picture, model, 0)->Name("picture_model/limit")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(picture, M, 1)->Name("picture_M/limit")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(picture, Q, 2)->Name("picture_Q/limit")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(picture, N, 3)->Name("picture_N/limit")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(picture, D, 4)->Name("picture_D/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(picture, model, view::model)
+    ->Name("picture_model/limit")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(picture, M, view::M)->Name("picture_M/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(picture, Q, view::Q)->Name("picture_Q/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(picture, N, view::N)->Name("picture_N/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(picture, D, view::deformed)
+    ->Name("picture_D/limit")
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace veskora

@@ -12,19 +12,11 @@ namespace veskora {
 
 namespace {
 
-bool isConnected(int n)
-{
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (touches(e, n))
-            return true;
-    return false;
-}
-
 /// The first node without an element, 0 when there is none.
 int firstUnconnectedNode()
 {
     for (int n = 1; n <= Arithmos_Kombon; ++n)
-        if (!isConnected(n))
+        if (elementAt(n) == 0)
             return n;
     return 0;
 }
@@ -58,7 +50,7 @@ void Button_Epilisi()
         desktop().redraw();
     }
     Epilisi();
-    if (!Sfalma_Epilisis && Katastasi_Provolis != 0)
+    if (!Sfalma_Epilisis && Katastasi_Provolis != view::model)
         desktop().redraw(); // the picture shown is then that of the new results
 }
 

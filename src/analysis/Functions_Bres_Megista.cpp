@@ -1,6 +1,5 @@
 #include "Functions_Bres_Megista.h"
 
-#include "Metablites.h"
 #include "RowQueries.h"
 
 #include <cmath>
@@ -9,34 +8,24 @@ namespace veskora {
 
 namespace {
 
-enum class Wanted { largest, smallest };
-
-/// The extreme of @p value over all nodes, beginning with node 1 and not with 0.
-template <typename Value>
-double overNodes(Wanted wanted, Value value)
+/// The greatest of `value(1)` to `value(count)`, beginning with the first and not with 0.
+double largest(int count, auto value)
 {
     double extreme = value(1);
-    for (int n = 1; n <= Arithmos_Kombon; ++n)
-        if (const double candidate = value(n);
-            wanted == Wanted::largest ? candidate > extreme : candidate < extreme)
+    for (int k = 1; k <= count; ++k)
+        if (const double candidate = value(k); candidate > extreme)
             extreme = candidate;
     return extreme;
 }
 
-/// The extreme of @p atI and @p atJ over all elements.
-template <typename AtI, typename AtJ>
-double overEnds(Wanted wanted, AtI atI, AtJ atJ)
+double smallest(int count, auto value)
 {
-    double extreme = atI(1);
-    const auto consider = [&](double candidate) {
-        if (wanted == Wanted::largest ? candidate > extreme : candidate < extreme)
-            extreme = candidate;
-    };
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        consider(atI(e));
-        consider(atJ(e));
-    }
-    return extreme;
+    return -largest(count, [=](int k) { return -value(k); });
+}
+
+auto magnitude(auto value)
+{
+    return [=](int k) { return std::abs(value(k)); };
 }
 
 double displacement(int n, int component)
@@ -44,61 +33,55 @@ double displacement(int n, int component)
     return Metatopiseis(freedomOf(n, component));
 }
 
-double nodeExtreme(Wanted wanted, int component)
+auto component(int k)
 {
-    return overNodes(wanted, [=](int n) { return displacement(n, component); });
+    return [k](int n) { return displacement(n, k); };
 }
 
-double largestOfNodes(int component)
+/// The values at all ends: both of element 1, both of element 2, ...
+auto ends(const StressResultant &resultant)
 {
-    return overNodes(Wanted::largest, [=](int n) { return std::abs(displacement(n, component)); });
+    return [resultant](int k) {
+        const int e = (k + 1) / 2;
+        return k % 2 == 1 ? resultant.atI(e) : resultant.atJ(e);
+    };
 }
 
-/// The extreme of a stress resultant whose columns at i and j are given with their signs.
-double endExtreme(Wanted wanted, double signI, int columnI, double signJ, int columnJ)
+int endCount()
 {
-    return overEnds(
-        wanted, [=](int e) { return signI * Entasi_Topiki(e, columnI); },
-        [=](int e) { return signJ * Entasi_Topiki(e, columnJ); });
-}
-
-double largestOfEnds(int columnI, int columnJ)
-{
-    return overEnds(
-        Wanted::largest, [=](int e) { return std::abs(Entasi_Topiki(e, columnI)); },
-        [=](int e) { return std::abs(Entasi_Topiki(e, columnJ)); });
+    return 2 * Arithmos_Stoixeion;
 }
 
 } // namespace
 
 double Bres_Max_Abs_Ux()
 {
-    return largestOfNodes(1);
+    return largest(Arithmos_Kombon, magnitude(component(1)));
 }
 double Bres_Max_Ux()
 {
-    return nodeExtreme(Wanted::largest, 1);
+    return largest(Arithmos_Kombon, component(1));
 }
 double Bres_Min_Ux()
 {
-    return nodeExtreme(Wanted::smallest, 1);
+    return smallest(Arithmos_Kombon, component(1));
 }
 double Bres_Max_Abs_Uy()
 {
-    return largestOfNodes(2);
+    return largest(Arithmos_Kombon, magnitude(component(2)));
 }
 double Bres_Max_Uy()
 {
-    return nodeExtreme(Wanted::largest, 2);
+    return largest(Arithmos_Kombon, component(2));
 }
 double Bres_Min_Uy()
 {
-    return nodeExtreme(Wanted::smallest, 2);
+    return smallest(Arithmos_Kombon, component(2));
 }
 
 double Bres_Max_U()
 {
-    return overNodes(Wanted::largest, [](int n) {
+    return largest(Arithmos_Kombon, [](int n) {
         const double x = displacement(n, 1);
         const double y = displacement(n, 2);
         return std::sqrt(x * x + y * y);
@@ -107,65 +90,74 @@ double Bres_Max_U()
 
 double Bres_Max_Abs_Rot()
 {
-    return largestOfNodes(3);
+    return largest(Arithmos_Kombon, magnitude(component(3)));
 }
 double Bres_Max_Rot()
 {
-    return nodeExtreme(Wanted::largest, 3);
+    return largest(Arithmos_Kombon, component(3));
 }
 double Bres_Min_Rot()
 {
-    return nodeExtreme(Wanted::smallest, 3);
+    return smallest(Arithmos_Kombon, component(3));
 }
 
 double Bres_Max_Abs_M()
 {
-    return largestOfEnds(3, 6);
+    return largest(endCount(), magnitude(ends(resultantM)));
 }
 double Bres_Max_M()
 {
-    return endExtreme(Wanted::largest, -1, 3, 1, 6);
+    return largest(endCount(), ends(resultantM));
 }
 double Bres_Min_M()
 {
-    return endExtreme(Wanted::smallest, -1, 3, 1, 6);
+    return smallest(endCount(), ends(resultantM));
 }
 double Bres_Max_Abs_Q()
 {
-    return largestOfEnds(2, 5);
+    return largest(endCount(), magnitude(ends(resultantQ)));
 }
 double Bres_Max_Q()
 {
-    return endExtreme(Wanted::largest, 1, 2, -1, 5);
+    return largest(endCount(), ends(resultantQ));
 }
 double Bres_Min_Q()
 {
-    return endExtreme(Wanted::smallest, 1, 2, -1, 5);
+    return smallest(endCount(), ends(resultantQ));
 }
 double Bres_Max_Abs_N()
 {
-    return largestOfEnds(1, 4);
+    return largest(endCount(), magnitude(ends(resultantN)));
 }
 double Bres_Max_N()
 {
-    return endExtreme(Wanted::largest, -1, 1, 1, 4);
+    return largest(endCount(), ends(resultantN));
 }
 double Bres_Min_N()
 {
-    return endExtreme(Wanted::smallest, -1, 1, 1, 4);
+    return smallest(endCount(), ends(resultantN));
 }
 
 void storeExtremes()
 {
-    constexpr std::array functions = {
-        Bres_Max_Abs_Ux, Bres_Max_Ux,    Bres_Min_Ux,      Bres_Max_Abs_Uy, Bres_Max_Uy,
-        Bres_Min_Uy,     Bres_Max_U,     Bres_Max_Abs_Rot, Bres_Max_Rot,    Bres_Min_Rot,
-        Bres_Max_Abs_M,  Bres_Max_M,     Bres_Min_M,       Bres_Max_Abs_Q,  Bres_Max_Q,
-        Bres_Min_Q,      Bres_Max_Abs_N, Bres_Max_N,       Bres_Min_N,
-    };
-    for (int i = 0; const auto function : functions)
-        if (!std::isfinite(Akrotata(++i) = function())) // a square, say
+    using Search = double (*)();
+    static constexpr std::array<std::pair<int, Search>, 19> searches = {{
+        {extreme::absUx, Bres_Max_Abs_Ux},    {extreme::maxUx, Bres_Max_Ux},
+        {extreme::minUx, Bres_Min_Ux},        {extreme::absUy, Bres_Max_Abs_Uy},
+        {extreme::maxUy, Bres_Max_Uy},        {extreme::minUy, Bres_Min_Uy},
+        {extreme::maxU, Bres_Max_U},          {extreme::absRotation, Bres_Max_Abs_Rot},
+        {extreme::maxRotation, Bres_Max_Rot}, {extreme::minRotation, Bres_Min_Rot},
+        {extreme::absM, Bres_Max_Abs_M},      {extreme::maxM, Bres_Max_M},
+        {extreme::minM, Bres_Min_M},          {extreme::absQ, Bres_Max_Abs_Q},
+        {extreme::maxQ, Bres_Max_Q},          {extreme::minQ, Bres_Min_Q},
+        {extreme::absN, Bres_Max_Abs_N},      {extreme::maxN, Bres_Max_N},
+        {extreme::minN, Bres_Min_N},
+    }};
+    for (const auto &[row, search] : searches) {
+        Akrotata(row) = search();
+        if (!std::isfinite(Akrotata(row))) // a square, say
             throw Fault(Fault::Kind::overflow, "Overflow in the extreme values");
+    }
 }
 
 } // namespace veskora

@@ -89,30 +89,6 @@ void recoverEndForces()
     }
 }
 
-void releaseWorkingTables()
-{
-    T_Pinakas.clear();
-    T_Anastrofos.clear();
-    K_Topiko.clear();
-    K_Stoixeiou.clear();
-    F_Pakton_Oliko.clear();
-    F_Pakton_Topiko.clear();
-    U_Stoixeiou_Oliko.clear();
-    U_Stoixeiou_Topiko.clear();
-    Entasi_Oliki.clear();
-    P_Oliko.clear();
-    K_Oliko.clear();
-    K_Anadiataxi.clear();
-    K_fs.clear();
-    K_sf.clear();
-    K_ss.clear();
-    K_ff.clear();
-    P_Eleftheroi.clear();
-    U_Eleftheroi.clear();
-    R_Desmevmena.clear();
-    Seira_Vathmon.clear();
-}
-
 void logFinish(float startSeconds)
 {
     const TimeOfDay finish = desktop().timeOfDay();
@@ -208,7 +184,7 @@ void Epilisi()
     Anaptyxi_Metatopiseon();
     recoverEndForces();
     Ipologismos_Antidraseon();
-    releaseWorkingTables();
+    clearWorkingTables();
 
     busy.restorePointer();
     logFinish(startSeconds);

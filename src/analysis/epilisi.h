@@ -69,7 +69,7 @@ void Synthesi_Elatirion();
 /// ones first, then the constrained, each in natural order.
 void Arithmisi_Vathmon();
 
-/// Cuts `K_Anadiataxi` into `K_ff`, `K_fs`, `K_sf`, `K_ss`.
+/// Cuts `K_Anadiataxi` into `K_ff`, `K_fs`, `K_sf`, `K_ss`. Nothing later reads `K_fs`.
 void Diamerisi_K();
 
 /// Fills `P_Eleftheroi` with nodal load minus fixed-end force.
@@ -79,7 +79,8 @@ void Dexi_Meli();
 /// A fault sets `Sfalma_Epilisis`, is logged and shown, and goes no further.
 void Epilisi_Systimatos();
 
-/// `R_Desmevmena` = `K_sf` * `U_Eleftheroi`.
+/// `R_Desmevmena` = `K_sf` * `U_Eleftheroi`. Nothing later reads it: the reactions come from the
+/// end forces.
 void Ipologismos_Antidraseon_Vathmon();
 
 /// Fills `Metatopiseis` from `U_Eleftheroi`, 0 at the constrained freedoms.

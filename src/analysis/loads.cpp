@@ -18,26 +18,24 @@ void Ipologismos_F_Pakton(int e)
     const double L2 = L * L;
 
     const double axial = -n * L / 2;
-    std::array<double, 6> transverse{};
+    std::array<double, 6> local{};
     switch (elementType(e)) {
     case ElementType::P2:
-        transverse = {0, -q * L / 2, -q * L2 / 12, 0, -q * L / 2, q * L2 / 12};
+        local = {0, -q * L / 2, -q * L2 / 12, 0, -q * L / 2, q * L2 / 12};
         break;
     case ElementType::hingeAtJ:
-        transverse = {0, -q * L * 5 / 8, -q * L2 / 8, 0, -q * L * 3 / 8, 0};
+        local = {0, -q * L * 5 / 8, -q * L2 / 8, 0, -q * L * 3 / 8, 0};
         break;
     case ElementType::hingeAtI:
-        transverse = {0, -q * L * 3 / 8, 0, 0, -q * L * 5 / 8, q * L2 / 8};
+        local = {0, -q * L * 3 / 8, 0, 0, -q * L * 5 / 8, q * L2 / 8};
         break;
     case ElementType::P1:
-        transverse = {0, -q * L / 2, 0, 0, -q * L / 2, 0};
+        local = {0, -q * L / 2, 0, 0, -q * L / 2, 0};
         break;
     case ElementType::none:
         break;
     }
-    std::array<double, 6> local = transverse;
-    local[0] = axial + transverse[0];
-    local[3] = axial + transverse[3];
+    local[0] = local[3] = axial;
 
     Ipologismos_T(e);
     F_Pakton_Oliko.clear();

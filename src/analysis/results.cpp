@@ -93,11 +93,13 @@ void Ipologismos_Antidraseon()
         gather(nj, e, 3);
     }
     for (int n = 1; n <= Arithmos_Kombon; ++n)
-        for (int component = 1; component <= 3; ++component)
-            if (double &reaction = Antidraseis(n, component);
-                !std::isfinite(reaction -= Komboi(n, node::Fx - 1 + component)))
+        for (int component = 1; component <= 3; ++component) {
+            double &reaction = Antidraseis(n, component);
+            reaction -= Komboi(n, node::Fx - 1 + component);
+            if (!std::isfinite(reaction))
                 throw Fault(Fault::Kind::overflow,
                             "Overflow in the reactions of node " + std::to_string(n));
+        }
 }
 
 } // namespace veskora

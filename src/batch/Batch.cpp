@@ -161,17 +161,22 @@ private:
     /// The five views of the model at best fit.
     std::string drawPictures(const std::string &model)
     {
-        constexpr std::array names = {"_model.png", "_M.png", "_Q.png", "_N.png", "_D.png"};
+        using Ending = std::pair<std::int16_t, const char *>;
+        constexpr std::array endings = {
+            Ending{view::model, "_model.png"}, Ending{view::M, "_M.png"}, Ending{view::Q, "_Q.png"},
+            Ending{view::N, "_N.png"}, Ending{view::deformed, "_D.png"}};
         const QSize size(1280, 800);
         ImageKanvas kanvas(size);
         kanvas.setBackground(xroma_background);
         setPicture1(&kanvas);
         Zoom_Best_Fit();
         std::string failure;
-        for (std::size_t mode = 0; mode < names.size() && failure.empty(); ++mode) {
-            Katastasi_Provolis = static_cast<std::int16_t>(mode);
+        for (const auto &[shown, ending] : endings) {
+            if (!failure.empty())
+                break;
+            Katastasi_Provolis = shown;
             Ananeosi_Sxediou();
-            const std::string path = pathWithout(model) + names[mode];
+            const std::string path = pathWithout(model) + ending;
             if (!written_.insert(path).second)
                 failure = path + " was written in this run already";
             else if (!writeImage(kanvas.image(), QString::fromStdString(path), "png"))

@@ -243,7 +243,7 @@ std::string reactionSection()
         report << field(8, report.plain(n));
         for (int k = 1; k <= 3; ++k) {
             std::string force;
-            if (Elatiria(n, k) > 0) // the spring's force goes before that of a restraint
+            if (hasSpring(n, k)) // the spring's force goes before that of a restraint
                 force = report.withSign(springForce(n, k));
             else if (Komboi(n, node::fixedX - 1 + k) == 1)
                 force = report.withSign(Antidraseis(n, k));

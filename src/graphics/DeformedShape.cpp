@@ -15,6 +15,8 @@ namespace veskora {
 
 namespace {
 
+constexpr std::int16_t displacementDecimals = 6;
+
 /// What is computed station by station. A value that cannot be (a zero E, I or scale) stays as the
 /// station before left it, across elements too.
 struct Station
@@ -179,7 +181,7 @@ void Sxedio_Paramorfosis()
         for (int e = 1; e <= Arithmos_Stoixeion; ++e)
             skipFaults([&, e] { drawDeformedElement(e, station); });
     }
-    ShownValues shown(6);
+    ShownValues shown(displacementDecimals);
     printHeading("D");
     printExtreme("max.= ", shown(Bres_Max_U()));
     printExtreme("max.|x|= ", shown(Bres_Max_Abs_Ux()));

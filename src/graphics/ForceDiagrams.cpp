@@ -14,6 +14,17 @@ namespace veskora {
 
 namespace {
 
+/// One element's diagram: its ends and its ordinates' ends, in upright canvas coordinates.
+struct Ordinates
+{
+    int e;
+    ElementLine axis;
+    Point endI, endJ;
+    Point atI, atJ;
+    Point normal; ///< unit vector to the left, seen from i to j
+    double valueI, valueJ;
+};
+
 /// What tells one diagram from another.
 struct Diagram
 {
@@ -23,19 +34,10 @@ struct Diagram
     double scale;      ///< what one centimetre stands for
     bool printsValues;
     std::int16_t decimals;
-    double signI; ///< of the value in `column` at end i; at j the sign is the other one
-    int column;   ///< of `Entasi_Topiki` at end i; at j three more
+    StressResultant resultant;
     double (*greatest)();
     double (*least)();
-};
-
-/// One element's diagram: its ends and its ordinates' ends, in upright canvas coordinates.
-struct Ordinates
-{
-    Point endI, endJ;
-    Point atI, atJ;
-    Point normal; ///< unit vector to the left, seen from i to j
-    double valueI, valueJ;
+    void (*drawElement)(const Diagram &, const Ordinates &, ShownValues &);
 };
 
 double sideOf(const Diagram &diagram)
@@ -48,14 +50,17 @@ Point shifted(Point from, double distance, Point direction)
     return {from.x + distance * direction.x, from.y + distance * direction.y};
 }
 
-Ordinates ordinates(const Diagram &diagram, int e, const ElementLine &line)
+Ordinates ordinates(const Diagram &diagram, int e)
 {
+    const ElementLine line = elementLine(e);
     Ordinates o{};
+    o.e = e;
+    o.axis = line;
     o.endI = toUprightCanvas(line.i);
     o.endJ = toUprightCanvas(line.j);
     o.normal = {-line.dy / line.length, line.dx / line.length};
-    o.valueI = diagram.signI * Entasi_Topiki(e, diagram.column);
-    o.valueJ = -diagram.signI * Entasi_Topiki(e, diagram.column + 3);
+    o.valueI = diagram.resultant.atI(e);
+    o.valueJ = diagram.resultant.atJ(e);
     const double s = sideOf(diagram);
     o.atI = shifted(o.endI, -s * (o.valueI / diagram.scale), o.normal);
     o.atJ = shifted(o.endJ, -s * (o.valueJ / diagram.scale), o.normal);
@@ -94,8 +99,7 @@ void printValueHere(double shown)
 }
 
 /// With the element a closed quadrilateral.
-void drawStraight(const Diagram &diagram, int, const ElementLine &, const Ordinates &o,
-                  ShownValues &shown)
+void drawStraight(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
 {
     line(o.endI, o.atI);
     if (diagram.printsValues)
@@ -120,17 +124,17 @@ void drawStraightMoment(const Diagram &diagram, const Ordinates &o, ShownValues 
 
 /// The parabola over a loaded element, by repeated midpoints: each lies beyond the middle of its
 /// chord by the moment that the load alone gives at the middle of a beam as long as the chord.
-void drawParabola(const Diagram &diagram, int e, const ElementLine &element, const Ordinates &o,
-                  ShownValues &shown)
+void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
 {
     constexpr std::size_t chords = 16;
     std::array<Point, chords + 1> points;
     points.front() = o.atI;
     points.back() = o.atJ;
-    const double a = element.dx != 0 ? Stoixeia(e, element::wy) * element.length / element.dx : 0;
-    const double b = element.dy != 0 ? Stoixeia(e, element::wx) * element.length / element.dy : 0;
-    double dx = element.dx; // of a chord
-    double dy = element.dy;
+    const double wholeX = o.axis.dx, wholeY = o.axis.dy;
+    const double a = wholeX != 0 ? Stoixeia(o.e, element::wy) * o.axis.length / wholeX : 0;
+    const double b = wholeY != 0 ? Stoixeia(o.e, element::wx) * o.axis.length / wholeY : 0;
+    double dx = wholeX; // of a chord
+    double dy = wholeY;
     for (std::size_t reach = chords / 2; reach > 0; reach /= 2) {
         const double sag = sideOf(diagram) * (a * (dx * dx) - b * (dy * dy)) / 8 / diagram.scale;
         for (std::size_t k = reach; k < chords; k += 2 * reach) {
@@ -154,19 +158,12 @@ void drawParabola(const Diagram &diagram, int e, const ElementLine &element, con
     }
 }
 
-using DrawElement = void (*)(const Diagram &, int e, const ElementLine &, const Ordinates &,
-                             ShownValues &);
-
-void drawMoment(const Diagram &diagram, int e, const ElementLine &element, const Ordinates &o,
-                ShownValues &shown)
+void drawMoment(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
 {
-    if (isLoadedElement(e))
-        drawParabola(diagram, e, element, o, shown);
-    else
-        drawStraightMoment(diagram, o, shown);
+    (isLoadedElement(o.e) ? drawParabola : drawStraightMoment)(diagram, o, shown);
 }
 
-void draw(const Diagram &diagram, DrawElement drawElement)
+void draw(const Diagram &diagram)
 {
     Kanvas &kanvas = Picture1();
     kanvas.clear();
@@ -176,10 +173,9 @@ void draw(const Diagram &diagram, DrawElement drawElement)
     ShownValues shown(diagram.decimals);
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         skipFaults([&, e] {
-            const ElementLine element = elementLine(e);
-            const Ordinates o = ordinates(diagram, e, element);
+            const Ordinates o = ordinates(diagram, e);
             if (isDrawable(o))
-                drawElement(diagram, e, element, o, shown);
+                diagram.drawElement(diagram, o, shown);
         });
     Sxedio_Stoixeion(); // the frame lies over the diagrams
     printHeading(diagram.letter);
@@ -200,13 +196,13 @@ void rescale(float &scale, double greatest, double growth)
 void changeScale(double growth)
 {
     switch (Katastasi_Provolis) {
-    case 1:
+    case view::M:
         return rescale(Ena_cm_posa_KNm_M, Bres_Max_Abs_M(), growth * Ena_cm_posa_KNm_M);
-    case 2:
+    case view::Q:
         return rescale(Ena_cm_posa_KN_Q, Bres_Max_Abs_Q(), growth * Ena_cm_posa_KN_Q);
-    case 3:
+    case view::N:
         return rescale(Ena_cm_posa_KN_N, Bres_Max_Abs_N(), growth * Ena_cm_posa_KN_N);
-    case 4:
+    case view::deformed:
         return rescale(Ena_cm_posa_m_epi_1000, Bres_Max_U(),
                        growth * Ena_cm_posa_m_epi_1000 / 1000);
     default:
@@ -218,23 +214,44 @@ void changeScale(double growth)
 
 void Diagramma_M()
 {
-    draw({"M", xroma_M, M_sin_Tension, Ena_cm_posa_KNm_M, nai_times_M, dekadika_M, -1, 3,
-          Bres_Max_M, Bres_Min_M},
-         drawMoment);
+    draw({.letter = "M",
+          .colour = xroma_M,
+          .positiveSide = M_sin_Tension,
+          .scale = Ena_cm_posa_KNm_M,
+          .printsValues = nai_times_M,
+          .decimals = dekadika_M,
+          .resultant = resultantM,
+          .greatest = Bres_Max_M,
+          .least = Bres_Min_M,
+          .drawElement = drawMoment});
 }
 
 void Diagramma_Q()
 {
-    draw({"Q", xroma_Q, Q_sin_Ina, Ena_cm_posa_KN_Q, nai_times_Q, dekadika_Q, 1, 2, Bres_Max_Q,
-          Bres_Min_Q},
-         drawStraight);
+    draw({.letter = "Q",
+          .colour = xroma_Q,
+          .positiveSide = Q_sin_Ina,
+          .scale = Ena_cm_posa_KN_Q,
+          .printsValues = nai_times_Q,
+          .decimals = dekadika_Q,
+          .resultant = resultantQ,
+          .greatest = Bres_Max_Q,
+          .least = Bres_Min_Q,
+          .drawElement = drawStraight});
 }
 
 void Diagramma_N()
 {
-    draw({"N", xroma_N, N_sin_Ina, Ena_cm_posa_KN_N, nai_times_N, dekadika_N, -1, 1, Bres_Max_N,
-          Bres_Min_N},
-         drawStraight);
+    draw({.letter = "N",
+          .colour = xroma_N,
+          .positiveSide = N_sin_Ina,
+          .scale = Ena_cm_posa_KN_N,
+          .printsValues = nai_times_N,
+          .decimals = dekadika_N,
+          .resultant = resultantN,
+          .greatest = Bres_Max_N,
+          .least = Bres_Min_N,
+          .drawElement = drawStraight});
 }
 
 void enlargeDiagram()

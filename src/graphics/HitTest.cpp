@@ -2,6 +2,7 @@
 
 #include "ElementLine.h"
 #include "MathFunc.h"
+#include "RowQueries.h"
 
 #include <algorithm>
 #include <cmath>
@@ -50,9 +51,9 @@ int elementUnderPointer(double x, double y)
     double best = 9999;
     int candidate = 0;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        const auto i = static_cast<int>(Stoixeia(e, element::nodeI));
-        const auto j = static_cast<int>(Stoixeia(e, element::nodeJ));
-        if (std::min(i, j) < 1 || std::max(i, j) > Arithmos_Kombon)
+        const int i = nodeOf(e, element::nodeI);
+        const int j = nodeOf(e, element::nodeJ);
+        if (i == 0 || j == 0)
             continue;
         const Point a = toCanvas(nodePlace(i));
         const Point b = toCanvas(nodePlace(j));

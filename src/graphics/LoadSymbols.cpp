@@ -3,6 +3,7 @@
 
 #include "Kanvas.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 #include "skip.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
@@ -199,10 +200,10 @@ void Sxedio_Fortiseon_Om()
     Picture1().setPenColour(xroma_omoiomorfon);
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         skipFaults([e] {
+            if (!isLoadedElement(e))
+                return;
             const float wx = Stoixeia(e, element::wx);
             const float wy = Stoixeia(e, element::wy);
-            if (wx == 0 && wy == 0)
-                return;
             const ElementLine line = elementLine(e);
             const Point i = toCanvas(line.i);
             const Point j = toCanvas(line.j);

@@ -3,6 +3,7 @@
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
 
@@ -18,10 +19,10 @@ Point structureDirection(int n)
 {
     const Point at = nodePlace(n);
     Point sum;
-    const auto add = [&](float reference) {
-        if (!(reference >= 1 && reference <= maxNodes))
+    const auto add = [&](int node) {
+        if (node == 0)
             return;
-        const Point other = nodePlace(static_cast<int>(reference));
+        const Point other = nodePlace(node);
         const double dx = other.x - at.x;
         const double dy = other.y - at.y;
         const double length = std::sqrt(dx * dx + dy * dy);
@@ -31,12 +32,11 @@ Point structureDirection(int n)
         sum.y += dy / length;
     };
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        const auto row = Stoixeia.row(e);
-        const float i = row[element::nodeI - 1];
-        const float j = row[element::nodeJ - 1];
-        if (i == static_cast<float>(n))
+        const int i = nodeOf(e, element::nodeI);
+        const int j = nodeOf(e, element::nodeJ);
+        if (i == n)
             add(j);
-        if (j == static_cast<float>(n))
+        if (j == n)
             add(i);
     }
     // Elements in a straight line cancel but for the rounding of their nodes' coordinates.
@@ -154,49 +154,37 @@ void clamp(const SymbolPen &pen, Ground ground)
     }
 }
 
-/// The restraints of node @p n as a number of three binary digits, x y rotation; 0 when one is
-/// neither 0 nor 1, for such a node has no symbol.
-int restraintCode(int n)
-{
-    int code = 0;
-    for (int column = node::fixedX; column <= node::fixedRotation; ++column) {
-        const float restraint = Komboi(n, column);
-        if (restraint != 0 && restraint != 1)
-            return 0;
-        code = 2 * code + (restraint == 1 ? 1 : 0);
-    }
-    return code;
-}
-
 /// Draws the support of node @p n.
 /// @return how far the node's label moves aside
 Point drawSupport(int n, const SymbolPen &pen)
 {
-    const int code = restraintCode(n);
-    if (code == 0)
+    const std::string code = restraintText(n);
+    if (code.empty() || !areRestraintsValid(n))
         return {}; // most nodes: the search for their elements is saved
     const Point direction = structureDirection(n);
-    switch (code) {
-    case 0b100:
+    if (code == "xoo") {
         rollerX(pen, sideX(direction));
         return {-0.3, 0};
-    case 0b010:
+    }
+    if (code == "oxo") {
         rollerY(pen, sideY(direction));
         return {};
-    case 0b001:
+    }
+    if (code == "oox") {
         heldRotation(pen, sideX(direction));
         return {};
-    case 0b110:
+    }
+    if (code == "xxo") {
         pin(pen, sideY(direction));
         return {};
-    case 0b101:
+    }
+    if (code == "xox") {
         slideY(pen, sideX(direction));
         return {-0.3, 0};
-    case 0b011:
+    }
+    if (code == "oxx") {
         slideX(pen, direction.y > 0 ? 1 : -1); // up for none, unlike the others
         return {};
-    default:
-        break;
     }
     const Ground ground = groundOfClamp(direction);
     clamp(pen, ground);
@@ -230,16 +218,6 @@ void drawSprings(int n, const SymbolPen &pen)
     }
 }
 
-/// " xxo" for the restraints of node @p n; nothing for a free node.
-std::string restraintText(int n)
-{
-    std::string text = " ooo";
-    for (std::size_t i = 0; i < 3; ++i)
-        if (Komboi(n, node::fixedX + static_cast<int>(i)) != 0)
-            text[i + 1] = 'x';
-    return text == " ooo" ? "" : text;
-}
-
 } // namespace
 
 void Sxedio_Kombou(int n)
@@ -259,10 +237,10 @@ void Sxedio_Kombou(int n)
     if (nai_arithmisi_kombon)
         label = numberText(n);
     Point aside;
-    if (nai_desmefseis && !nai_graf_stir)
-        label += restraintText(n);
-    else if (nai_desmefseis)
+    if (nai_desmefseis && nai_graf_stir)
         aside = drawSupport(n, pen);
+    else if (const std::string code = restraintText(n); nai_desmefseis && !code.empty())
+        label += " " + code;
     if (nai_springs)
         drawSprings(n, pen);
 

@@ -35,13 +35,13 @@ public:
     /// this one has none.
     void report() const
     {
-        const auto picture = static_cast<std::int16_t>(100 * Katastasi_Provolis + decimals_);
+        const RoundedPicture picture = {Katastasi_Provolis, decimals_};
         if (lost_ && roundingReportedFor != picture)
             Grammi_Log(Metafrasi(136, "Values beyond this limit are shown as 0; use fewer decimals "
                                       "or larger units:")
                            + " " + numberText(std::numeric_limits<std::int32_t>::max() / power_),
                        logColour::red);
-        roundingReportedFor = lost_ ? picture : std::int16_t{-1};
+        roundingReportedFor = lost_ ? std::optional(picture) : std::nullopt;
     }
 
 private:

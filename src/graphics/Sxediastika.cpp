@@ -48,9 +48,10 @@ void drawGridLines(double step)
     const double oy = Arxi_Y - std::floor(Arxi_Y / step) * step;
     kanvas.setPenStyle(PenStyle::dotted);
     kanvas.setPenColour(xroma_grid);
-    for (double k = 1; k <= std::floor(W / step) + 1; ++k)
+    const int columns = static_cast<int>(W / step), rows = static_cast<int>(H / step);
+    for (int k = 1; k <= columns + 1; ++k)
         kanvas.line(k * step - ox, 0, k * step - ox, H);
-    for (double k = 0; k <= std::floor(H / step); ++k)
+    for (int k = 0; k <= rows; ++k)
         kanvas.line(0, H - k * step - oy, W, H - k * step - oy);
 }
 
@@ -134,13 +135,13 @@ void Ananeosi_Sxediou()
     Picture1().setFillColour(xroma_background); // also where no hinge mark sets it
     skipFaults([] {
         switch (Katastasi_Provolis) {
-        case 1:
+        case view::M:
             return Diagramma_M();
-        case 2:
+        case view::Q:
             return Diagramma_Q();
-        case 3:
+        case view::N:
             return Diagramma_N();
-        case 4:
+        case view::deformed:
             return Sxedio_Paramorfosis();
         default:
             return drawModel();

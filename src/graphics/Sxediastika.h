@@ -38,7 +38,7 @@ void Diagramma_N();
 void Sxedio_Paramorfosis(); ///< the deformed model over the undeformed one
 /// @}
 
-/// Makes the longest ordinate of the diagram shown 0.2 cm longer or shorter (in mode 4 the deformed
+/// Makes the longest ordinate of the diagram shown 0.2 cm longer or shorter (or the deformed
 /// shape) by changing its scale, rounded to 2 decimals; a scale that would not be positive and
 /// finite stays.
 void enlargeDiagram();

@@ -14,10 +14,10 @@ namespace {
 
 struct View
 {
-    float scale = Klimaka;
-    double originX = Arxi_X;
-    double originY = Arxi_Y;
+    float scale;
+    double originX, originY;
 
+    static View current() { return {Klimaka, Arxi_X, Arxi_Y}; }
     void restore() const
     {
         Klimaka = scale;
@@ -68,7 +68,7 @@ void reportNoFit(double needed, double room)
 /// other. A result finer than 1:1, or none at all, leaves the view and says why.
 void fit(const Extent &extent, double margin)
 {
-    const View before;
+    const View before = View::current();
     const double width = extent.xmax - extent.xmin;
     const double height = extent.ymax - extent.ymin;
     const double roomX = Picture1().width() - 2 * margin;
@@ -136,7 +136,7 @@ void Zoom_Best_Fit()
         return;
     }
     if (Arithmos_Kombon == 1) {
-        const View before;
+        const View before = View::current();
         Arxi_X = Mikos_Se_Othoni(Komboi(1, node::x)) - Picture1().width() / 2;
         Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(Komboi(1, node::y))) - Picture1().height() / 2;
         if (!std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))

@@ -45,7 +45,7 @@ Pinakas<double, 6> U_Stoixeiou_Topiko;
 bool Allagi_Montelou = true;
 bool Sfalma_Epilisis = false;
 std::string Onoma_Arxeiou;
-std::int16_t Katastasi_Provolis = 0;
+std::int16_t Katastasi_Provolis = view::model;
 std::string currentFolder;
 std::string Anafora;
 bool Nai_Dedomena = false, Nai_Metakiniseis = false, Nai_Entaseis = false, Nai_Antidraseis = false;
@@ -68,7 +68,7 @@ Pinakas<double, zoomSteps + 1, 3, 0> Istoriko_Zoom;
 std::int16_t Thesi_Istorikou = 0;
 bool denseGridReported = false;
 std::int16_t gridPosition = 0;
-std::int16_t roundingReportedFor = -1;
+std::optional<RoundedPicture> roundingReportedFor;
 
 void resetView()
 {
@@ -87,6 +87,30 @@ void resetZoomHistory()
     Istoriko_Zoom(0, 3) = Arxi_X;
 }
 
+void clearWorkingTables()
+{
+    K_Oliko.clear();
+    K_Anadiataxi.clear();
+    K_ff.clear();
+    K_fs.clear();
+    K_sf.clear();
+    K_ss.clear();
+    P_Oliko.clear();
+    P_Eleftheroi.clear();
+    U_Eleftheroi.clear();
+    R_Desmevmena.clear();
+    Seira_Vathmon.clear();
+    Entasi_Oliki.clear();
+    T_Pinakas.clear();
+    T_Anastrofos.clear();
+    K_Topiko.clear();
+    K_Stoixeiou.clear();
+    F_Pakton_Oliko.clear();
+    F_Pakton_Topiko.clear();
+    U_Stoixeiou_Oliko.clear();
+    U_Stoixeiou_Topiko.clear();
+}
+
 void Katharismos_Montelou()
 {
     Arithmos_Kombon = Arithmos_Stoixeion = Arithmos_Omadon = 0;
@@ -100,27 +124,8 @@ void Katharismos_Montelou()
     Entasi_Topiki.clear();
     Antidraseis.clear();
 
-    K_Oliko.clear();
-    K_Anadiataxi.clear();
-    K_ff.clear();
-    K_fs.clear();
-    K_sf.clear();
-    K_ss.clear();
-    P_Oliko.clear();
-    P_Eleftheroi.clear();
-    U_Eleftheroi.clear();
-    R_Desmevmena.clear();
-    Seira_Vathmon.clear();
-    Entasi_Oliki.clear();
+    clearWorkingTables();
     Eleftheroi_Vathmoi = Desmevmenoi_Vathmoi = 0;
-    T_Pinakas.clear();
-    T_Anastrofos.clear();
-    K_Topiko.clear();
-    K_Stoixeiou.clear();
-    F_Pakton_Oliko.clear();
-    F_Pakton_Topiko.clear();
-    U_Stoixeiou_Oliko.clear();
-    U_Stoixeiou_Topiko.clear();
 }
 
 void resetStore()
@@ -129,7 +134,7 @@ void resetStore()
     Allagi_Montelou = true;
     Sfalma_Epilisis = false;
     Onoma_Arxeiou.clear();
-    Katastasi_Provolis = 0;
+    Katastasi_Provolis = view::model;
     currentFolder.clear();
     Anafora.clear();
     Nai_Dedomena = Nai_Metakiniseis = Nai_Entaseis = Nai_Antidraseis = sectionsChosen = false;
@@ -145,7 +150,7 @@ void resetStore()
     resetZoomHistory();
     denseGridReported = false;
     gridPosition = 0;
-    roundingReportedFor = -1;
+    roundingReportedFor.reset();
 }
 
 } // namespace veskora

@@ -2,7 +2,8 @@
 /// @file
 /// The one store of the process: model tables, results, working tables, settings, view, flags.
 ///
-/// Rows are one-based and dense: rows 1 to the count of a table are live. Model quantities have no
+/// Rows are one-based and dense: rows 1 to the count of a table are live, and those behind it are
+/// 0, as a deletion leaves them; who adds a row writes only what it has. Model quantities have no
 /// unit of their own; the user keeps them consistent (for instance kN and m). Everybody may read
 /// and write the store; there is one thread. `resetStore` puts all of it back to its start values.
 
@@ -10,6 +11,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <variant>
 
@@ -82,7 +84,7 @@ extern Pinakas<double, maxDofs>
 extern Pinakas<double, maxElements, 6> Entasi_Topiki;
 extern Pinakas<double, maxNodes, 3>
     Antidraseis;                     ///< reactions Rx, Ry, Mz; of use at constrained freedoms only
-extern Pinakas<double, 19> Akrotata; ///< the extremes, in the order of `Functions_Bres_Megista.h`
+extern Pinakas<double, 19> Akrotata; ///< the extremes, rows `extreme::`
 /// @}
 
 /// @name Working tables of the analysis
@@ -92,14 +94,14 @@ extern Pinakas<double, 19> Akrotata; ///< the extremes, in the order of `Functio
 extern PinakasErgasias<maxDofs, maxDofs> K_Oliko;      ///< stiffness of the structure
 extern PinakasErgasias<maxDofs, maxDofs> K_Anadiataxi; ///< the same, permuted
 extern PinakasErgasias<maxDofs, maxDofs + 1> K_ff;     ///< free by free
-extern PinakasErgasias<maxDofs, maxDofs> K_fs;         ///< free by constrained
+extern PinakasErgasias<maxDofs, maxDofs> K_fs;         ///< free by constrained; nobody reads it
 extern PinakasErgasias<maxDofs, maxDofs> K_sf;         ///< constrained by free
 extern PinakasErgasias<maxDofs, maxDofs> K_ss;         ///< constrained by constrained
 extern Pinakas<double, maxDofs> P_Oliko;               ///< sum of the fixed-end forces
 extern Pinakas<double, maxDofs + 1, 1, 0>
     P_Eleftheroi;                             ///< right-hand side, free freedoms; entry 0 unused
 extern Pinakas<double, maxDofs> U_Eleftheroi; ///< solution, free freedoms
-extern Pinakas<double, maxDofs> R_Desmevmena; ///< `K_sf` times the solution
+extern Pinakas<double, maxDofs> R_Desmevmena; ///< `K_sf` times the solution; nobody reads it
 extern Pinakas<double, maxDofs>
     Seira_Vathmon; ///< natural number of the freedom at each permuted position
 extern Pinakas<double, maxElements, 6> Entasi_Oliki; ///< end forces in global axes
@@ -165,9 +167,14 @@ extern bool denseGridReported;
 extern std::int16_t gridPosition;
 /// @}
 
-/// The picture of results, 100 times its mode and its decimals, whose values were said to be too
-/// large to be shown; -1 for none.
-extern std::int16_t roundingReportedFor;
+/// A picture of results whose values are rounded.
+struct RoundedPicture
+{
+    std::int16_t view, decimals;
+    bool operator==(const RoundedPicture &) const = default;
+};
+/// The one whose values were said to be too large to be shown.
+extern std::optional<RoundedPicture> roundingReportedFor;
 
 /// @name Settings
 /// Their keys and start values stand in `settings`.
@@ -206,6 +213,9 @@ void resetView();
 
 /// Forgets the zoom history; the current view becomes its row 0.
 void resetZoomHistory();
+
+/// Makes the working tables of the analysis 0; the counts of freedoms stay.
+void clearWorkingTables();
 
 /// Empties the model: counts, extremes, model tables, results and working tables all become 0.
 /// Settings, language and zoom history stay.

@@ -4,6 +4,8 @@
 #include "RowQueries.h"
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace veskora {
 
@@ -38,6 +40,83 @@ bool stepSupport(int n)
         Komboi(n, node::fixedX + k) = next[static_cast<std::size_t>(k)] == 'x' ? 1.0F : 0.0F;
     Allagi_Montelou = true;
     return true;
+}
+
+int moveNodes(int first, int last, float dx, float dy)
+{
+    for (int n = first; n <= last; ++n) {
+        if (!std::isfinite(Komboi(n, node::x) + dx))
+            return node::x;
+        if (!std::isfinite(Komboi(n, node::y) + dy))
+            return node::y;
+    }
+    for (int n = first; n <= last; ++n) {
+        Komboi(n, node::x) += dx;
+        Komboi(n, node::y) += dy;
+        Allagi_Montelou = true;
+    }
+    return 0;
+}
+
+std::optional<Place> middleOf(int a, int b)
+{
+    const Place middle{(Komboi(a, node::x) + Komboi(b, node::x)) * 0.5F,
+                       (Komboi(a, node::y) + Komboi(b, node::y)) * 0.5F};
+    return std::isfinite(middle.x) && std::isfinite(middle.y) ? std::optional(middle)
+                                                              : std::nullopt;
+}
+
+void mergeNodes(int a, int b, std::optional<Place> place)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int end : {element::nodeI, element::nodeJ})
+            if (nodeOf(e, end) == b)
+                Stoixeia(e, end) = static_cast<float>(a);
+    if (place) {
+        Komboi(a, node::x) = place->x;
+        Komboi(a, node::y) = place->y;
+    }
+    Allagi_Montelou = true;
+}
+
+void divideElement(int e, int segments)
+{
+    const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
+    const double xi = Komboi(i, node::x), yi = Komboi(i, node::y);
+    const double xj = Komboi(j, node::x), yj = Komboi(j, node::y);
+    int last = e;
+    for (int p = 1; p < segments; ++p) {
+        const int n = addNode(static_cast<float>(xi + p * (xj - xi) / segments),
+                              static_cast<float>(yi + p * (yj - yi) / segments));
+        const int piece = addElement(n, j, groupOf(e));
+        std::ranges::copy(elementalLoads(e), elementalLoads(piece).begin());
+        Stoixeia(piece, element::hingeJ) = std::exchange(Stoixeia(last, element::hingeJ), 0.0F);
+        Stoixeia(last, element::nodeJ) = static_cast<float>(n);
+        last = piece;
+    }
+}
+
+std::vector<NodePair> coincidentNodes(double tolerance)
+{
+    std::vector<NodePair> pairs;
+    for (int i = 1; i <= Arithmos_Kombon; ++i)
+        for (int j = i + 1; j <= Arithmos_Kombon; ++j) {
+            const double dx = Komboi(i, node::x) - Komboi(j, node::x);
+            const double dy = Komboi(i, node::y) - Komboi(j, node::y);
+            if (const double distance = std::sqrt(dy * dy + dx * dx); distance <= tolerance)
+                pairs.push_back({i, j, distance});
+        }
+    return pairs;
+}
+
+std::vector<ElementPair> coincidentElements()
+{
+    std::vector<ElementPair> pairs;
+    for (int i = 1; i <= Arithmos_Stoixeion; ++i)
+        for (int j = i + 1; j <= Arithmos_Stoixeion; ++j)
+            if (joins(j, nodeOf(i, element::nodeI), nodeOf(i, element::nodeJ)))
+                pairs.push_back({i, j});
+    return pairs;
 }
 
 } // namespace veskora

@@ -1,9 +1,20 @@
 #pragma once
 /// @file
 /// Changes of the model: they write the tables, set `Allagi_Montelou` where they changed something,
-/// and give facts. They ask nothing and say nothing; rows and limits are for the caller to test.
+/// and give facts. They ask nothing and say nothing. Rows exist and limits are kept: the caller
+/// tests that.
+
+#include <optional>
+#include <vector>
 
 namespace veskora {
+
+/// Coordinates as the tables hold them.
+struct Place
+{
+    float x, y;
+    bool operator==(const Place &) const = default;
+};
 
 /// Adds a free node without loads and springs.
 /// @return its number
@@ -16,5 +27,38 @@ int addElement(int nodeI, int nodeJ, int group);
 /// Gives node @p n the next support of `restraintRing`.
 /// @return false, and no change, for a row whose restraints are not 0 and 1
 bool stepSupport(int n);
+
+/// Moves nodes @p first to @p last, all or none.
+/// @return 0, or else `node::x` or `node::y`: the coordinate that a Single would not hold
+int moveNodes(int first, int last, float dx, float dy);
+
+/// The middle between two nodes; none where a Single cannot hold it.
+std::optional<Place> middleOf(int a, int b);
+
+/// Leads the elements of node @p b to node @p a, and moves that to @p place where there is one. No
+/// element lies between the two; node @p b stays.
+void mergeNodes(int a, int b, std::optional<Place> place);
+
+/// Cuts element @p e into equal segments, at least two. It keeps end i, the new elements follow in
+/// order, and the hinge at j goes to the last of them.
+void divideElement(int e, int segments);
+
+/// @name Coincidences
+/// Each pair once, @p i before @p j.
+/// @{
+struct NodePair
+{
+    int i, j;
+    double distance;
+};
+struct ElementPair
+{
+    int i, j;
+};
+/// Nodes no farther apart than @p tolerance.
+std::vector<NodePair> coincidentNodes(double tolerance);
+/// Elements between the same two nodes.
+std::vector<ElementPair> coincidentElements();
+/// @}
 
 } // namespace veskora

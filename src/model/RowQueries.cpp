@@ -3,18 +3,26 @@
 #include "Metablites.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace veskora {
 
 namespace {
 
+/// The row that a cell names; of each element at every move of the mouse, so the rounding is cheap.
 int rowOf(float reference, int count)
 {
     // Not a number fails the test as well.
     return reference >= 1 && reference <= static_cast<float>(count)
-               ? static_cast<int>(std::nearbyint(reference))
+               ? static_cast<int>(reference + 0.5F)
                : 0;
+}
+
+int firstElement(auto holds)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if (holds(e))
+            return e;
+    return 0;
 }
 
 std::span<const float> restraints(int n)
@@ -34,23 +42,26 @@ int groupOf(int e)
     return rowOf(Stoixeia(e, element::group), Arithmos_Omadon);
 }
 
-bool touches(int e, int n)
-{
-    return nodeOf(e, element::nodeI) == n || nodeOf(e, element::nodeJ) == n;
-}
-
 bool joins(int e, int a, int b)
 {
     const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
     return (i == a && j == b) || (i == b && j == a);
 }
 
+int elementAt(int n)
+{
+    return firstElement(
+        [n](int e) { return nodeOf(e, element::nodeI) == n || nodeOf(e, element::nodeJ) == n; });
+}
+
 int elementBetween(int a, int b)
 {
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (joins(e, a, b))
-            return e;
-    return 0;
+    return firstElement([a, b](int e) { return joins(e, a, b); });
+}
+
+int elementOfGroup(int g)
+{
+    return firstElement([g](int e) { return groupOf(e) == g; });
 }
 
 bool areJoined(int a, int b)

@@ -21,13 +21,15 @@ namespace veskora {
 int nodeOf(int e, int end);
 /// The group of element @p e; 0 where the cell names none that exists.
 int groupOf(int e);
-/// Whether node @p n is an end of element @p e.
-bool touches(int e, int n);
+/// The first element that node @p n is an end of, 0 when there is none.
+int elementAt(int n);
 /// Whether element @p e lies between nodes @p a and @p b, in either direction.
 bool joins(int e, int a, int b);
 /// The first element between nodes @p a and @p b, 0 when there is none.
 int elementBetween(int a, int b);
 bool areJoined(int a, int b);
+/// The first element of group @p g, 0 when there is none.
+int elementOfGroup(int g);
 
 enum class ElementType { P2, hingeAtJ, hingeAtI, P1, none };
 

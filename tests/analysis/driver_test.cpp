@@ -206,7 +206,7 @@ TEST_F(Commands, UnconnectedNodesAreOfferedFromTheFirstOnAfterEachDeletion)
     buildModel(loose); // No looks no further
     desktop.events.clear();
     desktop.expectMessage(question(1), Icon::question, Answer::no);
-    Katastasi_Provolis = 1;
+    Katastasi_Provolis = view::M;
     Button_Epilisi();
     EXPECT_EQ(Arithmos_Kombon, 4);
     EXPECT_FALSE(Allagi_Montelou);

@@ -199,18 +199,18 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
     const std::array<float *, 5> scales = {nullptr, &Ena_cm_posa_KNm_M, &Ena_cm_posa_KN_Q,
                                            &Ena_cm_posa_KN_N, &Ena_cm_posa_m_epi_1000};
     for (const Case &c : {
-             Case{1, 10, 10, 8.33F, 12.5F},
-             {2, 10, 10, 8.33F, 12.5F},
-             {3, 10, 10, 8.33F, 12.5F},
-             {4, 10, 0.01, 8.33F, 12.5F},
-             {1, 0.8F, 1, 0.69F, 0.95F},
-             {1, 10, 0, 10, 10},
-             {1, 0, 0, 0, 0},
-             {1, 50, 10, 25, 50},       // no divisor
-             {1, 100, 10, 33.33F, 100}, // a negative scale
-             {1, 0.01F, 10, 0.01F, 0.01F},
-             {2, 2e7F, 4.1e6, 10123457, 2e7F}, // beyond what can be rounded
-             {0, 10, 10, 10, 10},
+             Case{view::M, 10, 10, 8.33F, 12.5F},
+             {view::Q, 10, 10, 8.33F, 12.5F},
+             {view::N, 10, 10, 8.33F, 12.5F},
+             {view::deformed, 10, 0.01, 8.33F, 12.5F},
+             {view::M, 0.8F, 1, 0.69F, 0.95F},
+             {view::M, 10, 0, 10, 10},
+             {view::M, 0, 0, 0, 0},
+             {view::M, 50, 10, 25, 50},       // no divisor
+             {view::M, 100, 10, 33.33F, 100}, // a negative scale
+             {view::M, 0.01F, 10, 0.01F, 0.01F},
+             {view::Q, 2e7F, 4.1e6, 10123457, 2e7F}, // beyond what can be rounded
+             {view::model, 10, 10, 10, 10},
          }) {
         Katastasi_Provolis = c.mode;
         Entasi_Topiki.clear();

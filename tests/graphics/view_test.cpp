@@ -252,11 +252,11 @@ TEST_F(View, EachPictureHasItsLayersInTheirOrder)
         std::int16_t mode;
         const char *layers, *shows;
     };
-    for (const Case &c : {Case{0, "9 10 3 4 2 1 ", "| 12 | 0.1 |"},
-                          {1, "9 10 5 2 ", "max.= 0|min.= -1.2|"},
-                          {2, "9 10 6 2 ", "max.= 0|min.= -1.23|"},
-                          {3, "9 10 7 2 ", "max.= 1.2346|min.= 0|"},
-                          {4, "9 10 2 1 8 2 ", "max.= 0.004|max.|x|= 0.004|"}}) {
+    for (const Case &c : {Case{view::model, "9 10 3 4 2 1 ", "| 12 | 0.1 |"},
+                          {view::M, "9 10 5 2 ", "max.= 0|min.= -1.2|"},
+                          {view::Q, "9 10 6 2 ", "max.= 0|min.= -1.23|"},
+                          {view::N, "9 10 7 2 ", "max.= 1.2346|min.= 0|"},
+                          {view::deformed, "9 10 2 1 8 2 ", "max.= 0.004|max.|x|= 0.004|"}}) {
         Katastasi_Provolis = c.mode;
         Ananeosi_Sxediou();
         EXPECT_EQ(layers(), c.layers) << c.mode;
@@ -264,7 +264,7 @@ TEST_F(View, EachPictureHasItsLayersInTheirOrder)
         EXPECT_EQ(kanvas.of(Primitive::Kind::circle).size(), 1U); // a hinge is the exact 1
     }
     nai_stoixeia = false; // labels without lines keep the elements' colour
-    Katastasi_Provolis = 0;
+    Katastasi_Provolis = view::model;
     Ananeosi_Sxediou();
     EXPECT_EQ(kanvas.of(Primitive::Kind::turnedText).at(0).pen.colour, 2);
     buildModel("N 0 0 xoo"); // a roller hides what is under it, whatever was drawn before

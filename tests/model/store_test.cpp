@@ -1,4 +1,3 @@
-#include "Diagrafes.h"
 #include "Fault.h"
 #include "Files.h"
 #include "Functions.h"
@@ -110,51 +109,6 @@ TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
     EXPECT_EQ(xroma_Q, 10499638);
     EXPECT_EQ(xroma_N, 2852397);
     EXPECT_EQ(xroma_kombon, 16711680);
-}
-
-TEST_F(Store, DeletingANodeMovesTheLaterOnesWithAllTheyHave)
-{
-    struct Case
-    {
-        int n;
-        const char *says;
-    };
-    for (const Case &c : {Case{1, "Node deleted: #1. Nodes renumbered: #2 to # 4."},
-                          {3, "Node deleted: #3. Nodes renumbered: #4."},
-                          {4, "Node deleted: #4."}}) {
-        buildModel(
-            "G 1 1 1; N 1 0 xoo 1; N 2 0 oxo 2; N 3 0 oox 3; N 4 0 xxx 4; S 4 7 8 9; S 1 1 2 3;"
-            "E 2 4 1; E 4 2 1");
-        Allagi_Montelou = false;
-        Diagrafi_Kombou(static_cast<std::int16_t>(c.n));
-        EXPECT_EQ(desktop.log.back(), (LogLine{c.says, 32768}));
-        EXPECT_EQ(Arithmos_Kombon, 3);
-        EXPECT_TRUE(Allagi_Montelou);
-        for (int n = 1; n <= 3; ++n)
-            EXPECT_EQ(Komboi(n, node::x), static_cast<float>(n < c.n ? n : n + 1));
-        EXPECT_EQ(Komboi(4, node::x), 0);
-        EXPECT_EQ(Elatiria(4, 3), 0);
-        EXPECT_EQ(Elatiria(3, 3), c.n < 4 ? 9 : 0);
-        EXPECT_EQ(Komboi(3, node::fixedRotation), 1);
-        EXPECT_EQ(Stoixeia(1, element::nodeI), c.n < 2 ? 1 : 2);
-        EXPECT_EQ(Stoixeia(1, element::nodeJ),
-                  c.n < 4 ? 3 : 4); // a reference to the row itself stays
-        EXPECT_EQ(Stoixeia(2, element::nodeI), c.n < 4 ? 3 : 4);
-    }
-}
-
-TEST_F(Store, DeletingAnElementMovesTheLaterOnes)
-{
-    buildModel("N 0 0; N 1 0; N 2 0; G 1 1 1; E 1 2 1 0 1 5 6; E 2 3 1 1 0 7 8; E 3 1 1 1 1 9 10");
-    Stoixeia(2, 8) = 4; // a column that nobody uses
-    Diagrafi_Stoixeiou(1);
-    EXPECT_EQ(Stoixeia(2, 8), 4);
-    EXPECT_EQ(desktop.log.back(),
-              (LogLine{"Element deleted: #1. Elements renumbered: #2 to # 3.", 32768}));
-    EXPECT_EQ(Stoixeia(1, element::wy), 8);
-    EXPECT_EQ(Stoixeia(2, element::hingeJ), 1);
-    EXPECT_EQ(Stoixeia(3, element::wy), 0);
-    EXPECT_EQ(Arithmos_Stoixeion, 2);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "Models.h"
 
 #include "Metablites.h"
+#include "ModelEdits.h"
 
 #include <algorithm>
 #include <numeric>
@@ -22,31 +23,22 @@ double Expectation::found() const
 
 int putNode(double x, double y, const std::string &code, double Fx, double Fy, double M)
 {
-    const int n = ++Arithmos_Kombon;
-    const std::array<double, 2> place = {x, y};
-    const std::array<double, 3> load = {Fx, Fy, M};
-    for (int k = 0; k < 3; ++k) {
-        const auto at = static_cast<std::size_t>(k);
-        if (k < 2)
-            Komboi(n, node::x + k) = static_cast<float>(place[at]);
-        Komboi(n, node::fixedX + k) = code.at(at) == 'x' ? 1.0F : 0.0F;
-        Komboi(n, node::Fx + k) = static_cast<float>(load[at]);
-    }
+    const int n = addNode(static_cast<float>(x), static_cast<float>(y));
+    for (std::size_t k = 0; k < 3; ++k)
+        Komboi(n, node::fixedX + static_cast<int>(k)) = code.at(k) == 'x' ? 1.0F : 0.0F;
+    Komboi(n, node::Fx) = static_cast<float>(Fx);
+    Komboi(n, node::Fy) = static_cast<float>(Fy);
+    Komboi(n, node::M) = static_cast<float>(M);
     return n;
 }
 
 int putElement(int i, int j, int group, int hingeI, int hingeJ, double wx, double wy)
 {
-    const int e = ++Arithmos_Stoixeion;
-    const std::array<double, 7> values = {static_cast<double>(i),
-                                          static_cast<double>(j),
-                                          static_cast<double>(group),
-                                          static_cast<double>(hingeI),
-                                          static_cast<double>(hingeJ),
-                                          wx,
-                                          wy};
-    for (int column = 1; column <= 7; ++column)
-        Stoixeia(e, column) = static_cast<float>(values[static_cast<std::size_t>(column - 1)]);
+    const int e = addElement(i, j, group);
+    Stoixeia(e, element::hingeI) = static_cast<float>(hingeI);
+    Stoixeia(e, element::hingeJ) = static_cast<float>(hingeJ);
+    Stoixeia(e, element::wx) = static_cast<float>(wx);
+    Stoixeia(e, element::wy) = static_cast<float>(wy);
     return e;
 }
 

@@ -171,10 +171,10 @@ TEST_F(CanvasTools, DragsThatDefineNothing)
     dragModel(0, 0, 0, 0); // back to itself
     EXPECT_EQ(Arithmos_Kombon, 2);
     EXPECT_EQ(Arithmos_Stoixeion, 1);
-    Katastasi_Provolis = 1; // over a diagram
+    Katastasi_Provolis = view::M; // over a diagram
     dragModel(5, 5, 8, 8);
     EXPECT_EQ(Arithmos_Kombon, 2);
-    Katastasi_Provolis = 0;
+    Katastasi_Provolis = view::model;
     nai_grid = false;
     Klimaka = 3e11F; // beyond what coordinates can be rounded to
     mouse(QEvent::MouseMove, Qt::NoButton, 9, 9);
@@ -338,7 +338,7 @@ TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
 {
     desktop.answerAnything = [] { return Answer::yes; };
     for (const int view : {0, 1}) {
-        Katastasi_Provolis = 0;
+        Katastasi_Provolis = view::model;
         buildModel("G 2e8 .01 1e-4; N 4 4; N 1 1 xxx; N 7 1; E 2 3 1");
         window->redraw();
         moveTo(7, 1);
@@ -349,7 +349,7 @@ TEST_F(CanvasTools, ADeletionMakesTheCanvasLookAgain)
         EXPECT_TRUE(view == 1 || find<QAction>("mnu1item")->data() == 2);
         find<QMenu>("mnuAorato")->close();
     }
-    Katastasi_Provolis = 0;
+    Katastasi_Provolis = view::model;
     moveTo(1, 1);
     QEvent away(QEvent::Leave); // to a dialog in which the node goes
     QCoreApplication::sendEvent(&canvas(), &away);
@@ -489,7 +489,7 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
             if (std::string(tool) == "Kannabos")
                 nai_grid = !nai_grid;
             else if (std::string(tool) == "M")
-                Katastasi_Provolis = 1;
+                Katastasi_Provolis = view::M;
             else
                 trigger(tool);
             break;

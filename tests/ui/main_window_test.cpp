@@ -196,7 +196,7 @@ TEST_F(MainWindow, NewGivesTheStartValuesAndForgetsTheZooms)
     start(path("m.vsk"));
     trigger("ZoomBestFit");
     trigger("Xeraki");
-    Katastasi_Provolis = 2;
+    Katastasi_Provolis = view::Q;
     desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
                               + "'?",
                           Icon::none, Answer::no);
@@ -205,7 +205,7 @@ TEST_F(MainWindow, NewGivesTheStartValuesAndForgetsTheZooms)
     EXPECT_EQ(Klimaka, 100);
     EXPECT_EQ(Thesi_Istorikou, 0);
     EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
-    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(Katastasi_Provolis, view::model);
     EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
     EXPECT_EQ(log().last(), " New file");
     EXPECT_TRUE(Allagi_Montelou);
@@ -490,10 +490,10 @@ TEST_F(MainWindow, TheLabelsPopUpFlipsItsSwitches)
     EXPECT_EQ(states(), "1111111111");
     trigger("mnuBasikes_item");
     EXPECT_EQ(states(), "1010011111");
-    Katastasi_Provolis = 3;
+    Katastasi_Provolis = view::N;
     trigger("mnuBasikes_item");
     EXPECT_EQ(states(), "0000000111");
-    Katastasi_Provolis = 4;
+    Katastasi_Provolis = view::deformed;
     trigger("mnuKamia_item");
     trigger("mnuBasikes_item");
     EXPECT_EQ(states(), "0000000000");
@@ -698,7 +698,7 @@ TEST_F(MainWindow, ACancelledOpenGoesBackToTheModelViewAndMarksItChanged)
     start(path("m.vsk"));
     EXPECT_EQ(Thesi_Istorikou, 0);
     Allagi_Montelou = false;
-    Katastasi_Provolis = 3;
+    Katastasi_Provolis = view::N;
     trigger("Zoom");
     xroma_background = 255; // a change of the file, and of the canvas only from here on
     desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
@@ -708,7 +708,7 @@ TEST_F(MainWindow, ACancelledOpenGoesBackToTheModelViewAndMarksItChanged)
     trigger("Open");
     EXPECT_EQ(Arithmos_Kombon, 2);
     EXPECT_TRUE(Allagi_Montelou);
-    EXPECT_EQ(Katastasi_Provolis, 0);
+    EXPECT_EQ(Katastasi_Provolis, view::model);
     EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
     EXPECT_EQ(canvas().kanvas().image().pixel(1, 1), 0xFFFF0000);
     trigger("Xeraki");

@@ -252,7 +252,7 @@ TEST_F(Results, TheWindowIsASnapshotThatTheButtonMakesAnewAndTheMainWindowTakesA
     EXPECT_TRUE(!part("TreeView1")->isVisible() && part("FLEXgrd3")->isVisible());
     EXPECT_EQ(part<GridView>("FLEXgrd3")->grid().rowCount(), 10);
     EXPECT_EQ(part<GridView>("FLEXgrd2")->grid().rowCount(), 1);
-    putNode(0, 0);
+    ++Arithmos_Kombon;
     EXPECT_EQ(part<GridView>("FLEXgrd1")->grid().rowCount(), 1);
     open();
     EXPECT_EQ(first, nullptr);

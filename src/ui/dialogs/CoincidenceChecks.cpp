@@ -4,11 +4,11 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ModelEdits.h"
 #include "NumberField.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 
-#include <algorithm>
-#include <cmath>
 #include <optional>
 
 namespace veskora {
@@ -24,6 +24,7 @@ void report(const std::string &text)
 /// None where the answer is refused.
 std::optional<double> askTolerance()
 {
+    // The texts have always called the standard 10E-5, and models have always been checked by 1E-5.
     constexpr double standard = 0.00001, largest = 0.001;
     std::string answer = desktop().askText(
         Metafrasi(81, "Give the value for tolerance (Max. distance for which two nodes are "
@@ -58,51 +59,39 @@ void findCoincidentNodes()
     if (!answer)
         return;
     const double tolerance = *answer;
-    int count = 0;
-    for (int i = 1; i <= Arithmos_Kombon; ++i)
-        for (int j = i + 1; j <= Arithmos_Kombon; ++j) {
-            const double dx = Komboi(i, node::x) - Komboi(j, node::x);
-            const double dy = Komboi(i, node::y) - Komboi(j, node::y);
-            const double distance = std::sqrt(dy * dy + dx * dx);
-            if (!(distance <= tolerance))
-                continue;
-            ++count;
-            desktop().message(
-                Metafrasi(86, "Nodes: #") + numberText(i) + " " + Metafrasi(87, "and #")
-                    + numberText(j) + " " + Metafrasi(88, "theoretically coincide.") + "\r\n\r\n"
-                    + Metafrasi(89, "Distance between them D=") + " " + numberText(distance),
-                Icon::none);
-        }
-    report(Metafrasi(90, "The search for coincident nodes is completed.") + " " + numberText(count)
-           + " " + Metafrasi(91, "incidences of coincident nodes were found. (Tolerance =") + " "
+    const auto pairs = coincidentNodes(tolerance);
+    for (const auto &[i, j, distance] : pairs)
+        desktop().message(Metafrasi(86, "Nodes: #") + numberText(i) + " " + Metafrasi(87, "and #")
+                              + numberText(j) + " " + Metafrasi(88, "theoretically coincide.")
+                              + "\r\n\r\n" + Metafrasi(89, "Distance between them D=") + " "
+                              + numberText(distance),
+                          Icon::none);
+    report(Metafrasi(90, "The search for coincident nodes is completed.") + " "
+           + numberText(static_cast<int>(pairs.size())) + " "
+           + Metafrasi(91, "incidences of coincident nodes were found. (Tolerance =") + " "
            + numberText(tolerance) + ").");
 }
 
 void findCoincidentElements()
 {
-    int count = 0;
-    for (int i = 1; i <= Arithmos_Stoixeion; ++i)
-        for (int j = i + 1; j <= Arithmos_Stoixeion; ++j) {
-            const float a = Stoixeia(i, element::nodeI), b = Stoixeia(i, element::nodeJ);
-            const float c = Stoixeia(j, element::nodeI), d = Stoixeia(j, element::nodeJ);
-            if (!((a == c && b == d) || (a == d && b == c)))
-                continue;
-            ++count;
-            const std::string text = Metafrasi(92, "The elements #") + numberText(i) + " "
-                                     + Metafrasi(87, "and #") + numberText(j) + " "
-                                     + Metafrasi(93, "between nodes #") + numberText(a) + " "
-                                     + Metafrasi(87, "and #") + numberText(b) + " "
-                                     + Metafrasi(94, "coincide. One of them must be deleted.");
-            Grammi_Log(text, logColour::red);
-            if (desktop().message(text + "\r\n"
-                                      + Metafrasi(113, "Shall the search for coincident elements "
-                                                       "continue?"),
-                                  Icon::information, Buttons::yesNo)
-                != Answer::yes)
-                return;
-        }
+    const auto pairs = coincidentElements();
+    for (const auto &[i, j] : pairs) {
+        const std::string text = Metafrasi(92, "The elements #") + numberText(i) + " "
+                                 + Metafrasi(87, "and #") + numberText(j) + " "
+                                 + Metafrasi(93, "between nodes #")
+                                 + numberText(nodeOf(i, element::nodeI)) + " "
+                                 + Metafrasi(87, "and #") + numberText(nodeOf(i, element::nodeJ))
+                                 + " " + Metafrasi(94, "coincide. One of them must be deleted.");
+        Grammi_Log(text, logColour::red);
+        if (desktop().message(text + "\r\n"
+                                  + Metafrasi(113, "Shall the search for coincident elements "
+                                                   "continue?"),
+                              Icon::information, Buttons::yesNo)
+            != Answer::yes)
+            return;
+    }
     report(Metafrasi(114, "The search for coincident elements is completed.") + " "
-           + numberText(count) + " "
+           + numberText(static_cast<int>(pairs.size())) + " "
            + Metafrasi(131, "incidences of coincident elements were found."));
 }
 

@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -14,15 +15,6 @@
 #include <array>
 
 namespace veskora {
-
-namespace {
-
-bool isLoaded(std::span<const float> values)
-{
-    return std::ranges::any_of(values, [](float value) { return value != 0; });
-}
-
-} // namespace
 
 void LoadDialog::equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, Texts texts)
 {
@@ -71,8 +63,8 @@ void LoadDialog::fillLists()
 
 void LoadDialog::showLoaded()
 {
-    for (std::size_t i = 0; QLineEdit * field : fields_)
-        showNonZero(field, loads(loaded())[i++]);
+    for (qsizetype i = 0; i < fields_.size(); ++i)
+        showNonZero(fields_[i], loads(loaded())[static_cast<std::size_t>(i)]);
     const QSignalBlocker silent(loadedRows_);
     const auto items = loadedRows_->findItems(QString::number(loaded()), Qt::MatchExactly);
     loadedRows_->setCurrentItem(items.value(0));
@@ -116,8 +108,8 @@ void LoadDialog::apply()
         }
     const std::span<float> values = loads(loaded());
     const bool wasLoaded = isLoaded(values);
-    for (std::size_t i = 0; const QLineEdit *field : fields_)
-        values[i++] = typedSingle(field).value();
+    for (qsizetype i = 0; i < fields_.size(); ++i)
+        values[static_cast<std::size_t>(i)] = typedSingle(fields_[i]).value();
     const std::string number = numberText(loaded());
     if (isLoaded(values))
         Grammi_Log((wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values),
@@ -144,7 +136,7 @@ void LoadDialog::finish()
     listLoadedRows();
     showRow(loaded());
     modelChanged();
-    lead(numbers());
+    focusAndSelect(numbers());
 }
 
 } // namespace veskora

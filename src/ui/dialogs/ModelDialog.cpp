@@ -84,7 +84,7 @@ void ModelDialog::pressEnter(QWidget *field, QWidget *next)
     if (!takeEntered(field))
         return;
     if (next != nullptr)
-        lead(next);
+        focusAndSelect(next);
     else
         pressApply();
 }
@@ -111,7 +111,7 @@ bool ModelDialog::takeEntered(QWidget *)
 bool ModelDialog::refuse(const std::string &text, QWidget *field)
 {
     showRefusal(text);
-    lead(field);
+    focusAndSelect(field);
     return false;
 }
 
@@ -120,7 +120,7 @@ bool ModelDialog::refuseOverflow(QWidget *field)
     return refuse(Metafrasi(96, "The number given is too large."), field);
 }
 
-void ModelDialog::lead(QWidget *field)
+void ModelDialog::focusAndSelect(QWidget *field)
 {
     field->setFocus();
     if (auto *text = qobject_cast<QLineEdit *>(field))
@@ -129,8 +129,8 @@ void ModelDialog::lead(QWidget *field)
         list->lineEdit()->selectAll();
 }
 
-std::optional<int> ModelDialog::chosenRow(NumberList *list,
-                                          std::string (*noSuch)(const NumberList *list))
+std::optional<int> ModelDialog::rowOrRefuse(NumberList *list,
+                                            std::string (*noSuch)(const NumberList *list))
 {
     const std::optional<int> row = list->row();
     if (!row)

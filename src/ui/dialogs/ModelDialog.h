@@ -53,11 +53,12 @@ protected:
     static bool refuseOverflow(QWidget *field);
 
     /// Gives @p field the focus with its whole text selected.
-    static void lead(QWidget *field);
+    static void focusAndSelect(QWidget *field);
 
-    /// The row chosen in @p list; what is no row is refused with the text that @p noSuch makes.
-    static std::optional<int> chosenRow(NumberList *list,
-                                        std::string (*noSuch)(const NumberList *list));
+    /// The row chosen in @p list; what is no row is refused with the text that @p noSuch makes, and
+    /// the list gets the focus.
+    static std::optional<int> rowOrRefuse(NumberList *list,
+                                          std::string (*noSuch)(const NumberList *list));
 
     /// To be called when rows have changed: the results are old now, and the picture is repainted.
     static void modelChanged();

@@ -14,7 +14,7 @@ void NumberedDialog::openRow(int row)
 {
     fillLists();
     showRow(row);
-    lead(firstField());
+    focusAndSelect(firstField());
     exec();
 }
 
@@ -50,7 +50,7 @@ bool NumberedDialog::isReady(bool deletes)
         return false;
     if (loaded_ == before || (deletes && loaded_ == 0)) // which Delete refuses
         return true;
-    lead(firstField());
+    focusAndSelect(firstField());
     return false;
 }
 

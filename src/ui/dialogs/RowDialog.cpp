@@ -32,7 +32,7 @@ void RowDialog::equipRows(const std::string &isNew, const std::string &existing)
     });
     connect(findChild<QPushButton *>("SSCommand1"), &QPushButton::clicked, this, [this] {
         showNew();
-        lead(firstField());
+        focusAndSelect(firstField());
     });
     equip();
 }
@@ -41,7 +41,7 @@ void RowDialog::openNew()
 {
     fillLists();
     showNew();
-    lead(firstField());
+    focusAndSelect(firstField());
     exec();
 }
 
@@ -87,7 +87,7 @@ void RowDialog::apply()
         showNew();
     else
         showRow(row + 1);
-    lead(firstField());
+    focusAndSelect(firstField());
 }
 
 void RowDialog::remove()
@@ -102,7 +102,7 @@ void RowDialog::remove()
     modelChanged();
     fillLists();
     showNew();
-    lead(firstField());
+    focusAndSelect(firstField());
 }
 
 } // namespace veskora

@@ -27,7 +27,6 @@ signals:
 private:
     void apply() override;
     void fillLists();
-    static void divide(int e, int segments);
 
     const std::unique_ptr<Ui::frmDiairesi> ui_;
 };

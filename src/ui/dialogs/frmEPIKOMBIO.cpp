@@ -3,6 +3,7 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmEPIKOMBIO.h"
 
 namespace veskora {
@@ -35,7 +36,7 @@ int frmEPIKOMBIO::rowCount() const
 
 std::span<float> frmEPIKOMBIO::loads(int n) const
 {
-    return Komboi.row(n).subspan(node::Fx - 1, 3);
+    return nodalLoads(n);
 }
 
 } // namespace veskora

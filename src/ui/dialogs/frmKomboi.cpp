@@ -29,9 +29,9 @@ std::string springsText(int n)
 {
     static constexpr std::array<const char *, 3> names = {", Kx= ", ", Ky= ", ", Kz= "};
     std::string text;
-    for (int direction = 1; const char *name : names)
-        if (const float constant = Elatiria(n, direction++); constant > 0)
-            text += name + numberText(constant);
+    for (int k = 1; k <= 3; ++k)
+        if (hasSpring(n, k))
+            text += names.at(static_cast<std::size_t>(k - 1)) + numberText(Elatiria(n, k));
     return text;
 }
 
@@ -100,8 +100,8 @@ void frmKomboi::loadFields(int n)
 {
     ui_->Text2->setText(qtText(numberText(Komboi(n, node::x))));
     ui_->Text3->setText(qtText(numberText(Komboi(n, node::y))));
-    for (int direction = 1; QLineEdit * spring : springs_)
-        showNonZero(spring, std::max(0.0F, Elatiria(n, direction++)));
+    for (int k = 1; k <= 3; ++k)
+        showNonZero(springs_.at(static_cast<std::size_t>(k - 1)), std::max(0.0F, Elatiria(n, k)));
     setSupport(restraintCode(n));
 }
 
@@ -166,10 +166,11 @@ void frmKomboi::store(int n, bool isNew)
 {
     Komboi(n, node::x) = typedSingle(ui_->Text2).value();
     Komboi(n, node::y) = typedSingle(ui_->Text3).value();
-    for (int direction = 1; const QLineEdit *spring : springs_)
-        Elatiria(n, direction++) = typedSingle(spring).value();
-    for (int column = node::fixedX; const QCheckBox *check : checks_)
-        Komboi(n, column++) = check->isChecked() ? 1 : 0;
+    for (int k = 0; k < 3; ++k) {
+        const auto at = static_cast<std::size_t>(k);
+        Elatiria(n, k + 1) = typedSingle(springs_[at]).value();
+        Komboi(n, node::fixedX + k) = checks_[at]->isChecked() ? 1 : 0;
+    }
     if (isNew)
         ++Arithmos_Kombon;
 
@@ -189,13 +190,7 @@ std::string frmKomboi::nothingToDelete(const std::string &number) const
 
 bool frmKomboi::deleteRow(int n)
 {
-    const auto attached = [n] {
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-            if (touches(e, n))
-                return e;
-        return 0;
-    };
-    if (attached() != 0) {
+    if (elementAt(n) != 0) {
         const std::string text =
             Metafrasi(624, "There are elements connected to the node, that must also be deleted.");
         Grammi_Log(text, logColour::red);
@@ -205,7 +200,7 @@ bool frmKomboi::deleteRow(int n)
             != Answer::ok)
             return false;
     }
-    for (int e = attached(); e != 0; e = attached())
+    while (const int e = elementAt(n))
         Diagrafi_Stoixeiou(static_cast<std::int16_t>(e));
     Diagrafi_Kombou(static_cast<std::int16_t>(n));
     return true;

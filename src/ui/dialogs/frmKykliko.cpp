@@ -6,19 +6,17 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmKykliko.h"
 #include "Units.h"
 
 #include <QIcon>
 
-#include <algorithm>
-#include <cmath>
+#include <numbers>
 
 namespace veskora {
 
 namespace {
-
-const double pi = 4 * std::atan(1.0);
 
 QString shownText(double value)
 {
@@ -95,49 +93,29 @@ void frmKykliko::showHelp(bool shown)
     FormArea::fitToScreen(this);
 }
 
-frmKykliko::Arc frmKykliko::arc() const
+Arc frmKykliko::arc() const
 {
-    Arc arc{};
-    arc.x = typedNumber(ui_->Text1);
-    arc.y = typedNumber(ui_->Text2);
-    const double dx1 = typedNumber(ui_->Text3) - arc.x, dy1 = typedNumber(ui_->Text4) - arc.y;
-    arc.R = std::sqrt(dx1 * dx1 + dy1 * dy1);
-    arc.start = Gonia_Dianysmatos(dx1, dy1);
-    double end =
-        Gonia_Dianysmatos(typedNumber(ui_->Text5) - arc.x, typedNumber(ui_->Text6) - arc.y);
-    if (arc.start > end)
-        end += 2 * pi;
-    arc.theta = end - arc.start;
-    // Two directions typed as one may differ in the last digit of their angles.
-    constexpr double least = 1e-9;
-    arc.isCircle = arc.theta < least || arc.theta > 2 * pi - least;
-    if (arc.isCircle)
-        arc.theta = 2 * pi;
-    return arc;
+    return arcAround(typedNumber(ui_->Text1), typedNumber(ui_->Text2), typedNumber(ui_->Text3),
+                     typedNumber(ui_->Text4), typedNumber(ui_->Text5), typedNumber(ui_->Text6));
 }
 
 void frmKykliko::Ipologismos_Gonias()
 {
     const Arc arc = this->arc();
     ui_->LabelR->setText(shownText(arc.R));
-    ui_->LabelTheta->setText(shownText(arc.theta * 180 / pi));
+    ui_->LabelTheta->setText(shownText(arc.theta * 180 / std::numbers::pi));
 }
 
 void frmKykliko::apply()
 {
-    const auto group = chosenRow(ui_->Combo1, noSuchGroup);
+    const auto group = rowOrRefuse(ui_->Combo1, noSuchGroup);
     if (!group)
         return;
-    const auto refuseNumber = [this] {
-        refuse(Metafrasi(713, "The value given for the number of elements is unacceptable."),
-               ui_->Text7);
-    };
-    const auto refuseRadius = [this] {
-        refuse(Metafrasi(714, "The radius of the specified arc is zero."), ui_->Text3);
-    };
     const double number = typedNumber(ui_->Text7);
-    if (!isRowNumber(number))
-        return refuseNumber();
+    if (!isRowNumber(number)) {
+        refuseArc(ArcRefusal::badNumber, number);
+        return;
+    }
     for (QLineEdit *field :
          {ui_->Text1, ui_->Text2, ui_->Text3, ui_->Text4, ui_->Text5, ui_->Text6})
         if (!typedSingle(field)) {
@@ -145,87 +123,68 @@ void frmKykliko::apply()
             return;
         }
     const Arc arc = this->arc();
-    if (arc.R == 0)
-        return refuseRadius();
-    if (arc.isCircle && number == 1) // it would join a node to itself
-        return refuseNumber();
-    if (const double nodes = Arithmos_Kombon + number + (arc.isCircle ? 0 : 1); nodes > maxNodes) {
-        refuse(Metafrasi(715, "The maximum number of nodes that can be defined is") + " "
-                   + numberText(maxNodes) + ". " + Metafrasi(716, "This action whould require")
-                   + " " + numberText(nodes) + " " + Metafrasi(717, "nodes."),
-               ui_->Text7);
-        return;
-    }
-    if (const double elements = Arithmos_Stoixeion + number; elements > maxElements) {
-        refuse(Metafrasi(718, "The maximum number of elements that can be defined is") + " "
-                   + numberText(maxElements) + ". " + Metafrasi(719, "This action whould require")
-                   + " " + numberText(elements) + " " + Metafrasi(720, "elements."),
-               ui_->Text7);
-        return;
-    }
-    const auto places = frmKykliko::places(arc, static_cast<int>(number));
-    if (!places) {
-        refuseOverflow(ui_->Text3);
-        return;
-    }
-    const auto next = [&](std::size_t i) { return places->at((i + 1) % places->size()); };
-    for (std::size_t i = 0; i < static_cast<std::size_t>(number); ++i)
-        if (places->at(i) == next(i)) // an element without length
-            return refuseRadius();
+    const auto [refusal, places] = arcNodes(arc, number);
+    if (refusal != ArcRefusal::none)
+        return refuseArc(refusal, number);
     if (arc.isCircle
         && desktop().message(Metafrasi(721, "Do you want to create a whole circle?"),
                              Icon::question, Buttons::okCancel)
                != Answer::ok)
         return;
-    store(*places, arc.isCircle, *group);
+    const int nodes = Arithmos_Kombon, elements = Arithmos_Stoixeion;
+    addArc(places, arc.isCircle, *group);
+    logNew(nodes, elements);
     modelChanged();
     accept();
 }
 
-std::optional<std::vector<std::pair<float, float>>> frmKykliko::places(const Arc &arc, int segments)
+void frmKykliko::refuseArc(ArcRefusal refusal, double elements)
 {
-    std::vector<std::pair<float, float>> places;
-    const double step = arc.theta / segments;
-    for (int i = 0; i < segments + (arc.isCircle ? 0 : 1); ++i) {
-        const double angle = arc.start + i * step;
-        const auto x = toSingle(arc.x + arc.R * std::cos(angle));
-        const auto y = toSingle(arc.y + arc.R * std::sin(angle));
-        if (!x || !y)
-            return std::nullopt;
-        places.emplace_back(*x, *y);
+    switch (refusal) {
+    case ArcRefusal::none:
+        break;
+    case ArcRefusal::noLength:
+        refuse(Metafrasi(714, "The radius of the specified arc is zero."), ui_->Text3);
+        break;
+    case ArcRefusal::badNumber:
+        refuse(Metafrasi(713, "The value given for the number of elements is unacceptable."),
+               ui_->Text7);
+        break;
+    case ArcRefusal::nodeLimit:
+        refuse(Metafrasi(715, "The maximum number of nodes that can be defined is") + " "
+                   + numberText(maxNodes) + ". " + Metafrasi(716, "This action whould require")
+                   + " " + numberText(nodesWithArc(arc(), elements)) + " "
+                   + Metafrasi(717, "nodes."),
+               ui_->Text7);
+        break;
+    case ArcRefusal::elementLimit:
+        refuse(Metafrasi(718, "The maximum number of elements that can be defined is") + " "
+                   + numberText(maxElements) + ". " + Metafrasi(719, "This action whould require")
+                   + " " + numberText(Arithmos_Stoixeion + elements) + " "
+                   + Metafrasi(720, "elements."),
+               ui_->Text7);
+        break;
+    case ArcRefusal::overflow:
+        refuseOverflow(ui_->Text3);
+        break;
     }
-    return places;
 }
 
-void frmKykliko::store(const std::vector<std::pair<float, float>> &places, bool isCircle, int group)
+/// Logs the rows behind the first @p nodes and @p elements.
+void frmKykliko::logNew(int nodes, int elements)
 {
-    const int nodes = Arithmos_Kombon, elements = Arithmos_Stoixeion;
-    const int newNodes = static_cast<int>(places.size());
-    const int newElements = isCircle ? newNodes : newNodes - 1;
-    Arithmos_Kombon = static_cast<std::int16_t>(nodes + newNodes);
-    Arithmos_Stoixeion = static_cast<std::int16_t>(elements + newElements);
-    for (int i = 1; i <= newElements; ++i) {
-        const int e = elements + i;
-        const int nodeI = nodes + i, nodeJ = nodes + i % newNodes + 1;
-        std::ranges::fill(Stoixeia.row(e).first(element::used), 0.0F);
-        Stoixeia(e, element::nodeI) = static_cast<float>(nodeI);
-        Stoixeia(e, element::nodeJ) = static_cast<float>(nodeJ);
-        Stoixeia(e, element::group) = static_cast<float>(group);
-        Grammi_Log(
-            Metafrasi(722, "New element #") + numberText(e) + ", " + Metafrasi(723, "Node i: #")
-                + numberText(nodeI) + ", " + Metafrasi(724, "Node j: #") + numberText(nodeJ) + ", "
-                + Metafrasi(725, "Group: #") + numberText(group) + ", " + Metafrasi(726, "P2 Type"),
-            logColour::navy);
-    }
-    for (int n = nodes + 1; const auto &[x, y] : places) {
-        std::ranges::fill(Komboi.row(n), 0.0F);
-        std::ranges::fill(Elatiria.row(n), 0.0F);
-        Komboi(n, node::x) = x;
-        Komboi(n, node::y) = y;
-        Grammi_Log(Metafrasi(727, "New node #") + numberText(n++) + ", x=" + numberText(x)
-                       + ", y=" + numberText(y) + ", " + Metafrasi(728, "Free"),
+    for (int e = elements + 1; e <= Arithmos_Stoixeion; ++e)
+        Grammi_Log(Metafrasi(722, "New element #") + numberText(e) + ", "
+                       + Metafrasi(723, "Node i: #") + numberText(nodeOf(e, element::nodeI)) + ", "
+                       + Metafrasi(724, "Node j: #") + numberText(nodeOf(e, element::nodeJ)) + ", "
+                       + Metafrasi(725, "Group: #") + numberText(groupOf(e)) + ", "
+                       + Metafrasi(726, "P2 Type"),
                    logColour::navy);
-    }
+    for (int n = nodes + 1; n <= Arithmos_Kombon; ++n)
+        Grammi_Log(Metafrasi(727, "New node #") + numberText(n)
+                       + ", x=" + numberText(Komboi(n, node::x))
+                       + ", y=" + numberText(Komboi(n, node::y)) + ", " + Metafrasi(728, "Free"),
+                   logColour::navy);
 }
 
 } // namespace veskora

@@ -1,10 +1,9 @@
 #pragma once
 
+#include "ArcEdit.h"
 #include "ModelDialog.h"
 
 #include <memory>
-#include <utility>
-#include <vector>
 
 QT_BEGIN_NAMESPACE
 namespace Ui {
@@ -29,21 +28,12 @@ public:
 private:
     void apply() override;
     /// What the six coordinate fields say.
-    struct Arc
-    {
-        double x, y;   ///< the centre k
-        double R;      ///< distance of point 1 from k
-        double start;  ///< direction angle of point 1 from k, radians
-        double theta;  ///< radians, up to 2 pi
-        bool isCircle; ///< points 1 and 2 in one direction: the whole circle
-    };
     Arc arc() const;
     /// Shows radius and angle as they come from the fields.
     void Ipologismos_Gonias();
     void showHelp(bool shown);
-    /// The places of the new nodes; none where a Single cannot hold one.
-    static std::optional<std::vector<std::pair<float, float>>> places(const Arc &arc, int segments);
-    static void store(const std::vector<std::pair<float, float>> &places, bool isCircle, int group);
+    void refuseArc(ArcRefusal refusal, double elements);
+    static void logNew(int nodes, int elements);
 
     const std::unique_ptr<Ui::frmKykliko> ui_;
     QString helpCaption_;

@@ -3,10 +3,9 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ModelEdits.h"
 #include "QtDesktop.h"
 #include "ui_frmMETAKINISI.h"
-
-#include <cmath>
 
 namespace veskora {
 
@@ -24,15 +23,15 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1, ui_->Text2});
-    lead(ui_->Combo1);
+    focusAndSelect(ui_->Combo1);
 }
 
 frmMETAKINISI::~frmMETAKINISI() = default;
 
 void frmMETAKINISI::apply()
 {
-    const auto first = chosenRow(ui_->Combo1, noSuchNode);
-    const auto last = first ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
+    const auto first = rowOrRefuse(ui_->Combo1, noSuchNode);
+    const auto last = first ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!last)
         return;
     const auto dx = typedSingle(ui_->Text1);
@@ -43,16 +42,9 @@ void frmMETAKINISI::apply()
     }
     if (*dx == 0 && *dy == 0)
         return;
-    for (int n = *first; n <= *last; ++n) {
-        const bool xFits = std::isfinite(Komboi(n, node::x) + *dx);
-        if (!xFits || !std::isfinite(Komboi(n, node::y) + *dy)) {
-            refuseOverflow(xFits ? ui_->Text2 : ui_->Text1);
-            return;
-        }
-    }
-    for (int n = *first; n <= *last; ++n) {
-        Komboi(n, node::x) += *dx;
-        Komboi(n, node::y) += *dy;
+    if (const int tooLarge = moveNodes(*first, *last, *dx, *dy)) {
+        refuseOverflow(tooLarge == node::x ? ui_->Text1 : ui_->Text2);
+        return;
     }
     modelChanged();
     Grammi_Log(Metafrasi(805, "Moved nodes: #") + numberText(*first) + " " + Metafrasi(806, "to #")

@@ -3,6 +3,7 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmOMOIOMORFO.h"
 
 namespace veskora {
@@ -44,7 +45,7 @@ int frmOMOIOMORFO::rowCount() const
 
 std::span<float> frmOMOIOMORFO::loads(int e) const
 {
-    return Stoixeia.row(e).subspan(element::wx - 1, 2);
+    return elementalLoads(e);
 }
 
 } // namespace veskora

@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmOmades.h"
 
 #include <cmath>
@@ -55,8 +56,9 @@ void frmOmades::clearFields()
 
 void frmOmades::loadFields(int g)
 {
-    for (int column = group::E; QLineEdit * field : {ui_->Text1, ui_->Text2, ui_->Text3})
-        field->setText(qtText(numberText(Omades(g, column++))));
+    ui_->Text1->setText(qtText(numberText(Omades(g, group::E))));
+    ui_->Text2->setText(qtText(numberText(Omades(g, group::A))));
+    ui_->Text3->setText(qtText(numberText(Omades(g, group::I))));
 }
 
 bool frmOmades::elegxos_omadon()
@@ -84,8 +86,9 @@ bool frmOmades::elegxos_omadon()
 
 void frmOmades::store(int g, bool isNew)
 {
-    for (int column = group::E; const QLineEdit *field : {ui_->Text1, ui_->Text2, ui_->Text3})
-        Omades(g, column++) = typedNumber(field);
+    Omades(g, group::E) = typedNumber(ui_->Text1);
+    Omades(g, group::A) = typedNumber(ui_->Text2);
+    Omades(g, group::I) = typedNumber(ui_->Text3);
     if (isNew)
         ++Arithmos_Omadon;
     Grammi_Log((isNew ? Metafrasi(916, "New group #") : Metafrasi(922, "* Group #")) + numberText(g)
@@ -101,23 +104,13 @@ std::string frmOmades::nothingToDelete(const std::string &number) const
 
 bool frmOmades::deleteRow(int g)
 {
-    const auto row = static_cast<float>(g);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (Stoixeia(e, element::group) == row)
-            // The caption serves here as well: "Group #".
-            return refuse(Metafrasi(902, "Group") + " # " + numberText(g) + " "
-                              + Metafrasi(912, "cannot be deleted since there are elements "
-                                               "belonging to it."),
-                          numbers());
-    Omades.removeRow(g, Arithmos_Omadon);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (Stoixeia(e, element::group) > row)
-            Stoixeia(e, element::group) -= 1;
-    Grammi_Log(deletionText({Metafrasi(913, "Group deleted: #"),
-                             Metafrasi(914, "Groups renumbered: #"), Metafrasi(915, "to #")},
-                            g, Arithmos_Omadon),
-               logColour::green);
-    --Arithmos_Omadon;
+    if (elementOfGroup(g) != 0)
+        // The caption serves here as well: "Group #".
+        return refuse(Metafrasi(902, "Group") + " # " + numberText(g) + " "
+                          + Metafrasi(912, "cannot be deleted since there are elements belonging "
+                                           "to it."),
+                      numbers());
+    deleteGroup(g);
     return true;
 }
 

@@ -5,11 +5,10 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ModelEdits.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
 #include "ui_frmSigxonefsi.h"
-
-#include <cmath>
 
 namespace veskora {
 
@@ -26,7 +25,7 @@ frmSigxonefsi::frmSigxonefsi(QWidget *parent)
     fillLists();
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
-    lead(ui_->Combo1);
+    focusAndSelect(ui_->Combo1);
 }
 
 frmSigxonefsi::~frmSigxonefsi() = default;
@@ -41,14 +40,13 @@ void frmSigxonefsi::fillLists()
 
 void frmSigxonefsi::apply()
 {
-    const auto a = chosenRow(ui_->Combo1, noSuchNode);
-    const auto b = a ? chosenRow(ui_->Combo2, noSuchNode) : std::nullopt;
+    const auto a = rowOrRefuse(ui_->Combo1, noSuchNode);
+    const auto b = a ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!b || *a == *b)
         return;
-    const float x = (Komboi(*a, node::x) + Komboi(*b, node::x)) * 0.5F;
-    const float y = (Komboi(*a, node::y) + Komboi(*b, node::y)) * 0.5F;
     const bool isMoved = ui_->Check2->isChecked();
-    if (isMoved && !(std::isfinite(x) && std::isfinite(y))) {
+    const std::optional<Place> middle = isMoved ? middleOf(*a, *b) : std::nullopt;
+    if (isMoved && !middle) {
         refuseOverflow(ui_->Combo1);
         return;
     }
@@ -58,16 +56,11 @@ void frmSigxonefsi::apply()
             modelChanged();
         return;
     }
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        for (const int end : {element::nodeI, element::nodeJ})
-            if (Stoixeia(e, end) == static_cast<float>(*b))
-                Stoixeia(e, end) = static_cast<float>(*a);
+    mergeNodes(*a, *b, middle);
     Grammi_Log(Metafrasi(1308, "Node #") + " " + numberText(*b) + " "
                    + Metafrasi(1309, "merged in node #") + numberText(*a) + ".",
                logColour::navy);
     if (isMoved) {
-        Komboi(*a, node::x) = x;
-        Komboi(*a, node::y) = y;
         // The B is the Greek capital, as it has always been in this line.
         Grammi_Log(Metafrasi(1310, "Node #") + " " + numberText(*a) + " "
                        + Metafrasi(1311, "moved to the middle of segment A\u0392."),
@@ -83,11 +76,7 @@ void frmSigxonefsi::apply()
 /// @return false as soon as the user wants to keep one
 bool frmSigxonefsi::deleteElementsBetween(int a, int b)
 {
-    for (int e = 1; e <= Arithmos_Stoixeion;) {
-        if (!joins(e, a, b)) {
-            ++e;
-            continue;
-        }
+    while (const int e = elementBetween(a, b)) {
         const std::string text =
             Metafrasi(1306, "Between nodes to be merged there is element #") + numberText(e) + ".";
         Grammi_Log(text, logColour::red);
@@ -97,7 +86,7 @@ bool frmSigxonefsi::deleteElementsBetween(int a, int b)
                               Icon::question, Buttons::okCancel)
             != Answer::ok)
             return false;
-        Diagrafi_Stoixeiou(static_cast<std::int16_t>(e)); // the next one has this number now
+        Diagrafi_Stoixeiou(static_cast<std::int16_t>(e));
     }
     return true;
 }

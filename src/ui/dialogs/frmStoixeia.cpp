@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 #include "ui_frmStoixeia.h"
 
 #include <cmath>
@@ -127,12 +128,9 @@ void frmStoixeia::clearFields()
 
 void frmStoixeia::loadFields(int e)
 {
-    const auto show = [e](NumberList *list, int column) {
-        list->showNumber(static_cast<int>(std::lround(Stoixeia(e, column))));
-    };
-    show(ui_->Combo2, element::group);
-    show(ui_->Combo3, element::nodeI);
-    show(ui_->Combo4, element::nodeJ);
+    ui_->Combo2->showNumber(groupOf(e));
+    ui_->Combo3->showNumber(nodeOf(e, element::nodeI));
+    ui_->Combo4->showNumber(nodeOf(e, element::nodeJ));
     ui_->ssCheck3->setChecked(Stoixeia(e, element::hingeI) == 1);
     ui_->ssCheck6->setChecked(Stoixeia(e, element::hingeJ) == 1);
     showGroup();

@@ -1,6 +1,7 @@
 #include "ResultGrid.h"
 
 #include "Functions.h"
+#include "Functions_Bres_Megista.h"
 #include "ImageKanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -138,7 +139,7 @@ void fillData(ResultGrid &grid)
         grid.setText(row, 2, number(Komboi(n, node::y)));
         grid.setText(row, 3, restraintText(n));
         for (int k = 1; k <= 3; ++k)
-            if (Elatiria(n, k) > 0)
+            if (hasSpring(n, k))
                 grid.setText(row, 3 + k, number(Elatiria(n, k)));
     }
     grid.addRow();
@@ -166,27 +167,26 @@ void fillData(ResultGrid &grid)
     grid.addHeader({Metafrasi(339, "Nodal L."), Metafrasi(340, "Node"), "Fx", "Fy", "M"});
     for (int n = 1, count = 0; n <= Arithmos_Kombon; ++n)
         if (isLoadedNode(n))
-            addLoad(++count, n, Komboi.row(n).subspan(node::Fx - 1, 3));
+            addLoad(++count, n, nodalLoads(n));
     grid.addRow();
 
     grid.addHeader({Metafrasi(341, "Elem. L."), Metafrasi(342, "Element"), "Fx", "Fy"});
     for (int e = 1, count = 0; e <= Arithmos_Stoixeion; ++e)
         if (isLoadedElement(e))
-            addLoad(++count, e, Stoixeia.row(e).subspan(element::wx - 1, 2));
+            addLoad(++count, e, elementalLoads(e));
     grid.addRow();
 }
 
 void fillDisplacements(ResultGrid &grid)
 {
-    // Places in `Akrotata` of the extremes of x, y and rotation.
-    constexpr std::array<int, 3> maxima = {2, 5, 9};
-    constexpr std::array<int, 3> minima = {3, 6, 10};
+    constexpr std::array maxima = {extreme::maxUx, extreme::maxUy, extreme::maxRotation};
+    constexpr std::array minima = {extreme::minUx, extreme::minUy, extreme::minRotation};
     const RegionalNumbers number;
     const auto colour = [&](int n, int k, double value) {
         const auto component = static_cast<std::size_t>(k - 1);
         const bool isMaximum = value == Akrotata(maxima.at(component));
         const bool isMinimum = value == Akrotata(minima.at(component));
-        if (Elatiria(n, k) > 0)
+        if (hasSpring(n, k))
             return cellColour::spring;
         if (isMaximum == isMinimum) // both where all values are equal
             return cellColour::black;
@@ -236,7 +236,7 @@ void fillReactions(ResultGrid &grid)
         const int row = grid.addRow();
         grid.setText(row, 0, numberText(n));
         for (int k = 1; k <= 3; ++k)
-            if (Elatiria(n, k) > 0) // the spring's force goes before that of a restraint
+            if (hasSpring(n, k)) // the spring's force goes before that of a restraint
                 grid.setText(row, k, number(springForce(n, k)), cellColour::spring);
             else if (Komboi(n, node::fixedX - 1 + k) == 1)
                 grid.setText(row, k, number(Antidraseis(n, k)));

@@ -1,0 +1,159 @@
+#include "Analysis.h"
+#include "ArcEdit.h"
+#include "Diagrafes.h"
+#include "Files.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "ScriptedDesktop.h"
+
+#include <functional>
+
+namespace veskora {
+namespace {
+
+using Edits = StoreTest;
+
+TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
+{
+    const std::string frame = "G 1 1 1; G 2 2 2; N 0 0 xox 5; N 3 6; N 3e38 0; S 1 0 7;";
+    const auto done = [](auto edit) { return [edit] { return edit(), 0; }; };
+    const auto arc = [](bool closes) {
+        return [closes] { return addArc({{1, 0}, {0, 1}, {-1, 0}}, closes, 2), 0; };
+    };
+    struct Case
+    {
+        const char *name;
+        std::string before;
+        std::function<int()> edit;
+        int answer;
+        std::string after; ///< empty where nothing changes
+    };
+    for (const Case &c : {
+             Case{"node", frame, [] { return addNode(1, 2); }, 4, frame + "N 1 2"},
+             {"element", frame, [] { return addElement(3, 1, 2); }, 1, frame + "E 3 1 2"},
+             {"support", "N 0 0 xox 5", [] { return stepSupport(1); }, 1, "N 0 0 oxx 5"},
+             {"last support", "N 0 0 xxx", [] { return stepSupport(1); }, 1, "N 0 0"},
+             {"move", "N 0 0; N .1 1; N 16777216 3", [] { return moveNodes(2, 3, .5F, 0); }, 0,
+              "N 0 0; N .6 1; N 16777216 3"}, // a Single keeps no half
+             {"move none", frame, [] { return moveNodes(3, 2, 1, 1); }, 0, ""},
+             {"too far in x", frame, [] { return moveNodes(1, 3, 3e38F, 1); }, node::x, ""},
+             {"too far in y", "N 0 3e38", [] { return moveNodes(1, 1, 0, 3e38F); }, node::y, ""},
+             {"merge", "G 1 1 1; N 0 0; N 2 0; N 4 2; E 1 2 1; E 3 1 1 1",
+              done([] { mergeNodes(3, 1, middleOf(3, 1)); }), 0,
+              "G 1 1 1; N 0 0; N 2 0; N 2 1; E 3 2 1; E 3 3 1 1"},
+             {"no middle", frame, [] { return middleOf(3, 3) ? 1 : 0; }, 0, ""},
+             {"divide", frame + "E 1 2 2 1 1 7 8", done([] { divideElement(1, 3); }), 0,
+              frame + "N 1 2; N 2 4; E 1 4 2 1 0 7 8; E 4 5 2 0 0 7 8; E 5 2 2 0 1 7 8"},
+             {"arc", frame, arc(false), 0, frame + "N 1 0; N 0 1; N -1 0; E 4 5 2; E 5 6 2"},
+             {"circle", frame, arc(true), 0,
+              frame + "N 1 0; N 0 1; N -1 0; E 4 5 2; E 5 6 2; E 6 4 2"},
+         }) {
+        SCOPED_TRACE(c.name);
+        buildModel(c.after.empty() ? c.before : c.after);
+        const std::string after = modelText();
+        buildModel(c.before);
+        // Rows behind the last are new ones whatever they held.
+        Komboi(Arithmos_Kombon + 1, node::Fx) = Elatiria(Arithmos_Kombon + 1, 1) = 9;
+        Stoixeia(Arithmos_Stoixeion + 1, element::hingeI) = 1;
+        Allagi_Montelou = false;
+        EXPECT_EQ(c.edit(), c.answer);
+        EXPECT_EQ(modelText(), after);
+        EXPECT_EQ(Allagi_Montelou, !c.after.empty());
+    }
+}
+
+TEST_F(Edits, ADeletedRowMovesTheLaterOnesWithAllTheyHave)
+{
+    const std::string groups = "G 1 1 1; G 2 2 2; G 3 3 3;", nodes = "N 2 0 oxo 2; N 3 0; ";
+    const std::string before = groups + "N 1 0 xoo 1; " + nodes + "N 4 0 xxx 4; S 4 7 8 9; ";
+    const std::string ends = "E 2 4 3 0 1 5 6; E 4 2 1 1 0 7 8; E 1 2 3";
+    struct Case
+    {
+        void (*remove)();
+        const char *says;
+        std::string after;
+    };
+    for (const Case &c : {
+             Case{[] { Diagrafi_Kombou(1); }, "Node deleted: #1. Nodes renumbered: #2 to # 4.",
+                  groups + nodes
+                      + "N 4 0 xxx 4; S 3 7 8 9; E 1 3 3 0 1 5 6; E 3 1 1 1 0 7 8;"
+                        "E 1 1 3"}, // a reference to the row itself stays
+             {[] { Diagrafi_Kombou(4); }, "Node deleted: #4.",
+              groups + "N 1 0 xoo 1; " + nodes + ends},
+             {[] { Diagrafi_Stoixeiou(1); }, "Element deleted: #1. Elements renumbered: #2 to # 3.",
+              before + "E 4 2 1 1 0 7 8; E 1 2 3"},
+             {[] { deleteGroup(2); }, "Group deleted: #2. Groups renumbered: #3.",
+              "G 1 1 1; G 3 3 3; N 1 0 xoo 1; " + nodes
+                  + "N 4 0 xxx 4; S 4 7 8 9;"
+                    "E 2 4 2 0 1 5 6; E 4 2 1 1 0 7 8; E 1 2 2"},
+         }) {
+        SCOPED_TRACE(c.says);
+        buildModel(c.after);
+        const std::string after = modelText();
+        buildModel(before + ends);
+        Stoixeia(2, element::used + 1) = 4; // a column that nobody uses
+        Allagi_Montelou = false;
+        c.remove();
+        EXPECT_EQ(desktop.log.back(), (LogLine{c.says, 32768}));
+        EXPECT_EQ(modelText(), after);
+        EXPECT_TRUE(Allagi_Montelou);
+        EXPECT_EQ(Stoixeia(2, element::used + 1), 4);
+        EXPECT_EQ(Komboi(Arithmos_Kombon + 1, node::x), 0);
+        EXPECT_EQ(Elatiria(Arithmos_Kombon + 1, 1), 0);
+        EXPECT_EQ(Stoixeia(Arithmos_Stoixeion + 1, element::group), 0);
+        EXPECT_EQ(Omades(Arithmos_Omadon + 1, group::E), 0);
+    }
+}
+
+// Dividing is not to change the structure: end forces at the old ends stay.
+TEST_F(Edits, ADividedElementKeepsItsEndForces)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 1 4; N 7 5 oxo; N 7 0 xxx; E 1 2 1; "
+               "E 2 3 1 0 1 -3 -20; E 4 3 1 1 0 2 0");
+    analyse();
+    const auto before = Entasi_Topiki;
+    divideElement(2, 4);
+    divideElement(3, 4);
+    analyse();
+    // Elements 2 and 3 keep end i; 4 to 6 and 7 to 9 are their new pieces.
+    for (const auto &[e, last] : {std::pair{1, 1}, {2, 6}, {3, 9}})
+        for (int i = 1; i <= 3; ++i) {
+            constexpr double roundOff = 1e-4; // kN, kNm; the new coordinates are Singles
+            EXPECT_NEAR(Entasi_Topiki(e, i), before(e, i), roundOff) << e << " " << i;
+            EXPECT_NEAR(Entasi_Topiki(last, 3 + i), before(e, 3 + i), roundOff) << e << " " << i;
+        }
+}
+
+TEST_F(Edits, AnArcRunsCounterClockwiseOrIsRefused)
+{
+    const Arc quarter = arcAround(0, 0, 1, 0, 0, 2);
+    // In one direction, but for the last digits of the angles.
+    const Arc circle = arcAround(0, 0, .1, .3, .2, .6);
+    struct Case
+    {
+        Arc arc;
+        double elements;
+        ArcRefusal refusal;
+        Place last;
+    };
+    using enum ArcRefusal;
+    for (const Case &c : {Case{quarter, 1, none, {6.123234e-17F, 1}},
+                          {arcAround(1, 1, 1, 3, 5, 1), 3, none, {3, 1}},
+                          {circle, 2, none, {-.1F, -.3F}},
+                          {circle, 1, badNumber, {}},
+                          {arcAround(2, 2, 2, 2, 5, 5), 3, noLength, {}},
+                          {arcAround(1e7, 1e7, 10000000.1, 1e7, 1e7, 2e7), 2, noLength, {}},
+                          {quarter, 200, nodeLimit, {}},
+                          {circle, 201, nodeLimit, {}},
+                          {arcAround(3e38, 0, 1e37, 0, 3.3e38, 0), 9, overflow, {}}}) {
+        SCOPED_TRACE(testing::Message() << c.arc.start << " " << c.arc.R << " " << c.elements);
+        const auto [refusal, places] = arcNodes(c.arc, c.elements);
+        EXPECT_EQ(refusal, c.refusal);
+        const Place last = places.empty() ? Place{} : places.back();
+        EXPECT_FLOAT_EQ(last.x, c.last.x);
+        EXPECT_FLOAT_EQ(last.y, c.last.y);
+    }
+}
+
+} // namespace
+} // namespace veskora
