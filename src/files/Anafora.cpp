@@ -43,6 +43,8 @@ private:
 namespace {
 
 /// @p text padded with blanks on the right, or cut, to exactly @p width characters of UTF-8.
+/// scripts/check-languages reads the widths of fields, and the blanks behind headings, in this
+/// file.
 std::string field(std::size_t width, const std::string &text)
 {
     std::size_t characters = 0;
@@ -98,7 +100,6 @@ void groups(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(353, "EAI Element Groups"));
-    // The blanks behind a heading without a field are known to scripts/check-languages too.
     report << Metafrasi(902, "Group") << blanks(4)
            << field(25, Metafrasi(904, "Youngs Modulus") + " E")
            << field(25, Metafrasi(905, "Section area") + " A")
