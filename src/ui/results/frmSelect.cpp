@@ -26,8 +26,7 @@ frmSelect::frmSelect(const QString &caption, QWidget *parent)
         checks_ << check;
         check->setObjectName("Check" + QString::number(checks_.size()));
     }
-    setTabOrder(checks_.last(), ui_->SSCommand2);
-    setTabOrder(ui_->SSCommand2, ui_->SSCommand1);
+    checks_.first()->setFocus();
     ui_->Label8->setText(qtText(Metafrasi(1208, "Results")));
     ui_->SSCommand1->setText(qtText(Metafrasi(2003, "Cancel")));
     ui_->SSCommand2->setText(qtText(Metafrasi(2002, "OK")));
