@@ -30,7 +30,6 @@
 
 #include <algorithm>
 #include <functional>
-#include <ranges>
 
 namespace veskora {
 
@@ -161,13 +160,14 @@ void frmApotelesmata::setCaptions()
 {
     setWindowTitle(applicationName() + " - " + qtText(Metafrasi(301, "Data & Results")));
     ui_->Frame1->setTitle(qtText(Metafrasi(310, "General data")));
-    for (int tab = 0; const Page &page : pages()) {
-        const QString title = qtText(reportSections.at(static_cast<std::size_t>(tab)).title.text());
-        ui_->SSTab1->setTabText(tab++, title);
-        page.title->setText(title);
+    const Pages tabs = pages();
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        const QString title = qtText(reportSections[i].title.text());
+        ui_->SSTab1->setTabText(static_cast<int>(i), title);
+        tabs[i].title->setText(title);
     }
     ui_->Label7->setText(qtText(Metafrasi(326, "Analytical model data:")));
-    for (const Page &page : pages()) // for screen readers
+    for (const Page &page : tabs) // for screen readers
         page.view->setAccessibleName(page.title->text());
     ui_->TreeView1->setAccessibleName(ui_->Label7->text());
     ui_->Option1->setText(qtText(Metafrasi(315, "Table view")));
@@ -315,8 +315,9 @@ void frmApotelesmata::arrange()
     place(ui_->Frame1, edge, edge, gridWidth, frameHeight);
     placeUnder(edge + frameHeight + gap, ui_->headData, {ui_->FLEXgrd3, ui_->TreeView1},
                tabsHeight - pixels(2235));
-    for (const Page &page : pages() | std::views::drop(1))
-        placeUnder(gap, page.head, {page.view}, tabsHeight - pixels(855));
+    for (const Page &page : pages())
+        if (page.head != ui_->headData)
+            placeUnder(gap, page.head, {page.view}, tabsHeight - pixels(855));
 }
 
 void frmApotelesmata::showView()
@@ -361,11 +362,12 @@ void frmApotelesmata::print()
 void frmApotelesmata::exportSections()
 {
     QStringList workbooks;
-    for (std::size_t i = 0; const Page &page : pages()) {
-        const ReportSection &section = reportSections.at(i++);
+    const Pages tabs = pages();
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        const ReportSection &section = reportSections[i];
         if (!*section.chosen)
             continue;
-        const std::string path = ExportFlexGrid(page.view->grid(), section.name.text(), model_);
+        const std::string path = ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_);
         if (!path.empty())
             workbooks << qtText(path);
     }

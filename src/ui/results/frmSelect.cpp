@@ -19,14 +19,14 @@ frmSelect::frmSelect(const QString &caption, QWidget *parent)
     for (const ReportSection &section : reportSections) {
         auto *check = new QCheckBox(qtText(section.name.text()), ui_->Frame1);
         check->setChecked(*section.chosen || !sectionsChosen);
-        if (checks_.isEmpty())
+        if (checks_.empty())
             ui_->sections->insertWidget(0, check);
         else
             ui_->results->addWidget(check);
-        checks_ << check;
+        checks_.push_back(check);
         check->setObjectName("Check" + QString::number(checks_.size()));
     }
-    checks_.first()->setFocus();
+    checks_.front()->setFocus();
     ui_->Label8->setText(qtText(Metafrasi(1208, "Results")));
     ui_->SSCommand1->setText(qtText(Metafrasi(2003, "Cancel")));
     ui_->SSCommand2->setText(qtText(Metafrasi(2002, "OK")));
@@ -40,8 +40,9 @@ frmSelect::~frmSelect() = default;
 void frmSelect::accept()
 {
     answer_.emplace();
-    for (qsizetype i = 0; const ReportSection &section : reportSections) {
-        *section.chosen = checks_[i++]->isChecked();
+    for (std::size_t i = 0; i < checks_.size(); ++i) {
+        const ReportSection &section = reportSections[i];
+        *section.chosen = checks_[i]->isChecked();
         if (*section.chosen)
             *answer_ += section.text();
     }

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 class QCheckBox;
 
@@ -33,7 +34,7 @@ public:
 
 private:
     const std::unique_ptr<Ui::frmSelect> ui_;
-    QList<QCheckBox *> checks_; ///< of `reportSections`
+    std::vector<QCheckBox *> checks_; ///< of `reportSections`
     std::optional<std::string> answer_;
 };
 
