@@ -123,8 +123,8 @@ private:
         if (Sfalma_Epilisis)
             return "not analysed";
         std::string report;
-        for (int kind = 1; kind <= 4; ++kind)
-            report += Anafora_Keimenou(kind);
+        for (const ReportSection &section : reportSections)
+            report += section.text();
         const std::string failure = deliver(model, reportFileText(report));
         return failure.empty() && order_.pictures ? drawPictures(model) : failure;
     }

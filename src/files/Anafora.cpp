@@ -11,32 +11,15 @@ namespace {
 
 constexpr std::string_view nl = "\r\n";
 
-/// @p text padded with blanks on the right, or cut, to exactly @p width characters of UTF-8.
-std::string field(std::size_t width, const std::string &text)
-{
-    std::size_t characters = 0;
-    std::size_t end = 0;
-    for (; end < text.size(); ++end) {
-        const bool beginsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
-        if (beginsCharacter && characters == width)
-            break;
-        characters += beginsCharacter ? 1 : 0;
-    }
-    return text.substr(0, end) + std::string(width - characters, ' ');
-}
-
-std::string blanks(std::size_t count)
-{
-    return std::string(count, ' ');
-}
+} // namespace
 
 /// One report section in the making.
-class Report
+class ReportText
 {
 public:
-    Report() : separator_(regionalDecimalSeparator()) {}
+    ReportText() : separator_(regionalDecimalSeparator()) {}
 
-    Report &operator<<(std::string_view text)
+    ReportText &operator<<(std::string_view text)
     {
         text_ += text;
         return *this;
@@ -57,6 +40,29 @@ private:
     std::string text_;
 };
 
+namespace {
+
+/// @p text padded with blanks on the right, or cut, to exactly @p width characters of UTF-8.
+/// scripts/check-languages reads the widths of fields, and the blanks behind headings, in this
+/// file.
+std::string field(std::size_t width, const std::string &text)
+{
+    std::size_t characters = 0;
+    std::size_t end = 0;
+    for (; end < text.size(); ++end) {
+        const bool beginsCharacter = (static_cast<unsigned char>(text[end]) & 0xC0) != 0x80;
+        if (beginsCharacter && characters == width)
+            break;
+        characters += beginsCharacter ? 1 : 0;
+    }
+    return text.substr(0, end) + std::string(width - characters, ' ');
+}
+
+std::string blanks(std::size_t count)
+{
+    return std::string(count, ' ');
+}
+
 std::string elementTypeText(int e)
 {
     const bool hingeI = Stoixeia(e, element::hingeI) == 1;
@@ -69,12 +75,12 @@ std::string elementTypeText(int e)
 }
 
 /// A load or spring field: the value, or nothing where there is none.
-std::string signedUnlessZero(const Report &report, float value)
+std::string signedUnlessZero(const ReportText &report, float value)
 {
     return value != 0 ? report.withSign(value) : "";
 }
 
-void generalData(Report &report)
+void generalData(ReportText &report)
 {
     report.title(Metafrasi(310, "General data"));
     const auto line = [&](const std::string &label, int number) {
@@ -90,11 +96,10 @@ void generalData(Report &report)
     line(Metafrasi(324, "Degrees Of Freedom:"), 3 * Arithmos_Kombon);
 }
 
-void groups(Report &report)
+void groups(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(353, "EAI Element Groups"));
-    // The blanks behind a heading without a field are known to scripts/check-languages too.
     report << Metafrasi(902, "Group") << blanks(4)
            << field(25, Metafrasi(904, "Youngs Modulus") + " E")
            << field(25, Metafrasi(905, "Section area") + " A")
@@ -108,7 +113,7 @@ void groups(Report &report)
     }
 }
 
-void nodes(Report &report)
+void nodes(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(354, "Nodes"));
@@ -125,7 +130,7 @@ void nodes(Report &report)
     }
 }
 
-void elements(Report &report)
+void elements(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(355, "Elements"));
@@ -141,7 +146,7 @@ void elements(Report &report)
                << field(8, report.plain(Stoixeia(e, element::group))) << nl;
 }
 
-void nodalLoads(Report &report)
+void nodalLoads(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(376, "Nodal loads"));
@@ -158,7 +163,7 @@ void nodalLoads(Report &report)
     }
 }
 
-void elementalLoads(Report &report)
+void elementalLoads(ReportText &report)
 {
     report << nl;
     report.title(Metafrasi(357, "Elemental loads"));
@@ -174,10 +179,8 @@ void elementalLoads(Report &report)
     }
 }
 
-std::string dataSection()
+void printData(ReportText &report)
 {
-    Report report;
-    report.title(Metafrasi(311, "Data"));
     generalData(report);
     groups(report);
     nodes(report);
@@ -185,13 +188,10 @@ std::string dataSection()
     nodalLoads(report);
     elementalLoads(report);
     report << nl << nl;
-    return report.take();
 }
 
-std::string displacementSection()
+void printDisplacements(ReportText &report)
 {
-    Report report;
-    report.title(Metafrasi(312, "Node displacements"));
     report << Metafrasi(340, "Node") << blanks(3) << Metafrasi(343, "x-Displacement") << blanks(11)
            << Metafrasi(344, "y-Displacement") << blanks(11) << Metafrasi(345, "z-Rotation") << nl;
     report.rule(79);
@@ -202,13 +202,10 @@ std::string displacementSection()
         report << nl;
     }
     report << nl << nl;
-    return report.take();
 }
 
-std::string elementForceSection()
+void printElementForces(ReportText &report)
 {
-    Report report;
-    report.title(Metafrasi(313, "Element forces"));
     report << field(8, Metafrasi(342, "Element")) << field(9, "i, j")
            << field(25, Metafrasi(346, "Axial force")) << field(25, Metafrasi(347, "Shear force"))
            << field(25, Metafrasi(348, "Moment")) << nl;
@@ -227,13 +224,10 @@ std::string elementForceSection()
         report << nl;
     }
     report << nl;
-    return report.take();
 }
 
-std::string reactionSection()
+void printReactions(ReportText &report)
 {
-    Report report;
-    report.title(Metafrasi(314, "Constraint-Spring reactions"));
     report << field(9, Metafrasi(340, "Node")) << Metafrasi(349, "Force Fx") << blanks(16)
            << Metafrasi(350, "Force Fy") << blanks(16) << Metafrasi(351, "Moment M") << nl;
     report.rule(75);
@@ -251,24 +245,32 @@ std::string reactionSection()
         }
         report << nl;
     }
-    return report.take();
 }
 
 } // namespace
 
+const std::array<ReportSection, 4> reportSections = {{
+    {Phrase{311, "Data"}, Phrase{1204, "Model data"}, &Nai_Dedomena, printData},
+    {Phrase{312, "Node displacements"}, Phrase{1205, "Node displacements"}, &Nai_Metakiniseis,
+     printDisplacements},
+    {Phrase{313, "Element forces"}, Phrase{1206, "Element forces"}, &Nai_Entaseis,
+     printElementForces},
+    {Phrase{314, "Constraint-Spring reactions"}, Phrase{1207, "Constraint-Spring reactions"},
+     &Nai_Antidraseis, printReactions},
+}};
+
+std::string ReportSection::text() const
+{
+    ReportText report;
+    report.title(title.text());
+    print(report);
+    return report.take();
+}
+
 std::string Anafora_Keimenou(int kind)
 {
-    switch (static_cast<ReportSection>(kind)) {
-    case ReportSection::data:
-        return dataSection();
-    case ReportSection::displacements:
-        return displacementSection();
-    case ReportSection::elementForces:
-        return elementForceSection();
-    case ReportSection::reactions:
-        return reactionSection();
-    }
-    return {};
+    const auto place = static_cast<std::size_t>(kind) - 1;
+    return place < reportSections.size() ? reportSections[place].text() : "";
 }
 
 std::string reportFileText(const std::string &report)

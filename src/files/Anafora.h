@@ -5,15 +5,31 @@
 /// Texts are UTF-8 with CR LF line ends. Numbers are given with all their digits and with the
 /// decimal separator of the user's regional settings.
 
+#include "Functions.h"
+
+#include <array>
 #include <string>
 
 namespace veskora {
 
-/// Sections of the report, in the order in which they are joined.
-enum class ReportSection { data = 1, displacements, elementForces, reactions };
+class ReportText;
 
-/// The text of section @p kind (1 to 4, see `ReportSection`), read from model and result tables as
-/// they stand; empty for any other value.
+/// A section of the report.
+struct ReportSection
+{
+    Phrase title; ///< over its text and on its tab
+    Phrase name;  ///< of its check box and its sheet
+    bool *chosen; ///< whether the user took it last
+    void (*print)(ReportText &report);
+
+    /// Read from model and result tables as they stand.
+    std::string text() const;
+};
+
+/// In the order in which they are joined: the data of the model, then the results.
+extern const std::array<ReportSection, 4> reportSections;
+
+/// The text of section @p kind, counted from 1; empty for any other value.
 std::string Anafora_Keimenou(int kind);
 
 /// What a report file holds for the text @p report: the text and one more line end.

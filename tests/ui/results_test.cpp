@@ -132,6 +132,7 @@ protected:
                     check->setChecked(answer[box] == 'x');
             }
             EXPECT_EQ(Anafora, "");
+            EXPECT_EQ(dialog->focusWidget(), dialog->findChild<QCheckBox *>("Check1"));
             QTest::keyClick(dialog, answer.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
         });
         part<QAction>(button)->trigger();

@@ -12,37 +12,49 @@ namespace veskora {
 
 namespace {
 
-/// Puts the help file and its collection into a folder of the user's and gives the collection
-/// there: the search index is written beside it, and the program's folder may be read-only. The
-/// folder's name tells one build of the help file from another; copies of others go with time.
-QString collectionInDataFolder(const QString &program)
+/// Copies that other builds of the program have made go with time.
+void removeOldCopies(const QDir &copies, const QString &current)
 {
-    const QFileInfo source(program + "/Veskora_ML.qch");
-    if (!source.isFile())
-        return {};
-    const QDir all(qtText(desktop().dataFolder()) + "/Help");
-    const QString stamp =
-        QString("%1-%2").arg(source.size()).arg(source.lastModified().toMSecsSinceEpoch());
-    // Another running copy of the program may read what is not old.
-    constexpr int kept = 30; // days
-    for (const QFileInfo &old : all.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
-        if (old.fileName() != stamp
-            && old.lastModified() < QDateTime::currentDateTime().addDays(-kept))
-            QDir(old.filePath()).removeRecursively();
-    const QDir own(all.filePath(stamp));
-    if (!QDir().mkpath(own.path()))
-        return program + "/Veskora_ML.qhc"; // without a place for its index, all but the search
+    constexpr int kept = 30; // days: another running copy of the program may read what is not old
+    const QDateTime oldest = QDateTime::currentDateTime().addDays(-kept);
+    for (const QFileInfo &copy : copies.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot))
+        if (copy.fileName() != current && copy.lastModified() < oldest)
+            QDir(copy.filePath()).removeRecursively();
+}
+
+/// @return whether both files of the help stand whole in @p folder, which is made for them
+bool copyHelp(const QString &program, const QString &folder)
+{
+    if (!QDir().mkpath(folder))
+        return false;
     // The collection comes last: where it stands, the copy is whole.
     for (const QString name : {"/Veskora_ML.qch", "/Veskora_ML.qhc"}) {
-        const QString target = own.path() + name;
+        const QString target = folder + name;
         if (QFile::exists(target) && QFileInfo(target).size() == QFileInfo(program + name).size())
             continue;
         QFile::remove(target);
         if (!QFile::copy(program + name, target))
-            return program + "/Veskora_ML.qhc";
+            return false;
         QFile(target).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
     }
-    return own.filePath("Veskora_ML.qhc");
+    return true;
+}
+
+/// Gives the help collection to open, empty where the program has no help file. It is a copy in a
+/// folder of the user's: the search index is written beside it, and the program's folder may be
+/// read-only. The copy's folder has a name that tells one build of the help file from another.
+QString provideCollection(const QString &program)
+{
+    const QFileInfo source(program + "/Veskora_ML.qch");
+    if (!source.isFile())
+        return {};
+    const QDir copies(qtText(desktop().dataFolder()) + "/Help");
+    const QString stamp =
+        QString("%1-%2").arg(source.size()).arg(source.lastModified().toMSecsSinceEpoch());
+    removeOldCopies(copies, stamp);
+    const QString own = copies.filePath(stamp);
+    // Without a place for its index it has all but the search.
+    return (copyHelp(program, own) ? own : program) + "/Veskora_ML.qhc";
 }
 
 } // namespace
@@ -55,7 +67,7 @@ HelpViewer *HTMLHelp::open()
 {
     if (viewer_ == nullptr) {
         const QString program = qtText(desktop().programFolder());
-        auto viewer = std::make_unique<HelpViewer>(collectionInDataFolder(program));
+        auto viewer = std::make_unique<HelpViewer>(provideCollection(program));
         if (!viewer->isUsable()) {
             showRefusal(Metafrasi(2170, "The help cannot be shown. Its file is missing or damaged:")
                         + " " + plainText(program) + "/Veskora_ML.qch");
@@ -83,12 +95,6 @@ void HTMLHelp::showSearch()
 {
     if (HelpViewer *viewer = open())
         viewer->showSearch();
-}
-
-void HTMLHelp::showTopic(const QString &id)
-{
-    if (HelpViewer *viewer = open(); viewer != nullptr && !viewer->showTopic(id))
-        viewer->showContents();
 }
 
 void HTMLHelp::showTopicOf(const QWidget *front)

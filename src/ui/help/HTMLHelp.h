@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QString>
-
 #include <memory>
 
 class QWidget;
@@ -25,8 +23,6 @@ public:
     void showIndex();
     void showSearch();
 
-    /// @param id  a topic; an unknown one shows the contents
-    void showTopic(const QString &id);
     /// The topic of @p front, or of the window it belongs to; the contents where none has any.
     void showTopicOf(const QWidget *front);
 

@@ -29,7 +29,7 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <string_view>
+#include <functional>
 
 namespace veskora {
 
@@ -67,14 +67,47 @@ private:
 
 } // namespace
 
+/// The tab of a section.
+struct frmApotelesmata::Page
+{
+    GridView *view;
+    QLabel *title;
+    QWidget *head; ///< all that stands over the grid, the title among it
+    GridView::Header header;
+    std::vector<int> columnWidths; ///< twips
+    void (*fill)(ResultGrid &);
+
+    /// The grid as the tables now fill it.
+    std::unique_ptr<ResultGrid> filledGrid() const
+    {
+        auto grid = std::make_unique<ResultGrid>(columnWidths);
+        fill(*grid);
+        return grid;
+    }
+};
+
+frmApotelesmata::Pages frmApotelesmata::pages() const
+{
+    using enum GridView::Header;
+    return std::to_array<Page>({
+        {ui_->FLEXgrd3, ui_->Label7, ui_->headData, inGrid, std::vector<int>(7, 1500), fillData},
+        {ui_->FLEXgrd1, ui_->Label1, ui_->headDisplacements, fixed, std::vector<int>(4, 2500),
+         fillDisplacements},
+        {ui_->FLEXgrd2, ui_->Label2, ui_->headForces, fixed,
+         std::vector<int>{2500, 700, 2500, 2500, 2500}, fillElementForces},
+        {ui_->FLEXgrd4, ui_->Label9, ui_->headReactions, fixed, std::vector<int>(4, 2500),
+         fillReactions},
+    });
+}
+
 frmApotelesmata::frmApotelesmata()
     : model_(Onoma_Arxeiou), ui_(std::make_unique<Ui::frmApotelesmata>())
 {
     ui_->setupUi(this);
     setCaptions();
-    equipToolbar();
+    buildToolbar();
     pressButtonsByEnter(this);
-    connectCommands();
+    connect(ui_->Option1, &QRadioButton::toggled, this, &frmApotelesmata::showView);
     ui_->Option2->setChecked(true);
     showView();
     auto *lines = new LinedBranches;
@@ -82,8 +115,8 @@ frmApotelesmata::frmApotelesmata()
     ui_->TreeView1->setStyle(lines);
     Ftiakse_treeview(*ui_->TreeView1);
     showCounts();
-    for (auto &[view, header, grid] : filledGrids())
-        view->present(grid.release(), header);
+    for (const Page &page : pages())
+        page.view->present(page.filledGrid().release(), page.header);
     assignWindowMnemonics();
     setLeastSize();
     constexpr QSize usual(820, 600); // logical pixels
@@ -93,27 +126,10 @@ frmApotelesmata::frmApotelesmata()
 
 frmApotelesmata::~frmApotelesmata() = default;
 
-std::vector<frmApotelesmata::FilledGrid> frmApotelesmata::filledGrids() const
-{
-    std::vector<FilledGrid> grids;
-    const auto add = [&grids](GridView *view, GridView::Header header, std::vector<int> widths,
-                              void (*fill)(ResultGrid &)) {
-        grids.push_back({view, header, std::make_unique<ResultGrid>(std::move(widths))});
-        fill(*grids.back().grid);
-    };
-    using enum GridView::Header;
-    // Widths of the columns in twips.
-    add(ui_->FLEXgrd3, inGrid, std::vector<int>(7, 1500), fillData);
-    add(ui_->FLEXgrd1, fixed, std::vector<int>(4, 2500), fillDisplacements);
-    add(ui_->FLEXgrd2, fixed, {2500, 700, 2500, 2500, 2500}, fillElementForces);
-    add(ui_->FLEXgrd4, fixed, std::vector<int>(4, 2500), fillReactions);
-    return grids;
-}
-
 bool frmApotelesmata::isUpToDate() const
 {
-    return model_ == Onoma_Arxeiou && std::ranges::all_of(filledGrids(), [](const FilledGrid &now) {
-               return now.view->grid().hasCellsOf(*now.grid);
+    return model_ == Onoma_Arxeiou && std::ranges::all_of(pages(), [](const Page &page) {
+               return page.view->grid().hasCellsOf(*page.filledGrid());
            });
 }
 
@@ -142,40 +158,21 @@ void frmApotelesmata::showBeside(const QWidget &part)
 
 void frmApotelesmata::setCaptions()
 {
-    const auto title = std::string(applicationTitle) + " - ";
-    setWindowTitle(qtText(title + Metafrasi(301, "Data & Results")));
-    const auto button = [](QAction *action, const std::string &caption, const std::string &tip) {
-        action->setText(qtText(caption));
-        describe(action, qtText(tip));
-    };
-    button(ui_->keyApothikefsi, Metafrasi(302, "Save"), Metafrasi(303, "Save to file"));
-    button(ui_->keyClipboard, Metafrasi(304, "Clipboard"),
-           Metafrasi(305, "Copy to Windows Clipboard"));
-    button(ui_->keyExcel, Metafrasi(306, "Excel"), Metafrasi(307, "Export to MS Excel"));
-    button(ui_->keyEktiposi, Metafrasi(308, "Print"), Metafrasi(308, "Print"));
-    button(ui_->Eksodos, Metafrasi(309, "Exit"), Metafrasi(309, "Exit"));
-
+    setWindowTitle(applicationName() + " - " + qtText(Metafrasi(301, "Data & Results")));
     ui_->Frame1->setTitle(qtText(Metafrasi(310, "General data")));
-    for (int tab = 0;
-         const std::string &caption :
-         {Metafrasi(311, "Data"), Metafrasi(312, "Node displacements"),
-          Metafrasi(313, "Element forces"), Metafrasi(314, "Constraint-Spring reactions")})
-        ui_->SSTab1->setTabText(tab++, qtText(caption));
+    const Pages tabs = pages();
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        const QString title = qtText(reportSections[i].title.text());
+        ui_->SSTab1->setTabText(static_cast<int>(i), title);
+        tabs[i].title->setText(title);
+    }
+    ui_->Label7->setText(qtText(Metafrasi(326, "Analytical model data:")));
+    for (const Page &page : tabs) // for screen readers
+        page.view->setAccessibleName(page.title->text());
+    ui_->TreeView1->setAccessibleName(ui_->Label7->text());
     ui_->Option1->setText(qtText(Metafrasi(315, "Table view")));
     ui_->Option2->setText(qtText(Metafrasi(316, "Tree view")));
-    ui_->Label3->setText(qtText(Metafrasi(317, "E,A,I groups:")));
-    ui_->Label4->setText(qtText(Metafrasi(318, "Nodes:")));
-    ui_->Label6->setText(qtText(Metafrasi(319, "Elements:")));
-    ui_->Label12->setText(qtText(Metafrasi(320, "Constrained nodes:")));
-    ui_->Label13->setText(qtText(Metafrasi(321, "Nodes with loads on:")));
-    ui_->Label14->setText(qtText(Metafrasi(322, "Elements with loads on:")));
-    ui_->Label10->setText(qtText(Metafrasi(323, "DOFs per node:")));
-    ui_->Label11->setText(qtText(Metafrasi(324, "Degrees of freedom:")));
     ui_->Label5->setText(qtText(Metafrasi(325, "(always)")));
-    ui_->Label7->setText(qtText(Metafrasi(326, "Analytical model data:")));
-    ui_->Label1->setText(qtText(Metafrasi(312, "Node displacements")));
-    ui_->Label2->setText(qtText(Metafrasi(313, "Element forces")));
-    ui_->Label9->setText(qtText(Metafrasi(314, "Constraint-Spring reactions")));
     ui_->Label16->setText(qtText(Metafrasi(328, "Positive values:")));
     for (QLabel *label : {ui_->Label8, ui_->Label15})
         label->setText(qtText(Metafrasi(327, "(Positive values: Global axes)")));
@@ -183,54 +180,76 @@ void frmApotelesmata::setCaptions()
     showLegend(ui_->lblMIN, "[min]", cellColour::minimum);
     constexpr int iconSide = 16;
     ui_->axes->setPixmap(QIcon(":/icons/global_axes.svg").pixmap(iconSide, iconSide));
-
-    // For screen readers: the captions stand beside what they name.
-    ui_->TreeView1->setAccessibleName(ui_->Label7->text());
-    ui_->FLEXgrd3->setAccessibleName(ui_->Label7->text());
-    ui_->FLEXgrd1->setAccessibleName(ui_->Label1->text());
-    ui_->FLEXgrd2->setAccessibleName(ui_->Label2->text());
-    ui_->FLEXgrd4->setAccessibleName(ui_->Label9->text());
 }
 
 void frmApotelesmata::showCounts()
 {
-    const auto show = [](QLabel *label, int count) { label->setText(QString::number(count)); };
-    show(ui_->lab1, Arithmos_Omadon);
-    show(ui_->lab2, Arithmos_Kombon);
-    show(ui_->lab3, Arithmos_Stoixeion);
-    show(ui_->lab4, 3);
-    show(ui_->lab5, 3 * Arithmos_Kombon);
-    show(ui_->lab6, countRows(Arithmos_Kombon, isRestrainedNode));
-    show(ui_->lab7, countRows(Arithmos_Kombon, isLoadedNode));
-    show(ui_->lab8, countRows(Arithmos_Stoixeion, isLoadedElement));
+    const struct
+    {
+        QLabel *label;
+        Phrase caption;
+        QLabel *value;
+        int count;
+    } rows[] = {
+        {ui_->Label3, Phrase{317, "E,A,I groups:"}, ui_->lab1, Arithmos_Omadon},
+        {ui_->Label4, Phrase{318, "Nodes:"}, ui_->lab2, Arithmos_Kombon},
+        {ui_->Label6, Phrase{319, "Elements:"}, ui_->lab3, Arithmos_Stoixeion},
+        {ui_->Label10, Phrase{323, "DOFs per node:"}, ui_->lab4, 3},
+        {ui_->Label11, Phrase{324, "Degrees of freedom:"}, ui_->lab5, 3 * Arithmos_Kombon},
+        {ui_->Label12, Phrase{320, "Constrained nodes:"}, ui_->lab6,
+         countRows(Arithmos_Kombon, isRestrainedNode)},
+        {ui_->Label13, Phrase{321, "Nodes with loads on:"}, ui_->lab7,
+         countRows(Arithmos_Kombon, isLoadedNode)},
+        {ui_->Label14, Phrase{322, "Elements with loads on:"}, ui_->lab8,
+         countRows(Arithmos_Stoixeion, isLoadedElement)},
+    };
+    for (const auto &[label, caption, value, count] : rows) {
+        label->setText(qtText(caption.text()));
+        value->setText(QString::number(count));
+    }
 }
 
-void frmApotelesmata::equipToolbar()
+void frmApotelesmata::buildToolbar()
 {
-    auto *stretch = new QWidget(ui_->Toolbar1);
-    stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    ui_->Toolbar1->insertWidget(ui_->Eksodos, stretch); // the way out stands apart
-    constexpr int width = 72;                           // logical pixels
+    const struct
+    {
+        const char *name;
+        Phrase caption;
+        Phrase tip;
+        const char *icon;
+        std::function<void()> run;
+    } commands[] = {
+        {"keyApothikefsi", Phrase{302, "Save"}, Phrase{303, "Save to file"}, ":/icons/Save.svg",
+         [this] {
+             takeOut(Phrase{1201, "Save to file"}, &frmApotelesmata::save);
+         }},
+        {"keyClipboard", Phrase{304, "Clipboard"}, Phrase{305, "Copy to Windows Clipboard"},
+         ":/icons/Clipboard.svg",
+         [this] {
+             takeOut(Phrase{1202, "Copy to Clipboard"}, &frmApotelesmata::copy);
+         }},
+        {"keyExcel", Phrase{306, "Excel"}, Phrase{307, "Export to MS Excel"}, ":/icons/Excel.svg",
+         [this] {
+             takeOut(Phrase{1209, "Export to MS Excel"}, &frmApotelesmata::exportSections);
+         }},
+        {"keyEktiposi", Phrase{308, "Print"}, Phrase{308, "Print"}, ":/icons/Print.svg",
+         [this] {
+             takeOut(Phrase{1203, "Print"}, &frmApotelesmata::print);
+         }},
+        {"Eksodos", Phrase{309, "Exit"}, Phrase{309, "Exit"}, ":/icons/Exit.svg",
+         [this] { close(); }},
+    };
+    for (const auto &[name, caption, tip, icon, run] : commands) {
+        QAction *action = ui_->Toolbar1->addAction(QIcon(icon), qtText(caption.text()), this, run);
+        action->setObjectName(name);
+        describe(action, qtText(tip.text()));
+    }
+    constexpr int width = 72; // logical pixels
     for (QToolButton *button : dressToolButtons(ui_->Toolbar1))
         button->setMinimumWidth(width);
-}
-
-void frmApotelesmata::connectCommands()
-{
-    const auto command = [this](QAction *action, auto run) {
-        connect(action, &QAction::triggered, this, run);
-    };
-    command(ui_->keyApothikefsi,
-            [this] { takeOut(Metafrasi(1201, "Save to file"), &frmApotelesmata::save); });
-    command(ui_->keyClipboard,
-            [this] { takeOut(Metafrasi(1202, "Copy to Clipboard"), &frmApotelesmata::copy); });
-    command(ui_->keyEktiposi,
-            [this] { takeOut(Metafrasi(1203, "Print"), &frmApotelesmata::print); });
-    command(ui_->keyExcel, [this] {
-        takeOut(Metafrasi(1209, "Export to MS Excel"), &frmApotelesmata::exportSections);
-    });
-    command(ui_->Eksodos, [this] { close(); });
-    connect(ui_->Option1, &QRadioButton::toggled, this, &frmApotelesmata::showView);
+    auto *stretch = new QWidget(ui_->Toolbar1); // the way out, the last, stands apart
+    stretch->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    ui_->Toolbar1->insertWidget(ui_->Toolbar1->actions().last(), stretch);
 }
 
 /// Letters for tabs, views and toolbar, each once.
@@ -255,9 +274,8 @@ void frmApotelesmata::setLeastSize()
     constexpr int besideParts = 135 + 225;        // twips
     constexpr int aroundGrid = 1300 + 2235 + 900; // twips, the last of them for the grid
     int part = ui_->Frame1->minimumSizeHint().width();
-    for (const QWidget *head :
-         {ui_->headData, ui_->headDisplacements, ui_->headForces, ui_->headReactions})
-        part = std::max(part, head->minimumSizeHint().width());
+    for (const Page &page : pages())
+        part = std::max(part, page.head->minimumSizeHint().width());
     setMinimumSize(
         std::max(part + pixels(besideParts), ui_->Toolbar1->sizeHint().width() + 2 * edge),
         pixels(aroundGrid));
@@ -297,10 +315,9 @@ void frmApotelesmata::arrange()
     place(ui_->Frame1, edge, edge, gridWidth, frameHeight);
     placeUnder(edge + frameHeight + gap, ui_->headData, {ui_->FLEXgrd3, ui_->TreeView1},
                tabsHeight - pixels(2235));
-    const int resultHeight = tabsHeight - pixels(855);
-    placeUnder(gap, ui_->headDisplacements, {ui_->FLEXgrd1}, resultHeight);
-    placeUnder(gap, ui_->headForces, {ui_->FLEXgrd2}, resultHeight);
-    placeUnder(gap, ui_->headReactions, {ui_->FLEXgrd4}, resultHeight);
+    for (const Page &page : pages())
+        if (page.head != ui_->headData)
+            placeUnder(gap, page.head, {page.view}, tabsHeight - pixels(855));
 }
 
 void frmApotelesmata::showView()
@@ -311,12 +328,14 @@ void frmApotelesmata::showView()
 
 // ------------------------------------------------------------------------------------ the ways out
 
-void frmApotelesmata::takeOut(const std::string &caption, void (frmApotelesmata::*act)())
+void frmApotelesmata::takeOut(const Phrase &caption, void (frmApotelesmata::*act)())
 {
     ui_->Toolbar1->update(); // a button pressed by its letter would look pressed all the while
     // What is said on the way must not bring the main window to the front.
     const BoxOwner owner(this);
-    frmSelect(qtText(caption), this).exec();
+    frmSelect dialog(qtText(caption.text()), this);
+    dialog.exec();
+    Anafora = dialog.answer().value_or("");
     (this->*act)();
     Anafora.clear();
 }
@@ -343,17 +362,15 @@ void frmApotelesmata::print()
 void frmApotelesmata::exportSections()
 {
     QStringList workbooks;
-    const auto add = [this, &workbooks](bool chosen, const GridView *view, ReportSection section) {
-        if (!chosen)
-            return;
-        const std::string path = ExportFlexGrid(view->grid(), sectionName(section), model_);
+    const Pages tabs = pages();
+    for (std::size_t i = 0; i < tabs.size(); ++i) {
+        const ReportSection &section = reportSections[i];
+        if (!*section.chosen)
+            continue;
+        const std::string path = ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_);
         if (!path.empty())
             workbooks << qtText(path);
-    };
-    add(Nai_Dedomena, ui_->FLEXgrd3, ReportSection::data);
-    add(Nai_Metakiniseis, ui_->FLEXgrd1, ReportSection::displacements);
-    add(Nai_Entaseis, ui_->FLEXgrd2, ReportSection::elementForces);
-    add(Nai_Antidraseis, ui_->FLEXgrd4, ReportSection::reactions);
+    }
     if (!workbooks.isEmpty())
         openWorkbooks(workbooks, this);
 }

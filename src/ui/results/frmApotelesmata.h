@@ -2,9 +2,11 @@
 /// @file
 /// The results window: data and results of the model as grids and a tree, and their ways out.
 
-#include "GridView.h"
-#include "ResultGrid.h"
+#include "Anafora.h"
 
+#include <QWidget>
+
+#include <array>
 #include <memory>
 #include <string>
 
@@ -35,25 +37,19 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    /// A grid as the tables now fill it, and where it is shown.
-    struct FilledGrid
-    {
-        GridView *view;
-        GridView::Header header;
-        std::unique_ptr<ResultGrid> grid;
-    };
-    std::vector<FilledGrid> filledGrids() const;
+    struct Page;
+    using Pages = std::array<Page, reportSections.size()>;
+    Pages pages() const;
     void setCaptions();
     void showCounts();
-    void equipToolbar();
-    void connectCommands();
+    void buildToolbar();
     void assignWindowMnemonics();
     void setLeastSize();
     void arrange();
     void showView();
 
     /// Asks for the sections, lets @p act use them, and empties the report.
-    void takeOut(const std::string &caption, void (frmApotelesmata::*act)());
+    void takeOut(const Phrase &caption, void (frmApotelesmata::*act)());
     void save();
     void copy();
     void print();

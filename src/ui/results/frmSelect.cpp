@@ -1,10 +1,13 @@
 #include "frmSelect.h"
 
+#include "Anafora.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "QtDesktop.h"
 #include "ui_frmSelect.h"
+
+#include <QCheckBox>
 
 namespace veskora {
 
@@ -13,54 +16,38 @@ frmSelect::frmSelect(const QString &caption, QWidget *parent)
 {
     ui_->setupUi(this);
     setWindowTitle(caption);
-    for (const Section &section : sections()) {
-        section.check->setText(qtText(sectionName(section.kind)));
-        section.check->setChecked(*section.chosen || !sectionsChosen);
+    for (const ReportSection &section : reportSections) {
+        auto *check = new QCheckBox(qtText(section.name.text()), ui_->Frame1);
+        check->setChecked(*section.chosen || !sectionsChosen);
+        if (checks_.empty())
+            ui_->sections->insertWidget(0, check);
+        else
+            ui_->results->addWidget(check);
+        checks_.push_back(check);
+        check->setObjectName("Check" + QString::number(checks_.size()));
     }
+    checks_.front()->setFocus();
     ui_->Label8->setText(qtText(Metafrasi(1208, "Results")));
     ui_->SSCommand1->setText(qtText(Metafrasi(2003, "Cancel")));
     ui_->SSCommand2->setText(qtText(Metafrasi(2002, "OK")));
     connect(ui_->SSCommand1, &QPushButton::clicked, this, &QDialog::reject);
     connect(ui_->SSCommand2, &QPushButton::clicked, this, &QDialog::accept);
     assignDialogMnemonics(this);
-    Anafora.clear();
 }
 
 frmSelect::~frmSelect() = default;
 
-std::array<frmSelect::Section, 4> frmSelect::sections() const
-{
-    return {{{ui_->Check1, ReportSection::data, &Nai_Dedomena},
-             {ui_->Check2, ReportSection::displacements, &Nai_Metakiniseis},
-             {ui_->Check3, ReportSection::elementForces, &Nai_Entaseis},
-             {ui_->Check4, ReportSection::reactions, &Nai_Antidraseis}}};
-}
-
 void frmSelect::accept()
 {
-    Anafora.clear();
-    for (const Section &section : sections()) {
-        *section.chosen = section.check->isChecked();
+    answer_.emplace();
+    for (std::size_t i = 0; i < checks_.size(); ++i) {
+        const ReportSection &section = reportSections[i];
+        *section.chosen = checks_[i]->isChecked();
         if (*section.chosen)
-            Anafora += Anafora_Keimenou(static_cast<int>(section.kind));
+            *answer_ += section.text();
     }
     sectionsChosen = true;
     QDialog::accept();
-}
-
-std::string sectionName(ReportSection section)
-{
-    switch (section) {
-    case ReportSection::data:
-        return Metafrasi(1204, "Model data");
-    case ReportSection::displacements:
-        return Metafrasi(1205, "Node displacements");
-    case ReportSection::elementForces:
-        return Metafrasi(1206, "Element forces");
-    case ReportSection::reactions:
-        return Metafrasi(1207, "Constraint-Spring reactions");
-    }
-    return {};
 }
 
 } // namespace veskora

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "Anafora.h"
-
 #include <QDialog>
 
-#include <array>
 #include <memory>
+#include <optional>
+#include <string>
+#include <vector>
 
 class QCheckBox;
 
@@ -17,9 +17,8 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
-/// Which sections of the report a command takes. OK fills `Anafora` and keeps the choice; Cancel
-/// leaves `Anafora` empty and the choice as it was. It opens with the last choice, at first with
-/// all sections.
+/// Which sections of the report a command takes. It opens with the choice last confirmed, at first
+/// with all sections.
 class frmSelect : public QDialog
 {
     Q_OBJECT
@@ -28,21 +27,15 @@ public:
     frmSelect(const QString &caption, QWidget *parent);
     ~frmSelect() override; // in the .cpp, where Ui::frmSelect is complete
 
+    /// The text of the ticked sections on OK, which also keeps the choice; none on Cancel.
+    const std::optional<std::string> &answer() const { return answer_; }
+
     void accept() override;
 
 private:
-    struct Section
-    {
-        QCheckBox *check;
-        ReportSection kind;
-        bool *chosen;
-    };
-    std::array<Section, 4> sections() const;
-
     const std::unique_ptr<Ui::frmSelect> ui_;
+    std::vector<QCheckBox *> checks_; ///< of `reportSections`
+    std::optional<std::string> answer_;
 };
-
-/// The name of a section, for check boxes and sheets.
-std::string sectionName(ReportSection section);
 
 } // namespace veskora

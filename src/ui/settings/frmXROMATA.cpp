@@ -68,12 +68,13 @@ double wordOf(const QColor &colour)
 double Epilogi_Xromatos(double colour, QWidget *parent)
 {
     Epilegmeno_Xroma = colour;
-    frmXROMATA dialog(parent);
+    frmXROMATA dialog(colour, parent);
     dialog.exec();
-    return Epilegmeno_Xroma;
+    return Epilegmeno_Xroma = dialog.answer().value_or(-1);
 }
 
-frmXROMATA::frmXROMATA(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::frmXROMATA>())
+frmXROMATA::frmXROMATA(double colour, QWidget *parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::frmXROMATA>()), answer_(colour), current_(colour)
 {
     ui_->setupUi(this);
     setWindowModality(Qt::WindowModal);
@@ -87,7 +88,7 @@ frmXROMATA::frmXROMATA(QWidget *parent) : QDialog(parent), ui_(std::make_unique<
     ui_->SSCommand3->setText(qtText(Metafrasi(2003, "Cancel")));
     assignDialogMnemonics(this);
     addSwatches();
-    take(Epilegmeno_Xroma);
+    take(colour);
     connect(ui_->pCol, &PaletteImage::picked, this, qOverload<const QColor &>(&frmXROMATA::take));
     connect(ui_->SSCommand1, &QPushButton::clicked, this, &frmXROMATA::askMore);
     connect(ui_->SSCommand2, &QPushButton::clicked, this, &QDialog::accept);
@@ -160,13 +161,13 @@ void frmXROMATA::askMore()
 
 void frmXROMATA::accept()
 {
-    Epilegmeno_Xroma = current_;
+    answer_ = current_;
     QDialog::accept();
 }
 
 void frmXROMATA::reject()
 {
-    Epilegmeno_Xroma = -1;
+    answer_.reset();
     QDialog::reject();
 }
 

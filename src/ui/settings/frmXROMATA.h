@@ -5,6 +5,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 QT_BEGIN_NAMESPACE
 namespace Ui {
@@ -19,15 +20,17 @@ namespace veskora {
 /// @return the colour word picked, @p colour itself where the user kept it; -1 when cancelled
 double Epilogi_Xromatos(double colour, QWidget *parent);
 
-/// Sixteen swatches, a palette, and the desktop's own colour dialog. It starts from
-/// `Epilegmeno_Xroma` and leaves its answer there: the colour on OK, -1 on Cancel and Esc, and what
-/// it was given when it is closed by its frame.
+/// Sixteen swatches, a palette, and the desktop's own colour dialog.
 class frmXROMATA : public QDialog
 {
     Q_OBJECT
 public:
-    explicit frmXROMATA(QWidget *parent = nullptr);
+    frmXROMATA(double colour, QWidget *parent);
     ~frmXROMATA() override; // in the .cpp, where Ui::frmXROMATA is complete
+
+    /// The colour on OK, none on Cancel and Esc, and what it was given when it is closed by its
+    /// frame.
+    std::optional<double> answer() const { return answer_; }
 
     void accept() override;
     void reject() override;
@@ -43,7 +46,8 @@ private:
     void askMore();
 
     const std::unique_ptr<Ui::frmXROMATA> ui_;
-    double current_ = 0;
+    std::optional<double> answer_;
+    double current_;
 };
 
 } // namespace veskora
