@@ -2,6 +2,7 @@
 
 #include "ElementLine.h"
 #include "MathFunc.h"
+#include "Settings.h"
 
 #include <algorithm>
 #include <cmath>

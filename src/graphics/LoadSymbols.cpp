@@ -3,6 +3,7 @@
 
 #include "Kanvas.h"
 #include "Metablites.h"
+#include "Settings.h"
 #include "skip.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"

@@ -3,6 +3,7 @@
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
 

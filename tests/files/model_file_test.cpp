@@ -7,6 +7,7 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "ScriptedDesktop.h"
+#include "Settings.h"
 
 #include <algorithm>
 #include <fcntl.h>

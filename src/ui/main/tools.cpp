@@ -7,6 +7,7 @@
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "RowQueries.h"
+#include "Settings.h"
 #include "StatusPanel.h"
 #include "Supports.h"
 #include "Sxediastika.h"
