@@ -7,6 +7,7 @@
 #include "MainWindowTest.h"
 #include "Models.h"
 #include "Pointers.h"
+#include "QtColour.h"
 #include "Settings.h"
 #include "StatusPanel.h"
 #include "Zoom.h"

@@ -1,7 +1,6 @@
 #include "ImageKanvas.h"
 
-#include "ColourWord.h"
-#include "Sxediastika.h"
+#include "QtColour.h"
 #include "Units.h"
 
 #include <QFontMetricsF>
@@ -50,12 +49,6 @@ bool clip(QPointF &from, QPointF &to)
 }
 
 } // namespace
-
-QColor qtColour(double word)
-{
-    const Rgb rgb = colourOf(word);
-    return {rgb.red, rgb.green, rgb.blue};
-}
 
 bool writeImage(const QImage &image, const QString &path, const char *format)
 {

@@ -1,6 +1,7 @@
 #include "CanvasWidget.h"
 
 #include "Metablites.h"
+#include "QtColour.h"
 #include "Settings.h"
 #include "Sxediastika.h"
 #include "Units.h"

@@ -5,7 +5,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberField.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <algorithm>
 #include <cmath>

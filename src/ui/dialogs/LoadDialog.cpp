@@ -3,7 +3,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -5,7 +5,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmKykliko.h"
 #include "Units.h"
 

@@ -3,7 +3,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmMETAKINISI.h"
 
 #include <cmath>

@@ -1,8 +1,9 @@
 #include "frmOMOIOMORFO.h"
 
+#include "Desktop.h"
 #include "Functions.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmOMOIOMORFO.h"
 
 namespace veskora {

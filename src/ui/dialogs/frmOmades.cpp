@@ -5,7 +5,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmOmades.h"
 
 #include <cmath>

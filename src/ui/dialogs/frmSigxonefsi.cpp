@@ -5,8 +5,8 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmSigxonefsi.h"
 
 #include <cmath>

@@ -5,6 +5,7 @@
 #include "Metablites.h"
 #include "QtDesktop.h"
 #include "Registry.h"
+#include "Text.h"
 #include "ui_frmAbout.h"
 #include "Version.h"
 

@@ -13,6 +13,7 @@
 #include "Languages.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "QtColour.h"
 #include "Registry.h"
 #include "StatusPanel.h"
 #include "Sxediastika.h"

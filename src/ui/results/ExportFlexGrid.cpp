@@ -5,6 +5,7 @@
 #include "Functions.h"
 #include "QtDesktop.h"
 #include "ResultGrid.h"
+#include "Text.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -1,11 +1,11 @@
 #include "ResultGrid.h"
 
 #include "Functions.h"
-#include "ImageKanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "QtColour.h"
 #include "RowQueries.h"
+#include "Text.h"
 
 #include <QFont>
 

@@ -3,7 +3,7 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmSelect.h"
 
 namespace veskora {

@@ -1,6 +1,6 @@
 #include "ColourSwatch.h"
 
-#include "ImageKanvas.h"
+#include "QtColour.h"
 
 #include <QPainter>
 

@@ -7,6 +7,7 @@
 #include "Mnemonics.h"
 #include "QtDesktop.h"
 #include "Registry.h"
+#include "Text.h"
 #include "ui_frmWelcome.h"
 #include "Version.h"
 
