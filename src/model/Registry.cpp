@@ -94,7 +94,7 @@ void takeOver(const Setting &setting, const SettingValue &value)
 
 void storeAsDefault(const Setting &setting, const SettingValue &value)
 {
-    desktop().storeSetting("Rithmiseis", setting.key, std::visit(StoredText{}, value));
+    desktop().storeSetting(settingsSection, setting.key, std::visit(StoredText{}, value));
 }
 
 bool writeSettingsOrTell()
@@ -115,7 +115,7 @@ void setStandardSettings()
 void Fortosi_Rithmiseon()
 {
     for (const Setting &setting : settings) {
-        const std::string text = desktop().setting("Rithmiseis", setting.key, setting.standard);
+        const std::string text = desktop().setting(settingsSection, setting.key, setting.standard);
         // A damaged store must not keep the program from starting.
         takeOver(setting, std::visit(Parse{text}, setting.value).value_or(standardValue(setting)));
     }

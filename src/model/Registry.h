@@ -1,10 +1,16 @@
 #pragma once
 /// @file
-/// The settings in the per-user store, section "Rithmiseis": reading and writing them.
+/// The settings in the per-user store: reading and writing them.
 
 #include "Settings.h"
 
 namespace veskora {
+
+/// @name In the per-user store
+/// @{
+inline constexpr const char *settingsSection = "Rithmiseis"; ///< settings and language
+inline constexpr const char *showWelcomeKey = "ShowForm";    ///< in "Startup": 1 or 0
+/// @}
 
 /// Gives every setting its start value.
 void setStandardSettings();

@@ -1,11 +1,12 @@
 #include "ImageKanvas.h"
 
+#include "FileSystem.h"
 #include "QtColour.h"
 #include "Units.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QPainterPath>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -52,8 +53,10 @@ bool clip(QPointF &from, QPointF &to)
 
 bool writeImage(const QImage &image, const QString &path, const char *format)
 {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && image.save(&file, format) && file.commit();
+    QByteArray content;
+    QBuffer buffer(&content);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format)
+           && tryWriteWholeFile(path.toStdString(), content.toStdString());
 }
 
 ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)
