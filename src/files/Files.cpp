@@ -5,6 +5,7 @@
 #include "Fault.h"
 #include "FileSystem.h"
 #include "Functions.h"
+#include "ItemReader.h"
 #include "Metablites.h"
 #include "ModelText.h"
 

@@ -1,6 +1,7 @@
 #include "ModelText.h"
 
 #include "Fault.h"
+#include "ItemReader.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "RowQueries.h"

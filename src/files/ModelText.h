@@ -4,12 +4,12 @@
 /// separator; the model tables and the whole view state. The format has five stages, the last of
 /// which is written.
 
-#include "ItemReader.h"
-
 #include <string>
 #include <string_view>
 
 namespace veskora {
+
+class ItemReader;
 
 inline constexpr std::string_view modelEndLine = "END of Vesk Input File";
 
