@@ -165,7 +165,7 @@ void storeExtremes()
     };
     for (int i = 0; const auto function : functions)
         if (!std::isfinite(Akrotata(++i) = function())) // a square, say
-            throw Fault(Fault::Kind::overflow, "Overflow in the extreme values");
+            throw Fault("Overflow in the extreme values");
 }
 
 } // namespace veskora

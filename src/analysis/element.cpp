@@ -12,8 +12,8 @@ int referencedRow(int e, int column, int count, const char *table)
     const float reference = Stoixeia(e, column);
     // The negated test catches what is not a number too.
     if (!(reference >= 1 && reference <= static_cast<float>(count)))
-        throw Fault(Fault::Kind::subscript, "Element " + std::to_string(e) + " refers to a " + table
-                                                + " that does not exist");
+        throw Fault("Element " + std::to_string(e) + " refers to a " + table
+                    + " that does not exist");
     return static_cast<int>(std::nearbyint(reference));
 }
 
@@ -40,11 +40,9 @@ ElementGeometry elementGeometry(int e)
     const double wideY = dy;
     const double length = std::sqrt(wideX * wideX + wideY * wideY);
     if (length == 0)
-        throw Fault(Fault::Kind::divisionByZero,
-                    "Division by zero: element " + std::to_string(e) + " has no length");
+        throw Fault("Division by zero: element " + std::to_string(e) + " has no length");
     if (!std::isfinite(length))
-        throw Fault(Fault::Kind::overflow,
-                    "Overflow in the length of element " + std::to_string(e));
+        throw Fault("Overflow in the length of element " + std::to_string(e));
     return {length, wideX / length, wideY / length};
 }
 

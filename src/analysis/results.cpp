@@ -67,8 +67,7 @@ void Entasi_Stoixeiou(int e)
             force += K_Topiko(r, m) * U_Stoixeiou_Topiko(m);
         force += F_Pakton_Topiko(r);
         if (!std::isfinite(force))
-            throw Fault(Fault::Kind::overflow,
-                        "Overflow in the end forces of element " + std::to_string(e));
+            throw Fault("Overflow in the end forces of element " + std::to_string(e));
     }
 }
 
@@ -96,8 +95,7 @@ void Ipologismos_Antidraseon()
         for (int component = 1; component <= 3; ++component)
             if (double &reaction = Antidraseis(n, component);
                 !std::isfinite(reaction -= Komboi(n, node::Fx - 1 + component)))
-                throw Fault(Fault::Kind::overflow,
-                            "Overflow in the reactions of node " + std::to_string(n));
+                throw Fault("Overflow in the reactions of node " + std::to_string(n));
 }
 
 } // namespace veskora

@@ -246,7 +246,7 @@ public:
     {
         // No such number comes into the store; were it written, the file could not be read again.
         if (!std::isfinite(static_cast<double>(number)))
-            throw Fault(Fault::Kind::overflow, "A number of the model is infinite");
+            throw Fault("A number of the model is infinite");
         printed(numberText(number));
     }
     const std::string &text() const { return text_; }

@@ -33,7 +33,7 @@ TimeOfDay UserStore::timeOfDay()
 Desktop &desktop()
 {
     if (current == nullptr)
-        throw Fault(Fault::Kind::system, "no desktop has been set");
+        throw Fault("no desktop has been set");
     return *current;
 }
 

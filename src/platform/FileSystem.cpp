@@ -24,7 +24,7 @@ namespace {
 
 [[noreturn]] void fail(int error = errno)
 {
-    throw Fault(Fault::Kind::system, std::generic_category().message(error));
+    throw Fault(std::generic_category().message(error));
 }
 
 void requireRegularFile(const struct stat &status)
@@ -32,7 +32,7 @@ void requireRegularFile(const struct stat &status)
     if (S_ISDIR(status.st_mode))
         fail(EISDIR);
     if (!S_ISREG(status.st_mode))
-        throw Fault(Fault::Kind::system, "It is not a regular file");
+        throw Fault("It is not a regular file");
 }
 
 /// Whether the answer is that of a file system that has no such thing.
@@ -238,10 +238,9 @@ void writeInPlace(const fs::path &target, std::string_view content, Durability d
         if (!holds(target, old)) {
             if (copy.empty())
                 copy = keep();
-            throw Fault(Fault::Kind::system,
-                        fault.facts() + "; the old file is damaged, "
-                            + (copy.empty() ? "and its content could not be kept"
-                                            : "its content is kept in " + copy));
+            throw Fault(fault.facts() + "; the old file is damaged, "
+                        + (copy.empty() ? "and its content could not be kept"
+                                        : "its content is kept in " + copy));
         }
         fs::remove(copy, ignored);
         throw;
@@ -357,7 +356,7 @@ try {
     if (!replaceFile(target, exists ? &old : nullptr, content, durability))
         writeInPlace(target, content, durability);
 } catch (const fs::filesystem_error &error) {
-    throw Fault(Fault::Kind::system, error.code().message());
+    throw Fault(error.code().message());
 }
 
 bool tryWriteWholeFile(const std::string &path, std::string_view content)

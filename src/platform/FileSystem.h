@@ -1,8 +1,7 @@
 #pragma once
 /// @file
 /// Files as the program handles them: only regular ones are read, and a written one is there whole
-/// or not at all. Paths are UTF-8. Every refusal is a `Fault` of kind `system` that carries the
-/// system's reason.
+/// or not at all. Paths are UTF-8. Every refusal is a `Fault` with the system's reason.
 
 #include <cstddef>
 #include <string>
