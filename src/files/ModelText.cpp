@@ -28,7 +28,7 @@ constexpr std::array<std::string_view, 5> banner = {
 };
 
 /// A line of the section Rithmiseis. The format grew by appending: a file of an earlier stage ends
-/// where the first line of the next stage would stand.
+/// where the first line of the next stage would stand. Now that sections follow, it grows by those.
 struct SettingLine
 {
     int stage;                             ///< that brought the line
@@ -281,8 +281,7 @@ void writeSprings(Lines &lines)
         }
 }
 
-/// A section behind the settings, in the files of the stage that brought it and of later ones. The
-/// settings tell the stage: it brings a line there too, if need be one without a variable.
+/// A section behind the settings, and the stage that brought it.
 struct LaterSection
 {
     int stage;
@@ -294,6 +293,17 @@ struct LaterSection
 constexpr std::array laterSections = std::to_array<LaterSection>({
     {5, "Elatiria", readSprings, writeSprings},
 });
+
+/// The settings tell the stage that brought their last lines; a later one is told by its title.
+void readLaterSections(ItemReader &reader)
+{
+    for (const LaterSection &section : laterSections) {
+        const std::string title = reader.item();
+        if (section.stage > settingLines.back().stage && title == modelEndLine)
+            return;
+        section.read(reader);
+    }
+}
 
 void readSections(ItemReader &reader)
 {
@@ -307,12 +317,8 @@ void readSections(ItemReader &reader)
     readElements(reader);
     reader.skip(); // the title Rithmiseis
     PendingSettings pending;
-    const int stage = pending.read(reader);
-    for (const LaterSection &section : laterSections)
-        if (section.stage <= stage) {
-            reader.skip(); // the title
-            section.read(reader);
-        }
+    if (pending.read(reader) == settingLines.back().stage)
+        readLaterSections(reader);
     pending.takeOver();
 }
 
