@@ -3,7 +3,10 @@
 #include "Anafora.h"
 #include "BenchDesktop.h"
 #include "Files.h"
+#include "FileSystem.h"
+#include "Metablites.h"
 #include "Models.h"
+#include "ModelText.h"
 
 #include <benchmark/benchmark.h>
 
@@ -47,7 +50,7 @@ void fileWrite(benchmark::State &state)
 {
     SavedFrame frame;
     for (auto _ : state)
-        benchmark::DoNotOptimize(Apothikefsi_Arxeiou(frame.path, true));
+        writeWholeFile(frame.path, modelText(), Durability::untilPowerFails);
 }
 
 void changeTest(benchmark::State &state)

@@ -4,6 +4,7 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "QtDesktop.h"
+#include "Settings.h"
 
 #include <benchmark/benchmark.h>
 

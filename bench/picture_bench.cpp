@@ -4,6 +4,7 @@
 #include "epilisi.h"
 #include "ImageKanvas.h"
 #include "Models.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 

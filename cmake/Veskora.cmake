@@ -11,14 +11,14 @@ target_compile_options(veskora_flags INTERFACE
 target_link_options(veskora_flags INTERFACE
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined>)
 
-# veskora_library(NAME SOURCES ... LINKS ...): its own folder is its include path, and that of the
-# targets it links; a wrong include does not compile.
+# veskora_library(NAME [QT] SOURCES ... LINKS ...): its own folder is its include path, and that of
+# the targets it links; a wrong include does not compile. What stands in its folder internal/ is for
+# itself alone. QT: it has forms, or classes with signals.
 function(veskora_library name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(arg "QT" "" "SOURCES;LINKS" ${ARGN})
   add_library(${name} STATIC ${arg_SOURCES})
-  target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+  target_include_directories(${name}
+    PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/internal)
   target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE veskora_flags)
-  if(arg_LINKS MATCHES "Qt6::Widgets|veskora_desktop")
-    set_target_properties(${name} PROPERTIES AUTOMOC ON AUTOUIC ON AUTORCC ON)
-  endif()
+  set_target_properties(${name} PROPERTIES AUTOMOC ${arg_QT} AUTOUIC ${arg_QT} AUTORCC ${arg_QT})
 endfunction()

@@ -4,12 +4,12 @@
 
 #include "BatchDesktop.h"
 #include "epilisi.h"
-#include "Files.h"
 #include "FileSystem.h"
 #include "Functions_Bres_Megista.h"
 #include "ImageKanvas.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "Registry.h"
 #include "Sxediastika.h"
 #include "Zoom.h"

@@ -156,7 +156,7 @@ void storeExtremes()
     for (const auto &[row, search] : searches) {
         Akrotata(row) = search();
         if (!std::isfinite(Akrotata(row))) // a square, say
-            throw Fault(Fault::Kind::overflow, "Overflow in the extreme values");
+            throw Fault("Overflow in the extreme values");
     }
 }
 

@@ -13,8 +13,8 @@ namespace {
 int existing(int row, int e, const char *table)
 {
     if (row == 0)
-        throw Fault(Fault::Kind::subscript, "Element " + std::to_string(e) + " refers to a " + table
-                                                + " that does not exist");
+        throw Fault("Element " + std::to_string(e) + " refers to a " + table
+                    + " that does not exist");
     return row;
 }
 
@@ -41,11 +41,9 @@ ElementGeometry elementGeometry(int e)
     const double wideY = dy;
     const double length = std::sqrt(wideX * wideX + wideY * wideY);
     if (length == 0)
-        throw Fault(Fault::Kind::divisionByZero,
-                    "Division by zero: element " + std::to_string(e) + " has no length");
+        throw Fault("Division by zero: element " + std::to_string(e) + " has no length");
     if (!std::isfinite(length))
-        throw Fault(Fault::Kind::overflow,
-                    "Overflow in the length of element " + std::to_string(e));
+        throw Fault("Overflow in the length of element " + std::to_string(e));
     return {length, wideX / length, wideY / length};
 }
 

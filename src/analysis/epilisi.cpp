@@ -133,7 +133,7 @@ void testFinite(const PinakasErgasias<Rows, Columns> &table, int rows)
         const auto [first, last] = table.stretch(row);
         for (const double value : table.read(row, first, last))
             if (!std::isfinite(value))
-                throw Fault(Fault::Kind::overflow, "Overflow in the stiffness of the structure");
+                throw Fault("Overflow in the stiffness of the structure");
     }
 }
 

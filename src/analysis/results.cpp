@@ -67,8 +67,7 @@ void Entasi_Stoixeiou(int e)
             force += K_Topiko(r, m) * U_Stoixeiou_Topiko(m);
         force += F_Pakton_Topiko(r);
         if (!std::isfinite(force))
-            throw Fault(Fault::Kind::overflow,
-                        "Overflow in the end forces of element " + std::to_string(e));
+            throw Fault("Overflow in the end forces of element " + std::to_string(e));
     }
 }
 
@@ -97,8 +96,7 @@ void Ipologismos_Antidraseon()
             double &reaction = Antidraseis(n, component);
             reaction -= Komboi(n, node::Fx - 1 + component);
             if (!std::isfinite(reaction))
-                throw Fault(Fault::Kind::overflow,
-                            "Overflow in the reactions of node " + std::to_string(n));
+                throw Fault("Overflow in the reactions of node " + std::to_string(n));
         }
 }
 

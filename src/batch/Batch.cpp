@@ -8,6 +8,7 @@
 #include "FileSystem.h"
 #include "ImageKanvas.h"
 #include "Metablites.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 

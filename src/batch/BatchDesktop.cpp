@@ -1,7 +1,5 @@
 #include "BatchDesktop.h"
 
-#include "Clock.h"
-
 #include <QStandardPaths>
 
 #include <ostream>
@@ -32,11 +30,6 @@ void BatchDesktop::finishLine()
     if (lineOpen_)
         log_ << std::endl;
     lineOpen_ = false;
-}
-
-TimeOfDay BatchDesktop::timeOfDay()
-{
-    return localTimeOfDay();
 }
 
 std::string BatchDesktop::dataFolder()

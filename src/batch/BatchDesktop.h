@@ -25,13 +25,6 @@ public:
     std::optional<std::string> askOpenFile(const FileQuestion &) override { return std::nullopt; }
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return std::nullopt; }
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
-    void setCaption(const std::string &) override {}
-    void setPointer(Pointer) override {}
-    void setAnalysing(bool) override {}
-    void repaintMainWindow() override {}
-    void repaintLog() override {}
-    void redraw() override {}
-    TimeOfDay timeOfDay() override;
     std::string setting(std::string_view, std::string_view, std::string_view standard) override
     {
         return std::string(standard);

@@ -2,23 +2,23 @@
 /// @file
 /// Model files: reading, writing, and whether the model differs from its file; report files.
 ///
-/// A model is one text file with the extension .vsk, one value to a line, CR LF line ends, the
-/// point as decimal separator; it carries the model tables and the whole view state. Paths and
-/// texts are UTF-8.
+/// What stands in a model file is the matter of `ModelText.h`. Paths and texts are UTF-8.
 
 #include <string>
 
 namespace veskora {
 
 /// Reads the model file @p path; when it is empty the user is asked, and the name chosen stands in
-/// it afterwards. All five stages of the format are read; what an early stage lacks takes the start
-/// value of its time or keeps the one it has.
+/// it afterwards.
 ///
 /// On success the model, the view and the settings are the file's, `Onoma_Arxeiou` and the caption
 /// name it, and the zoom history begins anew. A wrong banner is reported and changes nothing. Any
 /// other failure is reported and leaves an empty model without a name, and settings and view as
 /// they were. Painting is up to the caller.
 void Anagnosi_Arxeiou(std::string &path);
+
+/// Empties the model, which then has no name; view and settings stay.
+void startEmptyModel();
 
 /// Writes the model to @p path; when it is empty the user is asked, and the name chosen stands in
 /// it once the file is written. The file is replaced as a whole or not at all.
@@ -31,9 +31,6 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 
 /// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
 bool isModelFile(const std::string &path);
-
-/// What the file of the model holds. Fault: a number is infinite.
-std::string modelText();
 
 /// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
 /// written to a scratch file and the two are compared item by item, view state included. Where no
@@ -49,8 +46,5 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
 /// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
 /// file @p path is proposed, with .txt for its extension. A failure is reported.
 void Apothikefsi_Anaforas(const std::string &path);
-
-/// The folder where file dialogs start.
-const std::string &dialogFolder();
 
 } // namespace veskora

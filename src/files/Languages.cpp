@@ -5,6 +5,7 @@
 #include "ItemReader.h"
 #include "Metablites.h"
 #include "PrintableText.h"
+#include "Registry.h"
 #include "usedSlots.h"
 
 #include <algorithm>
@@ -18,6 +19,7 @@ namespace veskora {
 namespace {
 
 constexpr const char *english = "English";
+constexpr const char *languageKey = "Language";
 
 fs::path packFolder()
 {
@@ -72,8 +74,13 @@ void tellMissingTexts()
 
 std::string storedLanguage()
 {
-    const std::string language = desktop().setting("Rithmiseis", "Language", english);
+    const std::string language = desktop().setting(settingsSection, languageKey, english);
     return language.empty() ? english : language;
+}
+
+void storeLanguage(const std::string &language)
+{
+    desktop().storeSetting(settingsSection, languageKey, language);
 }
 
 void Fortosi_Glossas()

@@ -20,6 +20,9 @@ void Fortosi_Glossas();
 /// The language of the per-user store, also where its pack could not be read.
 std::string storedLanguage();
 
+/// Stores the language of the next start and of the next `Fortosi_Glossas`.
+void storeLanguage(const std::string &language);
+
 /// The names of the packs that are there, in alphabetical order.
 std::vector<std::string> languagePacks();
 

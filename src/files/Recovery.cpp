@@ -1,15 +1,15 @@
 #include "Recovery.h"
 
-#include "Fault.h"
-#include "Files.h"
+#include "Functions.h"
 #include "Metablites.h"
+#include "ModelText.h"
 #include "RecoveryFolder.h"
 
 namespace veskora {
 
 std::string writeRecoveryFile()
 try {
-    return keepInRecoveryFolder(modelText(), ".vsk");
+    return keepInRecoveryFolder(modelText(), modelExtension);
 } catch (const std::exception &) {
     return {}; // a model that no file can hold, or no memory for its text
 }

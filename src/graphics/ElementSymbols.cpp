@@ -3,6 +3,7 @@
 #include "ElementLine.h"
 #include "Kanvas.h"
 #include "MathFunc.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
 

@@ -4,6 +4,7 @@
 #include "Kanvas.h"
 #include "ResultTexts.h"
 #include "RowQueries.h"
+#include "Settings.h"
 #include "skip.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"

@@ -3,6 +3,7 @@
 #include "ElementLine.h"
 #include "MathFunc.h"
 #include "RowQueries.h"
+#include "Settings.h"
 
 #include <algorithm>
 #include <cmath>

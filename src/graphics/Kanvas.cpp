@@ -30,7 +30,7 @@ std::string printedNumber(Number number)
 Kanvas &Picture1()
 {
     if (current == nullptr)
-        throw Fault(Fault::Kind::system, "no canvas has been set");
+        throw Fault("no canvas has been set");
     return *current;
 }
 

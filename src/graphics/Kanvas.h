@@ -19,6 +19,8 @@ struct Point
     double y = 0;
 };
 
+inline constexpr const char *canvasFontFace = "Arial"; ///< where no other is asked for
+
 enum class PenStyle { solid, dotted };
 
 /// A font of its own for text at an angle.

@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "RowQueries.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "SymbolPen.h"
 

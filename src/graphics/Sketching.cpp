@@ -6,6 +6,7 @@
 #include "Metablites.h"
 #include "ModelEdits.h"
 #include "RowQueries.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 

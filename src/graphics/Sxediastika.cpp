@@ -6,6 +6,7 @@
 #include "Functions.h"
 #include "Kanvas.h"
 #include "Metablites.h"
+#include "Settings.h"
 #include "skip.h"
 #include "SymbolPen.h"
 #include "Zoom.h"

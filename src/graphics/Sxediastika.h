@@ -49,7 +49,4 @@ void DrawRotatedText(const std::string &text, double x, double y, const std::str
                      int height, int weight, int angle, bool italic, bool underline,
                      bool strikeout);
 
-/// The face of the canvas's font.
-inline constexpr const char *canvasFontFace = "Arial";
-
 } // namespace veskora

@@ -38,6 +38,8 @@ void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona = false
 /// Tells the user why a command is refused: in a box with a warning icon, and in red in the log.
 void showRefusal(const std::string &text);
 
+inline constexpr const char *modelExtension = ".vsk"; ///< of a model's file
+
 /// Sets the caption of the main window for the model file @p path, "Untitled.vsk" when empty.
 void showModelCaption(const std::string &path);
 

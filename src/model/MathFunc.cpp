@@ -1,6 +1,7 @@
 #include "MathFunc.h"
 
 #include "Metablites.h"
+#include "Settings.h"
 
 #include <array>
 #include <bit>

@@ -1,6 +1,7 @@
 #pragma once
 /// @file
-/// The one store of the process: model tables, results, working tables, settings, view, flags.
+/// The one store of the process: model tables, results, working tables, view, flags; the settings
+/// stand in `Settings.h`.
 ///
 /// Rows are one-based and dense: rows 1 to the count of a table are live, and those behind it are
 /// 0, as a deletion leaves them; who adds a row writes only what it has. Model quantities have no
@@ -9,11 +10,9 @@
 
 #include "Pinakas.h"
 
-#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <variant>
 
 namespace veskora {
 
@@ -41,7 +40,9 @@ inline constexpr int A = 2; ///< section area
 inline constexpr int I = 3; ///< second moment of area
 } // namespace group
 
-/// Columns of `Stoixeia`. Columns 8 and 9 exist and are not used.
+/// Columns of `Stoixeia`. Columns 8 and 9 move with their row and are used for nothing else. A
+/// model file has no place for them in the rows of elements: a new value of each element needs a
+/// section of its own behind the settings.
 namespace element {
 inline constexpr int nodeI = 1; ///< row numbers, held as floats
 inline constexpr int nodeJ = 2;
@@ -125,7 +126,7 @@ extern bool Allagi_Montelou;            ///< the model differs from what the las
 extern bool Sfalma_Epilisis;            ///< the last solve failed
 extern std::string Onoma_Arxeiou;       ///< path of the model file, empty for an unnamed model
 extern std::int16_t Katastasi_Provolis; ///< what the canvas shows, one of `view`
-/// Where file dialogs start: the folder of the last file used; empty until the first dialog.
+/// Where file dialogs start: the folder of the last file used; empty before there was one.
 extern std::string currentFolder;
 extern std::string Anafora; ///< report text, empty between commands
 /// The report sections that the user last chose: data, displacements, element forces, reactions.
@@ -175,38 +176,6 @@ struct RoundedPicture
 };
 /// The one whose values were said to be too large to be shown.
 extern std::optional<RoundedPicture> roundingReportedFor;
-
-/// @name Settings
-/// Their keys and start values stand in `settings`.
-/// @{
-extern bool nai_aksones, nai_grid, nai_komboi, nai_arithmisi_kombon, nai_desmefseis, nai_graf_stir;
-extern bool nai_sint_kombon, nai_springs, nai_stoixeia, nai_arithmisi_stoixeion, nai_eleftheroseis;
-extern bool nai_omades, nai_miki, nai_fortiseis_si, nai_times_fortiseon_si, nai_fortiseis_om;
-extern bool nai_times_fortiseon_om, nai_times_M, nai_times_Q, nai_times_N;
-extern bool Q_sin_Ina, N_sin_Ina, M_sin_Tension, Nai_Apolites_Sint, Nai_Sxetikes_Sint;
-extern float kannab; ///< grid step, model units
-/// What 1 cm of paper stands for: moment, shear, axial force, and displacement in thousandths.
-extern float Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000;
-extern std::int16_t dekadika_M, dekadika_Q, dekadika_N; ///< decimals of the diagrams' values
-inline constexpr int maxDecimals = 13;
-/// Colour words, red in the low byte; a word with the high bit set names a system colour.
-extern double xroma_background, xroma_aksonon, xroma_grid, xroma_stoixeion, xroma_kombon;
-extern double xroma_sigkentromenon, xroma_omoiomorfon, xroma_paramorfosis;
-extern double xroma_M, xroma_Q, xroma_N;
-
-/// A variable of the store of one of the types that settings and view have.
-using StoreVariable = std::variant<bool *, std::int16_t *, float *, double *>;
-
-struct Setting
-{
-    const char *key; ///< in the per-user store
-    StoreVariable value;
-    const char *standard; ///< text taken when the user has none
-};
-
-/// All view settings in the order in which they are read from the user's store.
-extern const std::array<Setting, 44> settings;
-/// @}
 
 /// The view of a new model: scale 100, the world origin 2 cm from the left and bottom edges.
 void resetView();

@@ -16,10 +16,9 @@ namespace veskora {
 
 [[noreturn]] inline void subscriptFault(int row, int rows, int column, int columns)
 {
-    throw Fault(Fault::Kind::subscript, "Subscript (" + std::to_string(row) + ", "
-                                            + std::to_string(column)
-                                            + ") out of range in a table of " + std::to_string(rows)
-                                            + " by " + std::to_string(columns));
+    throw Fault("Subscript (" + std::to_string(row) + ", " + std::to_string(column)
+                + ") out of range in a table of " + std::to_string(rows) + " by "
+                + std::to_string(columns));
 }
 
 /// A table of @p Rows by @p Columns values, all 0 at the start. An index out of range is a `Fault`

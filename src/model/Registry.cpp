@@ -3,74 +3,19 @@
 #include "Desktop.h"
 #include "Functions.h"
 #include "MathFunc.h"
-#include "Metablites.h"
 
 #include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <limits>
-#include <type_traits>
+#include <optional>
+#include <string>
 
 namespace veskora {
 
-bool nai_aksones, nai_grid, nai_komboi, nai_arithmisi_kombon, nai_desmefseis, nai_graf_stir,
-    nai_sint_kombon, nai_springs, nai_stoixeia, nai_arithmisi_stoixeion, nai_eleftheroseis,
-    nai_omades, nai_miki, nai_fortiseis_si, nai_times_fortiseon_si, nai_fortiseis_om,
-    nai_times_fortiseon_om, nai_times_M, nai_times_Q, nai_times_N, Q_sin_Ina, N_sin_Ina,
-    M_sin_Tension, Nai_Apolites_Sint, Nai_Sxetikes_Sint;
-float kannab, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000;
-std::int16_t dekadika_M, dekadika_Q, dekadika_N;
-double xroma_background, xroma_aksonon, xroma_grid, xroma_stoixeion, xroma_kombon,
-    xroma_sigkentromenon, xroma_omoiomorfon, xroma_paramorfosis, xroma_M, xroma_Q, xroma_N;
-
-const std::array<Setting, 44> settings = {{
-    {"nai_aksones", &nai_aksones, "True"},
-    {"nai_grid", &nai_grid, "True"},
-    {"kannab", &kannab, "1"},
-    {"nai_komboi", &nai_komboi, "True"},
-    {"nai_arithmisi_kombon", &nai_arithmisi_kombon, "True"},
-    {"nai_desmefseis", &nai_desmefseis, "True"},
-    {"nai_graf_stir", &nai_graf_stir, "True"},
-    {"nai_sint_kombon", &nai_sint_kombon, "False"},
-    {"nai_springs", &nai_springs, "true"},
-    {"nai_stoixeia", &nai_stoixeia, "True"},
-    {"nai_arithmisi_stoixeion", &nai_arithmisi_stoixeion, "True"},
-    {"nai_eleftheroseis", &nai_eleftheroseis, "True"},
-    {"nai_omades", &nai_omades, "False"},
-    {"nai_miki", &nai_miki, "False"},
-    {"nai_fortiseis_si", &nai_fortiseis_si, "True"},
-    {"nai_times_fortiseon_si", &nai_times_fortiseon_si, "True"},
-    {"nai_fortiseis_om", &nai_fortiseis_om, "True"},
-    {"nai_times_fortiseon_om", &nai_times_fortiseon_om, "True"},
-    {"nai_times_M", &nai_times_M, "True"},
-    {"nai_times_Q", &nai_times_Q, "True"},
-    {"nai_times_N", &nai_times_N, "True"},
-    {"Q_sin_Ina", &Q_sin_Ina, "True"},
-    {"N_sin_Ina", &N_sin_Ina, "True"},
-    {"M_sin_Tension", &M_sin_Tension, "True"},
-    {"Ena_cm_posa_KNm_M", &Ena_cm_posa_KNm_M, "100"},
-    {"Ena_cm_posa_KN_Q", &Ena_cm_posa_KN_Q, "100"},
-    {"Ena_cm_posa_KN_N", &Ena_cm_posa_KN_N, "100"},
-    {"Ena_cm_posa_m_epi_1000", &Ena_cm_posa_m_epi_1000, "100"},
-    {"dekadika_M", &dekadika_M, "3"},
-    {"dekadika_Q", &dekadika_Q, "3"},
-    {"dekadika_N", &dekadika_N, "3"},
-    {"xroma_background", &xroma_background, "-2147483634"},
-    {"xroma_aksonon", &xroma_aksonon, "8388608"},
-    {"xroma_grid", &xroma_grid, "&HE0E0E0"},
-    {"xroma_stoixeion", &xroma_stoixeion, "0"},
-    {"xroma_kombon", &xroma_kombon, "&HFF0000"},
-    {"xroma_sigkentromenon", &xroma_sigkentromenon, "41984"},
-    {"xroma_omoiomorfon", &xroma_omoiomorfon, "32768"},
-    {"xroma_paramorfosis", &xroma_paramorfosis, "16711680"},
-    {"xroma_M", &xroma_M, "3557577"},
-    {"xroma_Q", &xroma_Q, "10499638"},
-    {"xroma_N", &xroma_N, "2852397"},
-    {"Nai_Apolites_Sint", &Nai_Apolites_Sint, "False"},
-    {"Nai_Sxetikes_Sint", &Nai_Sxetikes_Sint, "True"},
-}};
-
 namespace {
+
+using Parsed = std::optional<SettingValue>;
 
 std::string lowerCase(std::string text)
 {
@@ -79,52 +24,40 @@ std::string lowerCase(std::string text)
     return text;
 }
 
-/// Stores what @p text says; answers false, storing nothing, where it says nothing that the program
+std::optional<double> wholeNumber(const std::string &text, double least, double most)
+{
+    const std::optional<double> number = leadingNumber(text);
+    const bool fits = number >= least && number <= most && *number == std::floor(*number);
+    return fits ? number : std::nullopt;
+}
+
+/// What @p text says to a setting of the type; nothing where it says nothing that the program
 /// itself could have stored.
-struct AssignText
+struct Parse
 {
     const std::string &text;
 
-    bool operator()(bool *value) const
+    Parsed operator()(const bool *) const
     {
         const std::string word = lowerCase(text);
-        if (word == "true" || word == "false")
-            *value = word == "true";
-        return word == "true" || word == "false";
+        return word == "true" || word == "false" ? Parsed(word == "true") : std::nullopt;
     }
-    bool operator()(std::int16_t *value) const // decimals
+    Parsed operator()(const std::int16_t *) const // decimals
     {
-        const std::optional<double> number = leadingNumber(text);
-        if (!number || !(*number >= 0 && *number <= maxDecimals && *number == std::floor(*number)))
-            return false;
-        *value = static_cast<std::int16_t>(*number);
-        return true;
+        const std::optional<double> number = wholeNumber(text, 0, maxDecimals);
+        return number ? Parsed(static_cast<std::int16_t>(*number)) : std::nullopt;
     }
-    bool operator()(float *value) const // scales and the grid step
+    Parsed operator()(const float *) const // scales and the grid step
     {
         const std::optional<float> number = toSingle(Val(text));
-        if (!number || !(*number > 0))
-            return false;
-        *value = *number;
-        return true;
+        return number > 0 ? Parsed(*number) : std::nullopt;
     }
-    bool operator()(double *value) const // colour words
+    Parsed operator()(const double *) const // colour words
     {
-        const std::optional<double> number = leadingNumber(text);
-        if (!number
-            || !(*number >= std::numeric_limits<std::int32_t>::min()
-                 && *number <= std::numeric_limits<std::uint32_t>::max()
-                 && *number == std::floor(*number)))
-            return false;
-        *value = *number;
-        return true;
+        return wholeNumber(text, std::numeric_limits<std::int32_t>::min(),
+                           std::numeric_limits<std::uint32_t>::max());
     }
 };
-
-void assignStandard(const Setting &setting)
-{
-    std::visit(AssignText{setting.standard}, setting.value);
-}
 
 /// The text of a value in the per-user store.
 struct StoredText
@@ -146,32 +79,22 @@ struct StoredText
 
 SettingValue currentValue(const Setting &setting)
 {
-    return std::visit([](const auto *variable) { return SettingValue(*variable); }, setting.value);
+    return std::visit([](const auto *value) { return SettingValue(*value); }, setting.value);
 }
 
 SettingValue standardValue(const Setting &setting)
 {
-    return std::visit(
-        [&setting](const auto *variable) {
-            auto value = *variable;
-            AssignText{setting.standard}(&value);
-            return SettingValue(value);
-        },
-        setting.value);
+    return std::visit(Parse{setting.standard}, setting.value).value();
 }
 
 void takeOver(const Setting &setting, const SettingValue &value)
 {
-    std::visit(
-        [&value](auto *variable) {
-            *variable = std::get<std::remove_pointer_t<decltype(variable)>>(value);
-        },
-        setting.value);
+    assign(setting.value, value);
 }
 
 void storeAsDefault(const Setting &setting, const SettingValue &value)
 {
-    desktop().storeSetting("Rithmiseis", setting.key, std::visit(StoredText{}, value));
+    desktop().storeSetting(settingsSection, setting.key, std::visit(StoredText{}, value));
 }
 
 bool writeSettingsOrTell()
@@ -185,15 +108,17 @@ bool writeSettingsOrTell()
 
 void setStandardSettings()
 {
-    std::ranges::for_each(settings, assignStandard);
+    for (const Setting &setting : settings)
+        takeOver(setting, standardValue(setting));
 }
 
 void Fortosi_Rithmiseon()
 {
-    for (const Setting &setting : settings)
-        if (!std::visit(AssignText{desktop().setting("Rithmiseis", setting.key, setting.standard)},
-                        setting.value))
-            assignStandard(setting); // a damaged store must not keep the program from starting
+    for (const Setting &setting : settings) {
+        const std::string text = desktop().setting(settingsSection, setting.key, setting.standard);
+        // A damaged store must not keep the program from starting.
+        takeOver(setting, std::visit(Parse{text}, setting.value).value_or(standardValue(setting)));
+    }
 }
 
 } // namespace veskora

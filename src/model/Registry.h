@@ -1,20 +1,23 @@
 #pragma once
 /// @file
-/// The per-user settings store: its keys, their start values, reading and writing it.
+/// The settings in the per-user store: reading and writing them.
 
-#include "Metablites.h"
+#include "Settings.h"
 
 namespace veskora {
+
+/// @name In the per-user store
+/// @{
+inline constexpr const char *settingsSection = "Rithmiseis"; ///< settings and language
+inline constexpr const char *showWelcomeKey = "ShowForm";    ///< in "Startup": 1 or 0
+/// @}
 
 /// Gives every setting its start value.
 void setStandardSettings();
 
-/// Reads all view settings from the per-user store, section "Rithmiseis", in the order of
-/// `settings`. A key that the store lacks takes its start value.
+/// Reads all settings from the per-user store, in the order of `settings`. A key that the store
+/// lacks takes its start value.
 void Fortosi_Rithmiseon();
-
-/// A setting's value apart from its variable in the store.
-using SettingValue = std::variant<bool, std::int16_t, float, double>;
 
 SettingValue currentValue(const Setting &setting);
 SettingValue standardValue(const Setting &setting);

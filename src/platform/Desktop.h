@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// What the program needs of a desktop, as one abstract interface.
+/// What the program needs of a desktop: three abstract interfaces, and one that is them all.
 ///
 /// Everything below the forms speaks to the user through `desktop()`. The window program, the batch
 /// runner and the tests each bring an implementation of their own. All texts are UTF-8; line breaks
@@ -30,8 +30,9 @@ enum class Pointer { standard, hourglass };
 /// The time of day, read once.
 struct TimeOfDay
 {
-    std::string text; ///< "HH:mm:ss"
-    double seconds;   ///< since midnight, with fractions
+    std::string text;      ///< "HH:mm:ss"
+    double seconds;        ///< since midnight, with fractions
+    std::string date = {}; ///< "yyyy-MM-dd"
 };
 
 /// A file dialog's question.
@@ -42,10 +43,11 @@ struct FileQuestion
     std::string proposed = {}; ///< proposed file name, saving only
 };
 
-class Desktop
+/// Boxes and dialogs.
+class Questions
 {
 public:
-    virtual ~Desktop() = default;
+    virtual ~Questions() = default;
 
     /// Shows a modal box under the application's title and returns the button pressed.
     virtual Answer message(const std::string &text, Icon icon, Buttons buttons = Buttons::ok) = 0;
@@ -57,21 +59,36 @@ public:
     /// is chosen.
     virtual std::optional<std::string> askOpenFile(const FileQuestion &question) = 0;
     virtual std::optional<std::string> askSaveFile(const FileQuestion &question) = 0;
+};
 
-    /// Inserts @p text, line break included, at the end of the message log.
-    /// @param colour  a colour word, red in the low byte
-    virtual void insertLog(const std::string &text, std::uint32_t colour, bool bold) = 0;
+/// The main window as the layers below see it. Where there is none, nothing happens.
+class WindowSurface
+{
+public:
+    virtual ~WindowSurface() = default;
 
-    virtual void setCaption(const std::string &text) = 0;
-    virtual void setPointer(Pointer pointer) = 0;
+    /// Inserts a text, line break included, at the end of the message log.
+    /// Its colour is a colour word, red in the low byte.
+    virtual void insertLog(const std::string & /*text*/, std::uint32_t /*colour*/, bool /*bold*/) {}
+
+    virtual void setCaption(const std::string & /*text*/) {}
+    virtual void setPointer(Pointer /*pointer*/) {}
     /// An analysis has begun, or has ended in whatever way.
-    virtual void setAnalysing(bool isOn) = 0;
-    virtual void repaintMainWindow() = 0;
-    virtual void repaintLog() = 0;
+    virtual void setAnalysing(bool /*isOn*/) {}
+    virtual void repaintMainWindow() {}
+    virtual void repaintLog() {}
     /// Paints the whole picture anew from the tables.
-    virtual void redraw() = 0;
+    virtual void redraw() {}
+};
 
-    virtual TimeOfDay timeOfDay() = 0;
+/// What is the user's own: settings, folders, clock.
+class UserStore
+{
+public:
+    virtual ~UserStore() = default;
+
+    /// Local time, read from the system's clock.
+    virtual TimeOfDay timeOfDay();
 
     /// The per-user settings: texts keyed by section and key, as they are now: another running copy
     /// of the program may have changed them. An empty text counts as none.
@@ -91,6 +108,9 @@ public:
     virtual std::string documentsFolder() = 0;
     virtual std::string dataFolder() = 0;
 };
+
+class Desktop : public Questions, public WindowSurface, public UserStore
+{};
 
 /// The desktop in use. A process sets it once, before anything else of the program runs.
 Desktop &desktop();

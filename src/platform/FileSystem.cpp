@@ -14,6 +14,7 @@
 #include <sys/xattr.h>
 #include <system_error>
 #include <unistd.h>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -21,43 +22,18 @@ namespace veskora {
 
 namespace {
 
-Fault systemFault(int error)
-{
-    return {Fault::Kind::system, std::generic_category().message(error)};
-}
-
 [[noreturn]] void fail(int error = errno)
 {
-    throw systemFault(error);
+    throw Fault(std::generic_category().message(error));
 }
 
-/// Owns a file descriptor.
-class Descriptor
+void requireRegularFile(const struct stat &status)
 {
-public:
-    explicit Descriptor(int number) : number_(number) {}
-    ~Descriptor()
-    {
-        if (number_ >= 0)
-            ::close(number_);
-    }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-    int number() const { return number_; }
-    bool valid() const { return number_ >= 0; }
-
-    /// Closes now, so that an error that the system reports only at closing is seen.
-    void close()
-    {
-        const int number = number_;
-        number_ = -1;
-        if (::close(number) != 0)
-            fail();
-    }
-
-private:
-    int number_;
-};
+    if (S_ISDIR(status.st_mode))
+        fail(EISDIR);
+    if (!S_ISREG(status.st_mode))
+        throw Fault("It is not a regular file");
+}
 
 /// Whether the answer is that of a file system that has no such thing.
 bool isUnknownHere(int error)
@@ -262,10 +238,9 @@ void writeInPlace(const fs::path &target, std::string_view content, Durability d
         if (!holds(target, old)) {
             if (copy.empty())
                 copy = keep();
-            throw Fault(Fault::Kind::system,
-                        fault.facts() + "; the old file is damaged, "
-                            + (copy.empty() ? "and its content could not be kept"
-                                            : "its content is kept in " + copy));
+            throw Fault(fault.facts() + "; the old file is damaged, "
+                        + (copy.empty() ? "and its content could not be kept"
+                                        : "its content is kept in " + copy));
         }
         fs::remove(copy, ignored);
         throw;
@@ -334,31 +309,32 @@ bool claimsFolder(const std::string &folder)
 
 } // namespace
 
+Descriptor::~Descriptor()
+{
+    if (valid())
+        ::close(number_);
+}
+
+void Descriptor::close()
+{
+    if (::close(std::exchange(number_, -1)) != 0)
+        fail();
+}
+
 InputFile::InputFile(const std::string &path)
     // Without O_NONBLOCK, opening a pipe that nobody writes would wait for ever.
     : descriptor_(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC))
 {
-    if (descriptor_ < 0)
-        fail();
     struct stat status = {};
-    const int answer = ::fstat(descriptor_, &status);
-    if (answer != 0 || !S_ISREG(status.st_mode)) {
-        const int error = answer != 0 ? errno : S_ISDIR(status.st_mode) ? EISDIR : 0;
-        ::close(descriptor_);
-        throw error != 0 ? systemFault(error)
-                         : Fault(Fault::Kind::system, "It is not a regular file");
-    }
-}
-
-InputFile::~InputFile()
-{
-    ::close(descriptor_);
+    if (!descriptor_.valid() || ::fstat(descriptor_.number(), &status) != 0)
+        fail();
+    requireRegularFile(status);
 }
 
 std::size_t InputFile::read(char *buffer, std::size_t size)
 {
     for (;;) {
-        const ssize_t count = ::read(descriptor_, buffer, size);
+        const ssize_t count = ::read(descriptor_.number(), buffer, size);
         if (count >= 0)
             return static_cast<std::size_t>(count);
         if (errno != EINTR)
@@ -371,10 +347,8 @@ try {
     const fs::path target = resolveLinks(fs::path(path));
     struct stat old = {};
     const bool exists = ::stat(target.c_str(), &old) == 0;
-    if (exists && S_ISDIR(old.st_mode))
-        fail(EISDIR);
-    if (exists && !S_ISREG(old.st_mode))
-        throw Fault(Fault::Kind::system, "It is not a regular file");
+    if (exists)
+        requireRegularFile(old);
     // A rename asks the folder's permission only; a file that its owner protected stays protected.
     if (exists && ::access(target.c_str(), W_OK) != 0)
         fail();
@@ -382,7 +356,15 @@ try {
     if (!replaceFile(target, exists ? &old : nullptr, content, durability))
         writeInPlace(target, content, durability);
 } catch (const fs::filesystem_error &error) {
-    throw Fault(Fault::Kind::system, error.code().message());
+    throw Fault(error.code().message());
+}
+
+bool tryWriteWholeFile(const std::string &path, std::string_view content)
+try {
+    writeWholeFile(path, content, Durability::onDisk);
+    return true;
+} catch (const Fault &) {
+    return false;
 }
 
 void writePrivateFile(const std::string &path, std::string_view content)

@@ -1,8 +1,7 @@
 #pragma once
 /// @file
 /// Files as the program handles them: only regular ones are read, and a written one is there whole
-/// or not at all. Paths are UTF-8. Every refusal is a `Fault` of kind `system` that carries the
-/// system's reason.
+/// or not at all. Paths are UTF-8. Every refusal is a `Fault` with the system's reason.
 
 #include <cstddef>
 #include <string>
@@ -10,20 +9,35 @@
 
 namespace veskora {
 
-/// A regular file opened for reading, closed on every way out.
+/// Owns a file descriptor.
+class Descriptor
+{
+public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor();
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+    int number() const { return number_; }
+    bool valid() const { return number_ >= 0; }
+
+    /// Closes now, so that an error that the system reports only at closing is seen.
+    void close();
+
+private:
+    int number_;
+};
+
+/// A regular file opened for reading.
 class InputFile
 {
 public:
     explicit InputFile(const std::string &path);
-    ~InputFile();
-    InputFile(const InputFile &) = delete;
-    InputFile &operator=(const InputFile &) = delete;
 
     /// Reads up to @p size bytes; 0 at the end of the file.
     std::size_t read(char *buffer, std::size_t size);
 
 private:
-    int descriptor_;
+    Descriptor descriptor_;
 };
 
 enum class Durability {
@@ -40,6 +54,10 @@ enum class Durability {
 /// meanwhile; it is written back when something fails, and where not even that succeeds the fault
 /// says where it is kept.
 void writeWholeFile(const std::string &path, std::string_view content, Durability durability);
+
+/// The same on disk, where nobody asks why it failed.
+/// @return whether it was written
+bool tryWriteWholeFile(const std::string &path, std::string_view content);
 
 /// Puts @p content on disk in a new file, which its owner alone can read at every moment.
 /// Fault: what the system refused, as where there is such a file or a link of that name.

@@ -3,8 +3,7 @@
 #include "Desktop.h"
 #include "FileSystem.h"
 
-#include <array>
-#include <ctime>
+#include <algorithm>
 #include <filesystem>
 
 namespace fs = std::filesystem;
@@ -31,18 +30,14 @@ try {
 
 std::string keepInRecoveryFolder(std::string_view content, const std::string &extension)
 {
-    const std::time_t now = std::time(nullptr);
-    std::tm local = {};
-    (void)::localtime_r(&now, &local);
-    std::array<char, 32> stamp;
-    (void)std::strftime(stamp.data(), stamp.size(), "%Y-%m-%d_%H-%M-%S", &local);
+    const TimeOfDay now = desktop().timeOfDay();
+    std::string name = "Veskora_" + now.date + "_" + now.text;
+    std::ranges::replace(name, ':', '-');
     std::error_code ignored;
     for (const fs::path &folder :
          {fs::path(desktop().dataFolder()) / "Recovery", fs::path(desktop().documentsFolder()),
           fs::temp_directory_path(ignored)})
-        if (std::string path =
-                writeInto(folder, std::string("Veskora_") + stamp.data(), extension, content);
-            !path.empty())
+        if (std::string path = writeInto(folder, name, extension, content); !path.empty())
             return path;
     return {};
 }

@@ -2,6 +2,7 @@
 #include "Files.h"
 #include "Metablites.h"
 #include "ScriptedDesktop.h"
+#include "Settings.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>

@@ -1,80 +1,19 @@
 // Model files: all stages, every quirk of the format, every way to fail.
 
-#include "Fault.h"
 #include "Files.h"
-#include "FileSystem.h"
-#include "MathFunc.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "Refusals.h"
 #include "ScriptedDesktop.h"
+#include "Settings.h"
 
 #include <algorithm>
-#include <fcntl.h>
-#include <fstream>
 #include <gmock/gmock.h>
-#include <sys/file.h>
+#include <map>
+#include <sstream>
 #include <sys/stat.h>
-#include <sys/syscall.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
-
-namespace {
-
-/// A system call that answers an error instead, from its @p first call to its @p last.
-struct Refusal
-{
-    std::string call;
-    int error;
-    int first = 1, last = 1000;
-};
-std::vector<Refusal> refusals;
-
-bool isRefused(const char *call)
-{
-    for (Refusal &refusal : refusals)
-        if (refusal.call == call && --refusal.last >= 0 && --refusal.first <= 0) {
-            errno = refusal.error;
-            return true;
-        }
-    return false;
-}
-
-/// Makes a call of the system, or where it is refused does nothing.
-template <typename... Argument>
-long call(const char *name, long number, Argument... arguments)
-{
-    return isRefused(name) ? -1 : ::syscall(number, arguments...);
-}
-
-} // namespace
-
-// In place of the C library's.
-extern "C" int fsync(int file)
-{
-    return static_cast<int>(call("fsync", SYS_fsync, file));
-}
-extern "C" int fchmod(int file, mode_t mode) noexcept
-{
-    return static_cast<int>(call("fchmod", SYS_fchmod, file, mode));
-}
-extern "C" int fchown(int file, uid_t owner, gid_t group) noexcept
-{
-    return static_cast<int>(call("fchown", SYS_fchown, file, owner, group));
-}
-extern "C" ssize_t read(int file, void *buffer, size_t size)
-{
-    return call("read", SYS_read, file, buffer, size);
-}
-extern "C" ssize_t write(int file, const void *buffer, size_t size)
-{
-    const bool fails = isRefused("write");
-    const int error = errno;
-    const long written = ::syscall(SYS_write, file, buffer, fails ? size / 2 : size);
-    errno = fails ? error : errno;
-    return fails ? -1 : written; // it stops half way
-}
 
 namespace veskora {
 namespace {
@@ -111,10 +50,8 @@ protected:
     std::string ofStage(int line) const
     {
         std::vector<std::string> lines = linesOf(small);
-        const auto first = std::ranges::find(lines, "Rithmiseis") + 1;
-        lines.erase(first + line, lines.end() - (line == 48 ? 0 : 1));
-        if (line == 48)
-            lines = linesOf(small);
+        if (line < 48)
+            lines.erase(std::ranges::find(lines, "Rithmiseis") + 1 + line, lines.end() - 1);
         return joined(lines);
     }
 
@@ -175,68 +112,36 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
 // Each line of the section alone gets another value, which must show in its own variable.
 TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 {
-    const std::vector<StoreVariable> variables = {&nai_aksones,
-                                                  &nai_grid,
-                                                  &nai_komboi,
-                                                  &nai_arithmisi_kombon,
-                                                  &nai_desmefseis,
-                                                  &nai_sint_kombon,
-                                                  &nai_stoixeia,
-                                                  &nai_arithmisi_stoixeion,
-                                                  &nai_eleftheroseis,
-                                                  &nai_omades,
-                                                  &nai_miki,
-                                                  &nai_fortiseis_si,
-                                                  &nai_times_fortiseon_si,
-                                                  &nai_fortiseis_om,
-                                                  &nai_times_fortiseon_om,
-                                                  &nai_times_M,
-                                                  &nai_times_Q,
-                                                  &nai_times_N,
-                                                  &Q_sin_Ina,
-                                                  &N_sin_Ina,
-                                                  &xroma_background,
-                                                  &xroma_aksonon,
-                                                  &xroma_grid,
-                                                  &xroma_stoixeion,
-                                                  &xroma_kombon,
-                                                  &xroma_sigkentromenon,
-                                                  &xroma_omoiomorfon,
-                                                  &xroma_M,
-                                                  &xroma_Q,
-                                                  &xroma_N,
-                                                  &dekadika_M,
-                                                  &dekadika_Q,
-                                                  &dekadika_N,
-                                                  &Ena_cm_posa_KNm_M,
-                                                  &Ena_cm_posa_KN_Q,
-                                                  &Ena_cm_posa_KN_N,
-                                                  &Klimaka,
-                                                  &Arxi_X,
-                                                  &Arxi_Y,
-                                                  &kannab,
-                                                  &nai_graf_stir,
-                                                  &Nai_Apolites_Sint,
-                                                  &Nai_Sxetikes_Sint,
-                                                  &xroma_paramorfosis,
-                                                  &Ena_cm_posa_m_epi_1000,
-                                                  &M_sin_Tension,
-                                                  &nai_springs};
-    ASSERT_EQ(variables.size(), 47U); // and the retired line, the second
-    constexpr std::size_t firstLine = 50;
-    for (std::size_t i = 0; i < variables.size(); ++i) {
+    std::istringstream names(
+        "nai_aksones nai_grid nai_komboi nai_arithmisi_kombon nai_desmefseis "
+        "nai_sint_kombon nai_stoixeia nai_arithmisi_stoixeion nai_eleftheroseis "
+        "nai_omades nai_miki nai_fortiseis_si nai_times_fortiseon_si nai_fortiseis_om "
+        "nai_times_fortiseon_om nai_times_M nai_times_Q nai_times_N Q_sin_Ina N_sin_Ina "
+        "xroma_background xroma_aksonon xroma_grid xroma_stoixeion xroma_kombon "
+        "xroma_sigkentromenon xroma_omoiomorfon xroma_M xroma_Q xroma_N dekadika_M "
+        "dekadika_Q dekadika_N Ena_cm_posa_KNm_M Ena_cm_posa_KN_Q Ena_cm_posa_KN_N "
+        "Klimaka Arxi_X Arxi_Y kannab nai_graf_stir Nai_Apolites_Sint Nai_Sxetikes_Sint "
+        "xroma_paramorfosis Ena_cm_posa_m_epi_1000 M_sin_Tension nai_springs");
+    std::map<std::string, StoreVariable> variables = {
+        {"Klimaka", &Klimaka}, {"Arxi_X", &Arxi_X}, {"Arxi_Y", &Arxi_Y}};
+    for (const Setting &setting : settings)
+        variables.emplace(setting.key, setting.value);
+    std::size_t line = 50;
+    for (std::string name; names >> name; line += line == 50 ? 2 : 1) { // the second is retired
+        const StoreVariable &variable = variables.at(name);
         std::vector<std::string> lines = linesOf(small);
-        std::string &text = lines[firstLine + i + (i == 0 ? 0 : 1)];
-        const bool isSwitch = std::holds_alternative<bool *>(variables[i]);
+        std::string &text = lines[line];
+        const bool isSwitch = std::holds_alternative<bool *>(variable);
         text = isSwitch ? text == "1" ? "0" : "1" : "7";
         read(joined(lines));
         std::visit(
-            [&](const auto *variable) { EXPECT_EQ(*variable, isSwitch ? text == "1" : 7) << i; },
-            variables[i]);
-        std::string name = path("again.vsk");
-        Apothikefsi_Arxeiou(name, true);
-        EXPECT_EQ(contentOf(name), joined(lines)) << i;
+            [&](const auto *value) { EXPECT_EQ(*value, isSwitch ? text == "1" : 7) << name; },
+            variable);
+        std::string again = path("again.vsk");
+        Apothikefsi_Arxeiou(again, true);
+        EXPECT_EQ(contentOf(again), joined(lines)) << name;
     }
+    EXPECT_EQ(line, 98U);
 }
 
 TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)
@@ -524,24 +429,7 @@ TEST_F(ChangeTest, AnswersByTheWholeFile)
     EXPECT_EQ(contentOf(scratch), small);
 }
 
-TEST_F(ChangeTest, ASecondRunningCopyHasItsScratchFileElsewhere)
-{
-    fs::create_directory(path("other"));
-    const int lock = ::open(path("other").c_str(), O_RDONLY);
-    ASSERT_EQ(::flock(lock, LOCK_EX), 0);
-    const std::string folder = scratchFolder(path("other"));
-    ::close(lock);
-    EXPECT_NE(folder, path("other"));
-    EXPECT_TRUE(isWritableFolder(folder));
-    struct stat status = {};
-    ::stat(folder.c_str(), &status);
-    EXPECT_EQ(status.st_mode & 0077, 0U);
-    EXPECT_EQ(scratchFolder(path("")), path(""));
-}
-
-using WholeFile = ModelFile;
-
-TEST_F(WholeFile, AFailedSaveLeavesTheOldFileAndTheOldName)
+TEST_F(ModelFile, AFailedSaveLeavesTheOldFileAndTheOldName)
 {
     fs::create_directory(path("folder.vsk"));
     ASSERT_EQ(::mkfifo(path("pipe.vsk").c_str(), 0600), 0);
@@ -557,149 +445,6 @@ TEST_F(WholeFile, AFailedSaveLeavesTheOldFileAndTheOldName)
         EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
     }
     EXPECT_TRUE(fs::is_fifo(path("pipe.vsk")));
-}
-
-TEST_F(WholeFile, LinksAreFollowedAndModesKept)
-{
-    fs::create_directory(path("real"));
-    write(path("real/m.vsk"), "old");
-    ::chmod(path("real/m.vsk").c_str(), 0640);
-    fs::create_symlink("real/m.vsk", path("link.vsk"));
-    writeWholeFile(path("link.vsk"), "new", Durability::onDisk);
-    EXPECT_TRUE(fs::is_symlink(path("link.vsk")));
-    EXPECT_EQ(contentOf(path("real/m.vsk")), "new");
-    EXPECT_EQ(fs::status(path("real/m.vsk")).permissions(), fs::perms(0640));
-    fs::create_symlink("real/new.vsk", path("dangling.vsk"));
-    writeWholeFile(path("dangling.vsk"), "new", Durability::onDisk);
-    EXPECT_EQ(contentOf(path("real/new.vsk")), "new");
-    fs::create_symlink("loop", path("loop"));
-    EXPECT_THROW(writeWholeFile(path("loop"), "new", Durability::onDisk), Fault);
-}
-
-// Whatever refuses, and whether a new file takes the place of the old one or not: owner, group,
-// mode, access list and links stay, and the old content is nowhere lost.
-TEST_F(WholeFile, TheOldFileOrTheNewOneIsThereWithAllItHas)
-{
-    enum Kind { plain, linked, foreign, listed };
-    struct Case
-    {
-        Kind kind;
-        std::vector<Refusal> refused;
-        bool sameFile;
-        std::string fault; ///< none: the new content is there
-    };
-    const std::string full = "No space left on device", broken = "Input/output error";
-    const std::string damaged = full + "; the old file is damaged, ";
-    for (const Case &c : {
-             Case{plain, {}, false, ""}, Case{plain, {{"fsync", EINVAL}}, false, ""},
-             Case{plain, {{"fsync", EOPNOTSUPP}}, false, ""},
-             Case{plain, {{"fsync", EIO}}, true, broken},
-             Case{plain, {{"write", ENOSPC}}, true, full},
-             Case{plain, {{"fchmod", EPERM}}, true, ""}, Case{linked, {}, true, ""},
-             Case{foreign, {}, false, ""},
-             Case{foreign, {{"fchown", EPERM, 2}}, true, ""}, // the owner, not the group
-             Case{listed, {}, true, ""},
-             // The first write is that of the copy, the third the writing back.
-             Case{linked, {{"read", EIO}}, true, broken},
-             Case{linked, {{"write", ENOSPC, 2, 2}}, true, full},
-             Case{linked, {{"write", ENOSPC, 2}}, true, damaged + "its content is kept in "},
-             Case{linked, {{"write", ENOSPC}}, true, damaged + "and its content could not be kept"},
-             Case{linked, {{"write", ENOSPC, 1, 5}}, true, damaged + "its content is kept in "},
-             Case{linked, {{"fsync", EIO}}, true, broken}, // but it is written back
-         }) {
-        SCOPED_TRACE(testing::Message() << c.kind << (c.refused.empty() ? "" : c.refused[0].call));
-        const std::string folder = path("folder/"), file = folder + "m.vsk",
-                          old = "the old content", content = "a new one, which is longer";
-        fs::remove_all(folder);
-        fs::create_directory(folder);
-        write(file, old);
-        ::chmod(file.c_str(), 0640);
-        if (c.kind == linked)
-            fs::create_hard_link(file, folder + "other name");
-        if (c.kind == foreign && ::chown(file.c_str(), 65534, 65533) != 0)
-            continue; // only the superuser can
-        // Tag, permission and user of each entry: owner rw, user 1234 r, group r, mask r, others -.
-        constexpr std::uint16_t any = 0xFFFF;
-        constexpr std::uint16_t list[] = {2, 0,   1,   6,  any, any, 2,   4,  1234, 0,   4,
-                                          4, any, any, 16, 4,   any, any, 32, 0,    any, any};
-        if (c.kind == listed
-            && ::setxattr(file.c_str(), "system.posix_acl_access", list, sizeof(list), 0) != 0)
-            continue; // the file system has none
-        struct stat before = {}, after = {};
-        ::stat(file.c_str(), &before);
-        std::string fault;
-        refusals = c.refused;
-        try {
-            writeWholeFile(file, content, Durability::onDisk);
-        } catch (const Fault &thrown) {
-            fault = thrown.facts();
-        }
-        refusals.clear();
-        ::stat(file.c_str(), &after);
-        EXPECT_EQ(before.st_ino == after.st_ino, c.sameFile);
-        EXPECT_TRUE(before.st_mode == after.st_mode && before.st_uid == after.st_uid
-                    && before.st_gid == after.st_gid);
-        EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), c.kind == linked ? 2 : 1);
-        const fs::path recovery = path("data/Recovery");
-        std::string kept;
-        std::error_code none;
-        for (const auto &copy : fs::directory_iterator(recovery, none))
-            kept += copy.path();
-        EXPECT_EQ(fault, c.fault + kept);
-        EXPECT_EQ(kept.empty(), !c.fault.ends_with("kept in "));
-        if (!c.fault.starts_with(damaged)) {
-            EXPECT_EQ(contentOf(file), c.fault.empty() ? content : old);
-        } else if (!kept.empty()) {
-            EXPECT_EQ(contentOf(kept), old);
-        }
-        fs::remove_all(recovery);
-    }
-}
-
-// As a user who owns the file but may not make new ones beside it; only the superuser can become
-// one.
-TEST_F(WholeFile, AFolderThatForbidsNewFilesIsWrittenInPlaceAndAProtectedFileIsNot)
-{
-    if (::geteuid() != 0)
-        GTEST_SKIP() << "needs the superuser to become another user";
-    constexpr uid_t nobody = 65534;
-    for (const char *name : {"mine.vsk", "protected.vsk"})
-        write(path(name), "a longer old content");
-    ASSERT_EQ(::chown(path("mine.vsk").c_str(), nobody, nobody), 0);
-    ::chmod(path("protected.vsk").c_str(), 0644);
-    ::chmod(path("").c_str(), 0755);
-    const std::string folder = path("");
-    EXPECT_EXIT(
-        {
-            if (::setuid(nobody) != 0)
-                std::exit(1);
-            writeWholeFile(folder + "mine.vsk", "new", Durability::onDisk);
-            try {
-                writeWholeFile(folder + "protected.vsk", "new", Durability::onDisk);
-            } catch (const Fault &) {
-                std::exit(7);
-            }
-        },
-        testing::ExitedWithCode(7), "");
-    EXPECT_EQ(contentOf(path("mine.vsk")), "new");
-    EXPECT_EQ(contentOf(path("protected.vsk")), "a longer old content");
-
-    // In a folder of one's own a rename would get past the protection of the file.
-    fs::create_directory(path("open"));
-    write(path("open/protected.vsk"), "old");
-    ::chmod(path("open").c_str(), 0777);
-    EXPECT_EXIT(
-        {
-            if (::setuid(nobody) != 0)
-                std::exit(1);
-            try {
-                writeWholeFile(folder + "open/protected.vsk", "new", Durability::onDisk);
-            } catch (const Fault &fault) {
-                std::exit(fault.facts() == "Permission denied" ? 7 : 8);
-            }
-        },
-        testing::ExitedWithCode(7), "");
-    EXPECT_EQ(contentOf(path("open/protected.vsk")), "old");
 }
 
 } // namespace

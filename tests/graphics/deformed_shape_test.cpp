@@ -1,5 +1,6 @@
 #include "Analysis.h"
 #include "RecordingKanvas.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 
 #include <array>

@@ -1,6 +1,7 @@
 #include "Analysis.h"
 #include "Functions.h"
 #include "RecordingKanvas.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 
 #include <array>

@@ -1,6 +1,7 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "RecordingKanvas.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 
 namespace veskora {

@@ -4,6 +4,7 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "RecordingKanvas.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 

@@ -4,6 +4,7 @@
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "ScriptedDesktop.h"
 
 #include <functional>

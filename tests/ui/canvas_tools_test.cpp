@@ -5,6 +5,7 @@
 #include "Files.h"
 #include "MathFunc.h"
 #include "Models.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 

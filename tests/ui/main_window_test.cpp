@@ -6,6 +6,8 @@
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
+#include "QtColour.h"
+#include "Settings.h"
 #include "StatusPanel.h"
 #include "Tool.h"
 #include "Zoom.h"

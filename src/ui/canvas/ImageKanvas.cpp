@@ -1,12 +1,12 @@
 #include "ImageKanvas.h"
 
-#include "ColourWord.h"
-#include "Sxediastika.h"
+#include "FileSystem.h"
+#include "QtColour.h"
 #include "Units.h"
 
+#include <QBuffer>
 #include <QFontMetricsF>
 #include <QPainterPath>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <cmath>
@@ -51,16 +51,12 @@ bool clip(QPointF &from, QPointF &to)
 
 } // namespace
 
-QColor qtColour(double word)
-{
-    const Rgb rgb = colourOf(word);
-    return {rgb.red, rgb.green, rgb.blue};
-}
-
 bool writeImage(const QImage &image, const QString &path, const char *format)
 {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && image.save(&file, format) && file.commit();
+    QByteArray content;
+    QBuffer buffer(&content);
+    return buffer.open(QIODevice::WriteOnly) && image.save(&buffer, format)
+           && tryWriteWholeFile(path.toStdString(), content.toStdString());
 }
 
 ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)

@@ -16,9 +16,6 @@
 
 namespace veskora {
 
-/// The colour of a colour word.
-QColor qtColour(double word);
-
 /// Writes @p image in the format named; what stood at @p path stays when that fails.
 /// @return whether it was written
 bool writeImage(const QImage &image, const QString &path, const char *format);

@@ -1,9 +1,12 @@
 #include "FileType.h"
 
+#include "FileSystem.h"
+#include "Functions.h"
+#include "Text.h"
+
 #include <QDir>
 #include <QFile>
 #include <QProcess>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 namespace veskora {
@@ -27,12 +30,13 @@ QByteArray mimePackage()
         <match type="string" offset="37" value="*        VESK! Input file"/>
       </match>
     </magic>
-    <glob pattern="*.vsk"/>
+    <glob pattern="*%3"/>
   </mime-type>
 </mime-info>
 )")
         .replace("%1", mimeType)
-        .replace("%2", mimeIcon);
+        .replace("%2", mimeIcon)
+        .replace("%3", modelExtension);
 }
 
 /// A path as an argument of a desktop entry's Exec line: in quotes, with the characters that mean
@@ -59,21 +63,19 @@ QByteArray desktopEntry(const QString &program)
            + ";\n";
 }
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 /// @return whether the file was changed
 bool write(const QString &path, const QByteArray &content)
 {
-    QFile old(path);
-    const bool same = old.open(QIODevice::ReadOnly) && old.readAll() == content;
+    if (contentOf(path) == content)
+        return false;
     QDir().mkpath(QFileInfo(path).path());
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit()
-           && !same;
-}
-
-QByteArray resource(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return tryWriteWholeFile(plainText(path), content.toStdString());
 }
 
 } // namespace
@@ -82,8 +84,8 @@ void registerFileType(const QString &program)
 {
     const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
     const QString icons = data + "/icons/hicolor/scalable/";
-    write(icons + "apps/" + entryName + ".svg", resource(":/icons/Veskora_ML.svg"));
-    write(icons + "mimetypes/" + mimeIcon + ".svg", resource(":/icons/vesk_model.svg"));
+    write(icons + "apps/" + entryName + ".svg", contentOf(":/icons/Veskora_ML.svg"));
+    write(icons + "mimetypes/" + mimeIcon + ".svg", contentOf(":/icons/vesk_model.svg"));
     // The desktop keeps tables of its own made from these; they are made anew when ours changed.
     if (write(data + "/mime/packages/" + entryName + ".xml", mimePackage()))
         QProcess::startDetached("update-mime-database", {data + "/mime"});

@@ -2,7 +2,7 @@
 
 #include "Functions.h"
 #include "MathFunc.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QLineEdit>
 #include <QValidator>

@@ -1,9 +1,9 @@
 #include "QtDesktop.h"
 
-#include "Clock.h"
 #include "Functions.h"
 #include "HeldKeys.h"
 #include "Mnemonics.h"
+#include "Text.h"
 
 #include <QApplication>
 #include <QDialogButtonBox>
@@ -92,16 +92,6 @@ QString applicationName()
     return QString::fromUtf8(applicationTitle.data(), applicationTitle.size());
 }
 
-QString qtText(const std::string &text)
-{
-    return QString::fromStdString(text).replace("\r\n", "\n");
-}
-
-std::string plainText(const QString &text)
-{
-    return text.toStdString();
-}
-
 void bringToFront(QWidget &window)
 {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -140,8 +130,8 @@ QWidget *QtDesktop::parent() const
     if (modal != nullptr)
         return modal;
     // While the program starts, the window has no place on the screen yet.
-    const bool isShown = window_ != nullptr && window_->window()->isVisible();
-    return isShown ? window_->window() : nullptr;
+    QWidget *main = window_->widget();
+    return main != nullptr && main->isVisible() ? main : nullptr;
 }
 
 Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
@@ -207,53 +197,6 @@ std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
                               : QDir(qtText(question.folder)).filePath(proposed.fileName());
     return chosen(
         QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
-}
-
-void QtDesktop::insertLog(const std::string &text, std::uint32_t colour, bool bold)
-{
-    if (window_ != nullptr)
-        window_->insertLog(text, colour, bold);
-}
-
-void QtDesktop::setCaption(const std::string &text)
-{
-    if (window_ != nullptr)
-        window_->setCaption(text);
-}
-
-void QtDesktop::setPointer(Pointer pointer)
-{
-    if (window_ != nullptr)
-        window_->setPointer(pointer);
-}
-
-void QtDesktop::setAnalysing(bool isOn)
-{
-    if (window_ != nullptr)
-        window_->setAnalysing(isOn);
-}
-
-void QtDesktop::repaintMainWindow()
-{
-    if (window_ != nullptr)
-        window_->repaintMainWindow();
-}
-
-void QtDesktop::repaintLog()
-{
-    if (window_ != nullptr)
-        window_->repaintLog();
-}
-
-void QtDesktop::redraw()
-{
-    if (window_ != nullptr)
-        window_->redraw();
-}
-
-TimeOfDay QtDesktop::timeOfDay()
-{
-    return localTimeOfDay();
 }
 
 std::string QtDesktop::setting(std::string_view section, std::string_view key,

@@ -5,15 +5,10 @@
 #include "Desktop.h"
 
 #include <QSettings>
-#include <QString>
 
 class QWidget;
 
 namespace veskora {
-
-/// UTF-8 text with CR LF as Qt shows it.
-QString qtText(const std::string &text);
-std::string plainText(const QString &text);
 
 /// Makes @p window the active one, also when it is minimised or covered.
 void bringToFront(QWidget &window);
@@ -21,19 +16,11 @@ void bringToFront(QWidget &window);
 /// `applicationTitle` for Qt.
 QString applicationName();
 
-/// What the desktop hands on to the main window.
-class MainWindowSurface
+/// The main window as the desktop knows it: what it is told, and the widget that boxes stand over.
+class MainWindowSurface : public WindowSurface
 {
 public:
-    virtual ~MainWindowSurface() = default;
-    virtual QWidget *window() = 0;
-    virtual void insertLog(const std::string &text, std::uint32_t colour, bool bold) = 0;
-    virtual void setCaption(const std::string &text) = 0;
-    virtual void setPointer(Pointer pointer) = 0;
-    virtual void setAnalysing(bool isOn) = 0;
-    virtual void repaintMainWindow() = 0;
-    virtual void repaintLog() = 0;
-    virtual void redraw() = 0;
+    virtual QWidget *widget() { return nullptr; }
 };
 
 /// While it lives, boxes and dialogs stand over @p window, which outlives it, instead of the main
@@ -64,14 +51,16 @@ public:
     std::string askText(const std::string &question) override;
     std::optional<std::string> askOpenFile(const FileQuestion &question) override;
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;
-    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
-    void setCaption(const std::string &text) override;
-    void setPointer(Pointer pointer) override;
-    void setAnalysing(bool isOn) override;
-    void repaintMainWindow() override;
-    void repaintLog() override;
-    void redraw() override;
-    TimeOfDay timeOfDay() override;
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override
+    {
+        window_->insertLog(text, colour, bold);
+    }
+    void setCaption(const std::string &text) override { window_->setCaption(text); }
+    void setPointer(Pointer pointer) override { window_->setPointer(pointer); }
+    void setAnalysing(bool isOn) override { window_->setAnalysing(isOn); }
+    void repaintMainWindow() override { window_->repaintMainWindow(); }
+    void repaintLog() override { window_->repaintLog(); }
+    void redraw() override { window_->redraw(); }
     std::string setting(std::string_view section, std::string_view key,
                         std::string_view standard) override;
     void storeSetting(std::string_view section, std::string_view key,
@@ -87,7 +76,8 @@ private:
 
     static inline QWidget *owner_ = nullptr;
 
-    MainWindowSurface *window_ = nullptr;
+    MainWindowSurface none_;
+    MainWindowSurface *window_ = &none_;
     QSettings settings_;
 };
 

@@ -2,7 +2,7 @@
 
 #include "Functions.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QCoreApplication>
 #include <QLibraryInfo>

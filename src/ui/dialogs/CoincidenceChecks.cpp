@@ -8,6 +8,7 @@
 #include "NumberField.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 
 #include <optional>
 

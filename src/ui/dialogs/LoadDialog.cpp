@@ -5,6 +5,7 @@
 #include "NumberList.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 
 #include <QLabel>
 #include <QLineEdit>

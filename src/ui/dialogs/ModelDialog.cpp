@@ -1,11 +1,13 @@
 #include "ModelDialog.h"
 
+#include "Desktop.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "NumberList.h"
 #include "QtDesktop.h"
+#include "Text.h"
 #include "WindowParts.h"
 
 #include <QKeyEvent>

@@ -1,7 +1,7 @@
 #include "NumberList.h"
 
 #include "MathFunc.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>

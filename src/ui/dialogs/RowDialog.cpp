@@ -2,7 +2,7 @@
 
 #include "MathFunc.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -4,6 +4,7 @@
 #include "Metablites.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmEPIKOMBIO.h"
 
 namespace veskora {

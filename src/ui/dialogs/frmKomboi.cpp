@@ -1,12 +1,13 @@
 #include "frmKomboi.h"
 
+#include "Desktop.h"
 #include "Diagrafes.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmKomboi.h"
 
 #include <QIcon>

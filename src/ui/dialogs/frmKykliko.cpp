@@ -7,6 +7,7 @@
 #include "Metablites.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmKykliko.h"
 #include "Units.h"
 

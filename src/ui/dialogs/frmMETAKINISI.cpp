@@ -5,6 +5,7 @@
 #include "Metablites.h"
 #include "ModelEdits.h"
 #include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmMETAKINISI.h"
 
 namespace veskora {

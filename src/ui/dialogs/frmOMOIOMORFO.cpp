@@ -1,9 +1,11 @@
 #include "frmOMOIOMORFO.h"
 
+#include "Desktop.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmOMOIOMORFO.h"
 
 namespace veskora {

@@ -8,6 +8,7 @@
 #include "ModelEdits.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmSigxonefsi.h"
 
 namespace veskora {

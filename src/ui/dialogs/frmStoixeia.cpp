@@ -7,6 +7,7 @@
 #include "NumberList.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
+#include "Text.h"
 #include "ui_frmStoixeia.h"
 
 #include <cmath>

@@ -2,6 +2,8 @@
 
 #include "Colours.h"
 #include "Metablites.h"
+#include "QtColour.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 
 #include <QTimer>

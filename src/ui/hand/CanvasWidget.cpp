@@ -1,6 +1,8 @@
 #include "CanvasWidget.h"
 
 #include "Metablites.h"
+#include "QtColour.h"
+#include "Settings.h"
 #include "Units.h"
 
 #include <QMouseEvent>

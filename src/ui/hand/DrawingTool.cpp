@@ -6,8 +6,9 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Settings.h"
 #include "Sketching.h"
+#include "Text.h"
 #include "UnderPointer.h"
 
 namespace veskora {

@@ -4,7 +4,7 @@
 #include "ElementLine.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <utility>
 

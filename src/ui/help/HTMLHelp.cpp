@@ -1,8 +1,9 @@
 #include "HTMLHelp.h"
 
+#include "Desktop.h"
 #include "Functions.h"
 #include "HelpViewer.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,7 +1,7 @@
 #include "HelpBrowser.h"
 
 #include "Functions.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QBuffer>
 #include <QHelpEngineCore>

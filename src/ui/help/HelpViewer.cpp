@@ -4,6 +4,7 @@
 #include "HelpBrowser.h"
 #include "Mnemonics.h"
 #include "QtDesktop.h"
+#include "Text.h"
 #include "ui_HelpViewer.h"
 
 #include <QGuiApplication>

@@ -5,6 +5,7 @@
 #include "Metablites.h"
 #include "QtDesktop.h"
 #include "Registry.h"
+#include "Text.h"
 #include "ui_frmAbout.h"
 #include "Version.h"
 
@@ -26,7 +27,7 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::
                                     : Metafrasi(1101, "Language Pack activated: ") + Glossa));
     ui_->Check1->setText(
         qtText(Metafrasi(202, "&Show Kalvorn Veskora ML welcome form again at start-up")));
-    ui_->Check1->setVisible(Val(desktop().setting("Startup", "ShowForm", "0")) != 1);
+    ui_->Check1->setVisible(Val(desktop().setting("Startup", showWelcomeKey, "0")) != 1);
     ui_->SSCommand1->setText(qtText(Metafrasi(2002, "OK")));
     connect(ui_->SSCommand1, &QPushButton::clicked, this, &QDialog::accept);
 }
@@ -36,7 +37,7 @@ frmAbout::~frmAbout() = default;
 void frmAbout::done(int result)
 {
     if (ui_->Check1->isChecked()) {
-        desktop().storeSetting("Startup", "ShowForm", "1");
+        desktop().storeSetting("Startup", showWelcomeKey, "1");
         writeSettingsOrTell();
     }
     QDialog::done(result);

@@ -1,9 +1,9 @@
 #include "Application.h"
 
+#include "Desktop.h"
 #include "Files.h"
 #include "Functions.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "Recovery.h"
 
 #include <QSocketNotifier>

@@ -8,6 +8,7 @@
 #include "Metablites.h"
 #include "OutsidePrograms.h"
 #include "PictureCommands.h"
+#include "Settings.h"
 #include "WindowCommands.h"
 
 namespace veskora {

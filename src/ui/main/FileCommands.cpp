@@ -62,10 +62,7 @@ void FileCommands::Button_Neo_arxeio()
 {
     if (!mayLeave(false))
         return;
-    Katharismos_Montelou();
-    Allagi_Montelou = true;
-    Onoma_Arxeiou.clear();
-    showModelCaption({});
+    startEmptyModel();
     resetView();
     Fortosi_Rithmiseon();
     emit modelReplaced();

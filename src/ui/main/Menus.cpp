@@ -4,7 +4,7 @@
 #include "Hand.h"
 #include "MathFunc.h"
 #include "Mnemonics.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "WindowParts.h"
 
 #include <QAction>

@@ -3,7 +3,7 @@
 #include "Desktop.h"
 #include "Functions.h"
 #include "Mnemonics.h"
-#include "QtDesktop.h"
+#include "Text.h"
 
 #include <QContextMenuEvent>
 #include <QDate>

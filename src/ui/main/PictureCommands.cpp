@@ -6,9 +6,10 @@
 #include "Files.h"
 #include "Hand.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Settings.h"
 #include "StatusBar.h"
 #include "Sxediastika.h"
+#include "Text.h"
 #include "Zoom.h"
 
 #include <QApplication>

@@ -4,8 +4,9 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "Settings.h"
 #include "StatusPanel.h"
+#include "Text.h"
 #include "WindowParts.h"
 #include "Zoom.h"
 

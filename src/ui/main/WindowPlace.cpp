@@ -2,7 +2,6 @@
 
 #include "Desktop.h"
 #include "MathFunc.h"
-#include "QtDesktop.h"
 #include "Units.h"
 #include "WindowParts.h"
 

@@ -47,7 +47,7 @@ public:
 
     /// @name For the desktop
     /// @{
-    QWidget *window() override { return this; }
+    QWidget *widget() override { return this; }
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &text) override;
     void setPointer(Pointer pointer) override;

@@ -3,6 +3,7 @@
 #include "Desktop.h"
 #include "Functions.h"
 #include "QtDesktop.h"
+#include "Text.h"
 
 #include <QFont>
 #include <QFontMetricsF>

@@ -5,6 +5,7 @@
 #include "Functions.h"
 #include "QtDesktop.h"
 #include "ResultGrid.h"
+#include "Text.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -33,14 +34,14 @@ constexpr const char *workbookType =
 void check(lxw_error error)
 {
     if (error != LXW_NO_ERROR)
-        throw Fault(Fault::Kind::system, lxw_strerror(error));
+        throw Fault(lxw_strerror(error));
 }
 
 template <typename Part>
 Part *checked(Part *part)
 {
     if (part == nullptr)
-        throw Fault(Fault::Kind::system, "the workbook could not be made");
+        throw Fault("the workbook could not be made");
     return part;
 }
 

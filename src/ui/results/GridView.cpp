@@ -1,8 +1,8 @@
 #include "GridView.h"
 
 #include "Functions.h"
-#include "QtDesktop.h"
 #include "ResultGrid.h"
+#include "Text.h"
 #include "Units.h"
 
 #include <QAction>

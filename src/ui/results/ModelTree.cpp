@@ -3,9 +3,9 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "ResultGrid.h"
 #include "RowQueries.h"
+#include "Text.h"
 
 #include <QTreeWidget>
 

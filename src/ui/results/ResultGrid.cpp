@@ -5,8 +5,9 @@
 #include "ImageKanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
+#include "QtColour.h"
 #include "RowQueries.h"
+#include "Text.h"
 
 #include <QFont>
 

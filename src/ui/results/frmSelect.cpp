@@ -4,7 +4,7 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmSelect.h"
 
 #include <QCheckBox>

@@ -1,6 +1,7 @@
 #include "ColourSwatch.h"
 
 #include "ImageKanvas.h"
+#include "QtColour.h"
 #include "WindowParts.h"
 
 #include <QPainter>

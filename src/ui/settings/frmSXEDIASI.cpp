@@ -7,7 +7,7 @@
 #include "MathFunc.h"
 #include "Mnemonics.h"
 #include "NumberField.h"
-#include "QtDesktop.h"
+#include "Text.h"
 #include "ui_frmSXEDIASI.h"
 
 #include <QRegularExpression>

@@ -7,6 +7,7 @@
 #include "Mnemonics.h"
 #include "QtDesktop.h"
 #include "Registry.h"
+#include "Text.h"
 #include "ui_frmWelcome.h"
 #include "Version.h"
 
@@ -79,7 +80,7 @@ void frmWelcome::activateLanguage()
     if (language.empty())
         return;
     const bool isRead = language == storedLanguage();
-    desktop().storeSetting("Rithmiseis", "Language", language);
+    storeLanguage(language);
     if (!isRead) // what is amiss with a pack is told once
         Fortosi_Glossas();
 }
@@ -87,7 +88,7 @@ void frmWelcome::activateLanguage()
 void frmWelcome::done(int result)
 {
     if (ui_->Check1->isChecked()) {
-        desktop().storeSetting("Startup", "ShowForm", "0");
+        desktop().storeSetting("Startup", showWelcomeKey, "0");
         writeSettingsOrTell();
     }
     QDialog::done(result);
@@ -95,10 +96,10 @@ void frmWelcome::done(int result)
 
 void showWelcomeWhenDue()
 {
-    if (Val(desktop().setting("Startup", "ShowForm", "1")) != 1) {
+    if (Val(desktop().setting("Startup", showWelcomeKey, "1")) != 1) {
         if (!(Val(programVersion) > Val(desktop().setting("Startup", "Version", "1"))))
             return;
-        desktop().storeSetting("Startup", "ShowForm", "1");
+        desktop().storeSetting("Startup", showWelcomeKey, "1");
     }
     frmWelcome().exec();
 }

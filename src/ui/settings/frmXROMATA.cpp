@@ -5,11 +5,11 @@
 #include "Colours.h"
 #include "ColourSwatch.h"
 #include "Functions.h"
-#include "ImageKanvas.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "PaletteImage.h"
-#include "QtDesktop.h"
+#include "QtColour.h"
+#include "Text.h"
 #include "ui_frmXROMATA.h"
 
 #include <QCloseEvent>

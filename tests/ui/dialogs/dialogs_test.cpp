@@ -1,6 +1,7 @@
 // The model dialogs on the offscreen platform: opened as the program opens them, controls found by
 // name, keys typed, boxes answered by a script.
 
+#include "Desktop.h"
 #include "DialogTest.h"
 #include "frmEPIKOMBIO.h"
 #include "frmKomboi.h"
@@ -8,7 +9,6 @@
 #include "frmOMOIOMORFO.h"
 #include "frmStoixeia.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -68,8 +68,7 @@ std::string ItemReader::item()
     std::string text;
     int c = next();
     if (c == endOfFile)
-        throw Fault(Fault::Kind::input,
-                    "Input past end of file in line " + std::to_string(itemLine_));
+        throw Fault("Input past end of file in line " + std::to_string(itemLine_));
     for (; !isSeparator(c); c = next())
         text += static_cast<char>(c);
     if (c == ',' && commaLine_ == 0)
@@ -85,8 +84,7 @@ std::string ItemReader::quotableItem()
     std::string text;
     int c = next();
     if (c == endOfFile)
-        throw Fault(Fault::Kind::input,
-                    "Line " + std::to_string(itemLine_) + ": the file ends too early, without END");
+        throw Fault("Line " + std::to_string(itemLine_) + ": the file ends too early, without END");
     while (isBlank(c))
         c = next();
     if (c == '"') {
@@ -131,7 +129,7 @@ void ItemReader::refuse(const std::string &facts) const
     if (commaLine_ != 0)
         text += " (the comma in line " + std::to_string(commaLine_)
                 + " ended an item: the decimal separator is the point)";
-    throw Fault(Fault::Kind::input, text);
+    throw Fault(text);
 }
 
 void ItemReader::fail(std::string_view what, const std::string &item) const

@@ -3,8 +3,8 @@
 /// A model dialog on the offscreen platform: opened as the program opens it, controls found by
 /// name, keys typed, boxes answered by a script.
 
-#include "Files.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "QtDesktop.h"
 #include "ScriptedDesktop.h"
 

@@ -14,7 +14,7 @@ namespace veskora {
 /// Reads items separated by commas and line ends (CR LF, LF or CR); an empty line is one empty
 /// item, and what follows the last line end is no item. Items keep their blanks.
 /// Every read past the end, every item that is not what is asked for, and one longer than any that
-/// the program writes, is a `Fault` of kind `input` that names the line.
+/// the program writes, is a `Fault` that names the line.
 class ItemReader
 {
 public:

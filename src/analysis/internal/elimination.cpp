@@ -139,15 +139,14 @@ private:
     static double tested(double value)
     {
         if (!std::isfinite(value))
-            throw Fault(Fault::Kind::overflow, overflowFacts);
+            throw Fault(overflowFacts);
         return value;
     }
 
     static double divide(double dividend, double divisor)
     {
         if (divisor == 0)
-            throw Fault(Fault::Kind::divisionByZero,
-                        "Division by zero in the solution of the equations");
+            throw Fault("Division by zero in the solution of the equations");
         return dividend / divisor;
     }
 
@@ -179,7 +178,7 @@ private:
     void testRow(int k) const
     {
         if (!allFinite(row_[at(k)] + k, at(end_[at(k)] - k + 1)))
-            throw Fault(Fault::Kind::overflow, overflowFacts);
+            throw Fault(overflowFacts);
     }
 
     /// Gathers the columns of the entries of row k in `entries_`, unless they are too many to be

@@ -6,6 +6,7 @@
 #include "frmWelcome.h"
 #include "frmXROMATA.h"
 #include "MainWindowTest.h"
+#include "QtColour.h"
 #include "Registry.h"
 
 #include <QApplication>

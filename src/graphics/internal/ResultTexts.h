@@ -6,6 +6,7 @@
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "Settings.h"
 
 #include <cmath>
 #include <limits>
