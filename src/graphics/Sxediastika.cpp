@@ -9,7 +9,6 @@
 #include "Settings.h"
 #include "skip.h"
 #include "SymbolPen.h"
-#include "Zoom.h"
 
 #include <cmath>
 

@@ -6,7 +6,6 @@
 #include "Metablites.h"
 #include "ModelEdits.h"
 #include "NumberField.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 

@@ -3,7 +3,6 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 

@@ -6,7 +6,6 @@
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
 #include "Text.h"
 #include "WindowParts.h"
 

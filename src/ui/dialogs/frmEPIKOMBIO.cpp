@@ -2,7 +2,6 @@
 
 #include "Functions.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmEPIKOMBIO.h"

@@ -5,7 +5,6 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmKykliko.h"

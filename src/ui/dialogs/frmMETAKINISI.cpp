@@ -4,7 +4,6 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
-#include "QtDesktop.h"
 #include "Text.h"
 #include "ui_frmMETAKINISI.h"
 

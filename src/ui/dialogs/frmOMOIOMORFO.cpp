@@ -3,7 +3,6 @@
 #include "Desktop.h"
 #include "Functions.h"
 #include "Metablites.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmOMOIOMORFO.h"

@@ -5,7 +5,6 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberList.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmOmades.h"

@@ -6,7 +6,6 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
-#include "QtDesktop.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmSigxonefsi.h"

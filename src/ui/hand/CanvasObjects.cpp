@@ -1,7 +1,6 @@
 #include "CanvasObjects.h"
 
 #include "Colours.h"
-#include "Metablites.h"
 #include "QtColour.h"
 #include "Settings.h"
 #include "Sxediastika.h"

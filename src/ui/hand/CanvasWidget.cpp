@@ -1,6 +1,5 @@
 #include "CanvasWidget.h"
 
-#include "Metablites.h"
 #include "QtColour.h"
 #include "Settings.h"
 #include "Units.h"

@@ -7,7 +7,6 @@
 #include "Metablites.h"
 #include "Recovery.h"
 #include "Registry.h"
-#include "Zoom.h"
 
 #include <QWidget>
 

@@ -6,7 +6,6 @@
 #include "Files.h"
 #include "frmSelect.h"
 #include "Functions.h"
-#include "MathFunc.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
 #include "ModelTree.h"
