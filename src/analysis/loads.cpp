@@ -58,9 +58,8 @@ void Dexi_Meli()
     P_Eleftheroi.clear();
     for (int p = 1; p <= Eleftheroi_Vathmoi; ++p) {
         const int freedom = static_cast<int>(Seira_Vathmon(p));
-        const int n = (freedom - 1) / 3 + 1;
-        const int component = (freedom - 1) % 3;
-        P_Eleftheroi(p) = Komboi(n, node::Fx + component) - P_Oliko(freedom);
+        const float load = Komboi(nodeOfFreedom(freedom), node::Fx - 1 + componentOf(freedom));
+        P_Eleftheroi(p) = load - P_Oliko(freedom);
     }
 }
 

@@ -136,7 +136,7 @@ void Arithmisi_Vathmon()
     Seira_Vathmon.clear();
     const int freedoms = 3 * Arithmos_Kombon;
     const auto restraint = [](int freedom) {
-        return Komboi((freedom - 1) / 3 + 1, (freedom - 1) % 3 + node::fixedX);
+        return Komboi(nodeOfFreedom(freedom), node::fixedX - 1 + componentOf(freedom));
     };
 
     Desmevmenoi_Vathmoi = 0;

@@ -3,18 +3,21 @@
 #include "Metablites.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace veskora {
 
 namespace {
 
-/// The row that a cell names; of each element at every move of the mouse, so the rounding is cheap.
 int rowOf(float reference, int count)
 {
     // Not a number fails the test as well.
-    return reference >= 1 && reference <= static_cast<float>(count)
-               ? static_cast<int>(reference + 0.5F)
-               : 0;
+    if (!(reference >= 1 && reference <= static_cast<float>(count)))
+        return 0;
+    // Rounding is a call, and every move of the mouse asks for both nodes of all elements.
+    const int whole = static_cast<int>(reference);
+    return static_cast<float>(whole) == reference ? whole
+                                                  : static_cast<int>(std::nearbyint(reference));
 }
 
 int firstElement(auto holds)
@@ -32,6 +35,12 @@ std::span<const float> restraints(int n)
 
 } // namespace
 
+bool joins(int e, int a, int b)
+{
+    const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
+    return (i == a && j == b) || (i == b && j == a);
+}
+
 int nodeOf(int e, int end)
 {
     return rowOf(Stoixeia(e, end), Arithmos_Kombon);
@@ -40,12 +49,6 @@ int nodeOf(int e, int end)
 int groupOf(int e)
 {
     return rowOf(Stoixeia(e, element::group), Arithmos_Omadon);
-}
-
-bool joins(int e, int a, int b)
-{
-    const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
-    return (i == a && j == b) || (i == b && j == a);
 }
 
 int elementAt(int n)

@@ -88,6 +88,16 @@ constexpr int freedomOf(int n, int k)
     return 3 * (n - 1) + k;
 }
 
+/// The node and the component of a freedom.
+constexpr int nodeOfFreedom(int freedom)
+{
+    return (freedom - 1) / 3 + 1;
+}
+constexpr int componentOf(int freedom)
+{
+    return (freedom - 1) % 3 + 1;
+}
+
 /// How many of the rows 1 to @p rows are so.
 int countRows(int rows, bool (*holds)(int));
 

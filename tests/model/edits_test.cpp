@@ -66,7 +66,8 @@ TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
 TEST_F(Edits, ADeletedRowMovesTheLaterOnesWithAllTheyHave)
 {
     const std::string groups = "G 1 1 1; G 2 2 2; G 3 3 3;", nodes = "N 2 0 oxo 2; N 3 0; ";
-    const std::string before = groups + "N 1 0 xoo 1; " + nodes + "N 4 0 xxx 4; S 4 7 8 9; ";
+    const std::string three = groups + "N 1 0 xoo 1; " + nodes;
+    const std::string before = three + "N 4 0 xxx 4; S 4 7 8 9; ";
     const std::string ends = "E 2 4 3 0 1 5 6; E 4 2 1 1 0 7 8; E 1 2 3";
     struct Case
     {
@@ -79,8 +80,7 @@ TEST_F(Edits, ADeletedRowMovesTheLaterOnesWithAllTheyHave)
                   groups + nodes
                       + "N 4 0 xxx 4; S 3 7 8 9; E 1 3 3 0 1 5 6; E 3 1 1 1 0 7 8;"
                         "E 1 1 3"}, // a reference to the row itself stays
-             {[] { Diagrafi_Kombou(4); }, "Node deleted: #4.",
-              groups + "N 1 0 xoo 1; " + nodes + ends},
+             {[] { Diagrafi_Kombou(4); }, "Node deleted: #4.", three + ends},
              {[] { Diagrafi_Stoixeiou(1); }, "Element deleted: #1. Elements renumbered: #2 to # 3.",
               before + "E 4 2 1 1 0 7 8; E 1 2 3"},
              {[] { deleteGroup(2); }, "Group deleted: #2. Groups renumbered: #3.",

@@ -3,6 +3,7 @@
 #include "epilisi.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "RowQueries.h"
 #include "ScriptedDesktop.h"
 
 namespace veskora {
@@ -16,7 +17,7 @@ inline void analyse()
 
 inline double displacement(int n, int component)
 {
-    return Metatopiseis(3 * n - 3 + component);
+    return Metatopiseis(freedomOf(n, component));
 }
 
 } // namespace veskora

@@ -2,6 +2,7 @@
 
 #include "Metablites.h"
 #include "ModelEdits.h"
+#include "RowQueries.h"
 
 #include <algorithm>
 #include <numeric>
@@ -13,7 +14,7 @@ double Expectation::found() const
 {
     switch (table) {
     case 'u':
-        return Metatopiseis(3 * row - 3 + column);
+        return Metatopiseis(freedomOf(row, column));
     case 'r':
         return Antidraseis(row, column);
     default:

@@ -108,8 +108,8 @@ void frmKykliko::Ipologismos_Gonias()
 
 void frmKykliko::apply()
 {
-    const auto group = rowOrRefuse(ui_->Combo1, noSuchGroup);
-    if (!group)
+    const auto g = rowOrRefuse(ui_->Combo1, noSuchGroup);
+    if (!g)
         return;
     const double number = typedNumber(ui_->Text7);
     if (!isRowNumber(number)) {
@@ -132,7 +132,7 @@ void frmKykliko::apply()
                != Answer::ok)
         return;
     const int nodes = Arithmos_Kombon, elements = Arithmos_Stoixeion;
-    addArc(places, arc.isCircle, *group);
+    addArc(places, arc.isCircle, *g);
     logNew(nodes, elements);
     modelChanged();
     accept();
