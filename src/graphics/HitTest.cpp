@@ -6,6 +6,7 @@
 #include "Settings.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace veskora {
@@ -48,6 +49,10 @@ int nodeUnderPointer(double x, double y)
 
 int elementUnderPointer(double x, double y)
 {
+    // Most nodes are ends of several elements.
+    std::array<Point, maxNodes + 1> places;
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        places[static_cast<std::size_t>(n)] = toCanvas(nodePlace(n));
     constexpr double nearEnough = 0.2;
     double best = 9999;
     int candidate = 0;
@@ -56,8 +61,8 @@ int elementUnderPointer(double x, double y)
         const int j = nodeOf(e, element::nodeJ);
         if (i == 0 || j == 0)
             continue;
-        const Point a = toCanvas(nodePlace(i));
-        const Point b = toCanvas(nodePlace(j));
+        const Point &a = places[static_cast<std::size_t>(i)];
+        const Point &b = places[static_cast<std::size_t>(j)];
         if (!isBetween(x, a.x, b.x) || !isBetween(y, a.y, b.y))
             continue;
         // Not a number for an element without length, and then not less than any.
