@@ -11,6 +11,9 @@ cmake --preset release -DVESKORA_TESTS=ON >/dev/null
 cmake --build --preset release
 ctest --preset release -j "$(nproc)"
 
+echo "== Kills, and what is left of the work"
+scripts/kill-drill 8
+
 echo "== The window on Wayland alone"
 scripts/check-wayland.sh build/release/bin/Veskora_ML
 

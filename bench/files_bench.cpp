@@ -4,6 +4,7 @@
 #include "BenchDesktop.h"
 #include "Files.h"
 #include "FileSystem.h"
+#include "Journal.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "ModelText.h"
@@ -53,6 +54,22 @@ void fileWrite(benchmark::State &state)
         writeWholeFile(frame.path, modelText(), Durability::untilPowerFails);
 }
 
+/// What the event loop pays for it; the disk is waited for elsewhere.
+void journalWrite(benchmark::State &state)
+{
+    const SavedFrame frame;
+    Journal journal;
+    journal.settle();
+    for (auto _ : state) {
+        Komboi(1, node::Fx) += 1;
+        journal.look(); // changed
+        journal.look(); // rests
+        state.PauseTiming();
+        journal.waitForDisk();
+        state.ResumeTiming();
+    }
+}
+
 void changeTest(benchmark::State &state)
 {
     const SavedFrame frame;
@@ -71,6 +88,7 @@ void report(benchmark::State &state)
 
 BENCHMARK(fileRead)->Name("file_read/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK(fileWrite)->Name("file_write/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK(journalWrite)->Name("journal_write/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK(changeTest)->Name("change_test/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK(report)->Name("report/limit")->Unit(benchmark::kMicrosecond);
 

@@ -21,6 +21,11 @@ public:
     /// No to every question: an unconnected node is kept. What a box says beyond the log is
     /// logged.
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::size_t choose(const std::string &, const std::vector<std::string> &,
+                       std::size_t escape) override
+    {
+        return escape;
+    }
     std::string askText(const std::string &) override { return {}; }
     std::optional<std::string> askOpenFile(const FileQuestion &) override { return std::nullopt; }
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return std::nullopt; }

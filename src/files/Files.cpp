@@ -147,24 +147,63 @@ void startEmptyModel()
     showModelCaption({});
 }
 
-void Anagnosi_Arxeiou(std::string &path)
+namespace {
+
+/// @return whether it was read; else the user has been told, and a damaged file leaves no model
+bool readModel(const std::string &path)
+try {
+    ItemReader reader(path);
+    if (readModelText(reader))
+        return true;
+    reportWrongBanner();
+    return false;
+} catch (const Fault &fault) {
+    reportFault(Metafrasi(150, "There was an error opening the file:"), path, fault);
+    startEmptyModel();
+    return false;
+}
+
+/// Whether @p path was written after @p other.
+bool isNewer(const std::string &path, const std::string &other)
+{
+    std::error_code gone;
+    const auto time = std::filesystem::last_write_time(path, gone);
+    return !gone && time > std::filesystem::last_write_time(other, gone) && !gone;
+}
+
+} // namespace
+
+bool Anagnosi_Arxeiou(std::string &path)
 {
     if (path.empty())
         path = askOpenPath();
-    if (path.empty())
-        return;
-    try {
-        ItemReader reader(path);
-        if (!readModelText(reader))
-            return reportWrongBanner();
-    } catch (const Fault &fault) {
-        reportFault(Metafrasi(150, "There was an error opening the file:"), path, fault);
-        return startEmptyModel();
-    }
+    if (path.empty() || !readModel(path))
+        return false;
     nameModel(path);
     Allagi_Montelou = true;
     Grammi_Log(Metafrasi(149, "Open file:") + " " + path, logColour::black, true);
     resetZoomHistory();
+    return true;
+}
+
+bool openJournal(const std::string &journal, const std::string &model)
+{
+    const bool isOutdated = isNewer(model, journal);
+    if (!readModel(journal))
+        return false;
+    Onoma_Arxeiou.clear();
+    showModelCaption({});
+    if (!model.empty() && !isOutdated)
+        nameModel(model);
+    Allagi_Montelou = true;
+    Grammi_Log(Metafrasi(1845, "Open from the journal:") + " " + journal, logColour::black, true);
+    if (isOutdated)
+        Grammi_Log(Metafrasi(1846, "The file was saved after the journal was written; the next "
+                                   "save asks for another name:")
+                       + " " + model,
+                   logColour::red);
+    resetZoomHistory();
+    return true;
 }
 
 bool isModelFile(const std::string &path)

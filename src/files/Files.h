@@ -15,7 +15,15 @@ namespace veskora {
 /// name it, and the zoom history begins anew. A wrong banner is reported and changes nothing. Any
 /// other failure is reported and leaves an empty model without a name, and settings and view as
 /// they were. Painting is up to the caller.
-void Anagnosi_Arxeiou(std::string &path);
+/// @return whether the model is that of the file now
+bool Anagnosi_Arxeiou(std::string &path);
+
+/// Reads the model from @p journal, a copy of it that an ended process has left. It keeps its own
+/// file @p model, so that the next save goes there, unless that was written after the journal: then
+/// the model has no name, and the next save asks for one. An empty @p model is none.
+/// A failure is reported as by `Anagnosi_Arxeiou`.
+/// @return whether the model is that of the journal now
+bool openJournal(const std::string &journal, const std::string &model);
 
 /// Empties the model, which then has no name; view and settings stay.
 void startEmptyModel();

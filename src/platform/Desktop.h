@@ -6,10 +6,12 @@
 /// runner and the tests each bring an implementation of their own. All texts are UTF-8; line breaks
 /// inside a text are CR LF.
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veskora {
 
@@ -51,6 +53,11 @@ public:
 
     /// Shows a modal box under the application's title and returns the button pressed.
     virtual Answer message(const std::string &text, Icon icon, Buttons buttons = Buttons::ok) = 0;
+
+    /// The same with a button for each of @p answers, the first of which is that of Enter.
+    /// @return the answer's place in the list; @p escape also where the box was closed
+    virtual std::size_t choose(const std::string &text, const std::vector<std::string> &answers,
+                               std::size_t escape) = 0;
 
     /// Asks for a line of text; empty when the user cancelled or gave none.
     virtual std::string askText(const std::string &question) = 0;

@@ -188,16 +188,6 @@ bool replaceFile(const fs::path &target, const struct stat *old, std::string_vie
     return true;
 }
 
-std::string contentOf(const fs::path &path)
-{
-    InputFile file(path.string());
-    std::string content;
-    std::array<char, 16384> piece;
-    while (const std::size_t count = file.read(piece.data(), piece.size()))
-        content.append(piece.data(), count);
-    return content;
-}
-
 /// Not emptied first: room that the old content has cannot run out while it is written back.
 void overwrite(const fs::path &target, std::string_view content, Durability durability)
 {
@@ -213,7 +203,7 @@ void overwrite(const fs::path &target, std::string_view content, Durability dura
 
 bool holds(const fs::path &path, const std::string &content)
 try {
-    return contentOf(path) == content;
+    return wholeFile(path.string()) == content;
 } catch (const Fault &) {
     return false;
 }
@@ -222,7 +212,7 @@ try {
 /// where a crash leaves it.
 void writeInPlace(const fs::path &target, std::string_view content, Durability durability)
 {
-    const std::string old = contentOf(target);
+    const std::string old = wholeFile(target.string());
     const auto keep = [&] { return keepInRecoveryFolder(old, target.extension().string()); };
     std::string copy = keep();
     std::error_code ignored;
@@ -381,6 +371,81 @@ void writePrivateFile(const std::string &path, std::string_view content)
         throw;
     }
     syncFolder(folderOf(path));
+}
+
+namespace {
+
+std::string partOf(const std::string &path)
+{
+    return path + ".part";
+}
+
+} // namespace
+
+void removePrivateFile(const std::string &path)
+{
+    (void)::unlink(path.c_str());
+    (void)::unlink(partOf(path).c_str());
+}
+
+void replacePrivateFile(const std::string &path, std::string_view content)
+{
+    const std::string part = partOf(path);
+    (void)::unlink(part.c_str());
+    writePrivateFile(part, content);
+    if (::rename(part.c_str(), path.c_str()) != 0)
+        fail();
+    syncFolder(folderOf(path));
+}
+
+std::string wholeFile(const std::string &path)
+{
+    InputFile file(path);
+    std::string content;
+    std::array<char, 16384> piece;
+    while (const std::size_t count = file.read(piece.data(), piece.size()))
+        content.append(piece.data(), count);
+    return content;
+}
+
+LockFile::LockFile(std::string path, int flags)
+    : path_(std::move(path)),
+      descriptor_(::open(path_.c_str(), flags | O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600))
+{}
+
+bool LockFile::isThere() const
+{
+    struct stat status = {};
+    return ::fstat(descriptor_.number(), &status) == 0 && status.st_nlink > 0
+           && status.st_uid == ::geteuid();
+}
+
+/// Its last holder may have removed the file between the opening and the lock.
+bool LockFile::lock()
+{
+    return descriptor_.valid() && ::flock(descriptor_.number(), LOCK_EX | LOCK_NB) == 0
+           && isThere();
+}
+
+std::unique_ptr<LockFile> LockFile::make(const std::string &path)
+{
+    std::unique_ptr<LockFile> file(new LockFile(path, O_CREAT | O_EXCL));
+    if (file->lock())
+        return file;
+    if (file->descriptor_.valid())
+        file->remove(); // a file system that knows no locks
+    return nullptr;
+}
+
+std::unique_ptr<LockFile> LockFile::take(const std::string &path)
+{
+    std::unique_ptr<LockFile> file(new LockFile(path, 0));
+    return file->lock() ? std::move(file) : nullptr;
+}
+
+void LockFile::remove()
+{
+    (void)::unlink(path_.c_str());
 }
 
 std::string scratchFolder(const std::string &programFolder)

@@ -4,6 +4,7 @@
 /// or not at all. Paths are UTF-8. Every refusal is a `Fault` with the system's reason.
 
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -62,6 +63,38 @@ bool tryWriteWholeFile(const std::string &path, std::string_view content);
 /// Puts @p content on disk in a new file, which its owner alone can read at every moment.
 /// Fault: what the system refused, as where there is such a file or a link of that name.
 void writePrivateFile(const std::string &path, std::string_view content);
+
+/// The same in the place of what stands there: at every moment the old file or the whole new one
+/// does.
+void replacePrivateFile(const std::string &path, std::string_view content);
+
+/// Removes such a file, and what is left of a writing that was cut off.
+void removePrivateFile(const std::string &path);
+
+/// All that stands in a regular file.
+std::string wholeFile(const std::string &path);
+
+/// A file that one process holds locked. The lock goes with the process, however it ends.
+class LockFile
+{
+public:
+    /// A new file. @return null where the system refuses it, or there is such a file
+    static std::unique_ptr<LockFile> make(const std::string &path);
+    /// One that is there. @return null where another process has it, or it is not the user's own
+    static std::unique_ptr<LockFile> take(const std::string &path);
+
+    /// Whether others find it: nobody has cleaned the folder up.
+    bool isThere() const;
+    /// Removes the file; the lock goes with this object.
+    void remove();
+
+private:
+    LockFile(std::string path, int flags);
+    bool lock();
+
+    std::string path_;
+    Descriptor descriptor_;
+};
 
 /// The folder for the scratch file of this copy of the program: @p programFolder where it can be
 /// written and no other running copy uses it, else the private one.

@@ -28,15 +28,25 @@ try {
 
 } // namespace
 
-std::string keepInRecoveryFolder(std::string_view content, const std::string &extension)
+std::vector<std::string> recoveryFolders()
+{
+    std::error_code ignored;
+    return {desktop().dataFolder() + "/Recovery", desktop().documentsFolder(),
+            fs::temp_directory_path(ignored).string()};
+}
+
+std::string datedName(const std::string &beginning)
 {
     const TimeOfDay now = desktop().timeOfDay();
-    std::string name = "Veskora_" + now.date + "_" + now.text;
+    std::string name = beginning + now.date + "_" + now.text;
     std::ranges::replace(name, ':', '-');
-    std::error_code ignored;
-    for (const fs::path &folder :
-         {fs::path(desktop().dataFolder()) / "Recovery", fs::path(desktop().documentsFolder()),
-          fs::temp_directory_path(ignored)})
+    return name;
+}
+
+std::string keepInRecoveryFolder(std::string_view content, const std::string &extension)
+{
+    const std::string name = datedName("Veskora_");
+    for (const std::string &folder : recoveryFolders())
         if (std::string path = writeInto(folder, name, extension, content); !path.empty())
             return path;
     return {};

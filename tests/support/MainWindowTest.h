@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QTextEdit>
+#include <QTimer>
 
 #include <cstdlib>
 
@@ -27,6 +28,12 @@ public:
     {
         return asksItself ? QtDesktop::message(text, icon, buttons)
                           : script_.message(text, icon, buttons);
+    }
+    std::size_t choose(const std::string &text, const std::vector<std::string> &answers,
+                       std::size_t escape) override
+    {
+        return asksItself ? QtDesktop::choose(text, answers, escape)
+                          : script_.choose(text, answers, escape);
     }
     bool asksItself = false; ///< boxes come on the screen
     std::string askText(const std::string &question) override { return script_.askText(question); }
@@ -75,6 +82,7 @@ protected:
         window.reset();
         resetStore();
         window = std::make_unique<frmMain>();
+        find<QTimer>("JournalTimer")->stop(); // a test makes its ticks itself
         qtDesktop->attach(window.get());
     }
     void start(const std::string &commandLine = {})
@@ -112,6 +120,18 @@ protected:
         mouse(QEvent::MouseButtonPress, Qt::LeftButton, x1, y1);
         mouse(QEvent::MouseMove, Qt::LeftButton, x2, y2);
         mouse(QEvent::MouseButtonRelease, Qt::LeftButton, x2, y2);
+    }
+
+    std::filesystem::path recovery() const { return path("data/" + title + "/Recovery"); }
+    /// What stands in the recovery files and journals.
+    std::vector<std::string> keptModels() const
+    {
+        std::vector<std::string> models;
+        std::error_code none;
+        for (const auto &entry : std::filesystem::directory_iterator(recovery(), none))
+            if (entry.path().extension() == ".vsk")
+                models.push_back(contentOf(entry.path().string()));
+        return models;
     }
 
     const std::string small = contentOf(TEST_DATA "/small.vsk");

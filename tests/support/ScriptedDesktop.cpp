@@ -28,6 +28,7 @@ void ScriptedDesktop::expectNothingLeft() const
 {
     for (const Expected &left : messages_)
         ADD_FAILURE() << "never said: " << left.text;
+    EXPECT_TRUE(choices_.empty()) << "a box with answers of its own did not come";
     EXPECT_TRUE(texts_.empty()) << "an input box did not come";
     EXPECT_TRUE(files_.empty()) << "a file dialog did not come";
 }
@@ -49,6 +50,26 @@ Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons)
     EXPECT_EQ(text, expected.text);
     EXPECT_EQ(icon, expected.icon) << text;
     return expected.answer;
+}
+
+void ScriptedDesktop::expectChoice(const std::string &text, std::size_t place)
+{
+    choices_.emplace_back(text, place);
+}
+
+std::size_t ScriptedDesktop::choose(const std::string &text, const std::vector<std::string> &,
+                                    std::size_t escape)
+{
+    if (choices_.empty()) {
+        ADD_FAILURE() << "not foreseen: " << text;
+        return escape;
+    }
+    if (beforeChoice)
+        beforeChoice();
+    const auto [expected, place] = choices_.front();
+    choices_.pop_front();
+    EXPECT_EQ(text, expected);
+    return place;
 }
 
 std::string ScriptedDesktop::askText(const std::string &question)

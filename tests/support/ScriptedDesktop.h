@@ -33,12 +33,17 @@ public:
                        Answer answer = Answer::ok);
     /// The next box may say anything, which goes to @p said.
     void expectAnyMessage(std::string &said);
+    /// The next box with answers of its own must say exactly @p text; it gets the answer at @p
+    /// place.
+    void expectChoice(const std::string &text, std::size_t place);
     /// The next input box is answered by @p text; empty is Cancel.
     void expectQuestion(std::string text) { texts_.push_back(std::move(text)); }
     /// The next file dialog gives @p path; none is Cancel.
     void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
     void expectNothingLeft() const;
     std::function<Answer()> answerAnything; ///< when set, no box is unforeseen
+
+    std::function<void()> beforeChoice; ///< what happens when such a box comes
 
     std::vector<LogLine> log;
     std::string caption;
@@ -50,6 +55,8 @@ public:
     std::deque<TimeOfDay> times; ///< "12:00:00" when used up
 
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::size_t choose(const std::string &text, const std::vector<std::string> &answers,
+                       std::size_t escape) override;
     std::string askText(const std::string &question) override;
     std::optional<std::string> askOpenFile(const FileQuestion &question) override;
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;
@@ -79,6 +86,7 @@ private:
         std::string *said = nullptr; ///< where any text is welcome
     };
     std::deque<Expected> messages_;
+    std::deque<std::pair<std::string, std::size_t>> choices_;
     std::deque<std::string> texts_;
     std::deque<std::optional<std::string>> files_;
 };

@@ -172,6 +172,28 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
     }
 }
 
+std::size_t QtDesktop::choose(const std::string &text, const std::vector<std::string> &answers,
+                              std::size_t escape)
+{
+    QMessageBox box(parent());
+    box.setWindowTitle(applicationName());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(qtText(text));
+    box.setIcon(QMessageBox::Question);
+    // All of one role, so that every desktop shows them in the order of the list.
+    QList<QPushButton *> buttons;
+    for (const std::string &answer : answers) {
+        buttons << box.addButton(qtText(answer), QMessageBox::ActionRole);
+        buttons.back()->setObjectName(QString("Answer%1").arg(buttons.size()));
+    }
+    box.setDefaultButton(buttons.front());
+    box.setEscapeButton(buttons[static_cast<qsizetype>(escape)]);
+    assignDialogMnemonics(&box);
+    box.exec();
+    const qsizetype pressed = buttons.indexOf(box.clickedButton());
+    return pressed < 0 ? escape : static_cast<std::size_t>(pressed);
+}
+
 std::string QtDesktop::askText(const std::string &question)
 {
     QInputDialog box(parent());

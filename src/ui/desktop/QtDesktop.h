@@ -48,6 +48,8 @@ public:
     void attach(MainWindowSurface *window);
 
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::size_t choose(const std::string &text, const std::vector<std::string> &answers,
+                       std::size_t escape) override;
     std::string askText(const std::string &question) override;
     std::optional<std::string> askOpenFile(const FileQuestion &question) override;
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;

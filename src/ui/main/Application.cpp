@@ -3,6 +3,7 @@
 #include "Desktop.h"
 #include "Files.h"
 #include "Functions.h"
+#include "Journal.h"
 #include "Metablites.h"
 #include "Recovery.h"
 
@@ -26,6 +27,7 @@ std::string recoveryText()
     if (isModelEmpty())
         return {};
     const std::string path = writeRecoveryFile();
+    Journal::keepNow(); // the next start offers it
     return path.empty() ? Metafrasi(117, "The model could not be kept.")
                         : Metafrasi(116, "The model is kept in the recovery file:") + " " + path;
 }

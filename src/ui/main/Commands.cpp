@@ -78,6 +78,8 @@ const Command table[] = {
     {"menubar", "mnuARXEIO", Phrase{1, "File"}},
     {"mnuARXEIO", "mnuNEOitem", Phrase{2, "New"}, call<&Files::Button_Neo_arxeio>, "New", "Ctrl+N"},
     {"mnuARXEIO", "mnuANAGNOSIitem", Phrase{3, "Open"}, call<&Files::Button_Anagnosi_Arxeiou>, "Open", "Ctrl+O"},
+    {"mnuARXEIO", "mnuRECENT", Phrase{1852, "Open recent"}},
+    {"mnuRECENT", "mnuRECENT_none_item", Phrase{1849, "No file has been opened or saved yet."}, call<&Files::sayNoneRecent>},
     {"mnuARXEIO", "mnuAPOTHIKEFSIitem", Phrase{4, "Save"}, call<&Files::Button_Apothikefsi_Arxeiou>, "Save", "Ctrl+S"},
     {"mnuARXEIO", "mnuAPOTHIKEFSIOSitem", Phrase{5, "Save As..."}, call<&Files::saveAs>, nullptr, "Ctrl+Shift+S"},
     {"mnuARXEIO", "mnuSSS1"},

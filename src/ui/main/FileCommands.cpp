@@ -4,11 +4,16 @@
 #include "Files.h"
 #include "FileSystem.h"
 #include "Functions.h"
+#include "Journal.h"
 #include "Metablites.h"
+#include "RecentFiles.h"
 #include "Recovery.h"
 #include "Registry.h"
+#include "Text.h"
 
 #include <QWidget>
+
+#include <filesystem>
 
 namespace veskora {
 
@@ -28,8 +33,10 @@ bool FileCommands::mayLeave(bool closing)
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
     std::string path = Onoma_Arxeiou;
-    if (Apothikefsi_Arxeiou(path, false))
+    if (Apothikefsi_Arxeiou(path, false)) {
+        settle(path);
         return true;
+    }
     // The command goes on all the same, and the user meant to keep the model.
     const std::string recovery = writeRecoveryFile();
     if (recovery.empty()) {
@@ -52,9 +59,11 @@ void FileCommands::start(const std::string &commandLine)
     if (!commandLine.empty()) {
         currentFolder = folderOf(commandLine);
         std::string path = commandLine;
-        Anagnosi_Arxeiou(path);
+        if (Anagnosi_Arxeiou(path))
+            rememberFile(path);
     }
     resetZoomHistory();
+    emit modelSettled();
 }
 
 void FileCommands::Button_Neo_arxeio()
@@ -65,29 +74,79 @@ void FileCommands::Button_Neo_arxeio()
     resetView();
     Fortosi_Rithmiseon();
     emit modelReplaced();
+    emit modelSettled();
     Grammi_Log(Metafrasi(55, "New file"), logColour::black, true);
     resetZoomHistory();
 }
 
-void FileCommands::Button_Anagnosi_Arxeiou()
+/// The model stands in the file @p path.
+void FileCommands::settle(const std::string &path)
+{
+    rememberFile(path);
+    emit modelSettled();
+}
+
+// ------------------------------------------------------------------------------------------- open
+
+/// @param path  empty where the user is to be asked
+void FileCommands::open(std::string path)
 {
     if (!mayLeave(false))
         return;
-    std::string path;
-    Anagnosi_Arxeiou(path);
+    if (Anagnosi_Arxeiou(path))
+        settle(path);
     Allagi_Montelou = true;
     emit modelReplaced();
 }
 
+void FileCommands::Button_Anagnosi_Arxeiou()
+{
+    open({});
+}
+
+void FileCommands::openRecent(const std::string &path)
+{
+    std::error_code ignored;
+    if (std::filesystem::exists(path, ignored))
+        return open(path);
+    forgetFile(path);
+    showRefusal(Metafrasi(1850, "The file is not there any more:") + " " + path);
+}
+
+void FileCommands::sayNoneRecent()
+{
+    showRefusal(Metafrasi(1849, "No file has been opened or saved yet."));
+}
+
+void FileCommands::openDropped(const QStringList &paths)
+{
+    if (paths.size() == 1 && paths[0].endsWith(modelExtension, Qt::CaseInsensitive))
+        return open(plainText(paths[0]));
+    showRefusal(Metafrasi(1851, "Drop one model file (*.vsk) of this computer here to open it."));
+}
+
+bool FileCommands::openJournal(const LostJournal &lost)
+{
+    if (!mayLeave(false))
+        return false;
+    const bool isOpen = veskora::openJournal(lost.file.path, lost.model);
+    emit modelReplaced();
+    return isOpen;
+}
+
+// ------------------------------------------------------------------------------------------- save
+
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
+    if (Apothikefsi_Arxeiou(Onoma_Arxeiou, false))
+        settle(Onoma_Arxeiou);
 }
 
 void FileCommands::saveAs()
 {
     std::string path;
-    Apothikefsi_Arxeiou(path, false);
+    if (Apothikefsi_Arxeiou(path, false))
+        settle(path);
 }
 
 } // namespace veskora

@@ -12,8 +12,10 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
-/// New, Open, Save and the model of the command line. Whatever leaves a model asks `mayLeave`
-/// first.
+struct LostJournal;
+
+/// New, Open in all its ways, Save and the model of the command line. Whatever leaves a model asks
+/// `mayLeave` first.
 class FileCommands : public QObject
 {
     Q_OBJECT
@@ -25,6 +27,13 @@ public:
     void Button_Anagnosi_Arxeiou();
     void Button_Apothikefsi_Arxeiou();
     void saveAs();
+    /// One of the files that were opened or saved last.
+    void openRecent(const std::string &path);
+    void sayNoneRecent();
+    /// What was dropped on the window; one that is not on this computer is an empty path.
+    void openDropped(const QStringList &paths);
+    /// @return whether the model is that of the journal now
+    bool openJournal(const LostJournal &lost);
     /// The first model of this run: an empty one, or that of the command line.
     void start(const std::string &commandLine);
 
@@ -35,8 +44,12 @@ public:
 signals:
     /// Another model is there, or none, and all that shows it is to be made anew.
     void modelReplaced();
+    /// The model is as its file has it, or is a new one.
+    void modelSettled();
 
 private:
+    void open(std::string path);
+    void settle(const std::string &path);
     /// @return whether the model is on disk, in its file or in a recovery file
     bool saveBeforeLeaving(bool closing);
 

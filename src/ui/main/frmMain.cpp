@@ -19,6 +19,8 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QFocusFrame>
+#include <QMimeData>
+#include <QShortcut>
 
 #include <algorithm>
 
@@ -44,12 +46,15 @@ frmMain::frmMain()
       hand_(canvas_),
       picture_(canvas_, hand_, *ui_->StatusBar1),
       files_(ui_->RichTextBox1),
+      journal_(this, files_),
       windows_(this, canvas_, hand_, picture_),
       menus_(this, {*this, hand_, files_, picture_, windows_}),
+      recent_(menus_.menu("mnuRECENT"), files_),
       keys_(hand_, help_)
 {
     equipToolbar();
     connectRooms();
+    setAcceptDrops(true);
     pressButtonsByEnter(this);
     ui_->centralwidget->installEventFilter(this);
     setPicture1(&ui_->Picture1->kanvas());
@@ -92,6 +97,8 @@ void frmMain::connectRooms()
     connect(ui_->StatusBar1, &StatusBar::settingChanged, this, &frmMain::redraw);
     connect(ui_->StatusBar1, &StatusBar::labelsWanted, &menus_, &Menus::popUpLabels);
     connect(&files_, &FileCommands::modelReplaced, &picture_, &PictureCommands::showNewModel);
+    connect(new QShortcut(QKeySequence::Copy, ui_->Picture1, nullptr, nullptr, Qt::WidgetShortcut),
+            &QShortcut::activated, &picture_, &PictureCommands::copyPicture);
     connect(ui_->SSCommand32, &QToolButton::clicked, this, &frmMain::toggleLog);
     connect(ui_->Picture1, &CanvasWidget::resized, this, [this] {
         if (!arranging_)
@@ -129,6 +136,7 @@ void frmMain::start(const QString &commandLine)
     desktop().storeSetting("Startup", "Version", programVersion);
     if (!Nai_Agglika)
         Stigmiaio_Minima(Metafrasi(1101, "Language Pack activated: ") + Glossa);
+    journal_.offerLost();
 }
 
 void frmMain::closeEvent(QCloseEvent *event)
@@ -146,6 +154,26 @@ void frmMain::closeEvent(QCloseEvent *event)
     event->accept();
     QApplication::closeAllWindows();
     QApplication::quit();
+}
+
+// ------------------------------------------------------------------------------------------- drop
+
+void frmMain::dragEnterEvent(QDragEnterEvent *event)
+{
+    event->setAccepted(event->mimeData()->hasUrls()
+                       && QApplication::activeModalWidget() == nullptr);
+}
+
+void frmMain::dropEvent(QDropEvent *event)
+{
+    QStringList paths;
+    for (const QUrl &url : event->mimeData()->urls())
+        paths << url.toLocalFile();
+    event->setDropAction(Qt::CopyAction); // the file stays where it is
+    event->accept();
+    // Later: whoever it was dragged from waits for the end of this event, a question may follow.
+    QMetaObject::invokeMethod(
+        this, [this, paths] { files_.openDropped(paths); }, Qt::QueuedConnection);
 }
 
 // ----------------------------------------------------------------------------------------- layout

@@ -7,10 +7,12 @@
 #include "Hand.h"
 #include "Hourglass.h"
 #include "HTMLHelp.h"
+#include "JournalKeeper.h"
 #include "KeyFilter.h"
 #include "Menus.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
+#include "RecentMenu.h"
 #include "ToolkitTexts.h"
 #include "WindowCommands.h"
 
@@ -61,6 +63,8 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
 
 private:
     static std::unique_ptr<Ui::frmMain> makeUi(frmMain *window);
@@ -80,8 +84,10 @@ private:
     Hand hand_;
     PictureCommands picture_;
     FileCommands files_;
+    JournalKeeper journal_;
     WindowCommands windows_;
     Menus menus_;
+    RecentMenu recent_;
     HTMLHelp help_;
     KeyFilter keys_;
     ToolkitTexts toolkitTexts_;

@@ -17,6 +17,7 @@
 #include <QFile>
 #include <QFocusFrame>
 #include <QMenu>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -175,7 +176,7 @@ TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
         desktop.expectMessage("Do you want to save the changes you made to file: 'Untitled.vsk'?",
                               closing ? Icon::exclamation : Icon::none, Answer::yes);
         desktop.expectFileDialog(std::nullopt); // the save dialog is cancelled
-        const fs::path folder = path("data/" + title + "/Recovery");
+        const fs::path folder = recovery();
         fs::remove_all(folder);
         std::string said;
         if (closing || logHidden)
@@ -536,8 +537,15 @@ TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
     trigger("Epilisi");
     trigger("M");
     const QImage shown = canvas().kanvas().image().copy();
-    trigger("mnuEIKONA_Clipboard_item");
-    EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(shown.format()), shown);
+    canvas().setFocus();
+    for (const bool byKeys : {false, true}) {
+        QApplication::clipboard()->clear();
+        if (byKeys)
+            QTest::keyClick(&canvas(), Qt::Key_C, Qt::ControlModifier);
+        else
+            trigger("mnuEIKONA_Clipboard_item");
+        EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(shown.format()), shown);
+    }
     struct Case
     {
         const char *chosen, *written;
@@ -781,7 +789,6 @@ TEST_F(MainWindow, AnInstantMessageGoesAfterItsTime)
 
 TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
 {
-    const fs::path recovery = path("data/" + title + "/Recovery");
     for (const bool bySignal : {false, true}) // else as the toolkit ends when the display is lost
         for (const bool changed : {false, true}) {
             SCOPED_TRACE(bySignal);
@@ -802,13 +809,185 @@ TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
                 },
                 testing::ExitedWithCode(bySignal ? 128 + SIGTERM : 1),
                 changed ? "kept in the recovery file: " : "^$");
-            ASSERT_EQ(fs::exists(recovery), changed);
+            ASSERT_EQ(fs::exists(recovery()), changed);
             if (changed) {
-                EXPECT_THAT(contentOf(fs::directory_iterator(recovery)->path()),
-                            testing::HasSubstr("\r\n2\r\n3\r\n4\r\n5\r\n"));
+                // The recovery file, and the journal, which the next start offers.
+                const auto holdsIt = testing::HasSubstr("\r\n2\r\n3\r\n4\r\n5\r\n");
+                EXPECT_THAT(keptModels(), testing::ElementsAre(holdsIt, holdsIt));
             }
-            fs::remove_all(recovery);
+            fs::remove_all(recovery());
         }
+}
+
+TEST_F(MainWindow, OffersTheJournalOfAProcessThatIsGone)
+{
+    enum Reply { openIt, keepIt, deleteIt };
+    struct Case
+    {
+        Reply reply;
+        std::string model; ///< of the journal
+        const char *commandLine;
+        bool changed, cancels; ///< the model of the command line, and the save question about it
+        bool stays;            ///< the journal, after this process
+        std::string name;      ///< of the model then
+    };
+    const std::string journal = (recovery() / "Veskora_journal_1.vsk").string();
+    const std::string a = path("a.vsk"), b = path("b.vsk");
+    for (const Case &c : {Case{openIt, a, "", false, false, false, a},
+                          {openIt, "", "", false, false, false, ""},
+                          {openIt, a, "b.vsk", false, false, false, a},
+                          {openIt, a, "b.vsk", true, false, false, a},
+                          {openIt, a, "b.vsk", true, true, true, b},
+                          {keepIt, a, "", false, false, true, ""},
+                          {deleteIt, a, "b.vsk", false, false, false, b}}) {
+        SCOPED_TRACE(testing::Message() << c.reply << ' ' << c.model << ' ' << c.commandLine);
+        write(b, small);
+        fs::remove_all(recovery());
+        fs::create_directories(recovery());
+        std::string changed = small;
+        changed.replace(changed.find("Komboi\r\n2\r\n\r\n1\r\n") + 16, 1, "3"); // the first x
+        write(journal, changed + "Journal of the model\r\n" + c.model);
+        write((recovery() / "Veskora_journal_1.lock").string(), "");
+        reopen();
+        const std::string says = "The program ended before this model was saved: "
+                                 + (c.model.empty() ? "Untitled.vsk" : c.model)
+                                 + " The journal has it as it was a moment before: " + journal;
+        desktop.expectChoice(says, c.reply);
+        if (c.changed) {
+            desktop.beforeChoice = [] { Ena_cm_posa_KN_Q = 55; };
+            desktop.expectMessage("Do you want to save the changes you made to file: '" + b + "'?",
+                                  Icon::none, c.cancels ? Answer::cancel : Answer::no);
+        }
+        start(*c.commandLine == '\0' ? "" : path(c.commandLine));
+        desktop.beforeChoice = nullptr;
+        desktop.expectNothingLeft();
+        EXPECT_TRUE(log().contains(" " + QString::fromStdString(says)));
+        EXPECT_EQ(Onoma_Arxeiou, c.name);
+        EXPECT_EQ(Komboi(1, node::x) == 3, c.reply == openIt && !c.cancels);
+        if (c.reply == openIt && !c.cancels) { // a model that has yet to be saved
+            desktop.expectMessage("Do you want to save the changes you made to file: '"
+                                      + (c.name.empty() ? "Untitled.vsk" : c.name) + "'?",
+                                  Icon::none, Answer::cancel);
+            trigger("mnuNEOitem");
+        }
+        window.reset();
+        EXPECT_EQ(fs::exists(journal), c.stays);
+    }
+}
+
+TEST_F(MainWindow, KeepsTheJournalOfItsModel)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    const auto seconds = [this](int count) {
+        for (int i = 0; i < count; ++i) {
+            QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
+            find<JournalKeeper>("")->waitForDisk();
+        }
+        return keptModels().size();
+    };
+    EXPECT_EQ(seconds(3), 0);
+    putGroup(1, 2, 3);
+    EXPECT_EQ(seconds(2), 1);
+    trigger("mnuAPOTHIKEFSIitem");
+    EXPECT_EQ(keptModels().size(), 0);
+    EXPECT_EQ(seconds(3), 0);
+    putGroup(1, 2, 3);
+    EXPECT_EQ(seconds(2), 1);
+    desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
+                              + "'?",
+                          Icon::none, Answer::no);
+    trigger("mnuNEOitem");
+    EXPECT_EQ(seconds(3), 0);
+
+    fs::remove_all(recovery());
+    write(recovery().string(), "a file where the folder would be");
+    ::setenv("TMPDIR", "/proc", 1);
+    ::setenv("XDG_DOCUMENTS_DIR", "/proc", 1);
+    const std::string home = ::getenv("HOME") != nullptr ? ::getenv("HOME") : "";
+    ::setenv("HOME", "/proc", 1);
+    putGroup(1, 2, 3);
+    (void)seconds(5);
+    EXPECT_EQ(log().count(" The journal cannot be written: no folder takes it"), 1);
+    ::unsetenv("TMPDIR");
+    ::setenv("HOME", home.c_str(), 1);
+}
+
+TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)
+{
+    for (const char *name : {"a.vsk", "b & c, \"d\".vsk", "sub.vsk", "n.txt"})
+        write(path(name), small);
+    fs::create_directory(path("sub"));
+    write(path("sub/a.vsk"), small);
+    start();
+    const auto entries = [this] {
+        auto *menu = find<QMenu>("mnuRECENT");
+        emit menu->aboutToShow();
+        QStringList tips;
+        for (const QAction *entry : menu->actions())
+            if (entry->isVisible()) {
+                EXPECT_TRUE(entry->isEnabled());
+                tips << entry->toolTip();
+            }
+        return tips;
+    };
+    EXPECT_EQ(entries(), QStringList("No file has been opened or saved yet."));
+    desktop.expectMessage("No file has been opened or saved yet.");
+    trigger("mnuRECENT_none_item");
+
+    const std::string refusal = "Drop one model file (*.vsk) of this computer here to open it.";
+    struct Case
+    {
+        std::vector<const char *> names;
+        bool changed;
+        std::string opened; ///< empty: refused
+    };
+    for (const Case &c : {Case{{"a.vsk"}, false, "a.vsk"},
+                          {{"a.vsk", "sub.vsk"}, false, ""},
+                          {{"n.txt"}, false, ""},
+                          {{"b & c, \"d\".vsk"}, true, "b & c, \"d\".vsk"},
+                          {{"sub/a.vsk"}, false, "sub/a.vsk"}}) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const char *name : c.names)
+            urls << QUrl::fromLocalFile(QString::fromStdString(path(name)));
+        data.setUrls(urls);
+        const std::string before = Onoma_Arxeiou;
+        if (c.changed) {
+            Ena_cm_posa_KN_Q = 55;
+            desktop.expectMessage("Do you want to save the changes you made to file: '" + before
+                                      + "'?",
+                                  Icon::none, Answer::no);
+        }
+        if (c.opened.empty())
+            desktop.expectMessage(refusal);
+        QDragEnterEvent enter({9, 9}, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(&canvas(), &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(window.get(), &drop);
+        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
+        QCoreApplication::processEvents();
+        desktop.expectNothingLeft();
+        EXPECT_EQ(Onoma_Arxeiou, c.opened.empty() ? before : path(c.opened));
+    }
+    const auto full = [this](const char *name) { return QString::fromStdString(path(name)); };
+    const QStringList three = {full("sub/a.vsk"), full("b & c, \"d\".vsk"), full("a.vsk")};
+    EXPECT_EQ(entries(), three);
+    EXPECT_EQ(find<QAction>("mnuRECENT1item")->text().remove('&'), "a.vsk (" + full("sub") + ")");
+    EXPECT_EQ(find<QAction>("mnuRECENT2item")->text(), "b && c, \"d\".vsk");
+    desktop.expectFileDialog(path("new"));
+    trigger("mnuAPOTHIKEFSIOSitem");
+    fs::remove(path("sub/a.vsk"));
+    openDesktop(); // another run
+    start();
+    EXPECT_EQ(entries(), QStringList(full("new.vsk")) + three);
+    desktop.expectMessage("The file is not there any more: " + path("sub/a.vsk"));
+    trigger("mnuRECENT2item");
+    EXPECT_EQ(entries(), QStringList(full("new.vsk")) + three.mid(1));
+    trigger("mnuRECENT3item");
+    EXPECT_EQ(Onoma_Arxeiou, path("a.vsk"));
+    EXPECT_EQ(entries()[0], full("a.vsk"));
 }
 
 TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
@@ -824,8 +1003,9 @@ TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
                 QCoreApplication::processEvents();
         },
         testing::ExitedWithCode(EXIT_FAILURE), "out of range(.|\n)*kept in the recovery file: ");
-    const std::string kept = fs::directory_iterator(path("data/" + title + "/Recovery"))->path();
-    EXPECT_THAT(contentOf(kept), testing::HasSubstr("Omades\r\n1\r\n\r\n1\r\n3\r\n4\r\n5\r\n"));
+    EXPECT_THAT(keptModels(),
+                testing::Each(testing::HasSubstr("Omades\r\n1\r\n\r\n1\r\n3\r\n4\r\n5\r\n")));
+    EXPECT_EQ(keptModels().size(), 2);
 }
 
 } // namespace

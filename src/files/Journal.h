@@ -1,0 +1,77 @@
+#pragma once
+/// @file
+/// The journal: a copy of the model on disk while it differs from its file, so that a process that
+/// is killed costs a moment's work and not that of an hour.
+
+#include "FileSystem.h"
+
+#include <future>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace veskora {
+
+/// A journal on disk, held by this process: the file, and beside it the lock that tells whether its
+/// process lives.
+struct JournalFile
+{
+    std::string path; ///< a model file, behind whose end stands the name of the model
+    std::unique_ptr<LockFile> lock;
+
+    void remove();
+};
+
+/// A journal whose process is gone.
+struct LostJournal
+{
+    JournalFile file;
+    std::string model; ///< path of the model's own file, empty where it had none
+};
+
+/// All that there are, the oldest first. Each is held until its row goes, so that no other copy of
+/// the program sees it meanwhile.
+std::vector<LostJournal> lostJournals();
+
+/// The journal of this process; there is one at most. Its file is in the recovery folder while it
+/// is needed, and goes with this object.
+class Journal
+{
+public:
+    Journal();
+    ~Journal();
+    Journal(const Journal &) = delete;
+    Journal &operator=(const Journal &) = delete;
+
+    /// To be called once a second. Writes what has changed once it has rested since the last call,
+    /// or has waited for long; the disk is waited for elsewhere.
+    /// Fault: why it cannot be written, or could not the last time. The next call tries again.
+    void look();
+
+    /// The model is as its file has it, or is a new one.
+    void settle();
+
+    /// The model came from @p lost, which is this process's own from now on.
+    void takeOver(LostJournal &lost);
+
+    /// Until what was written stands on the disk.
+    void waitForDisk();
+
+    /// At once, for an end that nobody called for; where it cannot be, what stands there stays.
+    static void keepNow() noexcept;
+
+private:
+    bool isWriting() const;
+    void finishWriting();
+    void claimFile();
+    void removeFile() noexcept;
+
+    std::string saved_;   ///< the model's text as its file has it
+    std::string seen_;    ///< and as it was at the last look
+    std::string written_; ///< and as the journal has it
+    int waited_ = 0;      ///< looks since the first change that the journal lacks
+    JournalFile file_;    ///< without a lock where there is none
+    std::future<void> writing_;
+};
+
+} // namespace veskora
