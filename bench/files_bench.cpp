@@ -65,7 +65,7 @@ void journalWrite(benchmark::State &state)
         journal.look(); // changed
         journal.look(); // rests
         state.PauseTiming();
-        journal.waitForDisk();
+        journal.waitForWriting();
         state.ResumeTiming();
     }
 }

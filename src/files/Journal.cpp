@@ -20,9 +20,9 @@ namespace {
 constexpr const char *journalName = "Veskora_journal_";
 constexpr const char *lockExtension = ".lock";
 
-/// Looks until a change is written that others follow all the time: 8 s, as the change may be one
-/// second older than the look that finds it, and the timer and the disk take their time.
-constexpr int longestWait = 8;
+/// Looks until a change is written that others follow all the time: 6 s, as the change may be one
+/// second older than the look that finds it, and a busy machine takes its time.
+constexpr int longestWait = 6;
 
 Journal *current = nullptr;
 
@@ -44,6 +44,12 @@ try {
     return at == std::string::npos ? std::string() : text.substr(at + nameLine.size());
 } catch (const Fault &) {
     return {}; // opening it says why
+}
+
+bool isBusy(const std::future<void> &work)
+{
+    using namespace std::chrono_literals;
+    return work.valid() && work.wait_for(0s) != std::future_status::ready;
 }
 
 bool isTaken(const std::string &base)
@@ -97,17 +103,16 @@ Journal::~Journal()
 
 void Journal::look()
 {
-    if (isWriting())
-        return; // the disk is slow
-    finishWriting();
     std::string text = isModelEmpty() ? saved_ : modelText();
     const bool rests = text == seen_;
     seen_ = std::move(text);
+    waited_ = seen_ == written_ ? 0 : waited_ + 1;
+    if (isBusy(writing_))
+        return;
+    finishWriting();
     if (seen_ == saved_)
         removeFile();
-    else if (seen_ == written_)
-        waited_ = 0;
-    else if (++waited_ >= longestWait || rests) {
+    else if (waited_ >= longestWait || (waited_ > 0 && rests)) {
         claimFile();
         written_ = seen_;
         waited_ = 0;
@@ -134,22 +139,17 @@ try {
     if (current == nullptr || isModelEmpty() || modelText() == current->saved_)
         return;
     current->claimFile();
-    current->waitForDisk();
+    current->waitForWriting();
     replacePrivateFile(current->file_.path, journalText(modelText()));
+    bringFileToDisk(current->file_.path);
 } catch (const std::exception &) {
     // The recovery file, or what the journal has, must do.
 }
 
-void Journal::waitForDisk()
+void Journal::waitForWriting()
 {
     if (writing_.valid())
         writing_.wait();
-}
-
-bool Journal::isWriting() const
-{
-    using namespace std::chrono_literals;
-    return writing_.valid() && writing_.wait_for(0s) != std::future_status::ready;
 }
 
 void Journal::finishWriting()
@@ -162,6 +162,8 @@ void Journal::finishWriting()
         written_.clear();
         throw;
     }
+    if (!isBusy(syncing_)) // behind the renaming: a kill in those seconds finds the new one
+        syncing_ = std::async(std::launch::async, bringFileToDisk, file_.path);
 }
 
 /// A name of its own in the first folder that allows it.
@@ -185,7 +187,7 @@ void Journal::claimFile()
 
 void Journal::removeFile() noexcept
 {
-    waitForDisk();
+    waitForWriting();
     writing_ = {};
     if (file_.lock != nullptr)
         file_.remove();

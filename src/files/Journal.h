@@ -54,14 +54,13 @@ public:
     /// The model came from @p lost, which is this process's own from now on.
     void takeOver(LostJournal &lost);
 
-    /// Until what was written stands on the disk.
-    void waitForDisk();
+    /// Until what is being written stands in its file.
+    void waitForWriting();
 
     /// At once, for an end that nobody called for; where it cannot be, what stands there stays.
     static void keepNow() noexcept;
 
 private:
-    bool isWriting() const;
     void finishWriting();
     void claimFile();
     void removeFile() noexcept;
@@ -72,6 +71,7 @@ private:
     int waited_ = 0;      ///< looks since the first change that the journal lacks
     JournalFile file_;    ///< without a lock where there is none
     std::future<void> writing_;
+    std::future<void> syncing_; ///< a busy disk may take seconds
 };
 
 } // namespace veskora

@@ -357,20 +357,21 @@ try {
     return false;
 }
 
-void writePrivateFile(const std::string &path, std::string_view content)
+void writePrivateFile(const std::string &path, std::string_view content, Durability durability)
 {
     Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!file.valid())
         fail();
     try {
         writeAll(file.number(), content);
-        bringToDisk(file.number(), Durability::onDisk);
+        bringToDisk(file.number(), durability);
         file.close();
     } catch (const Fault &) {
         (void)::unlink(path.c_str());
         throw;
     }
-    syncFolder(folderOf(path));
+    if (durability == Durability::onDisk)
+        syncFolder(folderOf(path));
 }
 
 namespace {
@@ -392,10 +393,16 @@ void replacePrivateFile(const std::string &path, std::string_view content)
 {
     const std::string part = partOf(path);
     (void)::unlink(part.c_str());
-    writePrivateFile(part, content);
+    writePrivateFile(part, content, Durability::untilPowerFails);
     if (::rename(part.c_str(), path.c_str()) != 0)
         fail();
-    syncFolder(folderOf(path));
+}
+
+void bringFileToDisk(const std::string &path)
+{
+    const Descriptor file(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    if (file.valid() && ::fsync(file.number()) == 0)
+        syncFolder(folderOf(path));
 }
 
 std::string wholeFile(const std::string &path)

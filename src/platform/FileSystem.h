@@ -60,13 +60,16 @@ void writeWholeFile(const std::string &path, std::string_view content, Durabilit
 /// @return whether it was written
 bool tryWriteWholeFile(const std::string &path, std::string_view content);
 
-/// Puts @p content on disk in a new file, which its owner alone can read at every moment.
+/// Puts @p content into a new file, which its owner alone can read at every moment.
 /// Fault: what the system refused, as where there is such a file or a link of that name.
-void writePrivateFile(const std::string &path, std::string_view content);
+void writePrivateFile(const std::string &path, std::string_view content, Durability durability);
 
 /// The same in the place of what stands there: at every moment the old file or the whole new one
-/// does.
+/// does. It outlasts the process at once, and the machine when it is brought to the disk.
 void replacePrivateFile(const std::string &path, std::string_view content);
+
+/// Waits for the disk to have the file; where it cannot, or there is none, nothing happens.
+void bringFileToDisk(const std::string &path);
 
 /// Removes such a file, and what is left of a writing that was cut off.
 void removePrivateFile(const std::string &path);

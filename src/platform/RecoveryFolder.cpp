@@ -20,7 +20,7 @@ try {
     fs::path path = folder / (name + extension);
     for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) // nor through a link
         path = folder / (name + "_" + std::to_string(number) + extension);
-    writePrivateFile(path.string(), content); // as private as any file was
+    writePrivateFile(path.string(), content, Durability::onDisk); // as private as any file was
     return path.string();
 } catch (const std::exception &) {
     return {};

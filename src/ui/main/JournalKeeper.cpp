@@ -35,14 +35,14 @@ void JournalKeeper::offerLost()
 {
     enum { openIt, keepIt, deleteIt };
     for (LostJournal &lost : lostJournals()) {
-        const std::string &name = lost.model.empty() ? "Untitled.vsk" : lost.model;
-        const std::string text = Metafrasi(1840, "The program ended before this model was saved:")
-                                 + " " + name + " "
-                                 + Metafrasi(1841, "The journal has it as it was a moment before:")
-                                 + " " + lost.file.path;
-        Grammi_Log(text, logColour::red);
+        const std::string model = Metafrasi(1840, "The program ended before this model was saved:")
+                                  + " " + (lost.model.empty() ? "Untitled.vsk" : lost.model);
+        const std::string journal =
+            Metafrasi(1841, "The journal has it as it was a moment before:") + " " + lost.file.path;
+        Grammi_Log(model, logColour::red);
+        Grammi_Log(journal, logColour::red);
         switch (desktop().choose(
-            text,
+            model + "\r\n\r\n" + journal,
             {Metafrasi(1842, "Open it"), Metafrasi(1843, "Keep it"), Metafrasi(1844, "Delete it")},
             keepIt)) {
         case openIt:

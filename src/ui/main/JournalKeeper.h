@@ -18,8 +18,8 @@ public:
     /// Once, when the window is there.
     void offerLost();
 
-    /// For tests: until what was written stands on the disk.
-    void waitForDisk() { journal_.waitForDisk(); }
+    /// For tests: until what is being written stands in its file.
+    void waitForWriting() { journal_.waitForWriting(); }
 
 private:
     void look();
