@@ -9,6 +9,7 @@
 #include "Zoom.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace veskora {
 namespace {
@@ -120,6 +121,37 @@ TEST_F(View, TheDragZoomGoesByTwentiethsAndStopsAtOneToOne)
     Zoom_Syrsimatos(7, 5); // r = 1/1.1, in: the origin moves all the same
     const double r = 1 / 1.1;
     expectView(1.01, -2 - 8 * (r - 1), 2 - (2 - 10) * (r - 1));
+}
+
+TEST_F(View, AZoomAboutAPlaceLeavesWhatLiesThere)
+{
+    struct Case
+    {
+        float from;
+        double factor, scale;
+        bool stays = false;
+    };
+    constexpr double inf = std::numeric_limits<double>::infinity();
+    for (const Case &c : {
+             Case{100, 2, 50}, Case{100, .5, 200}, Case{100, 1 + 1e-12, 100},
+             Case{1.5, 2, 1}, // the limits are reached, and then hold
+             Case{1, 2, 1, true}, Case{2e6, .5, 2147483}, Case{2147483, .5, 2147483, true},
+             Case{100, inf, 1}, Case{100, 0, 2147483},
+             Case{1e9F, .5, 1e9, true}, // beyond them it goes only back
+             Case{1e9F, 2, 5e8}, Case{.5, 2, .5, true}, Case{.5, .25, 2},
+             Case{0, 2, 50}, // a damaged file
+         }) {
+        SCOPED_TRACE(testing::Message() << "1:" << c.from << " times " << c.factor);
+        resetView();
+        Klimaka = c.from;
+        const double x = Othoni_X(3), y = Othoni_Y(4);
+        EXPECT_EQ(zoomAbout(3, 4, c.factor), !c.stays);
+        EXPECT_EQ(Klimaka, static_cast<float>(c.scale));
+        if (c.from > 0) {
+            EXPECT_NEAR(Othoni_X(3), x, 1e-12 * c.from);
+            EXPECT_NEAR(Othoni_Y(4), y, 1e-12 * c.from);
+        }
+    }
 }
 
 TEST_F(View, TheHistoryKeepsAHundredSteps)

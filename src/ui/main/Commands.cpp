@@ -155,14 +155,14 @@ const Command table[] = {
     {"Toolbar2", "ToolbarSeparator27"},
     button("Apotelesmata", Phrase{65, "Data - Results"}, call<&Windows::Button_Apotelesmata>),
 
-    {"mnuZoomakia", "mnuEKSODOS2item", Phrase{10, "Exit"}, call<&Hand::Reset_Pointer>},
+    {"mnuZoomakia", "mnuEKSODOS2item", Phrase{10, "Exit"}, call<&Hand::Reset_Pointer>, nullptr, "Esc"},
     {"mnuZoomakia", "mnusss10"},
     {"mnuZoomakia", "mnuPANitem", Phrase{37, "Move"}, take<&Hand::Xeraki_Energo, &Hand::Button_Xeraki>},
     {"mnuZoomakia", "mnuZOOMitem", Phrase{38, "Zoom"}, take<&Hand::Zoom_Energo, &Hand::Button_Zoom>},
     {"mnuZoomakia", "mnuWINDOWitem", Phrase{39, "Zoom Window"}, take<&Hand::Zoom_Window_Energo, &Hand::Button_Zoom_Window>},
     {"mnuZoomakia", "mnusss11"},
-    {"mnuZoomakia", "mnuPREVIOUSitem", Phrase{40, "Zoom Previous"}, call<&Picture::Button_Zoom_Previous>},
-    {"mnuZoomakia", "mnuEXTENDSitem", Phrase{41, "Zoom Extends"}, call<&Picture::Button_Zoom_Best_Fit>},
+    {"mnuZoomakia", "mnuPREVIOUSitem", Phrase{40, "Zoom Previous"}, call<&Picture::Button_Zoom_Previous>, nullptr, "Alt+Left"},
+    {"mnuZoomakia", "mnuEXTENDSitem", Phrase{41, "Zoom Extends"}, call<&Picture::Button_Zoom_Best_Fit>, nullptr, "Ctrl+0"},
 
     entry("mnu1item", Phrase{137, "Node #"}, call<&Windows::openNode>, About::node),
     entry("mnu3item", Phrase{132, "Loads on node #"}, call<&Windows::openNodeLoads>, About::node),

@@ -64,14 +64,17 @@ void Menus::add(const Command &command)
     action->setCheckable(command.setting != nullptr);
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
-    if (command.keys != nullptr)
+    if (command.keys != nullptr) {
         action->setShortcut(QKeySequence(command.keys));
+        window_->addAction(action); // those of a pop-up would work in it alone
+    }
     connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
 }
 
 void Menus::run(const Command &command, QAction *action)
 {
     auto &hand = std::get<Hand &>(rooms_);
+    hand.endViewRun();
     if (command.clears != Clears::nothing)
         hand.hideMarks();
     if (command.clears == Clears::tools)

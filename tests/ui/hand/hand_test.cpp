@@ -14,6 +14,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -39,10 +40,10 @@ protected:
 
     double canvasX(double x) const { return Kosmos_X(x); }
     double canvasY(double y) const { return Kosmos_Y(y); }
-    void press(double x, double y)
+    void press(double x, double y, Qt::MouseButton button = Qt::LeftButton)
     {
         moveTo(x, y);
-        mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(x), canvasY(y));
+        mouse(QEvent::MouseButtonPress, button, canvasX(x), canvasY(y));
     }
     void moveTo(double x, double y, Qt::MouseButton held = Qt::NoButton)
     {
@@ -70,6 +71,30 @@ protected:
         click(x, y);
         mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
         release(x, y);
+    }
+    std::function<void()> turn(const Point &at, int angle, int times = 1)
+    {
+        return [=, this] {
+            const QPointF place(at.x * 96 / 2.54, at.y * 96 / 2.54);
+            QWheelEvent event(place, canvas().mapToGlobal(place), {}, {0, angle}, Qt::NoButton,
+                              Qt::NoModifier, Qt::NoScrollPhase, false);
+            for (int time = 0; time < times; ++time)
+                QCoreApplication::sendEvent(&canvas(), &event);
+        };
+    }
+    std::function<void()> pinch(const Point &at, const std::vector<double> &steps)
+    {
+        return [=, this] {
+            const QPointF place = canvas().mapToGlobal(QPointF(at.x, at.y) * 96 / 2.54);
+            const auto send = [&](Qt::NativeGestureType type, double value) {
+                QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 2, {}, {},
+                                          place, value, {});
+                QCoreApplication::sendEvent(&canvas(), &event);
+            };
+            for (const double step : steps)
+                send(Qt::ZoomNativeGesture, step);
+            send(Qt::EndNativeGesture, 0);
+        };
     }
     std::string code(int n) const
     {
@@ -358,6 +383,95 @@ TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
     EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
 }
 
+TEST_F(CanvasTools, WheelPinchAndKeysAreStepsOfTheView)
+{
+    window->activateWindow();
+    auto *text = find<QTextEdit>("RichTextBox1");
+    const auto key = [](QWidget *on, Qt::Key press, Qt::KeyboardModifiers with = {}) {
+        return [=] { QTest::keyClick(on, press, with); };
+    };
+    const double W = canvas().kanvas().width(), H = canvas().kanvas().height();
+    const Point at = {5, 5}, middle = {W / 2, H / 2};
+    const auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier;
+    const auto previous = key(text, Qt::Key_Left, Qt::AltModifier);
+    struct Case
+    {
+        std::vector<std::function<void()>> acts;
+        double scale;
+        Point from, to; ///< where a place of the model has come to
+        int steps = 1;
+    };
+    const Case cases[] = {
+        {{turn(at, 360)}, 50, at, at},
+        {{turn(at, 1, 360)}, 50, at, at},
+        {{turn(at, 360), turn({5.2, 5}, -360)}, 100, at, {5.1, 5}},
+        {{turn(at, 360), turn({7, 5}, -360)}, 100, at, {6, 5}, 2}, // about another place
+        {{pinch(at, {.5, .5})}, 50, at, at},
+        {{pinch(at, {.5, .5}), turn(at, -360)}, 100, at, at, 2},
+        {{pinch(at, {-3, -.5})}, 200, at, at},
+        {{key(text, Qt::Key_Plus, ctrl | shift)}, 79.3701, middle, middle},
+        {{key(&canvas(), Qt::Key_Minus, ctrl)}, 125.992, middle, middle},
+        {{key(&canvas(), Qt::Key_Right)}, 100, at, {5 - W / 10, 5}},
+        {{key(&canvas(), Qt::Key_Up, shift)}, 100, at, {5, 5 + H / 100}},
+        {{key(&canvas(), Qt::Key_Up, ctrl), key(text, Qt::Key_Up)}, 100, at, at, 0},
+        {{turn(at, 360), previous}, 100, at, at, 0},
+        {{key(text, Qt::Key_0, ctrl)}, 100, at, at, 0}, // as it is without nodes
+    };
+    for (const Case &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        resetView();
+        resetZoomHistory();
+        const Point place = {Othoni_X(c.from.x), Othoni_Y(c.from.y)};
+        for (const auto &act : c.acts)
+            act();
+        trigger("mnuEKSODOS2item"); // a command ends the run
+        EXPECT_NEAR(Klimaka, c.scale, 1e-3);
+        EXPECT_NEAR(Kosmos_X(place.x), c.to.x, 1e-4);
+        EXPECT_NEAR(Kosmos_Y(place.y), c.to.y, 1e-4);
+        EXPECT_EQ(Thesi_Istorikou, c.steps);
+    }
+    const qsizetype lines = log().size();
+    turn(at, 9999, 3)();
+    EXPECT_EQ(log().size(), lines + 1); // the limit is told once
+    resetView();
+    turn(at, 120)();
+    const QImage sketch = canvas().kanvas().image().copy();
+    auto *rest = find<QTimer>("ViewRest");
+    rest->start(1);
+    QSignalSpy(rest, &QTimer::timeout).wait();
+    EXPECT_NE(canvas().kanvas().image(), sketch);
+}
+
+TEST_F(CanvasTools, EscLeavesNothingOfADrag)
+{
+    putNode(2, 2);
+    window->activateWindow();
+    for (const char *tool : {"", "Xeraki", "Zoom", "Zoom_Window"})
+        for (const auto button : {Qt::LeftButton, Qt::MiddleButton})
+            for (const double x : {2., 5.}) { // from the node, from empty canvas
+                SCOPED_TRACE(testing::Message() << tool << button << x);
+                Allagi_Montelou = false;
+                Kombos_Arxis = 7;
+                if (*tool != '\0')
+                    trigger(tool);
+                const auto before = canvas().cursor().shape();
+                press(x, 2, button);
+                EXPECT_EQ(canvas().cursor().shape() == Qt::CrossCursor,
+                          *tool == '\0' && button == Qt::LeftButton);
+                moveTo(7, 3, button);
+                turn({9, 9}, 120)(); // not in a drag
+                QTest::keyClick(&canvas(), Qt::Key_Escape);
+                EXPECT_FALSE(shown("Line1") || shown("Label2") || shown("Shape1"));
+                release(7, 3, button);
+                EXPECT_TRUE(Klimaka == 100 && Arxi_X == -2 && Arxi_Y == 2 && Thesi_Istorikou == 0);
+                EXPECT_TRUE(Arithmos_Kombon == 1 && Kombos_Arxis == 7 && !Allagi_Montelou);
+                EXPECT_EQ(canvas().cursor().shape(), before);
+                QTest::keyClick(&canvas(), Qt::Key_Escape);
+                EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+            }
+    EXPECT_EQ(log().last(), " Node deleted: #2.");
+}
+
 TEST_F(CanvasTools, ANewNodeIsSeenAtOnce)
 {
     moveTo(2, 2);
@@ -488,6 +602,16 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
             break;
         case 5:
             trigger("mnuEKSODOS2item");
+            break;
+        case 6:
+            turn({x, y}, pick(-2000, 2000))();
+            break;
+        case 7:
+            mouse(pick(0, 1) ? QEvent::MouseButtonPress : QEvent::MouseButtonRelease,
+                  Qt::MiddleButton, x, y);
+            break;
+        case 8:
+            QTest::keyClick(&canvas(), Qt::Key_Escape);
             break;
         case 4:
             resetView();
