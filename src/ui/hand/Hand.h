@@ -29,21 +29,35 @@ public:
     explicit Hand(CanvasObjects &canvas);
 
     /// @name Tools
-    /// A tool's own command leaves it, another one's switches.
     /// @{
+
+    /// Takes a tool of the class @p T; where it is taken already, puts it away.
+    template <typename T>
+    void toggle()
+    {
+        const bool leaving = isTaken<T>();
+        Reset_Pointer();
+        if (!leaving)
+            take(std::make_unique<T>(canvas_));
+    }
+    template <typename T>
+    bool isTaken() const
+    {
+        return qobject_cast<T *>(taken_.get()) != nullptr;
+    }
     void Button_Xeraki();
     void Button_Zoom();
     void Button_Zoom_Window();
-    bool Xeraki_Energo() const;
-    bool Zoom_Energo() const;
-    bool Zoom_Window_Energo() const;
+    bool Xeraki_Energo() const { return isTaken<PanTool>(); }
+    bool Zoom_Energo() const { return isTaken<ZoomTool>(); }
+    bool Zoom_Window_Energo() const { return isTaken<ZoomWindowTool>(); }
     void Reset_Pointer(); ///< all of them off, cross pointer
     bool isToolOn() const { return taken_ != nullptr; }
     /// Gives the canvas the pointer of the tool at hand.
     void showPointer();
     /// @}
 
-    /// A button is down on the canvas and has not come up.
+    /// A button is down on the canvas, or a drag has begun that has not ended.
     bool isDragging() const { return Patimeno_Koumpi() || canvas_.Picture1->isHeld(); }
     /// The user gives up the drag that goes on, if any: nothing is made of it.
     void takeBackDrag();
@@ -74,10 +88,7 @@ private:
     bool Patimeno_Koumpi() const { return dragButton_ != Qt::NoButton; }
     Tool &tool();
     bool isDrawing() { return &tool() == &drawing_; }
-    template <typename T>
-    bool has() const;
-    template <typename T>
-    void toggle();
+    void take(std::unique_ptr<Tool> tool);
 
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);
@@ -88,6 +99,7 @@ private:
     void giveUpDrag();
     void endDrag();
     void askForMenu();
+    bool isRowMenuOpen() const;
     void look(const Point &at);
 
     CanvasObjects &canvas_;
@@ -99,8 +111,8 @@ private:
     ViewKeys keys_;
     Qt::MouseButton dragButton_ = Qt::NoButton; ///< of the drag that goes on, left or middle
     bool pointerOnCanvas_ = false;
-    QPointF pointer_; ///< its last place on the screen
-    QMenu *rowMenu_ = nullptr;
+    QPointF pointer_;               ///< its last place on the screen
+    QMenu *rowMenu_ = nullptr;      ///< none before `setMenus`
     std::array<int, 2> rowsSeen_{}; ///< nodes and elements when it last looked
 };
 

@@ -8,7 +8,7 @@ namespace veskora {
 
 struct CanvasObjects;
 
-/// What they share: each drag is one step of Zoom Previous, also one whose
+/// What they share: a drag that has changed the view is one step of Zoom Previous, also where its
 /// release is lost.
 class ViewTool : public Tool
 {

@@ -3,10 +3,8 @@
 #include "MainWindowTest.h"
 
 #include "Files.h"
-#include "MathFunc.h"
 #include "Models.h"
 #include "Settings.h"
-#include "Sxediastika.h"
 #include "Zoom.h"
 
 #include <QApplication>
