@@ -122,7 +122,9 @@ void CanvasWidget::wheelEvent(QWheelEvent *event)
 /// The values of a pinch are steps of one sum, which begins at 1.
 void CanvasWidget::pinch(const QNativeGestureEvent &event)
 {
-    if (event.gestureType() == Qt::EndNativeGesture) {
+    if (event.gestureType() == Qt::BeginNativeGesture) {
+        pinch_ = 1;
+    } else if (event.gestureType() == Qt::EndNativeGesture) {
         pinch_.reset();
         emit pinchEnded();
     } else if (event.gestureType() == Qt::ZoomNativeGesture && event.value() != 0) {
