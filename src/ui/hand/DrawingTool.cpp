@@ -2,6 +2,7 @@
 
 #include "CanvasObjects.h"
 #include "Desktop.h"
+#include "Diagrafes.h"
 #include "ElementLine.h"
 #include "Functions.h"
 #include "MathFunc.h"
@@ -15,18 +16,19 @@ namespace veskora {
 
 bool DrawingTool::press(const Point &at)
 {
+    press_ = {Allagi_Montelou, Kombos_Arxis};
     if (Katastasi_Provolis != view::model || Arithmos_Kombon >= maxNodes)
         return true;
     if (under_.Pano_Se_Kombo()) {
         Kombos_Arxis = static_cast<std::int16_t>(under_.Kombos_Deikti);
         return true;
     }
-    const int n = defineNode(at, true);
+    const int n = defineNode(at);
     if (n == 0)
         return false; // the place was refused: nothing begins that a release could end
     Neos_Kombos_Sto_Patima = true;
     Exei_Oristei_Kombos = true;
-    Kombos_Arxis = static_cast<std::int16_t>(n);
+    Kombos_Arxis = press_.node = static_cast<std::int16_t>(n);
     return true;
 }
 
@@ -41,13 +43,30 @@ void DrawingTool::release(const Point &at)
 {
     if (Katastasi_Provolis == view::model)
         defineElementTo(at);
-    cancel();
+    hideRubberBand();
 }
 
 void DrawingTool::cancel()
 {
+    hideRubberBand();
+}
+
+void DrawingTool::hideRubberBand()
+{
     canvas_.Line1->hide();
     canvas_.Label2->hide();
+}
+
+void DrawingTool::takeBack()
+{
+    cancel();
+    Kombos_Arxis = press_.start;
+    Neos_Kombos_Sto_Patima = false;
+    if (press_.node == 0)
+        return;
+    Diagrafi_Kombou(press_.node);
+    Allagi_Montelou = press_.isChanged;
+    emit edited();
 }
 
 void DrawingTool::doubleClick(const Point &at)
@@ -63,9 +82,9 @@ QCursor DrawingTool::pointer(double) const
     return Qt::CrossCursor;
 }
 
-int DrawingTool::defineNode(const Point &at, bool atPress)
+int DrawingTool::defineNode(const Point &at)
 {
-    const int n = sketchNode(at, atPress);
+    const int n = sketchNode(at);
     canvas_.Picture1->update();
     return n;
 }
@@ -76,11 +95,11 @@ void DrawingTool::defineElementTo(const Point &at)
     if (under_.Pano_Se_Kombo())
         end = under_.Kombos_Deikti;
     else if (!Neos_Kombos_Sto_Patima)
-        end = defineNode(at, false);
+        end = defineNode(at);
     if (end != 0 && end != Kombos_Arxis) {
         if (Arithmos_Omadon == 0)
             offerMainGroup();
-        sketchElement(end);
+        sketchElement(Kombos_Arxis, end);
     }
     emit edited();
 }

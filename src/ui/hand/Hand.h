@@ -5,6 +5,9 @@
 #include "CanvasObjects.h"
 #include "DrawingTool.h"
 #include "UnderPointer.h"
+#include "ViewKeys.h"
+#include "ViewRun.h"
+#include "ViewTools.h"
 
 #include <QPointF>
 
@@ -26,22 +29,40 @@ public:
     explicit Hand(CanvasObjects &canvas);
 
     /// @name Tools
-    /// A tool's own command leaves it, another one's switches.
     /// @{
+
+    /// Takes a tool of the class @p T; where it is taken already, puts it away.
+    template <typename T>
+    void toggle()
+    {
+        const bool leaving = isTaken<T>();
+        Reset_Pointer();
+        if (!leaving)
+            take(std::make_unique<T>(canvas_));
+    }
+    template <typename T>
+    bool isTaken() const
+    {
+        return qobject_cast<T *>(taken_.get()) != nullptr;
+    }
     void Button_Xeraki();
     void Button_Zoom();
     void Button_Zoom_Window();
-    bool Xeraki_Energo() const;
-    bool Zoom_Energo() const;
-    bool Zoom_Window_Energo() const;
+    bool Xeraki_Energo() const { return isTaken<PanTool>(); }
+    bool Zoom_Energo() const { return isTaken<ZoomTool>(); }
+    bool Zoom_Window_Energo() const { return isTaken<ZoomWindowTool>(); }
     void Reset_Pointer(); ///< all of them off, cross pointer
     bool isToolOn() const { return taken_ != nullptr; }
     /// Gives the canvas the pointer of the tool at hand.
     void showPointer();
     /// @}
 
-    /// The left button is down on the canvas and has not come up.
-    bool isDragging() const { return Patimeno_Koumpi || canvas_.Picture1->isHeld(); }
+    /// A button is down on the canvas, or a drag has begun that has not ended.
+    bool isDragging() const { return Patimeno_Koumpi() || canvas_.Picture1->isHeld(); }
+    /// The user gives up the drag that goes on, if any: nothing is made of it.
+    void takeBackDrag();
+    /// A command comes: what wheel and keys have done to the view is a step of its own.
+    void endViewRun() { run_.end(); }
     /// Finds anew what lies under a pointer that rests: the rows or the view may have changed.
     void lookAgain();
     void hideMarks() { canvas_.highlights.hide(); }
@@ -57,18 +78,17 @@ signals:
     void pointerMoved(const Point &at); ///< canvas cm
     /// A drag or a double click has edited the model, or may have: the picture is to be made anew.
     void edited();
-    void viewMoved(); ///< a tool's drag has ended: the same
+    void viewMoved(); ///< a tool's drag, the wheel or the keys have ended: the same
     void groupWanted();
     void toolMenuWanted();
     /// @param node, element  what was pointed at, one of them or both; 0 for none
     void rowMenuWanted(int node, int element);
 
 private:
-    Tool &tool() { return taken_ ? *taken_ : drawing_; }
-    template <typename T>
-    bool has() const;
-    template <typename T>
-    void toggle();
+    bool Patimeno_Koumpi() const { return dragButton_ != Qt::NoButton; }
+    Tool &tool();
+    bool isDrawing() { return &tool() == &drawing_; }
+    void take(std::unique_ptr<Tool> tool);
 
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);
@@ -79,16 +99,20 @@ private:
     void giveUpDrag();
     void endDrag();
     void askForMenu();
+    bool isRowMenuOpen() const;
     void look(const Point &at);
 
     CanvasObjects &canvas_;
     UnderPointer under_;
     DrawingTool drawing_;
     std::unique_ptr<Tool> taken_; ///< none: the hand draws
-    bool Patimeno_Koumpi = false; ///< a drag has begun
+    PanTool pan_;                 ///< the middle button's, whatever tool is taken
+    ViewRun run_;
+    ViewKeys keys_;
+    Qt::MouseButton dragButton_ = Qt::NoButton; ///< of the drag that goes on, left or middle
     bool pointerOnCanvas_ = false;
-    QPointF pointer_; ///< its last place on the screen
-    QMenu *rowMenu_ = nullptr;
+    QPointF pointer_;               ///< its last place on the screen
+    QMenu *rowMenu_ = nullptr;      ///< none before `setMenus`
     std::array<int, 2> rowsSeen_{}; ///< nodes and elements when it last looked
 };
 

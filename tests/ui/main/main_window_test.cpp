@@ -3,7 +3,7 @@
 
 #include "AnalysisCommands.h"
 #include "Application.h"
-#include "Command.h"
+#include "Commands.h"
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
@@ -14,6 +14,7 @@
 #include "Zoom.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QFile>
 #include <QFocusFrame>
 #include <QMenu>
@@ -645,6 +646,52 @@ TEST_F(MainWindow, EveryCommandStandsInItsPlaceAsItsRowHasIt)
         EXPECT_NE(find<QToolButton>(command.name)->focusPolicy(), Qt::NoFocus);
     }
     EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().size(), 28);
+    EXPECT_LE(find<QToolBar>("Toolbar2")->sizeHint().width(), window->minimumWidth());
+}
+
+TEST_F(MainWindow, AnEntryDoesWhatItSays)
+{
+    start();
+    buildModel("G 1 1 1; N 0 0; N 1 0; E 1 2 1");
+    for (const auto &[command, opened] : {std::pair{"mnuOMADESitem", "frmOmades"},
+                                          {"mnuKOMBOIitem", "frmKomboi"},
+                                          {"mnuSTOIXEIAitem", "frmStoixeia"},
+                                          {"mnuSIGKENTROMENAitem", "frmEPIKOMBIO"},
+                                          {"mnuOMOIOMORFAitem", "frmOMOIOMORFO"},
+                                          {"mnuMETAKINISIKOMBONitem", "frmMETAKINISI"},
+                                          {"mnuSIGXONEFSIitem", "frmSigxonefsi"},
+                                          {"mnuDIAIRESIitem", "frmDiairesi"},
+                                          {"mnuKYKLIKOitem", "frmKykliko"},
+                                          {"mnuRITHMISEISitem", "frmSXEDIASI"},
+                                          {"mnuPERIitem", "frmAbout"}}) {
+        QString name;
+        QTimer::singleShot(0, window.get(), [&name] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            name = dialog->objectName();
+            dialog->reject();
+        });
+        trigger(command);
+        EXPECT_EQ(name, opened);
+    }
+    Klimaka = 77;
+    trigger("mnuEXTENDSitem");
+    EXPECT_NE(Klimaka, 77);
+    trigger("mnuPREVIOUSitem");
+    EXPECT_EQ(Thesi_Istorikou, 0);
+    struct Tool
+    {
+        const char *entry;
+        double scale, x; ///< after a drag to the lower right
+    };
+    for (const Tool &tool :
+         {Tool{"mnuPANitem", 100, -3}, {"mnuZOOMitem", 105, -1.5}, {"mnuWINDOWitem", 10.6, 24.6}}) {
+        resetView();
+        trigger(tool.entry);
+        trigger(tool.entry); // it stays on
+        drag(5, 5, 6, 6);
+        EXPECT_NEAR(Klimaka, tool.scale, 3) << tool.entry;
+        EXPECT_NEAR(Arxi_X, tool.x, 1) << tool.entry;
+    }
 }
 
 TEST_F(MainWindow, EveryPartIsNamedAsItIsCalled)
@@ -826,23 +873,18 @@ TEST_F(MainWindow, OffersTheJournalOfAProcessThatIsGone)
     {
         Reply reply;
         std::string model; ///< of the journal
-        const char *commandLine;
-        bool changed, cancels; ///< the model of the command line, and the save question about it
-        bool stays;            ///< the journal, after this process
-        std::string name;      ///< of the model then
+        Answer leaves;     ///< the model of the command line, that was changed; ok where it was not
+        bool opens, stays; ///< the journal, the latter after this process
     };
     const std::string journal = (recovery() / "Veskora_journal_1.vsk").string();
     const std::string a = path("a.vsk"), b = path("b.vsk");
-    for (const Case &c : {Case{openIt, a, "", false, false, false, a},
-                          {openIt, "", "", false, false, false, ""},
-                          {openIt, a, "b.vsk", false, false, false, a},
-                          {openIt, a, "b.vsk", true, false, false, a},
-                          {openIt, a, "b.vsk", true, true, true, b},
-                          {keepIt, a, "", false, false, true, ""},
-                          {deleteIt, a, "b.vsk", false, false, false, b}}) {
-        SCOPED_TRACE(testing::Message() << c.reply << ' ' << c.model << ' ' << c.commandLine);
+    for (const Case &c : {Case{openIt, a, Answer::ok, true, false},
+                          {openIt, "", Answer::no, true, false},
+                          {openIt, a, Answer::cancel, false, true},
+                          {keepIt, a, Answer::ok, false, true},
+                          {deleteIt, a, Answer::ok, false, false}}) {
+        SCOPED_TRACE(testing::Message() << c.reply << ' ' << c.model);
         write(b, small);
-        fs::remove_all(recovery());
         fs::create_directories(recovery());
         std::string changed = small;
         changed.replace(changed.find("Komboi\r\n2\r\n\r\n1\r\n") + 16, 1, "3"); // the first x
@@ -853,116 +895,92 @@ TEST_F(MainWindow, OffersTheJournalOfAProcessThatIsGone)
                                  + (c.model.empty() ? "Untitled.vsk" : c.model);
         const std::string where = "The journal has it as it was a moment before: " + journal;
         desktop.expectChoice(says + "\r\n\r\n" + where, c.reply);
-        if (c.changed) {
+        const std::string question = "Do you want to save the changes you made to file: '";
+        if (c.leaves != Answer::ok) {
             desktop.beforeChoice = [] { Ena_cm_posa_KN_Q = 55; };
-            desktop.expectMessage("Do you want to save the changes you made to file: '" + b + "'?",
-                                  Icon::none, c.cancels ? Answer::cancel : Answer::no);
+            desktop.expectMessage(question + b + "'?", Icon::none, c.leaves);
         }
-        start(*c.commandLine == '\0' ? "" : path(c.commandLine));
+        start(b);
         desktop.beforeChoice = nullptr;
-        desktop.expectNothingLeft();
         for (const std::string &line : {says, where})
             EXPECT_EQ(log().count(" " + QString::fromStdString(line)), 1);
-        EXPECT_EQ(Onoma_Arxeiou, c.name);
-        EXPECT_EQ(Komboi(1, node::x) == 3, c.reply == openIt && !c.cancels);
-        if (c.reply == openIt && !c.cancels) { // a model that has yet to be saved
-            desktop.expectMessage("Do you want to save the changes you made to file: '"
-                                      + (c.name.empty() ? "Untitled.vsk" : c.name) + "'?",
+        EXPECT_EQ(Onoma_Arxeiou, c.opens ? c.model : b);
+        EXPECT_EQ(Komboi(1, node::x) == 3, c.opens);
+        if (c.opens) { // a model that has yet to be saved
+            desktop.expectMessage(question + (c.model.empty() ? "Untitled.vsk" : a) + "'?",
                                   Icon::none, Answer::cancel);
             trigger("mnuNEOitem");
         }
+        desktop.expectNothingLeft();
         window.reset();
         EXPECT_EQ(fs::exists(journal), c.stays);
     }
 }
 
-TEST_F(MainWindow, KeepsTheJournalOfItsModel)
+TEST_F(MainWindow, TheJournalGoesWhenTheModelIsSavedOrLeft)
 {
     write(path("m.vsk"), small);
     start(path("m.vsk"));
-    const auto seconds = [this](int count) {
-        for (int i = 0; i < count; ++i) {
+    const auto threeSeconds = [this] {
+        for (int i = 0; i < 3; ++i) {
             QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
             find<JournalKeeper>("")->waitForWriting();
         }
         return keptModels().size();
     };
-    EXPECT_EQ(seconds(3), 0);
-    putGroup(1, 2, 3);
-    EXPECT_EQ(seconds(2), 1);
-    trigger("mnuAPOTHIKEFSIitem");
-    EXPECT_EQ(keptModels().size(), 0);
-    EXPECT_EQ(seconds(3), 0);
-    putGroup(1, 2, 3);
-    EXPECT_EQ(seconds(2), 1);
-    desktop.expectMessage("Do you want to save the changes you made to file: '" + path("m.vsk")
-                              + "'?",
-                          Icon::none, Answer::no);
-    trigger("mnuNEOitem");
-    EXPECT_EQ(seconds(3), 0);
-
-    fs::remove_all(recovery());
-    write(recovery().string(), "a file where the folder would be");
-    ::setenv("TMPDIR", "/proc", 1);
-    ::setenv("XDG_DOCUMENTS_DIR", "/proc", 1);
-    const std::string home = ::getenv("HOME") != nullptr ? ::getenv("HOME") : "";
-    ::setenv("HOME", "/proc", 1);
-    putGroup(1, 2, 3);
-    (void)seconds(5);
-    EXPECT_EQ(log().count(" The journal cannot be written: no folder takes it"), 1);
-    ::unsetenv("TMPDIR");
-    ::setenv("HOME", home.c_str(), 1);
+    for (const char *command : {"mnuAPOTHIKEFSIitem", "mnuNEOitem"}) {
+        EXPECT_EQ(threeSeconds(), 0);
+        putGroup(1, 2, 3);
+        EXPECT_EQ(threeSeconds(), 1);
+        if (command == std::string("mnuNEOitem"))
+            desktop.expectMessage("Do you want to save the changes you made to file: '"
+                                      + path("m.vsk") + "'?",
+                                  Icon::none, Answer::no);
+        trigger(command);
+        EXPECT_EQ(threeSeconds(), 0);
+    }
 }
 
 TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)
 {
-    for (const char *name : {"a.vsk", "b & c, \"d\".vsk", "sub.vsk", "n.txt"})
-        write(path(name), small);
+    const std::string odd = "b & c, \"d\".vsk";
     fs::create_directory(path("sub"));
-    write(path("sub/a.vsk"), small);
-    start();
+    for (const std::string &name : {std::string("a.vsk"), odd, std::string("sub/a.vsk")})
+        write(path(name), small);
     const auto entries = [this] {
         auto *menu = find<QMenu>("mnuRECENT");
         emit menu->aboutToShow();
-        QStringList tips;
+        std::vector<std::string> tips;
         for (const QAction *entry : menu->actions())
-            if (entry->isVisible()) {
-                EXPECT_TRUE(entry->isEnabled());
-                tips << entry->toolTip();
-            }
+            if (entry->isVisible() && entry->isEnabled())
+                tips.push_back(entry->toolTip().toStdString());
         return tips;
     };
-    EXPECT_EQ(entries(), QStringList("No file has been opened or saved yet."));
+    start();
+    EXPECT_THAT(entries(), testing::ElementsAre("No file has been opened or saved yet."));
     desktop.expectMessage("No file has been opened or saved yet.");
     trigger("mnuRECENT_none_item");
 
-    const std::string refusal = "Drop one model file (*.vsk) of this computer here to open it.";
-    struct Case
-    {
-        std::vector<const char *> names;
-        bool changed;
-        std::string opened; ///< empty: refused
-    };
-    for (const Case &c : {Case{{"a.vsk"}, false, "a.vsk"},
-                          {{"a.vsk", "sub.vsk"}, false, ""},
-                          {{"n.txt"}, false, ""},
-                          {{"b & c, \"d\".vsk"}, true, "b & c, \"d\".vsk"},
-                          {{"sub/a.vsk"}, false, "sub/a.vsk"}}) {
-        QMimeData data;
+    for (const auto &[names, opens] : {std::pair{std::vector<std::string>{"a.vsk"}, true},
+                                       {{"a.vsk", odd}, false},
+                                       {{"n.txt"}, false},
+                                       {{odd}, true},
+                                       {{"sub/a.vsk"}, true}}) {
         QList<QUrl> urls;
-        for (const char *name : c.names)
+        for (const std::string &name : names)
             urls << QUrl::fromLocalFile(QString::fromStdString(path(name)));
+        QMimeData data;
         data.setUrls(urls);
         const std::string before = Onoma_Arxeiou;
-        if (c.changed) {
+        if (!opens)
+            desktop.expectMessage("Drop one model file (*.vsk) of this computer here to open it.");
+        if (names[0] == odd) { // the save question comes first
             Ena_cm_posa_KN_Q = 55;
             desktop.expectMessage("Do you want to save the changes you made to file: '" + before
                                       + "'?",
                                   Icon::none, Answer::no);
         }
-        if (c.opened.empty())
-            desktop.expectMessage(refusal);
-        QDragEnterEvent enter({9, 9}, Qt::MoveAction, &data, Qt::LeftButton, {});
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QCoreApplication::sendEvent(&canvas(), &enter);
         EXPECT_TRUE(enter.isAccepted());
         QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
@@ -970,25 +988,21 @@ TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)
         EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
         QCoreApplication::processEvents();
         desktop.expectNothingLeft();
-        EXPECT_EQ(Onoma_Arxeiou, c.opened.empty() ? before : path(c.opened));
+        EXPECT_EQ(Onoma_Arxeiou, opens ? path(names[0]) : before);
     }
-    const auto full = [this](const char *name) { return QString::fromStdString(path(name)); };
-    const QStringList three = {full("sub/a.vsk"), full("b & c, \"d\".vsk"), full("a.vsk")};
-    EXPECT_EQ(entries(), three);
-    EXPECT_EQ(find<QAction>("mnuRECENT1item")->text().remove('&'), "a.vsk (" + full("sub") + ")");
-    EXPECT_EQ(find<QAction>("mnuRECENT2item")->text(), "b && c, \"d\".vsk");
-    desktop.expectFileDialog(path("new"));
-    trigger("mnuAPOTHIKEFSIOSitem");
-    fs::remove(path("sub/a.vsk"));
     openDesktop(); // another run
     start();
-    EXPECT_EQ(entries(), QStringList(full("new.vsk")) + three);
+    EXPECT_THAT(entries(), testing::ElementsAre(path("sub/a.vsk"), path(odd), path("a.vsk")));
+    EXPECT_EQ(find<QAction>("mnuRECENT1item")->text().remove('&').toStdString(),
+              "a.vsk (" + path("sub") + ")");
+    EXPECT_EQ(find<QAction>("mnuRECENT2item")->text().toStdString(), "b && c, \"d\".vsk");
+    fs::remove(path("sub/a.vsk"));
     desktop.expectMessage("The file is not there any more: " + path("sub/a.vsk"));
+    trigger("mnuRECENT1item");
+    EXPECT_THAT(entries(), testing::ElementsAre(path(odd), path("a.vsk")));
     trigger("mnuRECENT2item");
-    EXPECT_EQ(entries(), QStringList(full("new.vsk")) + three.mid(1));
-    trigger("mnuRECENT3item");
     EXPECT_EQ(Onoma_Arxeiou, path("a.vsk"));
-    EXPECT_EQ(entries()[0], full("a.vsk"));
+    EXPECT_THAT(entries(), testing::ElementsAre(path("a.vsk"), path(odd)));
 }
 
 TEST_F(MainWindow, AFaultEndsTheProcessWithTheModelKept)
