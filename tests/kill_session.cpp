@@ -81,8 +81,10 @@ public:
 private:
     void act()
     {
-        if (Arithmos_Stoixeion > 150)
+        if (Arithmos_Stoixeion > 150) {
             trigger("mnuNEOitem");
+            note();
+        }
         if (Arithmos_Omadon == 0) { // drawing would ask for one
             Arithmos_Omadon = 1;
             Omades(1, group::E) = Omades(1, group::A) = Omades(1, group::I) = 1;
