@@ -13,10 +13,12 @@ class FileCommands;
 class frmMain;
 class Hand;
 class PictureCommands;
+class UndoCommands;
 class WindowCommands;
 
 /// What a command may be a routine of.
-using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, PictureCommands &, WindowCommands &>;
+using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, UndoCommands &, PictureCommands &,
+                         WindowCommands &>;
 
 /// What goes before a command runs.
 enum class Clears {
@@ -38,7 +40,7 @@ struct Command
     /// @param row  the number of the row that it is about, else 0
     void (*run)(Rooms &rooms, int row) = nullptr;
     const char *icon = nullptr;
-    const char *keys = nullptr;
+    const char *keys = nullptr; ///< "; " between several
     Clears clears = Clears::nothing;
     bool *setting = nullptr; ///< has a check mark; the command flips it
     About about = About::nothing;

@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 #include "Mnemonics.h"
 #include "Text.h"
+#include "UndoCommands.h"
 #include "WindowParts.h"
 
 #include <QAction>
@@ -65,12 +66,13 @@ void Menus::add(const Command &command)
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
     if (command.keys != nullptr)
-        action->setShortcut(QKeySequence(command.keys));
+        action->setShortcuts(QKeySequence::listFromString(command.keys));
     connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
 }
 
 void Menus::run(const Command &command, QAction *action)
 {
+    std::get<UndoCommands &>(rooms_).takeStep(); // no event of the user's may have led here
     auto &hand = std::get<Hand &>(rooms_);
     if (command.clears != Clears::nothing)
         hand.hideMarks();

@@ -44,8 +44,9 @@ frmMain::frmMain()
       hand_(canvas_),
       picture_(canvas_, hand_, *ui_->StatusBar1),
       files_(ui_->RichTextBox1),
+      undo_(this, canvas_, hand_),
       windows_(this, canvas_, hand_, picture_),
-      menus_(this, {*this, hand_, files_, picture_, windows_}),
+      menus_(this, {*this, hand_, files_, undo_, picture_, windows_}),
       keys_(hand_, help_)
 {
     equipToolbar();
@@ -219,6 +220,7 @@ void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
 
 void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold)
 {
+    undo_.noteLine(text, colour);
     ui_->RichTextBox1->insert(qtText(text), qtColour(colour), bold);
 }
 

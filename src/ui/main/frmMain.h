@@ -12,6 +12,7 @@
 #include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "ToolkitTexts.h"
+#include "UndoCommands.h"
 #include "WindowCommands.h"
 
 #include <QMainWindow>
@@ -80,6 +81,7 @@ private:
     Hand hand_;
     PictureCommands picture_;
     FileCommands files_;
+    UndoCommands undo_;
     WindowCommands windows_;
     Menus menus_;
     HTMLHelp help_;
