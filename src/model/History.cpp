@@ -57,10 +57,12 @@ void History::add(const std::string &change)
     now_ = steps_.size() - 1;
 }
 
-void History::noteLine(const std::string &line)
+void History::noteLine(const std::string &line, bool isDeletion)
 {
-    lastLine_ = line;
-    ++lines_;
+    if (lines_++ > 0 && isDeletion && !isDeletion_)
+        return;
+    line_ = line;
+    isDeletion_ = isDeletion;
 }
 
 void History::takeStep()
@@ -77,14 +79,14 @@ void History::takeStep()
         analysed_ = steps_[now_].number;
 }
 
-/// Most actions end with the line that says the whole of them.
+/// Most actions log last what the whole of them was.
 std::string History::changeText() const
 {
     if (lines_ > 1)
-        return lastLine_ + " (" + Metafrasi(1826, "further lines:") + " " + numberText(lines_ - 1)
+        return line_ + " (" + Metafrasi(1826, "further lines:") + " " + numberText(lines_ - 1)
                + ")";
     if (lines_ == 1)
-        return lastLine_;
+        return line_;
     const int n = firstNewSupport(std::get<decltype(Komboi)>(steps_[now_].tables));
     if (n == 0)
         return Metafrasi(1827, "Model changed");

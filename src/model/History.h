@@ -35,8 +35,8 @@ public:
 
     History() { begin(); }
 
-    /// What the log says of the action that goes on.
-    void noteLine(const std::string &line);
+    /// What the log says of the action that goes on; what it deletes is seldom what it is for.
+    void noteLine(const std::string &line, bool isDeletion = false);
 
     /// To be called between two actions: what differs since the last call is a step, and what
     /// was undone before is gone. An analysis that has finished since belongs to the step reached.
@@ -68,7 +68,8 @@ private:
     int lastNumber_ = 0;
     int analysed_ = 0; ///< number of the step that the results belong to, 0 for none
     int model_ = 0;    ///< `modelsBegun` at the beginning
-    std::string lastLine_;
+    std::string line_; ///< that stands for those noted
+    bool isDeletion_ = false;
     int lines_ = 0; ///< that were noted
 };
 

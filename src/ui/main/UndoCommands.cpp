@@ -81,11 +81,10 @@ bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) 
 /// The log has changes in blue and deletions in green; in other colours it tells of other things.
 void UndoCommands::noteLine(const std::string &text, std::uint32_t colour)
 {
-    const bool isChange =
-        colour == logColourWord(logColour::navy) || colour == logColourWord(logColour::green);
+    const bool isDeletion = colour == logColourWord(logColour::green);
     const std::size_t begin = text.find_first_not_of("\r\n ");
-    if (isChange && begin != std::string::npos)
-        history_.noteLine(text.substr(begin));
+    if ((isDeletion || colour == logColourWord(logColour::navy)) && begin != std::string::npos)
+        history_.noteLine(text.substr(begin), isDeletion);
 }
 
 // -------------------------------------------------------------------------------------- the
