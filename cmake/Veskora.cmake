@@ -6,6 +6,8 @@ target_compile_options(veskora_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
   # Results are the same to the bit on every machine: nothing is fused or reordered.
   -ffp-contract=off -fno-fast-math
+  # GCC 12 forgets that a Double was narrowed to a Single where it joins two such places to a vector.
+  -fno-tree-slp-vectorize
   $<$<BOOL:${VESKORA_WERROR}>:-Werror>
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
 target_link_options(veskora_flags INTERFACE

@@ -124,8 +124,8 @@ void nodes(ReportText &report)
     for (int n = 1; n <= Arithmos_Kombon; ++n) {
         report << field(15, report.plain(n)) << field(15, report.withSign(Komboi(n, node::x)))
                << field(15, report.withSign(Komboi(n, node::y))) << field(15, restraintText(n));
-        for (const float constant : Elatiria.row(n))
-            report << field(15, constant > 0 ? report.plain(constant) : "");
+        for (int k = 1; k <= 3; ++k)
+            report << field(15, hasSpring(n, k) ? report.plain(Elatiria(n, k)) : "");
         report << nl;
     }
 }
@@ -249,7 +249,7 @@ void printReactions(ReportText &report)
 
 } // namespace
 
-const std::array<ReportSection, 4> reportSections = {{
+const std::array<ReportSection, 4> reportSections = std::to_array<ReportSection>({
     {Phrase{311, "Data"}, Phrase{1204, "Model data"}, &Nai_Dedomena, printData},
     {Phrase{312, "Node displacements"}, Phrase{1205, "Node displacements"}, &Nai_Metakiniseis,
      printDisplacements},
@@ -257,7 +257,7 @@ const std::array<ReportSection, 4> reportSections = {{
      printElementForces},
     {Phrase{314, "Constraint-Spring reactions"}, Phrase{1207, "Constraint-Spring reactions"},
      &Nai_Antidraseis, printReactions},
-}};
+});
 
 std::string ReportSection::text() const
 {

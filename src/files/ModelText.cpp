@@ -112,7 +112,7 @@ class PendingSettings
 {
 public:
     /// Reads the section from its first line on.
-    /// @return the stage of the file
+    /// @return the stage of the file, of those that brought lines here
     int read(ItemReader &reader)
     {
         int stage = settingLines.front().stage;
@@ -137,7 +137,6 @@ public:
     }
 
 private:
-    /// Lines of the stages behind @p stage keep their values.
     void substituteFor(int stage)
     {
         for (const SettingLine &line : settingLines)
@@ -281,29 +280,17 @@ void writeSprings(Lines &lines)
         }
 }
 
-/// A section behind the settings, and the stage that brought it.
+/// A section behind the settings.
 struct LaterSection
 {
-    int stage;
     const char *title;
     void (*read)(ItemReader &);
     void (*write)(Lines &);
 };
 
 constexpr std::array laterSections = std::to_array<LaterSection>({
-    {5, "Elatiria", readSprings, writeSprings},
+    {"Elatiria", readSprings, writeSprings},
 });
-
-/// The settings tell the stage that brought their last lines; a later one is told by its title.
-void readLaterSections(ItemReader &reader)
-{
-    for (const LaterSection &section : laterSections) {
-        const std::string title = reader.item();
-        if (section.stage > settingLines.back().stage && title == modelEndLine)
-            return;
-        section.read(reader);
-    }
-}
 
 void readSections(ItemReader &reader)
 {
@@ -318,7 +305,10 @@ void readSections(ItemReader &reader)
     reader.skip(); // the title Rithmiseis
     PendingSettings pending;
     if (pending.read(reader) == settingLines.back().stage)
-        readLaterSections(reader);
+        for (const LaterSection &section : laterSections) {
+            reader.skip(); // its title
+            section.read(reader);
+        }
     pending.takeOver();
 }
 

@@ -10,7 +10,6 @@
 #include "SymbolPen.h"
 
 #include <array>
-#include <utility>
 
 namespace veskora {
 

@@ -5,7 +5,7 @@
 /// Lengths are centimetres, y grows downward, and the surface keeps its picture between repaints.
 /// Pen, fill and font stay until they are changed; clearing and resizing leave them. Coordinates
 /// are narrowed to Single. An operation with a coordinate that is not finite is left out whole, the
-/// move of the current point with it: that is what a statement that fails does to a picture.
+/// move of the current point with it.
 
 #include <span>
 #include <string>

@@ -38,7 +38,7 @@ Point nodePlaceFor(const Point &at)
     return {nodeCoordinate(Othoni_X(at.x)), nodeCoordinate(Othoni_Y(at.y))};
 }
 
-int sketchNode(const Point &at, bool atPress)
+int sketchNode(const Point &at)
 {
     if (Arithmos_Kombon >= maxNodes)
         return 0;
@@ -52,16 +52,15 @@ int sketchNode(const Point &at, bool atPress)
     std::string text = Metafrasi(118, "New node #") + numberText(n) + Metafrasi(119, ", x=")
                        + numberText(Komboi(n, node::x)) + Metafrasi(120, ", y=")
                        + numberText(Komboi(n, node::y)) + ", ";
-    const std::string code = atPress ? "" : restraintText(n); // none, as the row is new
+    const std::string code = restraintText(n); // none, as the row is new
     text += code.empty() ? Metafrasi(121, "Free") : Metafrasi(122, "Constraints:") + " " + code;
     Grammi_Log(text, logColour::navy);
     Sxedio_Kombou(n);
     return n;
 }
 
-int sketchElement(int end)
+int sketchElement(int start, int end)
 {
-    const int start = Kombos_Arxis;
     if (Arithmos_Omadon == 0 || start < 1 || start > Arithmos_Kombon || start == end
         || Arithmos_Stoixeion >= maxElements || areJoined(start, end))
         return 0;

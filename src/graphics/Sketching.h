@@ -17,18 +17,17 @@ inline constexpr std::int16_t Dekadika_Sintetagmenon = 4;
 Point nodePlaceFor(const Point &at);
 
 /// Defines a free node and draws it alone.
-/// @param atPress  at the beginning of a drag
 /// @return its row; 0 where the table is full, or so far from the origin that rounding cannot tell
 /// the place, which the log then says
-int sketchNode(const Point &at, bool atPress);
+int sketchNode(const Point &at);
 
-/// Defines an element of the main group from node `Kombos_Arxis` to node @p end.
-/// @return its row; 0 without a group, with a full table, where the drag began at no node or ends
-/// where it began, and where an element joins the two already
-int sketchElement(int end);
+/// Defines an element of the main group from node @p start to node @p end.
+/// @return its row; 0 without a group, with a full table, where @p start is no node or the same as
+/// @p end, and where an element joins the two already
+int sketchElement(int start, int end);
 
 /// Steps the support of the node that is nearest to @p at, and nearer than 2 cm, along
-/// `supportRing`.
+/// `restraintRing`.
 void sketchSupport(const Point &at);
 
 } // namespace veskora

@@ -6,9 +6,10 @@
 #include <array>
 #include <bit>
 #include <charconv>
-#include <clocale>
 #include <cmath>
+#include <langinfo.h>
 #include <limits>
+#include <locale.h>
 
 namespace veskora {
 
@@ -302,9 +303,12 @@ std::string signedNumberText(double value)
 
 std::string regionalDecimalSeparator()
 {
-    std::setlocale(LC_NUMERIC, "");
-    std::string separator = std::localeconv()->decimal_point;
-    std::setlocale(LC_NUMERIC, "C");
+    // A locale of its own: the process's is that of all threads.
+    const locale_t region = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
+    if (region == nullptr) // one that the system lacks
+        return ".";
+    std::string separator = ::nl_langinfo_l(RADIXCHAR, region);
+    ::freelocale(region);
     return separator.empty() ? "." : separator;
 }
 

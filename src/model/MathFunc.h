@@ -2,7 +2,7 @@
 /// @file
 /// Numbers: reading them from text, narrowing, rounding, and turning them into text.
 ///
-/// None of this depends on the locale of the process, except `regionalDecimalSeparator`.
+/// None of this depends on the locale of the process.
 
 #include <cstdint>
 #include <optional>

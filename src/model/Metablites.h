@@ -3,10 +3,10 @@
 /// The one store of the process: model tables, results, working tables, view, flags; the settings
 /// stand in `Settings.h`.
 ///
-/// Rows are one-based and dense: rows 1 to the count of a table are live, and those behind it are
-/// 0, as a deletion leaves them; who adds a row writes only what it has. Model quantities have no
-/// unit of their own; the user keeps them consistent (for instance kN and m). Everybody may read
-/// and write the store; there is one thread. `resetStore` puts all of it back to its start values.
+/// Rows are one-based and dense: rows 1 to the count of a table are live, those behind it are 0,
+/// and who deletes a row or empties a table leaves them so. Model quantities have no unit of their
+/// own; the user keeps them consistent (for instance kN and m). Everybody may read and write the
+/// store, from one thread. `resetStore` puts all of it back to its start values.
 
 #include "Pinakas.h"
 
@@ -40,9 +40,9 @@ inline constexpr int A = 2; ///< section area
 inline constexpr int I = 3; ///< second moment of area
 } // namespace group
 
-/// Columns of `Stoixeia`. Columns 8 and 9 move with their row and are used for nothing else. A
-/// model file has no place for them in the rows of elements: a new value of each element needs a
-/// section of its own behind the settings.
+/// Columns of `Stoixeia`. Columns 8 and 9 are neither read nor written nor moved, and a model file
+/// has no place for them in the rows of elements: a new value of each element needs a section of
+/// its own behind the settings.
 namespace element {
 inline constexpr int nodeI = 1; ///< row numbers, held as floats
 inline constexpr int nodeJ = 2;

@@ -45,7 +45,7 @@ public:
         return std::span<const T, Columns>(&cells_[index(row, 1)], Columns);
     }
 
-    /// Makes every cell 0, as releasing the table and dimensioning it afresh does.
+    /// Makes every cell 0.
     void clear() { cells_.fill(T{}); }
 
     /// Moves every row behind @p row up to @p last one place down and makes row @p last 0, all in
@@ -132,7 +132,7 @@ public:
     }
     void markWritten(int row, int first, int last) { (void)write(row, first, last); }
 
-    /// Makes every cell 0, as releasing the table and dimensioning it afresh does.
+    /// Makes every cell 0.
     void clear()
     {
         for (int row = 1; row <= Rows; ++row) {

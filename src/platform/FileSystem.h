@@ -1,7 +1,8 @@
 #pragma once
 /// @file
 /// Files as the program handles them: only regular ones are read, and a written one is there whole
-/// or not at all. Paths are UTF-8. Every refusal is a `Fault` with the system's reason.
+/// or not at all. Paths are UTF-8. A refusal is a `Fault` with the system's reason, unless a
+/// routine says otherwise.
 
 #include <cstddef>
 #include <string>

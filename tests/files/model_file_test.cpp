@@ -140,8 +140,10 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
         std::string again = path("again.vsk");
         Apothikefsi_Arxeiou(again, true);
         EXPECT_EQ(contentOf(again), joined(lines)) << name;
+        variables.erase(name);
     }
     EXPECT_EQ(line, 98U);
+    EXPECT_TRUE(variables.empty()) << variables.begin()->first << " is saved with no model";
 }
 
 TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)

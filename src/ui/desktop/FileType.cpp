@@ -72,10 +72,9 @@ QByteArray contentOf(const QString &path)
 /// @return whether the file was changed
 bool write(const QString &path, const QByteArray &content)
 {
-    if (contentOf(path) == content)
-        return false;
+    const bool same = contentOf(path) == content;
     QDir().mkpath(QFileInfo(path).path());
-    return tryWriteWholeFile(plainText(path), content.toStdString());
+    return tryWriteWholeFile(plainText(path), content.toStdString()) && !same;
 }
 
 } // namespace

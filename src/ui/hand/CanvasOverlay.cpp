@@ -1,6 +1,7 @@
 #include "CanvasOverlay.h"
 
-#include "Sxediastika.h"
+#include "Kanvas.h"
+
 #include "Units.h"
 
 #include <QPainter>

@@ -21,7 +21,7 @@ bool DrawingTool::press(const Point &at)
         Kombos_Arxis = static_cast<std::int16_t>(under_.Kombos_Deikti);
         return true;
     }
-    const int n = defineNode(at, true);
+    const int n = defineNode(at);
     if (n == 0)
         return false; // the place was refused: nothing begins that a release could end
     Neos_Kombos_Sto_Patima = true;
@@ -41,10 +41,15 @@ void DrawingTool::release(const Point &at)
 {
     if (Katastasi_Provolis == view::model)
         defineElementTo(at);
-    cancel();
+    hideRubberBand();
 }
 
 void DrawingTool::cancel()
+{
+    hideRubberBand();
+}
+
+void DrawingTool::hideRubberBand()
 {
     canvas_.Line1->hide();
     canvas_.Label2->hide();
@@ -63,9 +68,9 @@ QCursor DrawingTool::pointer(double) const
     return Qt::CrossCursor;
 }
 
-int DrawingTool::defineNode(const Point &at, bool atPress)
+int DrawingTool::defineNode(const Point &at)
 {
-    const int n = sketchNode(at, atPress);
+    const int n = sketchNode(at);
     canvas_.Picture1->update();
     return n;
 }
@@ -76,11 +81,11 @@ void DrawingTool::defineElementTo(const Point &at)
     if (under_.Pano_Se_Kombo())
         end = under_.Kombos_Deikti;
     else if (!Neos_Kombos_Sto_Patima)
-        end = defineNode(at, false);
+        end = defineNode(at);
     if (end != 0 && end != Kombos_Arxis) {
         if (Arithmos_Omadon == 0)
             offerMainGroup();
-        sketchElement(end);
+        sketchElement(Kombos_Arxis, end);
     }
     emit edited();
 }

@@ -28,10 +28,11 @@ signals:
     void groupWanted(); ///< the user wants to define the main group now
 
 private:
-    int defineNode(const Point &at, bool atPress);
+    int defineNode(const Point &at);
     void defineElementTo(const Point &at);
     void offerMainGroup();
     void showRubberBand(const Point &at);
+    void hideRubberBand();
 
     CanvasObjects &canvas_;
     const UnderPointer &under_;

@@ -1,7 +1,6 @@
 #include "Hand.h"
 
 #include "Metablites.h"
-#include "ViewTools.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -31,20 +30,9 @@ Hand::Hand(CanvasObjects &canvas)
 
 // ------------------------------------------------------------------------------------------ tools
 
-template <typename T>
-bool Hand::has() const
+void Hand::take(std::unique_ptr<Tool> tool)
 {
-    return qobject_cast<T *>(taken_.get()) != nullptr;
-}
-
-template <typename T>
-void Hand::toggle()
-{
-    const bool leaving = has<T>();
-    Reset_Pointer();
-    if (leaving)
-        return;
-    taken_ = std::make_unique<T>(canvas_);
+    taken_ = std::move(tool);
     connect(taken_.get(), &Tool::edited, this, &Hand::edited);
     showPointer();
     hideMarks();
@@ -63,21 +51,6 @@ void Hand::Button_Zoom()
 void Hand::Button_Zoom_Window()
 {
     toggle<ZoomWindowTool>();
-}
-
-bool Hand::Xeraki_Energo() const
-{
-    return has<PanTool>();
-}
-
-bool Hand::Zoom_Energo() const
-{
-    return has<ZoomTool>();
-}
-
-bool Hand::Zoom_Window_Energo() const
-{
-    return has<ZoomWindowTool>();
 }
 
 void Hand::Reset_Pointer()
@@ -171,11 +144,12 @@ void Hand::lookAgain()
     const auto before = std::exchange(rowsSeen_, rows);
     if (rows[0] < before[0] || rows[1] < before[1]) { // rows have another number now, or none
         forgetPointed();
-        rowMenu_->close();
+        if (isRowMenuOpen())
+            rowMenu_->close();
         if (Patimeno_Koumpi)
             giveUpDrag();
     }
-    if (Katastasi_Provolis != view::model || !pointerOnCanvas_ || rowMenu_->isVisible()
+    if (Katastasi_Provolis != view::model || !pointerOnCanvas_ || isRowMenuOpen()
         || QApplication::activeModalWidget() != nullptr)
         return;
     const Point at = canvas_.Picture1->placeAt(pointer_);
@@ -186,7 +160,7 @@ void Hand::lookAgain()
 void Hand::pointerLeft()
 {
     pointerOnCanvas_ = false;
-    if (!rowMenu_->isVisible()) // it tells of what is marked
+    if (!isRowMenuOpen()) // it tells of what is marked
         hideMarks();
 }
 
@@ -204,6 +178,11 @@ void Hand::setMenus(QMenu *toolMenu, QMenu *rowMenu)
     rowMenu_ = rowMenu;
     for (const QMenu *menu : {toolMenu, rowMenu})
         connect(menu, &QMenu::aboutToHide, this, &Hand::menuClosed, Qt::QueuedConnection);
+}
+
+bool Hand::isRowMenuOpen() const
+{
+    return rowMenu_ != nullptr && rowMenu_->isVisible();
 }
 
 void Hand::askForMenu()

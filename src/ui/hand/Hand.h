@@ -5,6 +5,7 @@
 #include "CanvasObjects.h"
 #include "DrawingTool.h"
 #include "UnderPointer.h"
+#include "ViewTools.h"
 
 #include <QPointF>
 
@@ -26,21 +27,35 @@ public:
     explicit Hand(CanvasObjects &canvas);
 
     /// @name Tools
-    /// A tool's own command leaves it, another one's switches.
     /// @{
+
+    /// Takes a tool of the class @p T; where it is taken already, puts it away.
+    template <typename T>
+    void toggle()
+    {
+        const bool leaving = isTaken<T>();
+        Reset_Pointer();
+        if (!leaving)
+            take(std::make_unique<T>(canvas_));
+    }
+    template <typename T>
+    bool isTaken() const
+    {
+        return qobject_cast<T *>(taken_.get()) != nullptr;
+    }
     void Button_Xeraki();
     void Button_Zoom();
     void Button_Zoom_Window();
-    bool Xeraki_Energo() const;
-    bool Zoom_Energo() const;
-    bool Zoom_Window_Energo() const;
+    bool Xeraki_Energo() const { return isTaken<PanTool>(); }
+    bool Zoom_Energo() const { return isTaken<ZoomTool>(); }
+    bool Zoom_Window_Energo() const { return isTaken<ZoomWindowTool>(); }
     void Reset_Pointer(); ///< all of them off, cross pointer
     bool isToolOn() const { return taken_ != nullptr; }
     /// Gives the canvas the pointer of the tool at hand.
     void showPointer();
     /// @}
 
-    /// The left button is down on the canvas and has not come up.
+    /// A button is down on the canvas, or a drag has begun that has not ended.
     bool isDragging() const { return Patimeno_Koumpi || canvas_.Picture1->isHeld(); }
     /// Finds anew what lies under a pointer that rests: the rows or the view may have changed.
     void lookAgain();
@@ -57,7 +72,7 @@ signals:
     void pointerMoved(const Point &at); ///< canvas cm
     /// A drag or a double click has edited the model, or may have: the picture is to be made anew.
     void edited();
-    void viewMoved(); ///< a tool's drag has ended: the same
+    void viewMoved(); ///< a drag with a tool has ended: the same
     void groupWanted();
     void toolMenuWanted();
     /// @param node, element  what was pointed at, one of them or both; 0 for none
@@ -65,10 +80,7 @@ signals:
 
 private:
     Tool &tool() { return taken_ ? *taken_ : drawing_; }
-    template <typename T>
-    bool has() const;
-    template <typename T>
-    void toggle();
+    void take(std::unique_ptr<Tool> tool);
 
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);
@@ -79,6 +91,7 @@ private:
     void giveUpDrag();
     void endDrag();
     void askForMenu();
+    bool isRowMenuOpen() const;
     void look(const Point &at);
 
     CanvasObjects &canvas_;
@@ -87,8 +100,8 @@ private:
     std::unique_ptr<Tool> taken_; ///< none: the hand draws
     bool Patimeno_Koumpi = false; ///< a drag has begun
     bool pointerOnCanvas_ = false;
-    QPointF pointer_; ///< its last place on the screen
-    QMenu *rowMenu_ = nullptr;
+    QPointF pointer_;               ///< its last place on the screen
+    QMenu *rowMenu_ = nullptr;      ///< none before `setMenus`
     std::array<int, 2> rowsSeen_{}; ///< nodes and elements when it last looked
 };
 

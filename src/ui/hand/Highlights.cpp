@@ -4,6 +4,7 @@
 #include "ElementLine.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 #include "Text.h"
 
 #include <utility>
@@ -55,8 +56,8 @@ void Highlights::showElement(int e)
 {
     const bool another = std::exchange(element_, e) != e;
     if (e != 0) { // the same one may lie elsewhere now
-        const Point i = toCanvas(nodePlace(static_cast<int>(Stoixeia(e, element::nodeI))));
-        const Point j = toCanvas(nodePlace(static_cast<int>(Stoixeia(e, element::nodeJ))));
+        const Point i = toCanvas(nodePlace(nodeOf(e, element::nodeI)));
+        const Point j = toCanvas(nodePlace(nodeOf(e, element::nodeJ)));
         lineElement_->span(i.x, i.y, j.x, j.y);
         labelElement_->setText(qtText(numberText(e)));
         labelElement_->place((i.x + j.x) / 2, (i.y + j.y) / 2 - 0.4,

@@ -30,7 +30,7 @@ public:
     virtual QCursor pointer(double scale) const = 0;
 
 signals:
-    void edited(); ///< the model was; the picture is still that from before
+    void edited(); ///< the model was, or may have been; the picture is still that from before
 };
 
 /// A pointer among the icons, and its hot spot in a picture of 32 logical pixels.

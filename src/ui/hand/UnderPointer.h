@@ -14,9 +14,9 @@ public:
     explicit UnderPointer(Highlights &marks) : marks_(marks) {}
 
     /// @param at  canvas centimetres
-    /// @param isHeld  the left button is down: the element stays what it was
+    /// @param isDragging  the element stays what it was
     /// @param isToolOn  nothing is marked
-    void look(const Point &at, bool isHeld, bool isToolOn);
+    void look(const Point &at, bool isDragging, bool isToolOn);
     void forget();
 
     /// @name The row under the pointer, 0 for none

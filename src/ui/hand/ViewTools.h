@@ -8,7 +8,8 @@ namespace veskora {
 
 struct CanvasObjects;
 
-/// What they share: each drag is one step of Zoom Previous, also one that is given up.
+/// What they share: a drag that has changed the view is one step of Zoom Previous, also where it
+/// was given up.
 class ViewTool : public Tool
 {
     Q_OBJECT

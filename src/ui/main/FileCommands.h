@@ -33,7 +33,8 @@ public:
     bool mayLeave(bool closing);
 
 signals:
-    /// Another model is there, or none, and all that shows it is to be made anew.
+    /// Another model may be there, and all that shows it is to be made anew; also where the user
+    /// chose no file to open.
     void modelReplaced();
 
 private:

@@ -63,6 +63,9 @@ void Menus::add(const Command &command)
         return;
     action->setVisible(command.run != nullptr || command.setting != nullptr);
     action->setCheckable(command.setting != nullptr);
+    if (auto *menu = qobject_cast<QMenu *>(place); menu != nullptr && command.setting != nullptr)
+        connect(menu, &QMenu::aboutToShow, action,
+                [&command, action] { action->setChecked(*command.setting); });
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
     if (command.keys != nullptr)
@@ -105,7 +108,7 @@ void Menus::setCaptions()
             menu(command.name)->setTitle(caption);
         else
             action(command.name)->setText(caption);
-        if (command.place == QLatin1String("Toolbar2"))
+        if (command.place == QLatin1String(commandPlace::toolbar))
             describe(action(command.name), caption);
     }
     assignMnemonics(window_->menuBar()->actions());
@@ -115,7 +118,7 @@ void Menus::setCaptions()
 
 void Menus::popUpTools()
 {
-    menu("mnuZoomakia")->popup(QCursor::pos());
+    menu(commandPlace::toolMenu)->popup(QCursor::pos());
 }
 
 void Menus::popUpRows(int node, int element)
@@ -123,24 +126,24 @@ void Menus::popUpRows(int node, int element)
     for (const Command &command : commands()) {
         if (command.about == About::nothing)
             continue;
-        const int row = command.about == About::node ? node : element;
         QAction *entry = action(command.name);
+        if (command.about == About::both) {
+            entry->setVisible(node != 0 && element != 0);
+            continue;
+        }
+        const int row = command.about == About::node ? node : element;
         entry->setText(qtText(command.caption.text() + numberText(row)));
         entry->setData(row);
         entry->setVisible(row != 0);
     }
-    action("mnusss77")->setVisible(node != 0 && element != 0);
-    QMenu *popup = menu("mnuAorato");
+    QMenu *popup = menu(commandPlace::rowMenu);
     assignMnemonics(popup->actions());
     popup->popup(QCursor::pos());
 }
 
 void Menus::popUpLabels(const QPoint &place)
 {
-    for (const Command &command : commands())
-        if (command.setting != nullptr)
-            action(command.name)->setChecked(*command.setting);
-    QMenu *popup = menu("mnu_Aorato_Times");
+    QMenu *popup = menu(commandPlace::labelMenu);
     popup->popup(place - QPoint(0, popup->sizeHint().height()));
 }
 

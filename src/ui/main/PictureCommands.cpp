@@ -1,7 +1,7 @@
 #include "PictureCommands.h"
 
 #include "AnalysisCommands.h"
-#include "Command.h"
+#include "Commands.h"
 #include "Desktop.h"
 #include "Files.h"
 #include "Hand.h"
@@ -14,6 +14,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+
+#include <string_view>
 
 namespace veskora {
 
@@ -118,7 +120,8 @@ namespace {
 void setAllLabels(bool isOn)
 {
     for (const Command &command : commands())
-        if (command.setting != nullptr)
+        if (command.place == std::string_view(commandPlace::labelMenu)
+            && command.setting != nullptr)
             *command.setting = isOn;
     desktop().redraw();
 }

@@ -1,5 +1,7 @@
 #include "StatusPanel.h"
 
+#include "WindowParts.h"
+
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
@@ -29,11 +31,8 @@ void StatusPanel::paintEvent(QPaintEvent *)
     painter.setOpacity(look_ ? 1 : dimmed);
     option.rect = style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
     painter.drawControl(QStyle::CE_PushButtonLabel, option);
-    if (!hasFocus())
-        return;
     painter.setOpacity(1);
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 1));
-    painter.drawRect(rect().adjusted(2, 2, -3, -3));
+    drawFocusFrame(painter, this, rect().adjusted(2, 2, -3, -3), 1);
 }
 
 } // namespace veskora

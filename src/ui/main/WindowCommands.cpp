@@ -130,19 +130,19 @@ void WindowCommands::openElementLoads(int e)
 
 // ------------------------------------------------------------------------------------------ tools
 
-void WindowCommands::moveNodes()
+void WindowCommands::openMove()
 {
     if (!refuseWithoutNodes())
         showDialog<frmMETAKINISI>([](frmMETAKINISI &dialog) { dialog.exec(); });
 }
 
-void WindowCommands::mergeNodes()
+void WindowCommands::openMerge()
 {
     if (!refuseWithoutNodes())
         showDialog<frmSigxonefsi>([](frmSigxonefsi &dialog) { dialog.exec(); });
 }
 
-void WindowCommands::divideElements()
+void WindowCommands::openDivide()
 {
     if (!refuseWithoutElements())
         showDialog<frmDiairesi>([this](frmDiairesi &dialog) {
@@ -152,7 +152,7 @@ void WindowCommands::divideElements()
         });
 }
 
-void WindowCommands::createArc()
+void WindowCommands::openArc()
 {
     if (Arithmos_Omadon == 0) {
         const std::string text =

@@ -33,10 +33,10 @@ public:
     void openElementLoads(int e);
     /// @}
 
-    void moveNodes();
-    void mergeNodes();
-    void divideElements();
-    void createArc();
+    void openMove();
+    void openMerge();
+    void openDivide();
+    void openArc();
     void checkNodes();
     void checkElements();
 

@@ -6,8 +6,6 @@
 #include "Languages.h"
 #include "Metablites.h"
 #include "QtColour.h"
-#include "Registry.h"
-#include "StatusPanel.h"
 #include "Sxediastika.h"
 #include "Text.h"
 #include "ui_frmMain.h"
@@ -46,7 +44,8 @@ frmMain::frmMain()
       files_(ui_->RichTextBox1),
       undo_(this, canvas_, hand_),
       windows_(this, canvas_, hand_, picture_),
-      menus_(this, {*this, hand_, files_, undo_, picture_, windows_}),
+      menus_(this, {*this, hand_, files_, undo_, picture_, windows_, *ui_->RichTextBox1,
+                    *ui_->StatusBar1}),
       keys_(hand_, help_)
 {
     equipToolbar();
@@ -89,7 +88,7 @@ void frmMain::connectRooms()
     connect(&hand_, &Hand::groupWanted, this, [this] { windows_.Button_EAI(); });
     connect(&hand_, &Hand::toolMenuWanted, &menus_, &Menus::popUpTools);
     connect(&hand_, &Hand::rowMenuWanted, &menus_, &Menus::popUpRows);
-    hand_.setMenus(menus_.menu("mnuZoomakia"), menus_.menu("mnuAorato"));
+    hand_.setMenus(menus_.menu(commandPlace::toolMenu), menus_.menu(commandPlace::rowMenu));
     connect(ui_->StatusBar1, &StatusBar::settingChanged, this, &frmMain::redraw);
     connect(ui_->StatusBar1, &StatusBar::labelsWanted, &menus_, &Menus::popUpLabels);
     connect(&files_, &FileCommands::modelReplaced, &picture_, &PictureCommands::showNewModel);

@@ -7,6 +7,8 @@
 #include "RowQueries.h"
 #include "Text.h"
 
+#include <array>
+
 #include <QTreeWidget>
 
 namespace veskora {
@@ -62,9 +64,10 @@ void Ftiakse_treeview(QTreeWidget &tree)
         const std::string code = restraintText(n);
         add(item,
             code.empty() ? Metafrasi(360, "Free") : Metafrasi(361, "Constraints") + ": " + code);
-        for (int k = 1; const char *label : {"Kx = ", "Ky = ", "Kz = "})
-            if (const float constant = Elatiria(n, k++); constant > 0)
-                add(item, label + number(constant));
+        static constexpr std::array springs = {"Kx = ", "Ky = ", "Kz = "};
+        for (int k = 1; k <= 3; ++k)
+            if (hasSpring(n, k))
+                add(item, springs.at(static_cast<std::size_t>(k - 1)) + number(Elatiria(n, k)));
 
         if (!isLoadedNode(n))
             continue;

@@ -264,6 +264,8 @@ void frmApotelesmata::assignWindowMnemonics()
         captions.push_back(captionOf(view, &QRadioButton::text, &QRadioButton::setText));
     for (QAction *button : ui_->Toolbar1->actions()) // a button takes letters from this only
         captions.push_back(captionOf(button, &QAction::text, &QAction::setIconText));
+    for (Caption &caption : captions)
+        caption.text.replace('&', "&&"); // what stands in a pack is no mnemonic here
     assignMnemonics(captions);
 }
 

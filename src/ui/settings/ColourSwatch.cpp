@@ -1,6 +1,5 @@
 #include "ColourSwatch.h"
 
-#include "ImageKanvas.h"
 #include "QtColour.h"
 #include "WindowParts.h"
 

@@ -3,10 +3,8 @@
 #include "MainWindowTest.h"
 
 #include "Files.h"
-#include "MathFunc.h"
 #include "Models.h"
 #include "Settings.h"
-#include "Sxediastika.h"
 #include "Zoom.h"
 
 #include <QApplication>
@@ -150,6 +148,24 @@ TEST_F(CanvasTools, WithoutTheGridTheLowestNodeNearThePointerIsTaken)
     Komboi(2, node::x) = static_cast<float>(x + .1); // two close ones: the lower number
     moveTo(x + .1, y);
     EXPECT_EQ(find<QLabel>("Label_Kombos")->text(), "1");
+}
+
+// In an optimised build: two such places side by side have been left as they were.
+TEST_F(CanvasTools, PlacesAreSingles)
+{
+    std::vector<double> told;
+    QObject::connect(&canvas(), &CanvasWidget::moved, window.get(),
+                     [&told](Qt::MouseButtons, const Point &at) {
+                         told = {at.x, at.y};
+                     });
+    mouse(QEvent::MouseMove, Qt::NoButton, 641 * 2.54 / 96, 391 * 2.54 / 96);
+    EXPECT_EQ(told,
+              (std::vector<double>{static_cast<float>(told[0]), static_cast<float>(told[1])}));
+    trigger("Zoom_Window");
+    const auto lines = log().size();
+    const double x = 641 * 2.54 / 96;
+    drag(x, x, x, x); // a click makes no window
+    EXPECT_EQ(log().size(), lines);
 }
 
 TEST_F(CanvasTools, TheMainGroupIsAskedForWhenAnElementNeedsIt)

@@ -3,7 +3,7 @@
 
 #include "AnalysisCommands.h"
 #include "Application.h"
-#include "Command.h"
+#include "Commands.h"
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
@@ -14,6 +14,7 @@
 #include "Zoom.h"
 
 #include <QClipboard>
+#include <QDialog>
 #include <QFile>
 #include <QFocusFrame>
 #include <QMenu>
@@ -639,6 +640,52 @@ TEST_F(MainWindow, EveryCommandStandsInItsPlaceAsItsRowHasIt)
         EXPECT_NE(find<QToolButton>(command.name)->focusPolicy(), Qt::NoFocus);
     }
     EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().size(), 28);
+    EXPECT_LE(find<QToolBar>("Toolbar2")->sizeHint().width(), window->minimumWidth());
+}
+
+TEST_F(MainWindow, AnEntryDoesWhatItSays)
+{
+    start();
+    buildModel("G 1 1 1; N 0 0; N 1 0; E 1 2 1");
+    for (const auto &[command, opened] : {std::pair{"mnuOMADESitem", "frmOmades"},
+                                          {"mnuKOMBOIitem", "frmKomboi"},
+                                          {"mnuSTOIXEIAitem", "frmStoixeia"},
+                                          {"mnuSIGKENTROMENAitem", "frmEPIKOMBIO"},
+                                          {"mnuOMOIOMORFAitem", "frmOMOIOMORFO"},
+                                          {"mnuMETAKINISIKOMBONitem", "frmMETAKINISI"},
+                                          {"mnuSIGXONEFSIitem", "frmSigxonefsi"},
+                                          {"mnuDIAIRESIitem", "frmDiairesi"},
+                                          {"mnuKYKLIKOitem", "frmKykliko"},
+                                          {"mnuRITHMISEISitem", "frmSXEDIASI"},
+                                          {"mnuPERIitem", "frmAbout"}}) {
+        QString name;
+        QTimer::singleShot(0, window.get(), [&name] {
+            auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+            name = dialog->objectName();
+            dialog->reject();
+        });
+        trigger(command);
+        EXPECT_EQ(name, opened);
+    }
+    Klimaka = 77;
+    trigger("mnuEXTENDSitem");
+    EXPECT_NE(Klimaka, 77);
+    trigger("mnuPREVIOUSitem");
+    EXPECT_EQ(Thesi_Istorikou, 0);
+    struct Tool
+    {
+        const char *entry;
+        double scale, x; ///< after a drag to the lower right
+    };
+    for (const Tool &tool :
+         {Tool{"mnuPANitem", 100, -3}, {"mnuZOOMitem", 105, -1.5}, {"mnuWINDOWitem", 10.6, 24.6}}) {
+        resetView();
+        trigger(tool.entry);
+        trigger(tool.entry); // it stays on
+        drag(5, 5, 6, 6);
+        EXPECT_NEAR(Klimaka, tool.scale, 3) << tool.entry;
+        EXPECT_NEAR(Arxi_X, tool.x, 1) << tool.entry;
+    }
 }
 
 TEST_F(MainWindow, EveryPartIsNamedAsItIsCalled)

@@ -12,13 +12,15 @@ namespace veskora {
 class FileCommands;
 class frmMain;
 class Hand;
+class MessageLog;
 class PictureCommands;
+class StatusBar;
 class UndoCommands;
 class WindowCommands;
 
 /// What a command may be a routine of.
 using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, UndoCommands &, PictureCommands &,
-                         WindowCommands &>;
+                         WindowCommands &, MessageLog &, StatusBar &>;
 
 /// What goes before a command runs.
 enum class Clears {
@@ -27,8 +29,17 @@ enum class Clears {
     tools       ///< these, and the tool at hand
 };
 
-/// The row under the pointer that a pop-up's entry is about; its number stands behind the caption.
-enum class About { nothing, node, element };
+/// The row under the pointer that an entry is about: its number stands behind the caption, and
+/// without one the entry does not show.
+enum class About { nothing, node, element, both };
+
+/// Object names of what is not on the menu bar.
+namespace commandPlace {
+inline constexpr const char *toolbar = "Toolbar2";
+inline constexpr const char *toolMenu = "mnuZoomakia";
+inline constexpr const char *rowMenu = "mnuAorato";
+inline constexpr const char *labelMenu = "mnu_Aorato_Times";
+} // namespace commandPlace
 
 /// A row of the table. One with a caption that runs nothing is a menu where others stand in it, and
 /// stays hidden where none does. One without a caption is a separator.
