@@ -32,6 +32,8 @@ struct Extent
 };
 
 constexpr std::int16_t scaleDecimals = 3;
+constexpr double finestScale = 1;
+constexpr double coarsestScale = 2147483; // beyond it a rounding to three decimals has no room
 
 void placeByWidth(const Extent &extent, double margin)
 {
@@ -54,14 +56,8 @@ void reportNoFit(double needed, double room)
         Grammi_Log(Metafrasi(1752, "The view stays as it is: the drawing area is no larger than "
                                    "its margins."),
                    logColour::red);
-    else if (needed < 1)
-        Grammi_Log(Metafrasi(1750, "The view stays as it is: it would need a scale finer than 1:1, "
-                                   "the finest there is."),
-                   logColour::red);
     else
-        Grammi_Log(Metafrasi(1751, "The view stays as it is: it would need a scale coarser than "
-                                   "1:2147483, which only the tool Zoom can set."),
-                   logColour::red);
+        reportNoScale(needed);
 }
 
 /// Fits the direction that needs the coarser scale; an extent of 0 in one direction leaves the
@@ -78,7 +74,7 @@ void fit(const Extent &extent, double margin)
     const double needed = 100 * (byHeight ? height : width) / room;
     Klimaka = static_cast<float>(Stroggylopoiisi(needed, scaleDecimals));
     (byHeight ? placeByHeight : placeByWidth)(extent, margin);
-    if (Klimaka >= 1 && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
+    if (Klimaka >= finestScale && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
         return;
     before.restore();
     reportNoFit(needed, room);
@@ -179,10 +175,37 @@ void Zoom_Syrsimatos(double y0, double y)
         y > y0 ? (y - y0) / doublingDistance + 1 : 1 / ((y0 - y) / doublingDistance + 1);
     const double W = Picture1().width();
     const double H = Picture1().height();
-    if (r * Klimaka >= 1)
+    if (r * Klimaka >= finestScale)
         Klimaka = toSingle(r * Klimaka).value_or(Klimaka);
     // The first-order form: the canvas's centre stays nearly still.
     moveOrigin(Arxi_X - (W / 2 + Arxi_X) * (r - 1), Arxi_Y - (Arxi_Y - H / 2) * (r - 1));
+}
+
+bool zoomAbout(double x, double y, double factor)
+{
+    if (!(Klimaka > 0))
+        resetView(); // of a damaged file; nothing can be seen at it
+    const View before = View::current();
+    const double wanted = before.scale / factor;
+    const double scale = std::clamp(wanted, std::min<double>(finestScale, before.scale),
+                                    std::max<double>(coarsestScale, before.scale));
+    if (scale == before.scale && scale != wanted)
+        return false;
+    Klimaka = static_cast<float>(scale);
+    const double r = before.scale / static_cast<double>(Klimaka);
+    const double up = Anastrofi_Y(y);
+    moveOrigin((before.originX + x) * r - x, up - (up - before.originY) * r);
+    return true;
+}
+
+void reportNoScale(double needed)
+{
+    Grammi_Log(needed < finestScale
+                   ? Metafrasi(1750, "The view stays as it is: it would need a scale finer than "
+                                     "1:1, the finest there is.")
+                   : Metafrasi(1751, "The view stays as it is: it would need a scale coarser than "
+                                     "1:2147483, which only the tool Zoom can set."),
+               logColour::red);
 }
 
 void Apothikefsi_Zoom()
@@ -207,10 +230,15 @@ bool Zoom_Proigoumeno()
     if (Thesi_Istorikou == 0)
         return false;
     --Thesi_Istorikou;
+    takeBackView();
+    return true;
+}
+
+void takeBackView()
+{
     Klimaka = static_cast<float>(Istoriko_Zoom(Thesi_Istorikou, 1));
     Arxi_Y = Istoriko_Zoom(Thesi_Istorikou, 2);
     Arxi_X = Istoriko_Zoom(Thesi_Istorikou, 3);
-    return true;
 }
 
 } // namespace veskora

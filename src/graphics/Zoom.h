@@ -44,6 +44,15 @@ void moveOrigin(double x, double y);
 /// stays, and the origin still moves.
 void Zoom_Syrsimatos(double y0, double y);
 
+/// Zooms about a canvas point: what lies there stays there, and the drawing becomes @p factor times
+/// as large. The scale goes no finer than 1:1 and no coarser than a fit can make it; one that is
+/// beyond goes only back. From a scale of 0 it begins at that of a new model.
+/// @return false where the scale stands at its limit and the view stays
+bool zoomAbout(double x, double y, double factor);
+
+/// Says in the log why there is no view at the scale 1:@p needed: it is beyond the limits.
+void reportNoScale(double needed);
+
 /// Pushes the current view onto the history, unless it is the one on top. The oldest of 100 steps
 /// is lost.
 void Apothikefsi_Zoom();
@@ -51,5 +60,8 @@ void Apothikefsi_Zoom();
 /// Steps one view back.
 /// @return whether there was one
 bool Zoom_Proigoumeno();
+
+/// Goes back to the view on top of the history: what was changed since has never been.
+void takeBackView();
 
 } // namespace veskora

@@ -122,6 +122,30 @@ TEST_F(View, TheDragZoomGoesByTwentiethsAndStopsAtOneToOne)
     expectView(1.01, -2 - 8 * (r - 1), 2 - (2 - 10) * (r - 1));
 }
 
+TEST_F(View, AZoomAboutAPlaceLeavesWhatLiesThere)
+{
+    // Scale, factor, new scale: at a limit it stays, and beyond one it goes only back.
+    constexpr double cases[][3] = {{100, 2, 50},
+                                   {1.5, 2, 1},
+                                   {1, 2, 1},
+                                   {.5, 2, .5},
+                                   {.5, .25, 2},
+                                   {2e6, .5, 2147483},
+                                   {2147483, .5, 2147483},
+                                   {1e9, .5, 1e9},
+                                   {1e9, 2, 5e8}};
+    for (const auto &[from, factor, to] : cases) {
+        SCOPED_TRACE(testing::Message() << "1:" << from << " times " << factor);
+        resetView();
+        Klimaka = static_cast<float>(from);
+        const double x = Othoni_X(3), y = Othoni_Y(4);
+        EXPECT_EQ(zoomAbout(3, 4, factor), from != to);
+        EXPECT_EQ(Klimaka, static_cast<float>(to));
+        EXPECT_NEAR(Othoni_X(3), x, 1e-12 * from);
+        EXPECT_NEAR(Othoni_Y(4), y, 1e-12 * from);
+    }
+}
+
 TEST_F(View, TheHistoryKeepsAHundredSteps)
 {
     EXPECT_FALSE(Zoom_Proigoumeno());

@@ -3,6 +3,7 @@
 #include "QtColour.h"
 #include "Settings.h"
 #include "Units.h"
+#include "WindowParts.h"
 
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -15,7 +16,7 @@ CanvasWidget::CanvasWidget(QWidget *parent) : QWidget(parent), kanvas_(QSize(1, 
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void CanvasWidget::paintEvent(QPaintEvent *event)
@@ -27,6 +28,7 @@ void CanvasWidget::paintEvent(QPaintEvent *event)
     painter.drawImage(
         QRectF(part), kanvas_.image(),
         QRectF(part.x() * scale, part.y() * scale, part.width() * scale, part.height() * scale));
+    drawFocusFrame(painter, this, rect().adjusted(0, 0, -1, -1), 1);
 }
 
 void CanvasWidget::fitImage()
@@ -53,7 +55,10 @@ bool CanvasWidget::event(QEvent *event)
                          || event->type() == QEvent::Hide;
     if (isTaken && std::exchange(held_, Qt::NoButton) != Qt::NoButton)
         emit abandoned();
-    return QWidget::event(event);
+    if (event->type() != QEvent::NativeGesture)
+        return QWidget::event(event);
+    pinch(*static_cast<QNativeGestureEvent *>(event));
+    return true;
 }
 
 namespace {
@@ -81,6 +86,7 @@ void CanvasWidget::mousePressEvent(QMouseEvent *event)
 void CanvasWidget::mouseMoveEvent(QMouseEvent *event)
 {
     held_ = event->buttons(); // the release may have gone to somebody else
+    pinch_.reset();           // and the end of a pinch too
     emit moved(event->buttons(), canvasPlace(event->position()));
 }
 
@@ -100,6 +106,36 @@ void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)
     held_ = event->buttons();
     if (event->button() == Qt::LeftButton)
         emit doubleClicked();
+    else
+        emit pressed(event->button(), canvasPlace(event->position()));
+}
+
+/// The angle is what every device tells: those that scroll by pixels tell it beside them.
+void CanvasWidget::wheelEvent(QWheelEvent *event)
+{
+    constexpr double click = QWheelEvent::DefaultDeltasPerStep;
+    event->accept();
+    if (const int angle = event->angleDelta().y(); angle != 0)
+        emit wheelTurned(canvasPlace(event->position()), angle / click);
+}
+
+/// The values of a pinch are steps of one sum, which begins at 1.
+void CanvasWidget::pinch(const QNativeGestureEvent &event)
+{
+    if (event.gestureType() == Qt::BeginNativeGesture) {
+        pinch_ = 1;
+    } else if (event.gestureType() == Qt::EndNativeGesture) {
+        pinch_.reset();
+        emit pinchEnded();
+    } else if (event.gestureType() == Qt::ZoomNativeGesture && event.value() != 0) {
+        const double before = pinch_.value_or(1);
+        const double now = before + event.value();
+        if (now <= 0)
+            return;
+        pinch_ = now;
+        // Its own place may still be that in the window.
+        emit pinched(placeAt(event.globalPosition()), now / before);
+    }
 }
 
 } // namespace veskora

@@ -6,10 +6,16 @@
 
 #include <QWidget>
 
+#include <optional>
+
+QT_BEGIN_NAMESPACE
+class QNativeGestureEvent;
+QT_END_NAMESPACE
+
 namespace veskora {
 
 /// Shows the retained image of its `ImageKanvas` and tells mouse events in centimetres. A double
-/// click comes as press, release, double click, release, without a second press.
+/// click of the left button comes as press, release, double click, release, without a second press.
 class CanvasWidget : public QWidget
 {
     Q_OBJECT
@@ -19,6 +25,8 @@ public:
     ImageKanvas &kanvas() { return kanvas_; }
     /// A button of the mouse went down here and has not come up.
     bool isHeld() const { return held_ != Qt::NoButton; }
+    /// Two fingers are on the touchpad and have begun to pinch.
+    bool isPinched() const { return pinch_.has_value(); }
     /// A place on the screen in canvas centimetres, as the signals tell it.
     Point placeAt(const QPointF &screenPlace) const;
 
@@ -27,6 +35,11 @@ signals:
     void moved(Qt::MouseButtons buttons, const Point &at);
     void released(Qt::MouseButton button, const Point &at);
     void doubleClicked();
+    /// @param clicks  away from the user; fine wheels and touchpads tell parts of one
+    void wheelTurned(const Point &at, double clicks);
+    /// @param factor  how much farther apart the fingers are than when it was last told
+    void pinched(const Point &at, double factor);
+    void pinchEnded();
     void left();      ///< the pointer went away
     void abandoned(); ///< the button that is held: its release may go to somebody else
     /// The picture was lost: it has another size or resolution.
@@ -41,12 +54,15 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
 private:
     void fitImage();
+    void pinch(const QNativeGestureEvent &event);
 
     ImageKanvas kanvas_;
     Qt::MouseButtons held_ = Qt::NoButton;
+    std::optional<double> pinch_; ///< of the pinch that goes on: how far the fingers are apart
 };
 
 } // namespace veskora

@@ -2,6 +2,7 @@
 
 #include "CanvasObjects.h"
 #include "Desktop.h"
+#include "Diagrafes.h"
 #include "ElementLine.h"
 #include "Functions.h"
 #include "MathFunc.h"
@@ -15,6 +16,7 @@ namespace veskora {
 
 bool DrawingTool::press(const Point &at)
 {
+    press_ = {Allagi_Montelou, Kombos_Arxis};
     if (Katastasi_Provolis != view::model || Arithmos_Kombon >= maxNodes)
         return true;
     if (under_.Pano_Se_Kombo()) {
@@ -26,7 +28,7 @@ bool DrawingTool::press(const Point &at)
         return false; // the place was refused: nothing begins that a release could end
     Neos_Kombos_Sto_Patima = true;
     Exei_Oristei_Kombos = true;
-    Kombos_Arxis = static_cast<std::int16_t>(n);
+    Kombos_Arxis = press_.node = static_cast<std::int16_t>(n);
     return true;
 }
 
@@ -53,6 +55,18 @@ void DrawingTool::hideRubberBand()
 {
     canvas_.Line1->hide();
     canvas_.Label2->hide();
+}
+
+void DrawingTool::takeBack()
+{
+    cancel();
+    Kombos_Arxis = press_.start;
+    Neos_Kombos_Sto_Patima = false;
+    if (press_.node == 0)
+        return;
+    Diagrafi_Kombou(press_.node);
+    Allagi_Montelou = press_.isChanged;
+    emit edited();
 }
 
 void DrawingTool::doubleClick(const Point &at)

@@ -21,6 +21,7 @@ public:
     void move(const Point &at) override;
     void release(const Point &at) override;
     void cancel() override;
+    void takeBack() override;
     void doubleClick(const Point &at) override;
     QCursor pointer(double scale) const override;
 
@@ -38,6 +39,13 @@ private:
     const UnderPointer &under_;
     /// Set by the first press that defines a node in this run; until then no rubber band shows.
     bool Exei_Oristei_Kombos = false;
+    /// What stood before the press, and the node that it defined, 0 for none.
+    struct
+    {
+        bool isChanged;
+        std::int16_t start;
+        std::int16_t node = 0;
+    } press_{};
 };
 
 } // namespace veskora

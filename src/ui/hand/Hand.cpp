@@ -11,7 +11,12 @@
 namespace veskora {
 
 Hand::Hand(CanvasObjects &canvas)
-    : canvas_(canvas), under_(canvas.highlights), drawing_(canvas, under_)
+    : canvas_(canvas),
+      under_(canvas.highlights),
+      drawing_(canvas, under_),
+      pan_(canvas),
+      run_(canvas),
+      keys_(canvas.Picture1, run_)
 {
     const CanvasWidget *picture = canvas.Picture1;
     connect(picture, &CanvasWidget::pressed, this, &Hand::pressed);
@@ -20,6 +25,17 @@ Hand::Hand(CanvasObjects &canvas)
     connect(picture, &CanvasWidget::abandoned, this, &Hand::giveUpDrag);
     connect(picture, &CanvasWidget::doubleClicked, this, &Hand::doubleClicked);
     connect(picture, &CanvasWidget::left, this, &Hand::pointerLeft);
+    connect(picture, &CanvasWidget::wheelTurned, this, [this](const Point &at, double clicks) {
+        if (!isDragging())
+            run_.zoomByClicks(at, clicks);
+    });
+    connect(picture, &CanvasWidget::pinched, this, [this](const Point &at, double factor) {
+        if (!isDragging())
+            run_.zoom(at, factor);
+    });
+    connect(picture, &CanvasWidget::pinchEnded, &run_, &ViewRun::end);
+    connect(&run_, &ViewRun::sketched, this, &Hand::lookAgain);
+    connect(&run_, &ViewRun::ended, this, &Hand::viewMoved);
     // The pointer's picture is made for one resolution.
     connect(picture, &CanvasWidget::resized, this, &Hand::showPointer);
     connect(&drawing_, &Tool::edited, this, &Hand::edited);
@@ -55,10 +71,17 @@ void Hand::Button_Zoom_Window()
 
 void Hand::Reset_Pointer()
 {
-    if (Patimeno_Koumpi)
+    if (Patimeno_Koumpi())
         giveUpDrag();
     taken_.reset();
     showPointer();
+}
+
+Tool &Hand::tool()
+{
+    if (dragButton_ == Qt::MiddleButton)
+        return pan_;
+    return taken_ ? *taken_ : drawing_;
 }
 
 void Hand::showPointer()
@@ -70,29 +93,39 @@ void Hand::showPointer()
 
 void Hand::pressed(Qt::MouseButton button, const Point &at)
 {
+    run_.end();
+    if (Patimeno_Koumpi() && button != dragButton_)
+        return; // one drag at a time
     // A window that has gone leaves the pointer where no move has told of it.
-    if (!Patimeno_Koumpi)
+    if (!Patimeno_Koumpi())
         look(at);
-    if (button != Qt::LeftButton)
+    if (button != Qt::LeftButton && button != Qt::MiddleButton)
         return;
     Patima_X = static_cast<float>(at.x);
     Patima_Y = static_cast<float>(at.y);
     Agkyra_X = static_cast<float>(at.x + Arxi_X);
     Agkyra_Y = static_cast<float>(at.y + Arxi_Y);
-    canvas_.highlights.hideElement();
     canvas_.Label2->hideAt(at);
-    Patimeno_Koumpi = tool().press(at);
+    dragButton_ = button;
+    if (button == Qt::MiddleButton) {
+        hideMarks();
+        showPointer();
+    } else {
+        canvas_.highlights.hideElement();
+    }
+    if (!tool().press(at))
+        dragButton_ = Qt::NoButton;
 }
 
 void Hand::moved(Qt::MouseButtons buttons, const Point &at)
 {
-    if (Patimeno_Koumpi && !buttons.testFlag(Qt::LeftButton))
+    if (Patimeno_Koumpi() && !buttons.testFlag(dragButton_))
         giveUpDrag(); // the release went to somebody else
     pointerOnCanvas_ = true;
     emit pointerMoved(at);
-    if (Patimeno_Koumpi)
+    if (Patimeno_Koumpi())
         tool().move(at);
-    if (Patimeno_Koumpi && isToolOn())
+    if (Patimeno_Koumpi() && !isDrawing())
         return;
     Neos_Kombos_Sto_Patima = false;
     look(at);
@@ -100,11 +133,11 @@ void Hand::moved(Qt::MouseButtons buttons, const Point &at)
 
 void Hand::released(Qt::MouseButton button, const Point &at)
 {
-    if (button == Qt::RightButton && !Patimeno_Koumpi)
+    if (button == Qt::RightButton && !Patimeno_Koumpi())
         askForMenu();
-    if (button != Qt::LeftButton)
+    if (button != (Patimeno_Koumpi() ? dragButton_ : Qt::LeftButton))
         return;
-    if (Patimeno_Koumpi)
+    if (Patimeno_Koumpi())
         tool().release(at);
     endDrag();
     look(at);
@@ -113,15 +146,25 @@ void Hand::released(Qt::MouseButton button, const Point &at)
 /// Ends a drag whose release will not come: it defines nothing.
 void Hand::giveUpDrag()
 {
-    if (Patimeno_Koumpi)
+    if (Patimeno_Koumpi())
         tool().cancel();
+    endDrag();
+}
+
+void Hand::takeBackDrag()
+{
+    if (!Patimeno_Koumpi())
+        return;
+    tool().takeBack();
     endDrag();
 }
 
 void Hand::endDrag()
 {
-    Patimeno_Koumpi = false;
-    if (isToolOn())
+    const bool isOfView = !isDrawing();
+    if (std::exchange(dragButton_, Qt::NoButton) == Qt::MiddleButton)
+        showPointer();
+    if (isOfView)
         emit viewMoved();
 }
 
@@ -135,7 +178,7 @@ void Hand::doubleClicked()
 void Hand::look(const Point &at)
 {
     if (Katastasi_Provolis == view::model)
-        under_.look(at, Patimeno_Koumpi, isToolOn());
+        under_.look(at, Patimeno_Koumpi(), isToolOn());
 }
 
 void Hand::lookAgain()
@@ -146,7 +189,7 @@ void Hand::lookAgain()
         forgetPointed();
         if (isRowMenuOpen())
             rowMenu_->close();
-        if (Patimeno_Koumpi)
+        if (Patimeno_Koumpi())
             giveUpDrag();
     }
     if (Katastasi_Provolis != view::model || !pointerOnCanvas_ || isRowMenuOpen()

@@ -5,6 +5,8 @@
 #include "CanvasObjects.h"
 #include "DrawingTool.h"
 #include "UnderPointer.h"
+#include "ViewKeys.h"
+#include "ViewRun.h"
 #include "ViewTools.h"
 
 #include <QPointF>
@@ -56,7 +58,11 @@ public:
     /// @}
 
     /// A button is down on the canvas, or a drag has begun that has not ended.
-    bool isDragging() const { return Patimeno_Koumpi || canvas_.Picture1->isHeld(); }
+    bool isDragging() const { return Patimeno_Koumpi() || canvas_.Picture1->isHeld(); }
+    /// The user gives up the drag that goes on, if any: nothing is made of it.
+    void takeBackDrag();
+    /// A command comes: what wheel and keys have done to the view is a step of its own.
+    void endViewRun() { run_.end(); }
     /// Finds anew what lies under a pointer that rests: the rows or the view may have changed.
     void lookAgain();
     void hideMarks() { canvas_.highlights.hide(); }
@@ -72,14 +78,16 @@ signals:
     void pointerMoved(const Point &at); ///< canvas cm
     /// A drag or a double click has edited the model, or may have: the picture is to be made anew.
     void edited();
-    void viewMoved(); ///< a drag with a tool has ended: the same
+    void viewMoved(); ///< a tool's drag, the wheel or the keys have ended: the same
     void groupWanted();
     void toolMenuWanted();
     /// @param node, element  what was pointed at, one of them or both; 0 for none
     void rowMenuWanted(int node, int element);
 
 private:
-    Tool &tool() { return taken_ ? *taken_ : drawing_; }
+    bool Patimeno_Koumpi() const { return dragButton_ != Qt::NoButton; }
+    Tool &tool();
+    bool isDrawing() { return &tool() == &drawing_; }
     void take(std::unique_ptr<Tool> tool);
 
     void pressed(Qt::MouseButton button, const Point &at);
@@ -98,7 +106,10 @@ private:
     UnderPointer under_;
     DrawingTool drawing_;
     std::unique_ptr<Tool> taken_; ///< none: the hand draws
-    bool Patimeno_Koumpi = false; ///< a drag has begun
+    PanTool pan_;                 ///< the middle button's, whatever tool is taken
+    ViewRun run_;
+    ViewKeys keys_;
+    Qt::MouseButton dragButton_ = Qt::NoButton; ///< of the drag that goes on, left or middle
     bool pointerOnCanvas_ = false;
     QPointF pointer_;               ///< its last place on the screen
     QMenu *rowMenu_ = nullptr;      ///< none before `setMenus`

@@ -11,8 +11,8 @@ namespace veskora {
 
 /// One of the things that the left button can do on the canvas: drawing, or a tool that the user
 /// has taken. Places are canvas centimetres; those of the press stand in `Patima_X` and its
-/// neighbours by the time it is told. A drag ends in `release` or in `cancel`, and whatever the
-/// tool showed for it goes then.
+/// neighbours by the time it is told. A drag ends in `release`, `cancel` or `takeBack`, and
+/// whatever the tool showed for it goes then.
 class Tool : public QObject
 {
     Q_OBJECT
@@ -24,6 +24,8 @@ public:
     virtual void release(const Point &at) = 0;
     /// The drag ends, and its release has gone to somebody else.
     virtual void cancel() = 0;
+    /// The user gives the drag up: nothing is left of it, as if it had never begun.
+    virtual void takeBack() = 0;
     /// Its second press is not told.
     virtual void doubleClick([[maybe_unused]] const Point &at) {}
     /// Its pointer picture. @p scale is device pixels of one logical pixel.

@@ -16,6 +16,11 @@ void ViewTool::cancel()
     Apothikefsi_Zoom();
 }
 
+void ViewTool::takeBack()
+{
+    takeBackView();
+}
+
 PanTool::PanTool(CanvasObjects &canvas) : ViewTool(canvas, {":/icons/pointer_hand.svg", 16, 18})
 {}
 

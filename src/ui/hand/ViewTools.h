@@ -8,14 +8,15 @@ namespace veskora {
 
 struct CanvasObjects;
 
-/// What they share: a drag that has changed the view is one step of Zoom Previous, also where it
-/// was given up.
+/// What they share: a drag that has changed the view is one step of Zoom Previous, also where its
+/// release is lost.
 class ViewTool : public Tool
 {
     Q_OBJECT
 public:
     void release(const Point &at) override;
     void cancel() override;
+    void takeBack() override;
     QCursor pointer(double scale) const override { return picture_.cursor(scale); }
 
 protected:
@@ -56,6 +57,7 @@ public:
     void move(const Point &at) override;
     void release(const Point &at) override;
     void cancel() override;
+    void takeBack() override { cancel(); }
 };
 
 } // namespace veskora

@@ -173,14 +173,14 @@ constexpr Command menus[] = {
     {"mnuBOITHIA", "mnusss6"},
     {"mnuBOITHIA", "mnuPERIitem", Phrase{36, "About Kalvorn Veskora ML"}, call<&WindowCommands::showAbout>},
 
-    {commandPlace::toolMenu, "mnuEKSODOS2item", Phrase{10, "Exit"}, call<&Hand::Reset_Pointer>},
+    {commandPlace::toolMenu, "mnuEKSODOS2item", Phrase{10, "Exit"}, call<&Hand::Reset_Pointer>, nullptr, "Esc"},
     {commandPlace::toolMenu, "mnusss10"},
     {commandPlace::toolMenu, "mnuPANitem", Phrase{37, "Move"}, take<PanTool>},
     {commandPlace::toolMenu, "mnuZOOMitem", Phrase{38, "Zoom"}, take<ZoomTool>},
     {commandPlace::toolMenu, "mnuWINDOWitem", Phrase{39, "Zoom Window"}, take<ZoomWindowTool>},
     {commandPlace::toolMenu, "mnusss11"},
-    {commandPlace::toolMenu, "mnuPREVIOUSitem", Phrase{40, "Zoom Previous"}, call<&PictureCommands::Button_Zoom_Previous>},
-    {commandPlace::toolMenu, "mnuEXTENDSitem", Phrase{41, "Zoom Extends"}, call<&PictureCommands::Button_Zoom_Best_Fit>},
+    {commandPlace::toolMenu, "mnuPREVIOUSitem", Phrase{40, "Zoom Previous"}, call<&PictureCommands::Button_Zoom_Previous>, nullptr, "Alt+Left"},
+    {commandPlace::toolMenu, "mnuEXTENDSitem", Phrase{41, "Zoom Extends"}, call<&PictureCommands::Button_Zoom_Best_Fit>, nullptr, "Ctrl+0"},
 
     entry("mnu1item", Phrase{137, "Node #"}, call<&WindowCommands::openNode>, About::node),
     entry("mnu3item", Phrase{132, "Loads on node #"}, call<&WindowCommands::openNodeLoads>, About::node),

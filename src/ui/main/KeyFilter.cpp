@@ -11,7 +11,7 @@
 
 namespace veskora {
 
-KeyFilter::KeyFilter(const Hand &hand, HTMLHelp &help) : hand_(hand), help_(help)
+KeyFilter::KeyFilter(Hand &hand, HTMLHelp &help) : hand_(hand), help_(help)
 {
     qApp->installEventFilter(this);
 }
@@ -25,12 +25,17 @@ bool KeyFilter::eventFilter(QObject *watched, QEvent *event)
 }
 
 /// Not while a box stands open that the end of a drag has brought up.
-bool KeyFilter::isHeldOff(const QEvent &event) const
+bool KeyFilter::isHeldOff(const QEvent &event)
 {
     static constexpr std::array keys = {QEvent::KeyPress, QEvent::KeyRelease,
                                         QEvent::ShortcutOverride, QEvent::Shortcut};
-    return std::ranges::find(keys, event.type()) != keys.end() && hand_.isDragging()
-           && QApplication::activeModalWidget() == nullptr;
+    if (std::ranges::find(keys, event.type()) == keys.end() || !hand_.isDragging()
+        || QApplication::activeModalWidget() != nullptr)
+        return false;
+    if (event.type() == QEvent::KeyPress
+        && static_cast<const QKeyEvent &>(event).key() == Qt::Key_Escape)
+        hand_.takeBackDrag();
+    return true;
 }
 
 /// F1 shows the help above any dialog.

@@ -8,19 +8,19 @@ class Hand;
 class HTMLHelp;
 
 /// The keys of all windows: F1 shows the help of the one in front, and while a drag goes on no key
-/// starts a command, which would pull the model away under the pointer.
+/// starts a command, which would pull the model away under the pointer; Esc gives the drag up.
 class KeyFilter : public QObject
 {
     Q_OBJECT
 public:
-    KeyFilter(const Hand &hand, HTMLHelp &help);
+    KeyFilter(Hand &hand, HTMLHelp &help);
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool isHeldOff(const QEvent &event) const;
+    bool isHeldOff(const QEvent &event);
     bool askedForHelp(const QObject *watched, const QEvent &event);
 
-    const Hand &hand_;
+    Hand &hand_;
     HTMLHelp &help_;
 };
 

@@ -68,8 +68,10 @@ void Menus::add(const Command &command)
                 [&command, action] { action->setChecked(*command.setting); });
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
-    if (command.keys != nullptr)
+    if (command.keys != nullptr) {
         action->setShortcuts(QKeySequence::listFromString(command.keys));
+        window_->addAction(action); // those of a pop-up would work in it alone
+    }
     connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
 }
 
@@ -77,6 +79,7 @@ void Menus::run(const Command &command, QAction *action)
 {
     std::get<UndoCommands &>(rooms_).takeStep(); // no event of the user's may have led here
     auto &hand = std::get<Hand &>(rooms_);
+    hand.endViewRun();
     if (command.clears != Clears::nothing)
         hand.hideMarks();
     if (command.clears == Clears::tools)

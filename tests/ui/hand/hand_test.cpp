@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 #include <QToolButton>
@@ -35,39 +36,20 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    double canvasX(double x) const { return Kosmos_X(x); }
-    double canvasY(double y) const { return Kosmos_Y(y); }
-    void press(double x, double y)
+    void wheel(double x, int angle, int times = 1)
     {
-        moveTo(x, y);
-        mouse(QEvent::MouseButtonPress, Qt::LeftButton, canvasX(x), canvasY(y));
+        const QPointF place = QPointF(x, 5) * 96 / 2.54;
+        QWheelEvent event(place, canvas().mapToGlobal(place), {}, {0, angle}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        for (; times > 0; --times)
+            QCoreApplication::sendEvent(&canvas(), &event);
     }
-    void moveTo(double x, double y, Qt::MouseButton held = Qt::NoButton)
+    void pinch(double step, Qt::NativeGestureType type = Qt::ZoomNativeGesture)
     {
-        mouse(QEvent::MouseMove, held, canvasX(x), canvasY(y));
-    }
-    void release(double x, double y, Qt::MouseButton button = Qt::LeftButton)
-    {
-        mouse(QEvent::MouseButtonRelease, button, canvasX(x), canvasY(y));
-    }
-    /// All in model coordinates, through the events that a desktop sends.
-    void dragModel(double x1, double y1, double x2, double y2)
-    {
-        press(x1, y1);
-        moveTo((x1 + x2) / 2, (y1 + y2) / 2, Qt::LeftButton);
-        moveTo(x2, y2, Qt::LeftButton);
-        release(x2, y2);
-    }
-    void click(double x, double y)
-    {
-        press(x, y);
-        release(x, y);
-    }
-    void doubleClick(double x, double y)
-    {
-        click(x, y);
-        mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
-        release(x, y);
+        const QPointF place = canvas().mapToGlobal(QPointF(5, 5) * 96 / 2.54);
+        QNativeGestureEvent event(type, QPointingDevice::primaryPointingDevice(), 2, {}, {}, place,
+                                  step, {});
+        QCoreApplication::sendEvent(&canvas(), &event);
     }
     std::string code(int n) const
     {
@@ -374,6 +356,86 @@ TEST_F(CanvasTools, NoKeyStartsACommandWhileAMouseButtonIsHeld)
     EXPECT_EQ(canvas().cursor().shape(), Qt::BitmapCursor);
 }
 
+TEST_F(CanvasTools, WheelPinchAndKeysAreStepsOfTheView)
+{
+    window->activateWindow();
+    QWidget *const text = find<QTextEdit>("RichTextBox1"), *const picture = &canvas();
+    const double W = canvas().kanvas().width(), H = canvas().kanvas().height();
+    const Point at = {5, 5}, middle = {W / 2, H / 2};
+    const auto ctrl = Qt::ControlModifier, shift = Qt::ShiftModifier;
+    struct Case
+    {
+        std::function<void()> act;
+        double scale;
+        Point from, to; ///< where a place of the model has come to
+        int steps = 1;
+    };
+    // clang-format off
+    const Case cases[] = {
+        {[&] { wheel(5, 1, 360); }, 50, at, at},
+        {[&] { wheel(5, 360), wheel(5.2, -360); }, 100, at, {5.1, 5}},
+        {[&] { wheel(5, 360), wheel(7, -360); }, 100, at, {6, 5}, 2}, // about another place
+        {[&] { pinch(.5), pinch(.5); }, 50, at, at},
+        {[&] { pinch(0, Qt::BeginNativeGesture), pinch(-3), pinch(-.5), pinch(0, Qt::EndNativeGesture), wheel(5, 360); }, 100, at, at, 2},
+        {[&] { QTest::keyClick(text, Qt::Key_Plus, ctrl | shift); }, 79.3701, middle, middle},
+        {[&] { QTest::keyClick(picture, Qt::Key_Minus, ctrl); }, 125.992, middle, middle},
+        {[&] { QTest::keyClick(picture, Qt::Key_Right); }, 100, at, {5 - W / 10, 5}},
+        {[&] { QTest::keyClick(picture, Qt::Key_Up, shift); }, 100, at, {5, 5 + H / 100}},
+        {[&] { QTest::keyClick(picture, Qt::Key_Up, ctrl), QTest::keyClick(text, Qt::Key_Up); }, 100, at, at, 0},
+        {[&] { wheel(5, 360), QTest::keyClick(text, Qt::Key_Left, Qt::AltModifier); }, 100, at, at, 0},
+    };
+    // clang-format on
+    for (const Case &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        resetView();
+        resetZoomHistory();
+        const double x = Othoni_X(c.from.x), y = Othoni_Y(c.from.y);
+        c.act();
+        trigger("mnuEKSODOS2item"); // a command ends the run
+        EXPECT_NEAR(Klimaka, c.scale, 1e-3);
+        EXPECT_NEAR(Kosmos_X(x), c.to.x, 1e-4);
+        EXPECT_NEAR(Kosmos_Y(y), c.to.y, 1e-4);
+        EXPECT_EQ(Thesi_Istorikou, c.steps);
+    }
+    const qsizetype lines = log().size();
+    wheel(5, 9999, 3);
+    EXPECT_EQ(log().size(), lines + 1); // the limit is told once
+    const QImage sketch = canvas().kanvas().image().copy();
+    auto *rest = find<QTimer>("ViewRest");
+    rest->start(1);
+    QSignalSpy(rest, &QTimer::timeout).wait();
+    EXPECT_NE(canvas().kanvas().image(), sketch);
+}
+
+TEST_F(CanvasTools, EscLeavesNothingOfADrag)
+{
+    putNode(2, 2);
+    window->activateWindow();
+    for (const char *tool : {"mnuEKSODOS2item", "Xeraki", "Zoom", "Zoom_Window"})
+        for (const auto button : {Qt::LeftButton, Qt::MiddleButton})
+            for (const double x : {2., 5.}) { // from the node, from empty canvas
+                SCOPED_TRACE(testing::Message() << tool << button << x);
+                Allagi_Montelou = false;
+                Kombos_Arxis = 7;
+                trigger(tool);
+                const auto before = canvas().cursor().shape();
+                press(x, 2, button);
+                EXPECT_EQ(canvas().cursor().shape(),
+                          button == Qt::MiddleButton ? Qt::BitmapCursor : before);
+                moveTo(7, 3, button);
+                wheel(9, 120); // not in a drag
+                QTest::keyClick(&canvas(), Qt::Key_Escape);
+                EXPECT_FALSE(shown("Line1") || shown("Label2") || shown("Shape1"));
+                release(7, 3, button);
+                EXPECT_TRUE(Klimaka == 100 && Arxi_X == -2 && Arxi_Y == 2 && Thesi_Istorikou == 0);
+                EXPECT_TRUE(Arithmos_Kombon == 1 && Kombos_Arxis == 7 && !Allagi_Montelou);
+                EXPECT_EQ(canvas().cursor().shape(), before);
+                QTest::keyClick(&canvas(), Qt::Key_Escape);
+                EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
+            }
+    EXPECT_EQ(log().last(), " Node deleted: #2.");
+}
+
 TEST_F(CanvasTools, ANewNodeIsSeenAtOnce)
 {
     moveTo(2, 2);
@@ -505,8 +567,13 @@ TEST_F(CanvasTools, AMonkeyLeavesTheTablesSound)
         case 5:
             trigger("mnuEKSODOS2item");
             break;
-        case 4:
-            resetView();
+        case 6:
+            wheel(x, pick(-2000, 2000));
+            mouse(QEvent::MouseButtonPress, Qt::MiddleButton, x, y);
+            break;
+        case 7:
+            QTest::keyClick(&canvas(), Qt::Key_Escape);
+            mouse(QEvent::MouseButtonRelease, Qt::MiddleButton, x, y);
             break;
         default:
             if (pick(0, 2) == 0) {
