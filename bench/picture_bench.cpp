@@ -1,8 +1,11 @@
-// The pictures of a frame at the limit, all loads and labels on, on a canvas of 1600 by 900 pixels.
+// The pictures, and undo with its picture, of a frame at the limit, all loads and labels on, on a
+// canvas of 1600 by 900 pixels.
 
 #include "BenchDesktop.h"
 #include "epilisi.h"
+#include "History.h"
 #include "ImageKanvas.h"
+#include "ModelEdits.h"
 #include "Models.h"
 #include "Settings.h"
 #include "Sxediastika.h"
@@ -60,10 +63,34 @@ void picture(benchmark::State &state, std::int16_t mode)
         Ananeosi_Sxediou();
 }
 
+void undo(benchmark::State &state)
+{
+    const LoadedFrame frame;
+    History history;
+    stepSupport(1);
+    history.takeStep();
+    bool back = false;
+    for (auto _ : state) {
+        back = !back;
+        benchmark::DoNotOptimize(back ? history.undo() : history.redo());
+        Ananeosi_Sxediou();
+    }
+}
+
+void findNoStep(benchmark::State &state)
+{
+    const LoadedFrame frame;
+    History history;
+    for (auto _ : state)
+        history.takeStep();
+}
+
 BENCHMARK(sketch)->Name("sketch/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(picture, model, view::model)
     ->Name("picture_model/limit")
     ->Unit(benchmark::kMicrosecond);
+BENCHMARK(undo)->Name("undo/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK(findNoStep)->Name("undo_no_step/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(picture, M, view::M)->Name("picture_M/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(picture, Q, view::Q)->Name("picture_Q/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(picture, N, view::N)->Name("picture_N/limit")->Unit(benchmark::kMicrosecond);

@@ -10,6 +10,7 @@ RATIOS = [
     ("eigen_sparse/shuffled", "elimination/shuffled"),
     ("analysis_literal/storey", "analysis/storey"),
     ("analysis_literal/shuffled", "analysis/shuffled"),
+    ("undo/limit", "picture_model/limit"),
 ]
 
 with open(sys.argv[1], encoding="utf-8") as file:

@@ -318,6 +318,7 @@ bool readModelText(ItemReader &reader)
 {
     if (!hasBanner(reader))
         return false;
+    ++modelsBegun;
     readSections(reader);
     return true;
 }

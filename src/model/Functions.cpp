@@ -10,11 +10,15 @@ std::string Metafrasi(int slot, std::string_view standard)
     return Nai_Agglika ? std::string(standard) : Pinakas_Glossas(slot);
 }
 
-void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona, bool idia_grammi)
+std::uint32_t logColourWord(std::int16_t xroma)
 {
     static constexpr std::array<std::uint32_t, 5> colours = {0, 8388608, 32768, 255, 8421504};
-    desktop().insertLog((idia_grammi ? " " : "\r\n ") + text,
-                        colours.at(static_cast<std::size_t>(xroma)), entona);
+    return colours.at(static_cast<std::size_t>(xroma));
+}
+
+void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona, bool idia_grammi)
+{
+    desktop().insertLog((idia_grammi ? " " : "\r\n ") + text, logColourWord(xroma), entona);
 }
 
 void showRefusal(const std::string &text)

@@ -31,6 +31,9 @@ inline constexpr std::int16_t red = 3;   ///< refusals and check results
 inline constexpr std::int16_t grey = 4;
 } // namespace logColour
 
+/// The colour word that the log is given for one of `logColour`.
+std::uint32_t logColourWord(std::int16_t xroma);
+
 /// Writes to the message log: behind what stands there when @p idia_grammi, else on a new line.
 void Grammi_Log(const std::string &text, std::int16_t xroma, bool entona = false,
                 bool idia_grammi = false);

@@ -43,6 +43,7 @@ Pinakas<double, 6> U_Stoixeiou_Oliko;
 Pinakas<double, 6> U_Stoixeiou_Topiko;
 
 bool Allagi_Montelou = true;
+int modelsBegun = 0;
 bool Sfalma_Epilisis = false;
 std::string Onoma_Arxeiou;
 std::int16_t Katastasi_Provolis = view::model;
@@ -113,6 +114,7 @@ void clearWorkingTables()
 
 void Katharismos_Montelou()
 {
+    ++modelsBegun;
     Arithmos_Kombon = Arithmos_Stoixeion = Arithmos_Omadon = 0;
     Akrotata.clear();
     Komboi.clear();

@@ -6,6 +6,7 @@
 #include "frmMain.h"
 #include "Metablites.h"
 #include "ScriptedDesktop.h"
+#include "Zoom.h"
 
 #include <QAbstractButton>
 #include <QCoreApplication>
@@ -132,6 +133,41 @@ protected:
             if (entry.path().extension() == ".vsk")
                 models.push_back(contentOf(entry.path().string()));
         return models;
+    }
+
+    double canvasX(double x) const { return Kosmos_X(x); }
+    double canvasY(double y) const { return Kosmos_Y(y); }
+    void press(double x, double y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        moveTo(x, y);
+        mouse(QEvent::MouseButtonPress, button, canvasX(x), canvasY(y));
+    }
+    void moveTo(double x, double y, Qt::MouseButton held = Qt::NoButton)
+    {
+        mouse(QEvent::MouseMove, held, canvasX(x), canvasY(y));
+    }
+    void release(double x, double y, Qt::MouseButton button = Qt::LeftButton)
+    {
+        mouse(QEvent::MouseButtonRelease, button, canvasX(x), canvasY(y));
+    }
+    /// All in model coordinates, through the events that a desktop sends.
+    void dragModel(double x1, double y1, double x2, double y2)
+    {
+        press(x1, y1);
+        moveTo((x1 + x2) / 2, (y1 + y2) / 2, Qt::LeftButton);
+        moveTo(x2, y2, Qt::LeftButton);
+        release(x2, y2);
+    }
+    void click(double x, double y)
+    {
+        press(x, y);
+        release(x, y);
+    }
+    void doubleClick(double x, double y)
+    {
+        click(x, y);
+        mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
+        release(x, y);
     }
 
     const std::string small = contentOf(TEST_DATA "/small.vsk");

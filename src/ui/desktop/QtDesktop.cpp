@@ -112,6 +112,16 @@ void QtDesktop::attach(MainWindowSurface *window)
     countHeldKeysOnce(); // before the window's own filter
 }
 
+/// Lives while a question is on the screen.
+class QtDesktop::Asking
+{
+public:
+    Asking() { ++asking_; }
+    ~Asking() { --asking_; }
+    Asking(const Asking &) = delete;
+    Asking &operator=(const Asking &) = delete;
+};
+
 BoxOwner::BoxOwner(QWidget *window) : before_(std::exchange(QtDesktop::owner_, window))
 {}
 
@@ -136,6 +146,7 @@ QWidget *QtDesktop::parent() const
 
 Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
 {
+    const Asking asking;
     QMessageBox box(parent());
     box.setWindowTitle(applicationName());
     box.setTextFormat(Qt::PlainText);
@@ -175,6 +186,7 @@ Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
 std::size_t QtDesktop::choose(const std::string &text, const std::vector<std::string> &answers,
                               std::size_t escape)
 {
+    const Asking asking;
     QMessageBox box(parent());
     box.setWindowTitle(applicationName());
     box.setTextFormat(Qt::PlainText);
@@ -196,6 +208,7 @@ std::size_t QtDesktop::choose(const std::string &text, const std::vector<std::st
 
 std::string QtDesktop::askText(const std::string &question)
 {
+    const Asking asking;
     QInputDialog box(parent());
     box.setWindowTitle(applicationName());
     box.setLabelText(qtText(question));
@@ -206,6 +219,7 @@ std::string QtDesktop::askText(const std::string &question)
 
 std::optional<std::string> QtDesktop::askOpenFile(const FileQuestion &question)
 {
+    const Asking asking;
     return chosen(QFileDialog::getOpenFileName(parent(), QString(), qtText(question.folder),
                                                qtFilter(question.filter)));
 }
@@ -217,6 +231,7 @@ std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
     const QString start = proposed.isAbsolute()
                               ? proposed.filePath()
                               : QDir(qtText(question.folder)).filePath(proposed.fileName());
+    const Asking asking;
     return chosen(
         QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
 }

@@ -44,6 +44,9 @@ class QtDesktop : public Desktop
 public:
     QtDesktop();
 
+    /// Whether a box or a file dialog waits for an answer: whoever asked has not ended.
+    static bool isAsking() { return asking_ > 0; }
+
     /// @p window has its filters over the application by now.
     void attach(MainWindowSurface *window);
 
@@ -76,7 +79,10 @@ private:
     friend class BoxOwner;
     QWidget *parent() const;
 
+    class Asking;
+
     static inline QWidget *owner_ = nullptr;
+    static inline int asking_ = 0;
 
     MainWindowSurface none_;
     MainWindowSurface *window_ = &none_;

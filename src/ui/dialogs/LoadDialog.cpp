@@ -50,6 +50,14 @@ void LoadDialog::openFirst()
     openRow(1);
 }
 
+void LoadDialog::refill()
+{
+    if (rowCount() == 0)
+        return reject(); // it would have no row to show
+    fillLists();
+    showRow(std::min(loaded(), rowCount()));
+}
+
 QWidget *LoadDialog::firstField() const
 {
     return fields_.first();

@@ -16,6 +16,7 @@ class LoadDialog : public NumberedDialog
     Q_OBJECT
 public:
     void openFirst();
+    void refill() override;
 
 protected:
     using NumberedDialog::NumberedDialog;

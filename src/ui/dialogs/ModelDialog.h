@@ -27,6 +27,9 @@ class ModelDialog : public QDialog
 public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+    /// Shows the tables as they are now, after another than this dialog has changed them.
+    virtual void refill() { fillLists(); }
+
 protected:
     explicit ModelDialog(QWidget *parent);
 
@@ -40,6 +43,8 @@ protected:
 
     virtual void apply() = 0;
     virtual void remove() {}
+    /// Lists the rows that there are.
+    virtual void fillLists() = 0;
     /// Asked before Apply and, where it @p deletes, Delete act.
     virtual bool isReady([[maybe_unused]] bool deletes) { return true; }
     /// Enter was pressed in @p field.

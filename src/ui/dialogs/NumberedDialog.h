@@ -35,7 +35,6 @@ protected:
     /// @name What the forms know of their table
     /// @{
     virtual int rowCount() const = 0;
-    virtual void fillLists() = 0;
     /// Fills the fields from the row `loaded`.
     virtual void showLoaded() = 0;
     /// Where typing goes on.

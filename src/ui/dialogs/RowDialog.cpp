@@ -37,10 +37,15 @@ void RowDialog::equipRows(const std::string &isNew, const std::string &existing)
     equip();
 }
 
-void RowDialog::openNew()
+void RowDialog::refill()
 {
     fillLists();
     showNew();
+}
+
+void RowDialog::openNew()
+{
+    refill();
     focusAndSelect(firstField());
     exec();
 }
@@ -100,8 +105,7 @@ void RowDialog::remove()
     if (!deleteRow(loaded()))
         return;
     modelChanged();
-    fillLists();
-    showNew();
+    refill();
     focusAndSelect(firstField());
 }
 

@@ -16,6 +16,7 @@ class RowDialog : public NumberedDialog
     Q_OBJECT
 public:
     void openNew();
+    void refill() override;
 
 protected:
     using NumberedDialog::NumberedDialog;

@@ -26,7 +26,7 @@ signals:
 
 private:
     void apply() override;
-    void fillLists();
+    void fillLists() final;
 
     const std::unique_ptr<Ui::frmDiairesi> ui_;
 };

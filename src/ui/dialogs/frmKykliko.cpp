@@ -48,7 +48,7 @@ frmKykliko::frmKykliko(QWidget *parent)
              "belong to the arc.")));
     ui_->Image1->installEventFilter(this);
     ui_->Image1->setAccessibleName(ui_->Label6->text());
-    ui_->Combo1->fill(Arithmos_Omadon);
+    fillLists();
     ui_->Combo1->showNumber(1);
     equip(Metafrasi(2002, "OK"));
     helpCaption_ = ui_->SSCommand1->text(); // with its mnemonic
@@ -66,6 +66,11 @@ frmKykliko::frmKykliko(QWidget *parent)
 }
 
 frmKykliko::~frmKykliko() = default;
+
+void frmKykliko::fillLists()
+{
+    ui_->Combo1->fill(Arithmos_Omadon);
+}
 
 /// The drawing is as large as its place.
 bool frmKykliko::eventFilter(QObject *watched, QEvent *event)

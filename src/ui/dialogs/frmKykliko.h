@@ -27,6 +27,7 @@ public:
 
 private:
     void apply() override;
+    void fillLists() final;
     /// What the six coordinate fields say.
     Arc arc() const;
     /// Shows radius and angle as they come from the fields.

@@ -17,16 +17,21 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     ui_->Label1->setText(qtText(Metafrasi(802, "Move nodes:")));
     ui_->Label2->setText(qtText(Metafrasi(803, "from")));
     ui_->Label3->setText(qtText(Metafrasi(804, "to")));
-    for (NumberList *list : {ui_->Combo1, ui_->Combo2}) {
-        list->fill(Arithmos_Kombon);
+    fillLists();
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
         list->showNumber(1);
-    }
     equip();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1, ui_->Text2});
     focusAndSelect(ui_->Combo1);
 }
 
 frmMETAKINISI::~frmMETAKINISI() = default;
+
+void frmMETAKINISI::fillLists()
+{
+    for (NumberList *list : {ui_->Combo1, ui_->Combo2})
+        list->fill(Arithmos_Kombon);
+}
 
 void frmMETAKINISI::apply()
 {

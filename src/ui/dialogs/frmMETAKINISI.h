@@ -22,6 +22,7 @@ public:
 
 private:
     void apply() override;
+    void fillLists() final;
 
     const std::unique_ptr<Ui::frmMETAKINISI> ui_;
 };

@@ -23,7 +23,7 @@ public:
 private:
     void apply() override;
     bool deleteElementsBetween(int a, int b);
-    void fillLists();
+    void fillLists() final;
 
     const std::unique_ptr<Ui::frmSigxonefsi> ui_;
 };

@@ -10,6 +10,7 @@
 #include "OutsidePrograms.h"
 #include "PictureCommands.h"
 #include "Settings.h"
+#include "UndoCommands.h"
 #include "WindowCommands.h"
 
 #include <algorithm>
@@ -131,6 +132,10 @@ constexpr Command menus[] = {
     {"mnuEXPORT", "mnuDRAWING_DXF_item", Phrase{9, "Drawing as DXF file"}},
     {"mnuARXEIO", "mnusss1NEO"},
     {"mnuARXEIO", "mnuEKSODOSitem", Phrase{10, "Exit"}, call<&frmMain::exit>, nullptr, "Ctrl+Q"},
+
+    {"menubar", "mnuEPEKSERGASIA", Phrase{1819, "Edit"}},
+    {"mnuEPEKSERGASIA", "mnuUNDOitem", Phrase{1820, "Undo"}, call<&UndoCommands::undo>, nullptr, "Ctrl+Z"},
+    {"mnuEPEKSERGASIA", "mnuREDOitem", Phrase{1821, "Redo"}, call<&UndoCommands::redo>, nullptr, "Ctrl+Shift+Z; Ctrl+Y"},
 
     {"menubar", "mnuFOREAS", Phrase{11, "Model"}},
     same("EAI", "mnuFOREAS", "mnuOMADESitem", Phrase{12, "E,A,I Element Groups"}),

@@ -15,11 +15,12 @@ class Hand;
 class MessageLog;
 class PictureCommands;
 class StatusBar;
+class UndoCommands;
 class WindowCommands;
 
 /// What a command may be a routine of.
-using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, PictureCommands &, WindowCommands &,
-                         MessageLog &, StatusBar &>;
+using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, UndoCommands &, PictureCommands &,
+                         WindowCommands &, MessageLog &, StatusBar &>;
 
 /// What goes before a command runs.
 enum class Clears {
@@ -50,7 +51,7 @@ struct Command
     /// @param row  the number of the row that it is about, else 0
     void (*run)(Rooms &rooms, int row) = nullptr;
     const char *icon = nullptr;
-    const char *keys = nullptr;
+    const char *keys = nullptr; ///< "; " between several
     Clears clears = Clears::nothing;
     bool *setting = nullptr; ///< has a check mark; the command flips it
     About about = About::nothing;

@@ -51,7 +51,7 @@ void JournalKeeper::offerLost()
             break;
         case deleteIt:
             Grammi_Log(Metafrasi(1848, "The journal was deleted:") + " " + lost.file.path,
-                       logColour::green);
+                       logColour::black);
             lost.file.remove();
             break;
         default:

@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 #include "Mnemonics.h"
 #include "Text.h"
+#include "UndoCommands.h"
 #include "WindowParts.h"
 
 #include <QAction>
@@ -68,7 +69,7 @@ void Menus::add(const Command &command)
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
     if (command.keys != nullptr) {
-        action->setShortcut(QKeySequence(command.keys));
+        action->setShortcuts(QKeySequence::listFromString(command.keys));
         window_->addAction(action); // those of a pop-up would work in it alone
     }
     connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
@@ -76,6 +77,7 @@ void Menus::add(const Command &command)
 
 void Menus::run(const Command &command, QAction *action)
 {
+    std::get<UndoCommands &>(rooms_).takeStep(); // no event of the user's may have led here
     auto &hand = std::get<Hand &>(rooms_);
     hand.endViewRun();
     if (command.clears != Clears::nothing)

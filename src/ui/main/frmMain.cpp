@@ -45,9 +45,10 @@ frmMain::frmMain()
       picture_(canvas_, hand_, *ui_->StatusBar1),
       files_(ui_->RichTextBox1),
       journal_(this, files_),
+      undo_(this, canvas_, hand_),
       windows_(this, canvas_, hand_, picture_),
-      menus_(this,
-             {*this, hand_, files_, picture_, windows_, *ui_->RichTextBox1, *ui_->StatusBar1}),
+      menus_(this, {*this, hand_, files_, undo_, picture_, windows_, *ui_->RichTextBox1,
+                    *ui_->StatusBar1}),
       recent_(menus_.menu("mnuRECENT"), files_),
       keys_(hand_, help_)
 {
@@ -246,6 +247,7 @@ void frmMain::arrange(int pictureHeight, int collapseTop, int collapseLeft)
 
 void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold)
 {
+    undo_.noteLine(text, colour);
     ui_->RichTextBox1->insert(qtText(text), qtColour(colour), bold);
 }
 

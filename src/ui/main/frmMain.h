@@ -14,6 +14,7 @@
 #include "QtDesktop.h"
 #include "RecentMenu.h"
 #include "ToolkitTexts.h"
+#include "UndoCommands.h"
 #include "WindowCommands.h"
 
 #include <QMainWindow>
@@ -85,6 +86,7 @@ private:
     PictureCommands picture_;
     FileCommands files_;
     JournalKeeper journal_;
+    UndoCommands undo_;
     WindowCommands windows_;
     Menus menus_;
     RecentMenu recent_;

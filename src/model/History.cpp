@@ -1,0 +1,122 @@
+#include "History.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+#include "RowQueries.h"
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+namespace veskora {
+
+namespace {
+
+template <typename T>
+bool haveSameBytes(const T &a, const T &b)
+{
+    static_assert(std::is_trivially_copyable_v<T>);
+    return std::memcmp(&a, &b, sizeof a) == 0;
+}
+
+/// The first node whose restraints are not those of @p before, 0 for none.
+int firstNewSupport(const decltype(Komboi) &before)
+{
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int column = node::fixedX; column <= node::fixedRotation; ++column)
+            if (Komboi(n, column) != before(n, column))
+                return n;
+    return 0;
+}
+
+} // namespace
+
+bool isInStore(const ModelTables &other)
+{
+    const auto store = modelTables();
+    return [&]<std::size_t... I>(std::index_sequence<I...>)
+    {
+        return (haveSameBytes(std::get<I>(store), std::get<I>(other)) && ...);
+    }
+    (std::make_index_sequence<std::tuple_size_v<ModelTables>>());
+}
+
+void History::begin()
+{
+    steps_.clear();
+    model_ = modelsBegun;
+    analysed_ = 0;
+    add({});
+}
+
+void History::add(const std::string &change)
+{
+    steps_.push_back({modelTables(), change, ++lastNumber_});
+    if (steps_.size() > limit + 1)
+        steps_.pop_front();
+    now_ = steps_.size() - 1;
+}
+
+void History::noteLine(const std::string &line, bool isDeletion)
+{
+    if (lines_++ > 0 && isDeletion && !isDeletion_)
+        return;
+    line_ = line;
+    isDeletion_ = isDeletion;
+}
+
+void History::takeStep()
+{
+    if (modelsBegun != model_) {
+        begin();
+    } else if (!isInStore(steps_[now_].tables)) {
+        const std::string change = changeText();
+        steps_.erase(steps_.begin() + static_cast<std::ptrdiff_t>(now_) + 1, steps_.end());
+        add(change);
+    }
+    lines_ = 0;
+    if (!Allagi_Montelou)
+        analysed_ = steps_[now_].number;
+}
+
+/// Most actions log last what the whole of them was.
+std::string History::changeText() const
+{
+    if (lines_ > 1)
+        return line_ + " (" + Metafrasi(1826, "further lines:") + " " + numberText(lines_ - 1)
+               + ")";
+    if (lines_ == 1)
+        return line_;
+    const int n = firstNewSupport(std::get<decltype(Komboi)>(steps_[now_].tables));
+    if (n == 0)
+        return Metafrasi(1827, "Model changed");
+    const std::string code = restraintText(n);
+    return Metafrasi(613, "* Node #") + numberText(n) + ", "
+           + (code.empty() ? Metafrasi(614, "Free") : Metafrasi(607, "Constraints:") + " " + code);
+}
+
+const std::string *History::undo()
+{
+    if (now_ == 0)
+        return nullptr;
+    const Step &undone = steps_[now_--];
+    restore();
+    return &undone.change;
+}
+
+const std::string *History::redo()
+{
+    if (now_ + 1 == steps_.size())
+        return nullptr;
+    ++now_;
+    restore();
+    return &steps_[now_].change;
+}
+
+void History::restore() const
+{
+    modelTables() = steps_[now_].tables;
+    Allagi_Montelou = steps_[now_].number != analysed_;
+}
+
+} // namespace veskora

@@ -1,0 +1,126 @@
+#include "UndoCommands.h"
+
+#include "CanvasObjects.h"
+#include "Desktop.h"
+#include "Functions.h"
+#include "Hand.h"
+#include "ModelDialog.h"
+#include "QtDesktop.h"
+#include "Text.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMenu>
+
+namespace veskora {
+
+UndoCommands::UndoCommands(QWidget *window, const CanvasObjects &canvas, Hand &hand)
+    : window_(window), canvas_(canvas), hand_(hand)
+{
+    qApp->installEventFilter(this);
+}
+
+// ------------------------------------------------------------------------------ where a step ends
+
+bool UndoCommands::isActionRunning() const
+{
+    return hand_.isDragging() || QtDesktop::isAsking();
+}
+
+void UndoCommands::takeStep()
+{
+    if (!isActionRunning())
+        history_.takeStep();
+}
+
+/// The second press of a double click on the canvas goes on with what the first one began.
+bool UndoCommands::beginsAction(const QObject &watched, const QEvent &event) const
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+        return watched.isWidgetType(); // the window's system half gets more of them
+    case QEvent::MouseButtonDblClick:
+        return watched.isWidgetType() && &watched != canvas_.Picture1;
+    case QEvent::KeyPress:
+    case QEvent::Shortcut:
+        return true;
+    case QEvent::Timer: // presses a button for a user without mouse and keyboard
+        return qobject_cast<const QAbstractButton *>(&watched) != nullptr;
+    default:
+        return false;
+    }
+}
+
+bool UndoCommands::eventFilter(QObject *watched, QEvent *event)
+{
+    if (beginsAction(*watched, *event))
+        takeStep();
+    if (!pressesInDialog(watched, *event))
+        return false;
+    event->accept();
+    return true;
+}
+
+/// A key of the menu comes to a model dialog itself where none of its fields took it. The dialog
+/// keeps it from the main window, so it is passed on.
+bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) const
+{
+    if (event.type() != QEvent::KeyPress || qobject_cast<const ModelDialog *>(watched) == nullptr)
+        return false;
+    const QKeySequence keys(static_cast<const QKeyEvent &>(event).keyCombination());
+    for (QAction *action : window_->findChild<QMenu *>("mnuEPEKSERGASIA")->actions())
+        if (action->shortcuts().contains(keys)) {
+            action->trigger();
+            return true;
+        }
+    return false;
+}
+
+/// The log has changes in blue and deletions in green; in other colours it tells of other things.
+void UndoCommands::noteLine(const std::string &text, std::uint32_t colour)
+{
+    const bool isDeletion = colour == logColourWord(logColour::green);
+    const std::size_t begin = text.find_first_not_of("\r\n ");
+    if ((isDeletion || colour == logColourWord(logColour::navy)) && begin != std::string::npos)
+        history_.noteLine(text.substr(begin), isDeletion);
+}
+
+// -------------------------------------------------------------------------------------- the
+// commands
+
+void UndoCommands::undo()
+{
+    go(&History::undo, Metafrasi(1822, "Undo: "), Metafrasi(1824, "There is nothing to undo."));
+}
+
+void UndoCommands::redo()
+{
+    go(&History::redo, Metafrasi(1823, "Redo: "), Metafrasi(1825, "There is nothing to redo."));
+}
+
+void UndoCommands::go(const std::string *(History::*way)(), const std::string &went,
+                      const std::string &nothing)
+{
+    // A drag can have led to a dialog.
+    if (isActionRunning())
+        return tell(Metafrasi(1828, "This can be done when the action that goes on has ended."));
+    history_.takeStep();
+    const std::string *change = (history_.*way)();
+    if (change == nullptr)
+        return tell(nothing);
+    hand_.forgetPointed(); // rows may have other numbers now
+    for (ModelDialog *dialog : window_->findChildren<ModelDialog *>())
+        dialog->refill();
+    desktop().redraw();
+    Grammi_Log(went + *change, logColour::black);
+}
+
+void UndoCommands::tell(const std::string &text) const
+{
+    canvas_.Label1->tell(qtText(text));
+    Grammi_Log(text, logColour::red);
+}
+
+} // namespace veskora

@@ -1,0 +1,35 @@
+#include "History.h"
+#include "ScriptedDesktop.h"
+
+namespace veskora {
+namespace {
+
+using Steps = StoreTest;
+
+TEST_F(Steps, TheOldestGoFirstAndANewOneEndsWhatWasUndone)
+{
+    History history;
+    Arithmos_Kombon = 1;
+    const int last = static_cast<int>(History::limit) + 3;
+    for (int i = 1; i <= last; ++i) {
+        Komboi(1, node::x) = static_cast<float>(i);
+        Allagi_Montelou = i != last - 1;
+        history.noteLine(std::to_string(i));
+        history.takeStep();
+        history.takeStep(); // nothing has changed since
+    }
+    for (int i = last; i > 3; --i) {
+        const std::string *line = history.undo();
+        ASSERT_TRUE(line != nullptr && *line == std::to_string(i));
+        ASSERT_EQ(Komboi(1, node::x), i - 1);
+        ASSERT_EQ(Allagi_Montelou, i != last);
+    }
+    EXPECT_EQ(history.undo(), nullptr);
+    Elatiria(1, 3) = -0.0F; // equal to what was there, and another number all the same
+    history.takeStep();
+    EXPECT_EQ(history.redo(), nullptr);
+    EXPECT_EQ(*history.undo(), "Model changed");
+}
+
+} // namespace
+} // namespace veskora
