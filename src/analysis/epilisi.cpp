@@ -192,6 +192,7 @@ void Epilisi()
     warnOfMechanism();
     storeExtremes();
     Allagi_Montelou = false;
+    ++analysesFinished;
 }
 
 } // namespace veskora

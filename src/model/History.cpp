@@ -45,6 +45,7 @@ void History::begin()
 {
     steps_.clear();
     model_ = modelsBegun;
+    analyses_ = analysesFinished;
     analysed_ = 0;
     add({});
 }
@@ -75,8 +76,9 @@ void History::takeStep()
         add(change);
     }
     lines_ = 0;
-    if (!Allagi_Montelou)
-        analysed_ = steps_[now_].number;
+    // One that an edit has followed unseen saw tables that no step has.
+    if (std::exchange(analyses_, analysesFinished) != analysesFinished)
+        analysed_ = Allagi_Montelou ? 0 : steps_[now_].number;
 }
 
 /// Most actions log last what the whole of them was.

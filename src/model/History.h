@@ -68,6 +68,7 @@ private:
     int lastNumber_ = 0;
     int analysed_ = 0; ///< number of the step that the results belong to, 0 for none
     int model_ = 0;    ///< `modelsBegun` at the beginning
+    int analyses_ = 0; ///< `analysesFinished` when it last looked
     std::string line_; ///< that stands for those noted
     bool isDeletion_ = false;
     int lines_ = 0; ///< that were noted

@@ -44,6 +44,7 @@ Pinakas<double, 6> U_Stoixeiou_Topiko;
 
 bool Allagi_Montelou = true;
 int modelsBegun = 0;
+int analysesFinished = 0;
 bool Sfalma_Epilisis = false;
 std::string Onoma_Arxeiou;
 std::int16_t Katastasi_Provolis = view::model;

@@ -123,6 +123,7 @@ extern Pinakas<double, 6> U_Stoixeiou_Topiko; ///< end displacements, local axes
 /// @name State
 /// @{
 extern bool Allagi_Montelou;            ///< the model differs from what the last analysis saw
+extern int analysesFinished;            ///< counts up with each; the results are those of the last
 extern int modelsBegun;                 ///< counts up whenever another model takes the place of
                                         ///< the one before, as by New and Open
 extern bool Sfalma_Epilisis;            ///< the last solve failed

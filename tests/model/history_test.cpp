@@ -13,7 +13,8 @@ TEST_F(Steps, TheOldestGoFirstAndANewOneEndsWhatWasUndone)
     const int last = static_cast<int>(History::limit) + 3;
     for (int i = 1; i <= last; ++i) {
         Komboi(1, node::x) = static_cast<float>(i);
-        Allagi_Montelou = i != last - 1;
+        if (Allagi_Montelou = i != last - 1; !Allagi_Montelou)
+            ++analysesFinished;
         history.noteLine(std::to_string(i));
         history.takeStep();
         history.takeStep(); // nothing has changed since
@@ -29,6 +30,13 @@ TEST_F(Steps, TheOldestGoFirstAndANewOneEndsWhatWasUndone)
     history.takeStep();
     EXPECT_EQ(history.redo(), nullptr);
     EXPECT_EQ(*history.undo(), "Model changed");
+    Komboi(2, node::x) = 5; // an analysis sees this, and no step ever has it
+    ++analysesFinished;
+    Komboi(2, node::x) = 6;
+    Allagi_Montelou = true;
+    history.takeStep();
+    history.undo();
+    EXPECT_TRUE(Allagi_Montelou);
 }
 
 } // namespace

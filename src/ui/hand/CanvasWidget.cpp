@@ -53,6 +53,8 @@ bool CanvasWidget::event(QEvent *event)
     const bool isTaken = event->type() == QEvent::WindowBlocked
                          || event->type() == QEvent::WindowDeactivate
                          || event->type() == QEvent::Hide;
+    if (isTaken)
+        hasPress_ = false;
     if (isTaken && std::exchange(held_, Qt::NoButton) != Qt::NoButton)
         emit abandoned();
     if (event->type() != QEvent::NativeGesture)
@@ -80,6 +82,7 @@ Point CanvasWidget::placeAt(const QPointF &screenPlace) const
 void CanvasWidget::mousePressEvent(QMouseEvent *event)
 {
     held_ = event->buttons();
+    hasPress_ = true;
     emit pressed(event->button(), canvasPlace(event->position()));
 }
 
@@ -104,9 +107,10 @@ void CanvasWidget::leaveEvent(QEvent *)
 void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)
 {
     held_ = event->buttons();
-    if (event->button() == Qt::LeftButton)
-        emit doubleClicked();
-    else
+    if (event->button() == Qt::LeftButton) {
+        if (std::exchange(hasPress_, false)) // else it was for a box that has gone
+            emit doubleClicked();
+    } else
         emit pressed(event->button(), canvasPlace(event->position()));
 }
 

@@ -62,6 +62,7 @@ private:
 
     ImageKanvas kanvas_;
     Qt::MouseButtons held_ = Qt::NoButton;
+    bool hasPress_ = false;       ///< the first press of what may become a double click was here
     std::optional<double> pinch_; ///< of the pinch that goes on: how far the fingers are apart
 };
 

@@ -192,8 +192,7 @@ void Hand::lookAgain()
         if (Patimeno_Koumpi())
             giveUpDrag();
     }
-    if (Katastasi_Provolis != view::model || !pointerOnCanvas_ || isRowMenuOpen()
-        || QApplication::activeModalWidget() != nullptr)
+    if (!pointerOnCanvas_ || isRowMenuOpen() || QApplication::activeModalWidget() != nullptr)
         return;
     const Point at = canvas_.Picture1->placeAt(pointer_);
     emit pointerMoved(at);

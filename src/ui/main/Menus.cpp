@@ -69,8 +69,10 @@ void Menus::add(const Command &command)
     if (command.icon != nullptr)
         action->setIcon(QIcon(QString(":/icons/%1.svg").arg(command.icon)));
     if (command.keys != nullptr) {
+        // Those of a pop-up work in the window; in the pop-up itself Esc does something else.
         action->setShortcuts(QKeySequence::listFromString(command.keys));
-        window_->addAction(action); // those of a pop-up would work in it alone
+        action->setShortcutVisibleInContextMenu(false);
+        window_->addAction(action);
     }
     connect(action, &QAction::triggered, this, [this, &command, action] { run(command, action); });
 }

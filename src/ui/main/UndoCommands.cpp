@@ -5,19 +5,23 @@
 #include "Functions.h"
 #include "Hand.h"
 #include "ModelDialog.h"
+#include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "Text.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 
 namespace veskora {
 
-UndoCommands::UndoCommands(QWidget *window, const CanvasObjects &canvas, Hand &hand)
-    : window_(window), canvas_(canvas), hand_(hand)
+UndoCommands::UndoCommands(QWidget *window, const CanvasObjects &canvas, Hand &hand,
+                           PictureCommands &picture)
+    : window_(window), canvas_(canvas), hand_(hand), picture_(picture)
 {
     qApp->installEventFilter(this);
 }
@@ -42,7 +46,7 @@ bool UndoCommands::beginsAction(const QObject &watched, const QEvent &event) con
     case QEvent::MouseButtonPress:
         return watched.isWidgetType(); // the window's system half gets more of them
     case QEvent::MouseButtonDblClick:
-        return watched.isWidgetType() && &watched != canvas_.Picture1;
+        return watched.isWidgetType() && !(&watched == canvas_.Picture1 && wasPressOnCanvas_);
     case QEvent::KeyPress:
     case QEvent::Shortcut:
         return true;
@@ -57,24 +61,42 @@ bool UndoCommands::eventFilter(QObject *watched, QEvent *event)
 {
     if (beginsAction(*watched, *event))
         takeStep();
+    if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
+        wasPressOnCanvas_ = watched == canvas_.Picture1;
     if (!pressesInDialog(watched, *event))
         return false;
     event->accept();
     return true;
 }
 
-/// A key of the menu comes to a model dialog itself where none of its fields took it. The dialog
-/// keeps it from the main window, so it is passed on.
+namespace {
+
+QLineEdit *focusedField()
+{
+    const auto *list = qobject_cast<QComboBox *>(QApplication::focusWidget());
+    return list != nullptr ? list->lineEdit()
+                           : qobject_cast<QLineEdit *>(QApplication::focusWidget());
+}
+
+} // namespace
+
+/// A key of the menu comes to a model dialog itself where nothing in it took it. The dialog keeps
+/// it from the main window, so it is passed on; but those pressed in a text field are the field's,
+/// which knows Ctrl+Y on some desktops only.
 bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) const
 {
     if (event.type() != QEvent::KeyPress || qobject_cast<const ModelDialog *>(watched) == nullptr)
         return false;
     const QKeySequence keys(static_cast<const QKeyEvent &>(event).keyCombination());
-    for (QAction *action : window_->findChild<QMenu *>("mnuEPEKSERGASIA")->actions())
-        if (action->shortcuts().contains(keys)) {
+    for (QAction *action : window_->findChild<QMenu *>("mnuEPEKSERGASIA")->actions()) {
+        if (!action->shortcuts().contains(keys))
+            continue;
+        if (QLineEdit *field = focusedField(); field == nullptr)
             action->trigger();
-            return true;
-        }
+        else if (keys == QKeySequence("Ctrl+Y"))
+            field->redo();
+        return true;
+    }
     return false;
 }
 
@@ -87,8 +109,7 @@ void UndoCommands::noteLine(const std::string &text, std::uint32_t colour)
         history_.noteLine(text.substr(begin), isDeletion);
 }
 
-// -------------------------------------------------------------------------------------- the
-// commands
+// ------------------------------------------------------------------------------ undo and redo
 
 void UndoCommands::undo()
 {
@@ -113,7 +134,10 @@ void UndoCommands::go(const std::string *(History::*way)(), const std::string &w
     hand_.forgetPointed(); // rows may have other numbers now
     for (ModelDialog *dialog : window_->findChildren<ModelDialog *>())
         dialog->refill();
-    desktop().redraw();
+    if (Allagi_Montelou) // a diagram of other tables would be shown
+        picture_.Button_Foreas();
+    else
+        desktop().redraw();
     Grammi_Log(went + *change, logColour::black);
 }
 

@@ -9,7 +9,6 @@
 #include <cstdint>
 
 QT_BEGIN_NAMESPACE
-class QKeyEvent;
 class QWidget;
 QT_END_NAMESPACE
 
@@ -17,6 +16,7 @@ namespace veskora {
 
 struct CanvasObjects;
 class Hand;
+class PictureCommands;
 
 /// Goes back and forth on the user's actions, and knows where one ends: whatever the tables have
 /// become by the user's next press or key is what the last one made of them. So no dialog and no
@@ -26,7 +26,8 @@ class UndoCommands : public QObject
 {
     Q_OBJECT
 public:
-    UndoCommands(QWidget *window, const CanvasObjects &canvas, Hand &hand);
+    UndoCommands(QWidget *window, const CanvasObjects &canvas, Hand &hand,
+                 PictureCommands &picture);
 
     void undo();
     void redo();
@@ -49,7 +50,9 @@ private:
     QWidget *const window_;
     const CanvasObjects &canvas_;
     Hand &hand_;
+    PictureCommands &picture_;
     History history_;
+    bool wasPressOnCanvas_ = false; ///< the last press of a mouse button
 };
 
 } // namespace veskora

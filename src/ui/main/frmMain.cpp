@@ -45,7 +45,7 @@ frmMain::frmMain()
       picture_(canvas_, hand_, *ui_->StatusBar1),
       files_(ui_->RichTextBox1),
       journal_(this, files_),
-      undo_(this, canvas_, hand_),
+      undo_(this, canvas_, hand_, picture_),
       windows_(this, canvas_, hand_, picture_),
       menus_(this, {*this, hand_, files_, undo_, picture_, windows_, *ui_->RichTextBox1,
                     *ui_->StatusBar1}),

@@ -113,6 +113,10 @@ TEST_F(CanvasTools, AClickDefinesANodeAndADoubleClickItsRestraint)
     doubleClick(8, 1); // on empty canvas: a node, at once restrained
     EXPECT_EQ(Arithmos_Kombon, 2);
     EXPECT_EQ(code(2), "xoo");
+    QEvent box(QEvent::WindowBlocked); // which took the first press, and has gone
+    QCoreApplication::sendEvent(&canvas(), &box);
+    mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(8), canvasY(1));
+    EXPECT_EQ(code(2), "xoo");
     Komboi(2, node::fixedX) = .5F; // no code of the ring
     doubleClick(8, 1);
     EXPECT_EQ(Komboi(2, node::fixedX), .5F);

@@ -201,6 +201,7 @@ TEST_F(Undo, GoesFromAnOpenDialogButNotFromItsFields)
                  for (const char *x : {"7", "8"})
                      fill(dialog, QString("Text2=%1 SSCommand3").arg(x));
                  for (const auto &[control, key, number] : {std::tuple{"Text2", Qt::Key_Z, "6"},
+                                                            {"Text2", Qt::Key_Y, "6"},
                                                             {"SSCheck1", Qt::Key_Z, "5"},
                                                             {"SSCommand3", Qt::Key_Z, "4"},
                                                             {"SSCommand3", Qt::Key_Y, "5"}}) {

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QKeyEvent>
 
 namespace veskora {
@@ -40,8 +41,10 @@ public:
 private:
     static bool presses(const QObject *watched, int key)
     {
+        // What nothing in a dialog takes comes to the dialog, which has but commands for it.
         return key == Qt::Key_Return || key == Qt::Key_Enter
-               || (key == Qt::Key_Space && qobject_cast<const QAbstractButton *>(watched));
+               || (key == Qt::Key_Space && qobject_cast<const QAbstractButton *>(watched))
+               || qobject_cast<const QDialog *>(watched);
     }
 
     bool isHeld_ = false;
