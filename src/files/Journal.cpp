@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <system_error>
 
 namespace fs = std::filesystem;
 
@@ -37,15 +38,6 @@ std::string journalText(const std::string &text)
     return text + std::string(nameLine) + model;
 }
 
-std::string modelNamedIn(const fs::path &path)
-try {
-    const std::string text = wholeFile(path.string());
-    const std::size_t at = text.find(nameLine);
-    return at == std::string::npos ? std::string() : text.substr(at + nameLine.size());
-} catch (const Fault &) {
-    return {}; // opening it says why
-}
-
 bool isBusy(const std::future<void> &work)
 {
     using namespace std::chrono_literals;
@@ -60,6 +52,17 @@ bool isTaken(const std::string &base)
 
 } // namespace
 
+std::optional<std::string> modelOfJournal(const std::string &path)
+try {
+    const std::string text = wholeFile(path);
+    const std::size_t at = text.find(std::string(modelEndLine) + "\r\n" + std::string(nameLine));
+    return at == std::string::npos
+               ? std::nullopt
+               : std::optional(text.substr(text.find(nameLine, at) + nameLine.size()));
+} catch (const Fault &) {
+    return std::nullopt;
+}
+
 void JournalFile::remove()
 {
     removePrivateFile(path); // first: what is seen of the lock alone is nobody's any more
@@ -71,8 +74,8 @@ std::vector<LostJournal> lostJournals()
     std::vector<LostJournal> lost;
     std::error_code ignored;
     for (const std::string &folder : recoveryFolders())
-        for (const auto &entry : fs::directory_iterator(folder, ignored)) {
-            fs::path path = entry.path();
+        for (fs::directory_iterator at(folder, ignored), end; at != end; at.increment(ignored)) {
+            fs::path path = at->path();
             if (!path.filename().string().starts_with(journalName)
                 || path.extension() != lockExtension)
                 continue;
@@ -84,7 +87,7 @@ std::vector<LostJournal> lostJournals()
             if (!fs::exists(file.path, ignored))
                 file.remove(); // its process ended before it had written anything
             else
-                lost.push_back({std::move(file), modelNamedIn(path)});
+                lost.push_back({std::move(file), modelOfJournal(path.string()).value_or("")});
         }
     std::ranges::sort(lost, {}, [](const LostJournal &one) { return one.file.path; });
     return lost;
@@ -110,15 +113,24 @@ void Journal::look()
     if (isBusy(writing_))
         return;
     finishWriting();
+    startSyncing();
     if (seen_ == saved_)
         removeFile();
-    else if (waited_ >= longestWait || (waited_ > 0 && rests)) {
-        claimFile();
-        written_ = seen_;
-        waited_ = 0;
-        writing_ =
-            std::async(std::launch::async, replacePrivateFile, file_.path, journalText(written_));
+    else if (waited_ >= longestWait || (waited_ > 0 && rests))
+        startWriting();
+}
+
+void Journal::startWriting()
+{
+    claimFile();
+    const std::string text = journalText(seen_);
+    try {
+        writing_ = std::async(std::launch::async, replacePrivateFile, file_.path, text);
+    } catch (const std::system_error &) { // there is no thread to be had
+        replacePrivateFile(file_.path, text);
     }
+    written_ = seen_;
+    waited_ = 0;
 }
 
 void Journal::settle()
@@ -158,12 +170,22 @@ void Journal::finishWriting()
         return;
     try {
         writing_.get();
-    } catch (const Fault &) {
+        isSyncDue_ = true;
+    } catch (...) {
         written_.clear();
         throw;
     }
-    if (!isBusy(syncing_)) // behind the renaming: a kill in those seconds finds the new one
-        syncing_ = std::async(std::launch::async, bringFileToDisk, file_.path);
+}
+
+/// Behind the renaming: a kill in the seconds that it may take finds the new one.
+void Journal::startSyncing() noexcept
+try {
+    if (!isSyncDue_ || isBusy(syncing_))
+        return;
+    syncing_ = std::async(std::launch::async, bringFileToDisk, file_.path);
+    isSyncDue_ = false;
+} catch (const std::system_error &) {
+    // The next look tries again.
 }
 
 /// A name of its own in the first folder that allows it.
@@ -192,6 +214,7 @@ void Journal::removeFile() noexcept
     if (file_.lock != nullptr)
         file_.remove();
     file_ = {};
+    isSyncDue_ = false;
     seen_.clear();
     written_.clear();
     waited_ = 0;

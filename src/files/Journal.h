@@ -7,6 +7,7 @@
 
 #include <future>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,10 @@ struct LostJournal
 /// the program sees it meanwhile.
 std::vector<LostJournal> lostJournals();
 
+/// The path of the model whose journal @p path is, empty for one without a file; none where the
+/// file is no journal, or not a whole one.
+std::optional<std::string> modelOfJournal(const std::string &path);
+
 /// The journal of this process; there is one at most. Its file is in the recovery folder while it
 /// is needed, and goes with this object.
 class Journal
@@ -54,6 +59,8 @@ public:
     /// The model came from @p lost, which is this process's own from now on.
     void takeOver(LostJournal &lost);
 
+    /// Whether a change is on its way to the file, and may still be refused.
+    bool isWriting() const { return writing_.valid(); }
     /// Until what is being written stands in its file.
     void waitForWriting();
 
@@ -61,7 +68,9 @@ public:
     static void keepNow() noexcept;
 
 private:
+    void startWriting();
     void finishWriting();
+    void startSyncing() noexcept;
     void claimFile();
     void removeFile() noexcept;
 
@@ -72,6 +81,7 @@ private:
     JournalFile file_;    ///< without a lock where there is none
     std::future<void> writing_;
     std::future<void> syncing_; ///< a busy disk may take seconds
+    bool isSyncDue_ = false;
 };
 
 } // namespace veskora

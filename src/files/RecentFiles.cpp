@@ -14,7 +14,8 @@ constexpr const char *section = "Recent";
 std::string wholePath(const std::string &path)
 {
     std::error_code ignored;
-    return std::filesystem::absolute(path, ignored).lexically_normal().string();
+    return std::filesystem::weakly_canonical(std::filesystem::absolute(path, ignored), ignored)
+        .string();
 }
 
 void store(const std::vector<std::string> &files)

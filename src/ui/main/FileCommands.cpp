@@ -104,13 +104,29 @@ void FileCommands::Button_Anagnosi_Arxeiou()
     open({});
 }
 
+namespace {
+
+/// Asked before the model that is open is left; what cannot be reached now may be there all the
+/// same.
+bool isThere(const std::string &path)
+{
+    using std::filesystem::file_type;
+    std::error_code ignored;
+    const file_type type = std::filesystem::status(path, ignored).type();
+    if (type != file_type::not_found && type != file_type::directory)
+        return true;
+    showRefusal(Metafrasi(1850, "The file is not there any more:") + " " + path);
+    return false;
+}
+
+} // namespace
+
 void FileCommands::openRecent(const std::string &path)
 {
-    std::error_code ignored;
-    if (std::filesystem::exists(path, ignored))
-        return open(path);
-    forgetFile(path);
-    showRefusal(Metafrasi(1850, "The file is not there any more:") + " " + path);
+    if (isThere(path))
+        open(path);
+    else
+        forgetFile(path);
 }
 
 void FileCommands::sayNoneRecent()
@@ -120,13 +136,20 @@ void FileCommands::sayNoneRecent()
 
 void FileCommands::openDropped(const QStringList &paths)
 {
-    if (paths.size() == 1 && paths[0].endsWith(modelExtension, Qt::CaseInsensitive))
-        return open(plainText(paths[0]));
+    if (paths.size() == 1 && paths[0].endsWith(modelExtension, Qt::CaseInsensitive)) {
+        if (isThere(plainText(paths[0])))
+            open(plainText(paths[0]));
+        return;
+    }
     showRefusal(Metafrasi(1851, "Drop one model file (*.vsk) of this computer here to open it."));
 }
 
 bool FileCommands::openJournal(const LostJournal &lost)
 {
+    if (!modelOfJournal(lost.file.path)) { // the model that is open would go for nothing
+        showRefusal(Metafrasi(150, "There was an error opening the file:") + " " + lost.file.path);
+        return false;
+    }
     if (!mayLeave(false))
         return false;
     const bool isOpen = veskora::openJournal(lost.file.path, lost.model);

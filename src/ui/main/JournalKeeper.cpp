@@ -4,6 +4,7 @@
 #include "FileCommands.h"
 #include "Functions.h"
 
+#include <filesystem>
 #include <utility>
 
 namespace veskora {
@@ -25,6 +26,8 @@ void JournalKeeper::look()
     } catch (const std::exception &error) {
         refusal = error.what();
     }
+    if (refusal.empty() && journal_.isWriting())
+        return; // it may be refused again, which is told once
     if (!refusal.empty() && refusal != refusal_)
         Grammi_Log(Metafrasi(1847, "The journal cannot be written:") + " " + refusal,
                    logColour::red);
@@ -34,6 +37,7 @@ void JournalKeeper::look()
 void JournalKeeper::offerLost()
 {
     enum { openIt, keepIt, deleteIt };
+    bool isOpened = false; // the others wait: it is to be seen and saved first
     for (LostJournal &lost : lostJournals()) {
         const std::string model = Metafrasi(1840, "The program ended before this model was saved:")
                                   + " " + (lost.model.empty() ? "Untitled.vsk" : lost.model);
@@ -41,18 +45,21 @@ void JournalKeeper::offerLost()
             Metafrasi(1841, "The journal has it as it was a moment before:") + " " + lost.file.path;
         Grammi_Log(model, logColour::red);
         Grammi_Log(journal, logColour::red);
+        if (isOpened)
+            continue;
         switch (desktop().choose(
             model + "\r\n\r\n" + journal,
             {Metafrasi(1842, "Open it"), Metafrasi(1843, "Keep it"), Metafrasi(1844, "Delete it")},
             keepIt)) {
         case openIt:
-            if (files_.openJournal(lost))
+            if (isOpened = files_.openJournal(lost); isOpened)
                 journal_.takeOver(lost);
             break;
         case deleteIt:
-            Grammi_Log(Metafrasi(1848, "The journal was deleted:") + " " + lost.file.path,
-                       logColour::black);
             lost.file.remove();
+            if (std::error_code ignored; !std::filesystem::exists(lost.file.path, ignored))
+                Grammi_Log(Metafrasi(1848, "The journal was deleted:") + " " + lost.file.path,
+                           logColour::black);
             break;
         default:
             break; // it is offered again at the next start

@@ -7,6 +7,8 @@
 #include "WindowParts.h"
 
 #include <QMenu>
+#include <QRegularExpression>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <filesystem>
@@ -29,7 +31,8 @@ QString captionOf(const std::string &path, const std::vector<std::string> &files
     std::string caption = nameOf(path);
     if (std::ranges::count_if(files, sameName) > 1)
         caption += " (" + std::filesystem::path(path).parent_path().string() + ")";
-    return qtText(caption).replace('&', "&&");
+    static const QRegularExpression control("[\\x00-\\x1f]"); // a tab would part the entry
+    return qtText(caption).replace(control, " ").replace('&', "&&");
 }
 
 } // namespace
@@ -50,7 +53,8 @@ void RecentMenu::fill()
     for (const std::string &path : files) {
         QAction *entry = menu_->addAction(captionOf(path, files));
         entry->setObjectName(QString("mnuRECENT%1item").arg(menu_->actions().size() - 1));
-        describe(entry, qtText(path));
+        const QString tip = qtText(path);
+        describe(entry, Qt::mightBeRichText(tip) ? "<p>" + tip.toHtmlEscaped() + "</p>" : tip);
         connect(entry, &QAction::triggered, &files_, [this, path] { files_.openRecent(path); });
     }
     assignMnemonics(menu_->actions());
