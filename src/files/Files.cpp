@@ -6,7 +6,6 @@
 #include "FileSystem.h"
 #include "Functions.h"
 #include "ItemReader.h"
-#include "Journal.h"
 #include "Metablites.h"
 #include "ModelText.h"
 
@@ -178,10 +177,6 @@ bool Anagnosi_Arxeiou(std::string &path)
 {
     if (path.empty())
         path = askOpenPath();
-    if (!path.empty() && modelOfJournal(path)) { // a save must not go there
-        openJournal(path, {});
-        return false;
-    }
     if (path.empty() || !readModel(path))
         return false;
     nameModel(path);

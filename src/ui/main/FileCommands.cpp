@@ -58,8 +58,7 @@ void FileCommands::start(const std::string &commandLine)
     showModelCaption({});
     if (!commandLine.empty()) {
         currentFolder = folderOf(commandLine);
-        std::string path = commandLine;
-        if (Anagnosi_Arxeiou(path))
+        if (std::string path = commandLine; read(path))
             rememberFile(path);
     }
     resetZoomHistory();
@@ -79,6 +78,18 @@ void FileCommands::Button_Neo_arxeio()
     resetZoomHistory();
 }
 
+/// @return whether the model stands in the file @p path now
+bool FileCommands::read(std::string &path)
+{
+    if (!Anagnosi_Arxeiou(path))
+        return false;
+    if (!modelOfJournal(path))
+        return true;
+    Onoma_Arxeiou.clear(); // a save must not go into a journal
+    showModelCaption({});
+    return false;
+}
+
 /// The model stands in the file @p path.
 void FileCommands::settle(const std::string &path)
 {
@@ -93,7 +104,7 @@ void FileCommands::open(std::string path)
 {
     if (!mayLeave(false))
         return;
-    if (Anagnosi_Arxeiou(path))
+    if (read(path))
         settle(path);
     Allagi_Montelou = true;
     emit modelReplaced();

@@ -50,6 +50,7 @@ signals:
 
 private:
     void open(std::string path);
+    bool read(std::string &path);
     void settle(const std::string &path);
     /// @return whether the model is on disk, in its file or in a recovery file
     bool saveBeforeLeaving(bool closing);

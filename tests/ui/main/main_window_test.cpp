@@ -943,6 +943,14 @@ TEST_F(MainWindow, TheJournalGoesWhenTheModelIsSavedOrLeft)
     }
 }
 
+TEST_F(MainWindow, AJournalOpenedAsAFileGivesNoPlaceToSaveIn)
+{
+    write(path("j.vsk"), small + "Journal of the model\r\n");
+    start(path("j.vsk"));
+    EXPECT_GT(Arithmos_Kombon, 0);
+    EXPECT_EQ(Onoma_Arxeiou + caption(), title + " - Untitled.vsk");
+}
+
 TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)
 {
     const std::string odd = "b & c, \"d\".vsk";
