@@ -173,6 +173,12 @@ void Journal::finishWriting()
         isSyncDue_ = true;
     } catch (...) {
         written_.clear();
+        if (std::error_code ignored;
+            !fs::exists(file_.path, ignored)) { // no older one to stay with
+            file_.remove();
+            file_ = {};
+            ++refusals_;
+        }
         throw;
     }
 }
@@ -188,14 +194,17 @@ try {
     // The next look tries again.
 }
 
-/// A name of its own in the first folder that allows it.
+/// A name of its own in the first folder that allows it; one that is full allows a lock and no
+/// more.
 void Journal::claimFile()
 {
     if (file_.lock != nullptr && file_.lock->isThere())
         return;
     const std::string name = datedName(journalName);
     std::error_code ignored;
-    for (const std::string &folder : recoveryFolders()) {
+    std::vector<std::string> folders = recoveryFolders();
+    std::ranges::rotate(folders, folders.begin() + refusals_ % std::ssize(folders));
+    for (const std::string &folder : folders) {
         fs::create_directories(folder, ignored);
         std::string base = (fs::path(folder) / name).string();
         for (int number = 2; isTaken(base); ++number)

@@ -78,6 +78,7 @@ private:
     std::string seen_;    ///< and as it was at the last look
     std::string written_; ///< and as the journal has it
     int waited_ = 0;      ///< looks since the first change that the journal lacks
+    int refusals_ = 0;    ///< of folders that took a lock and no journal
     JournalFile file_;    ///< without a lock where there is none
     std::future<void> writing_;
     std::future<void> syncing_; ///< a busy disk may take seconds
