@@ -203,7 +203,7 @@ void Journal::claimFile()
     const std::string name = datedName(journalName);
     std::error_code ignored;
     std::vector<std::string> folders = recoveryFolders();
-    std::ranges::rotate(folders, folders.begin() + refusals_ % std::ssize(folders));
+    std::rotate(folders.begin(), folders.begin() + refusals_ % std::ssize(folders), folders.end());
     for (const std::string &folder : folders) {
         fs::create_directories(folder, ignored);
         std::string base = (fs::path(folder) / name).string();
