@@ -23,7 +23,7 @@ enum class Buttons {
     ok,
     okCancel,
     yesNo,
-    noYes, ///< Yes and No, where Enter means No: what Yes does cannot be undone
+    noYes, ///< Yes and No, where Enter means No: what Yes replaces is gone
     yesNoCancel
 };
 enum class Answer { ok, yes, no, cancel };

@@ -11,15 +11,10 @@
 namespace veskora {
 namespace {
 
-class Sketching : public StoreTest
+class Sketching : public DrawingTest
 {
 protected:
-    Sketching() { setPicture1(&kanvas); }
-    ~Sketching() override { setPicture1(nullptr); }
-
     static Point at(double x, double y) { return {Kosmos_X(x), Kosmos_Y(y)}; }
-
-    RecordingKanvas kanvas;
 };
 
 TEST_F(Sketching, ANodeStandsOnTheGridOrAtFourDecimals)

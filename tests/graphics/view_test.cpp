@@ -13,20 +13,15 @@
 namespace veskora {
 namespace {
 
-class View : public StoreTest
+class View : public DrawingTest
 {
 protected:
-    View() { setPicture1(&kanvas); }
-    ~View() override { setPicture1(nullptr); }
-
     static void expectView(double scale, double x, double y)
     {
         EXPECT_FLOAT_EQ(Klimaka, static_cast<float>(scale));
         EXPECT_NEAR(Arxi_X, x, 1e-5);
         EXPECT_NEAR(Arxi_Y, y, 1e-5);
     }
-
-    RecordingKanvas kanvas; // 20 by 20 cm
 };
 
 TEST_F(View, ConversionsAreEachOthersInverse)

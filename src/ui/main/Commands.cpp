@@ -121,8 +121,8 @@ constexpr Command menus[] = {
     {"menubar", "mnuARXEIO", Phrase{1, "File"}},
     same("New", "mnuARXEIO", "mnuNEOitem", Phrase{2, "New"}, "Ctrl+N"),
     same("Open", "mnuARXEIO", "mnuANAGNOSIitem", Phrase{3, "Open"}, "Ctrl+O"),
-    {"mnuARXEIO", "mnuRECENT", Phrase{1852, "Open recent"}},
-    {"mnuRECENT", "mnuRECENT_none_item", Phrase{1849, "No file has been opened or saved yet."}, call<&FileCommands::sayNoneRecent>},
+    {"mnuARXEIO", commandPlace::recentMenu, Phrase{1852, "Open recent"}},
+    {commandPlace::recentMenu, "mnuRECENT_none_item", Phrase{1849, "No file has been opened or saved yet."}, call<&FileCommands::sayNoneRecent>},
     same("Save", "mnuARXEIO", "mnuAPOTHIKEFSIitem", Phrase{4, "Save"}, "Ctrl+S"),
     {"mnuARXEIO", "mnuAPOTHIKEFSIOSitem", Phrase{5, "Save As..."}, call<&FileCommands::saveAs>, nullptr, "Ctrl+Shift+S"},
     {"mnuARXEIO", "mnuSSS1"},
@@ -133,9 +133,9 @@ constexpr Command menus[] = {
     {"mnuARXEIO", "mnusss1NEO"},
     {"mnuARXEIO", "mnuEKSODOSitem", Phrase{10, "Exit"}, call<&frmMain::exit>, nullptr, "Ctrl+Q"},
 
-    {"menubar", "mnuEPEKSERGASIA", Phrase{1819, "Edit"}},
-    {"mnuEPEKSERGASIA", "mnuUNDOitem", Phrase{1820, "Undo"}, call<&UndoCommands::undo>, nullptr, "Ctrl+Z"},
-    {"mnuEPEKSERGASIA", "mnuREDOitem", Phrase{1821, "Redo"}, call<&UndoCommands::redo>, nullptr, "Ctrl+Shift+Z; Ctrl+Y"},
+    {"menubar", commandPlace::editMenu, Phrase{1819, "Edit"}},
+    {commandPlace::editMenu, "mnuUNDOitem", Phrase{1820, "Undo"}, call<&UndoCommands::undo>, nullptr, "Ctrl+Z"},
+    {commandPlace::editMenu, "mnuREDOitem", Phrase{1821, "Redo"}, call<&UndoCommands::redo>, nullptr, "Ctrl+Shift+Z; Ctrl+Y"},
 
     {"menubar", "mnuFOREAS", Phrase{11, "Model"}},
     same("EAI", "mnuFOREAS", "mnuOMADESitem", Phrase{12, "E,A,I Element Groups"}),

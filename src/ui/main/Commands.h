@@ -33,8 +33,10 @@ enum class Clears {
 /// without one the entry does not show.
 enum class About { nothing, node, element, both };
 
-/// Object names of what is not on the menu bar.
+/// Object names of what others than the table ask for.
 namespace commandPlace {
+inline constexpr const char *editMenu = "mnuEPEKSERGASIA";
+inline constexpr const char *recentMenu = "mnuRECENT";
 inline constexpr const char *toolbar = "Toolbar2";
 inline constexpr const char *toolMenu = "mnuZoomakia";
 inline constexpr const char *rowMenu = "mnuAorato";

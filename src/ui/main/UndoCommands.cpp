@@ -1,6 +1,7 @@
 #include "UndoCommands.h"
 
 #include "CanvasObjects.h"
+#include "Commands.h"
 #include "Desktop.h"
 #include "Functions.h"
 #include "Hand.h"
@@ -88,7 +89,7 @@ bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) 
     if (event.type() != QEvent::KeyPress || qobject_cast<const ModelDialog *>(watched) == nullptr)
         return false;
     const QKeySequence keys(static_cast<const QKeyEvent &>(event).keyCombination());
-    for (QAction *action : window_->findChild<QMenu *>("mnuEPEKSERGASIA")->actions()) {
+    for (QAction *action : window_->findChild<QMenu *>(commandPlace::editMenu)->actions()) {
         if (!action->shortcuts().contains(keys))
             continue;
         if (QLineEdit *field = focusedField(); field == nullptr)

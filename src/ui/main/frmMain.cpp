@@ -49,7 +49,7 @@ frmMain::frmMain()
       windows_(this, canvas_, hand_, picture_),
       menus_(this, {*this, hand_, files_, undo_, picture_, windows_, *ui_->RichTextBox1,
                     *ui_->StatusBar1}),
-      recent_(menus_.menu("mnuRECENT"), files_),
+      recent_(menus_.menu(commandPlace::recentMenu), files_),
       keys_(hand_, help_)
 {
     equipToolbar();
