@@ -1,0 +1,10 @@
+#include "Equilibrium.h"
+
+namespace veskora {
+
+Finding checkEquilibrium()
+{
+    return {FindingKind::equilibrium, Severity::good, {}, {}, {}, veskora::Equilibrium{}};
+}
+
+} // namespace veskora

@@ -1,0 +1,17 @@
+#pragma once
+/// @file
+/// The check of the analysis.
+
+#include "Findings.h"
+
+namespace veskora {
+
+/// Looks at model and results as they stand and changes nothing. Equilibrium and digits are those
+/// of the last analysis, where it saw this model.
+/// @return free motions first, then equilibrium, digits and slips; at least one of each
+std::vector<Finding> checkModel();
+
+/// Whether @p findings tell of a structure that can move freely.
+bool hasFreeMotion(const std::vector<Finding> &findings);
+
+} // namespace veskora
