@@ -2,6 +2,7 @@
 
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
+#include "Reach.h"
 #include "ResultTexts.h"
 #include "RowQueries.h"
 #include "Settings.h"
@@ -148,20 +149,27 @@ void moveTo(const ElementState &s, double x, Station &at)
     setIfFinite(at.displaced.y, s.line.i.y + x / L * s.line.dy + V / scale);
 }
 
-void drawDeformedElement(int e, Station &station)
+constexpr std::size_t chords = 20; ///< of an element
+
+/// Hands the canvas places of each deformed element to @p take, and its axis.
+template <typename Take>
+void forDeformedElements(Take take)
 {
-    const ElementLine line = elementLine(e);
-    if (line.length == 0)
-        return;
-    const ElementState state = elementState(e, line);
-    setRigidities(e, station);
-    constexpr std::size_t chords = 20;
-    std::array<Point, chords + 1> places;
-    for (std::size_t k = 0; k <= chords; ++k) {
-        moveTo(state, static_cast<double>(k) * line.length / chords, station);
-        places[k] = toCanvas(station.displaced);
-    }
-    Picture1().polyline(places);
+    Station station;
+    for (int e = 1; e <= Arithmos_Stoixeion && nai_stoixeia; ++e)
+        skipFaults([&, e] {
+            const ElementLine line = elementLine(e);
+            if (line.length == 0)
+                return;
+            const ElementState state = elementState(e, line);
+            setRigidities(e, station);
+            std::array<Point, chords + 1> places;
+            for (std::size_t k = 0; k <= chords; ++k) {
+                moveTo(state, static_cast<double>(k) * line.length / chords, station);
+                places[k] = toCanvas(station.displaced);
+            }
+            take(line, places);
+        });
 }
 
 } // namespace
@@ -176,11 +184,7 @@ void Sxedio_Paramorfosis()
     Sxedio_Kombon();
     kanvas.setPenColour(xroma_paramorfosis);
     kanvas.setPenWidth(2);
-    if (nai_stoixeia) {
-        Station station;
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-            skipFaults([&, e] { drawDeformedElement(e, station); });
-    }
+    forDeformedElements([&](const ElementLine &, const auto &places) { kanvas.polyline(places); });
     ShownValues shown(displacementDecimals);
     printHeading("D");
     printExtreme("max.= ", shown(Bres_Max_U()));
@@ -188,6 +192,20 @@ void Sxedio_Paramorfosis()
     printExtreme("max.|y|= ", shown(Bres_Max_Abs_Uy()));
     kanvas.setPenWidth(1);
     shown.report();
+}
+
+std::vector<Reach> displacementReaches()
+{
+    std::vector<Reach> all;
+    forDeformedElements([&](const ElementLine &line, const auto &places) {
+        for (std::size_t k = 0; k <= chords; ++k) {
+            const double t = static_cast<double>(k) / chords;
+            const Point foot = toCanvas({line.i.x + t * line.dx, line.i.y + t * line.dy});
+            if (isReachable(foot) && isReachable(places[k]))
+                all.push_back({foot, places[k]});
+        }
+    });
+    return all;
 }
 
 } // namespace veskora

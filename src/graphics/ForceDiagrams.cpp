@@ -2,6 +2,7 @@
 
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
+#include "Reach.h"
 #include "ResultTexts.h"
 #include "RowQueries.h"
 #include "Settings.h"
@@ -123,12 +124,14 @@ void drawStraightMoment(const Diagram &diagram, const Ordinates &o, ShownValues 
     line(o.atJ, o.endJ);
 }
 
+constexpr std::size_t parabolaChords = 16;
+using Parabola = std::array<Point, parabolaChords + 1>;
+
 /// The parabola over a loaded element, by repeated midpoints: each lies beyond the middle of its
 /// chord by the moment that the load alone gives at the middle of a beam as long as the chord.
-void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
+Parabola parabola(const Diagram &diagram, const Ordinates &o)
 {
-    constexpr std::size_t chords = 16;
-    std::array<Point, chords + 1> points;
+    Parabola points;
     points.front() = o.atI;
     points.back() = o.atJ;
     const double wholeX = o.axis.dx, wholeY = o.axis.dy;
@@ -136,9 +139,9 @@ void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown
     const double b = wholeY != 0 ? Stoixeia(o.e, element::wx) * o.axis.length / wholeY : 0;
     double dx = wholeX; // of a chord
     double dy = wholeY;
-    for (std::size_t reach = chords / 2; reach > 0; reach /= 2) {
+    for (std::size_t reach = parabolaChords / 2; reach > 0; reach /= 2) {
         const double sag = sideOf(diagram) * (a * (dx * dx) - b * (dy * dy)) / 8 / diagram.scale;
-        for (std::size_t k = reach; k < chords; k += 2 * reach) {
+        for (std::size_t k = reach; k < parabolaChords; k += 2 * reach) {
             const Point before = points[k - reach];
             const Point after = points[k + reach];
             points[k] =
@@ -147,7 +150,12 @@ void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown
         dx /= 2;
         dy /= 2;
     }
+    return points;
+}
 
+void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
+{
+    Parabola points = parabola(diagram, o);
     line(o.endI, points.front());
     line(o.endJ, points.back());
     for (Point &point : points)
@@ -196,63 +204,127 @@ void rescale(float &scale, double greatest, double growth)
 /// @param growth  of the longest ordinate, centimetres
 void changeScale(double growth)
 {
-    switch (Katastasi_Provolis) {
-    case view::M:
-        return rescale(Ena_cm_posa_KNm_M, Bres_Max_Abs_M(), growth * Ena_cm_posa_KNm_M);
-    case view::Q:
-        return rescale(Ena_cm_posa_KN_Q, Bres_Max_Abs_Q(), growth * Ena_cm_posa_KN_Q);
-    case view::N:
-        return rescale(Ena_cm_posa_KN_N, Bres_Max_Abs_N(), growth * Ena_cm_posa_KN_N);
-    case view::deformed:
-        return rescale(Ena_cm_posa_m_epi_1000, Bres_Max_U(),
-                       growth * Ena_cm_posa_m_epi_1000 / 1000);
-    default:
-        return;
+    if (const auto shown = shownScale())
+        rescale(shown->setting, shown->greatest(), growth * shown->setting / shown->divisor);
+}
+
+Diagram diagramM()
+{
+    return {.letter = "M",
+            .colour = xroma_M,
+            .positiveSide = M_sin_Tension,
+            .scale = Ena_cm_posa_KNm_M,
+            .printsValues = nai_times_M,
+            .decimals = dekadika_M,
+            .resultant = resultantM,
+            .greatest = Bres_Max_M,
+            .least = Bres_Min_M,
+            .drawElement = drawMoment};
+}
+
+Diagram diagramQ()
+{
+    return {.letter = "Q",
+            .colour = xroma_Q,
+            .positiveSide = Q_sin_Ina,
+            .scale = Ena_cm_posa_KN_Q,
+            .printsValues = nai_times_Q,
+            .decimals = dekadika_Q,
+            .resultant = resultantQ,
+            .greatest = Bres_Max_Q,
+            .least = Bres_Min_Q,
+            .drawElement = drawStraight};
+}
+
+Diagram diagramN()
+{
+    return {.letter = "N",
+            .colour = xroma_N,
+            .positiveSide = N_sin_Ina,
+            .scale = Ena_cm_posa_KN_N,
+            .printsValues = nai_times_N,
+            .decimals = dekadika_N,
+            .resultant = resultantN,
+            .greatest = Bres_Max_N,
+            .least = Bres_Min_N,
+            .drawElement = drawStraight};
+}
+
+/// Of one element, upright: at its ends, and along it where a moment is curved.
+std::vector<Reach> elementReaches(const Diagram &diagram, const Ordinates &o)
+{
+    if (diagram.drawElement != drawMoment || !isLoadedElement(o.e))
+        return {{o.endI, o.atI}, {o.endJ, o.atJ}};
+    std::vector<Reach> reaches;
+    for (const Point &tip : parabola(diagram, o)) {
+        const double t = static_cast<double>(reaches.size()) / parabolaChords;
+        reaches.push_back(
+            {{o.endI.x + t * (o.endJ.x - o.endI.x), o.endI.y + t * (o.endJ.y - o.endI.y)}, tip});
     }
+    return reaches;
+}
+
+std::vector<Reach> reachesOf(const Diagram &diagram)
+{
+    std::vector<Reach> all;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        skipFaults([&, e] {
+            const Ordinates o = ordinates(diagram, e);
+            if (!isDrawable(o))
+                return;
+            for (const auto &[foot, tip] : elementReaches(diagram, o))
+                all.push_back({{foot.x, Anastrofi_Y(foot.y)}, {tip.x, Anastrofi_Y(tip.y)}});
+        });
+    return all;
 }
 
 } // namespace
 
 void Diagramma_M()
 {
-    draw({.letter = "M",
-          .colour = xroma_M,
-          .positiveSide = M_sin_Tension,
-          .scale = Ena_cm_posa_KNm_M,
-          .printsValues = nai_times_M,
-          .decimals = dekadika_M,
-          .resultant = resultantM,
-          .greatest = Bres_Max_M,
-          .least = Bres_Min_M,
-          .drawElement = drawMoment});
+    draw(diagramM());
 }
 
 void Diagramma_Q()
 {
-    draw({.letter = "Q",
-          .colour = xroma_Q,
-          .positiveSide = Q_sin_Ina,
-          .scale = Ena_cm_posa_KN_Q,
-          .printsValues = nai_times_Q,
-          .decimals = dekadika_Q,
-          .resultant = resultantQ,
-          .greatest = Bres_Max_Q,
-          .least = Bres_Min_Q,
-          .drawElement = drawStraight});
+    draw(diagramQ());
 }
 
 void Diagramma_N()
 {
-    draw({.letter = "N",
-          .colour = xroma_N,
-          .positiveSide = N_sin_Ina,
-          .scale = Ena_cm_posa_KN_N,
-          .printsValues = nai_times_N,
-          .decimals = dekadika_N,
-          .resultant = resultantN,
-          .greatest = Bres_Max_N,
-          .least = Bres_Min_N,
-          .drawElement = drawStraight});
+    draw(diagramN());
+}
+
+std::vector<Reach> diagramReaches()
+{
+    switch (Katastasi_Provolis) {
+    case view::M:
+        return reachesOf(diagramM());
+    case view::Q:
+        return reachesOf(diagramQ());
+    case view::N:
+        return reachesOf(diagramN());
+    case view::deformed:
+        return displacementReaches();
+    default:
+        return {};
+    }
+}
+
+std::optional<DiagramScale> shownScale()
+{
+    switch (Katastasi_Provolis) {
+    case view::M:
+        return DiagramScale{Ena_cm_posa_KNm_M, Bres_Max_Abs_M};
+    case view::Q:
+        return DiagramScale{Ena_cm_posa_KN_Q, Bres_Max_Abs_Q};
+    case view::N:
+        return DiagramScale{Ena_cm_posa_KN_N, Bres_Max_Abs_N};
+    case view::deformed:
+        return DiagramScale{Ena_cm_posa_m_epi_1000, Bres_Max_U, 1000};
+    default:
+        return std::nullopt;
+    }
 }
 
 void enlargeDiagram()

@@ -122,7 +122,7 @@ double Mikos_Se_Othoni(double length)
     return 100 * length / Klimaka;
 }
 
-void Zoom_Best_Fit()
+void fitModel(double margin)
 {
     if (!(Klimaka > 0))
         resetView(); // of a damaged file; nothing can be seen at it
@@ -147,8 +147,13 @@ void Zoom_Best_Fit()
         extent = {std::min(extent.xmin, x), std::max(extent.xmax, x), std::min(extent.ymin, y),
                   std::max(extent.ymax, y)};
     }
-    constexpr double margin = 1.8;
     fit(extent, margin);
+}
+
+void Zoom_Best_Fit()
+{
+    constexpr double margin = 1.8;
+    fitModel(margin);
 }
 
 void Zoom_Parathyrou(double x1, double y1, double x2, double y2)

@@ -33,6 +33,9 @@ double Othoni_Y(double c);
 /// the log says so. From a scale of 0, as in a damaged file, it begins at that of a new model.
 void Zoom_Best_Fit();
 
+/// The same with another margin, in centimetres.
+void fitModel(double margin);
+
 /// Makes the rectangle between two canvas points fill the canvas, with the same floor at 1:1. A
 /// rectangle that is a point changes nothing.
 void Zoom_Parathyrou(double x1, double y1, double x2, double y2);

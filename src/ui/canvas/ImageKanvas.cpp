@@ -151,12 +151,19 @@ void ImageKanvas::applyFont()
     font_ = QFont(QString::fromLatin1(canvasFontFace));
     font_.setStyleHint(QFont::SansSerif);
     font_.setBold(fontBold_);
-    font_.setPixelSize(
-        std::max(1, static_cast<int>(std::lround(fontSize_ * pixelsPerPoint * scale_))));
+    font_.setPixelSize(std::max(
+        1, static_cast<int>(std::lround(fontSize_ * pixelsPerPoint * scale_ * textScale_))));
     painter_->setFont(font_);
     const QFontMetricsF metrics(font_);
     ascent_ = metrics.ascent();
     lineHeight_ = metrics.ascent() + metrics.descent();
+}
+
+void ImageKanvas::setTextScale(double factor)
+{
+    textScale_ = factor;
+    applyFont();
+    rotatedAscent_ = 0; // made anew for the new size
 }
 
 void ImageKanvas::setBackground(double word)
@@ -341,7 +348,8 @@ const QFont &ImageKanvas::rotatedFont(const RotatedFont &font)
     rotated_.setPixelSize(probe);
     const QFontMetricsF large(rotated_);
     const double ratio = probe / (large.ascent() + large.descent());
-    rotated_.setPixelSize(std::max(1, static_cast<int>(std::lround(font.height * scale_ * ratio))));
+    rotated_.setPixelSize(
+        std::max(1, static_cast<int>(std::lround(font.height * scale_ * textScale_ * ratio))));
     rotatedAscent_ = QFontMetricsF(rotated_).ascent();
     return rotated_;
 }

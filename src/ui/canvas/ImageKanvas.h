@@ -35,6 +35,9 @@ public:
     double scale() const { return scale_; }
     const QImage &image() const { return image_; }
 
+    /// Makes all texts @p factor times as large as they are asked for; lines and symbols stay.
+    void setTextScale(double factor);
+
     /// Height of one line of text in the font in force, centimetres.
     double textHeight() const { return lineAdvance(); }
 
@@ -79,6 +82,7 @@ private:
 
     QSize size_;
     double scale_;
+    double textScale_ = 1;
     QImage image_;
     std::unique_ptr<QPainter> painter_;
 

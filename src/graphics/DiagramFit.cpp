@@ -1,0 +1,98 @@
+#include "DiagramFit.h"
+
+#include "element.h"
+#include "Functions_Bres_Megista.h"
+#include "Kanvas.h"
+#include "Reach.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+/// Less than this share of what goes with it is rounding, and no diagram.
+constexpr double negligible = 1e-9;
+
+double distance(Point a, Point b)
+{
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
+
+/// Centimetres.
+double longestReach()
+{
+    double longest = 0;
+    for (const auto &[foot, tip] : diagramReaches())
+        longest = std::max(longest, distance(foot, tip));
+    return longest;
+}
+
+/// The longest element, world units.
+double longestElement()
+{
+    double longest = 0;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        longest = std::max(longest, elementGeometry(e).length);
+    return longest;
+}
+
+/// What @p greatest of the picture shown is to be held against.
+double reference(double greatest)
+{
+    const double force = std::max(Bres_Max_Abs_N(), Bres_Max_Abs_Q());
+    const double length = longestElement();
+    switch (Katastasi_Provolis) {
+    case view::M:
+        return force * length;
+    case view::deformed:
+        return greatest;
+    default:
+        return std::max(force, Bres_Max_Abs_M() / length);
+    }
+}
+
+/// The smallest of 1, 2 and 5 times a power of ten that is no less than @p value.
+double roundedUp(double value)
+{
+    constexpr double tolerance = 1 - 1e-7; // of a Single that is round already
+    const double power = std::pow(10, std::floor(std::log10(value)));
+    for (const double step : {1.0, 2.0, 5.0})
+        if (step * power >= tolerance * value)
+            return step * power;
+    return 10 * power;
+}
+
+} // namespace
+
+bool diagramLeavesCanvas(const EdgeRoom &room)
+{
+    const double right = Picture1().width() - room.right;
+    const double bottom = Picture1().height() - room.bottom;
+    return std::ranges::any_of(diagramReaches(), [&](const Reach &reach) {
+        const auto [x, y] = reach.tip;
+        return x < room.left || x > right || y < room.top || y > bottom;
+    });
+}
+
+bool fitDiagramScale(double longest, const EdgeRoom &room)
+{
+    const auto shown = shownScale();
+    if (!shown)
+        return false;
+    const double greatest = longestReach() * shown->setting;
+    const double finest = roundedUp(greatest / longest);
+    if (greatest < negligible * reference(greatest) || !std::isnormal(static_cast<float>(finest)))
+        return false;
+    constexpr double coarsest = 100;
+    for (double scale = finest; scale <= coarsest * finest; scale = roundedUp(1.5 * scale)) {
+        shown->setting = static_cast<float>(scale);
+        if (!diagramLeavesCanvas(room))
+            return true;
+    }
+    shown->setting = static_cast<float>(finest); // what leaves the canvas is to be read at least
+    return true;
+}
+
+} // namespace veskora
