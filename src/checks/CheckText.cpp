@@ -131,8 +131,7 @@ FindingText slipText(const Finding &finding)
                                       "node or group that is not there, and this check leaves them "
                                       "out. Correct or delete them."));
     case FindingKind::nodesWithoutElement:
-        return titled(Metafrasi(1688, "Nodes without elements|Nothing carries what acts on them. "
-                                      "Delete them, or join them by elements."));
+        return titled(nodesWithoutElementText());
     case FindingKind::nodesOnElements:
         return titled(Metafrasi(1689,
                                 "Nodes on elements that pass them by|They look joined and are "

@@ -22,9 +22,17 @@ class CheckText : public StoreTest
 {};
 
 Finding motion(FindingKind kind, Shape shape, Cause cause, const std::vector<Motion::Move> &moves,
-               double x = 0, double y = 0)
+               double x = 0, double y = 0, int centre = 0, int count = 1)
 {
-    return {kind, Severity::fault, {}, {2, 3}, {}, Motion{shape, cause, 1, 2e-12, moves, x, y, {}}};
+    Motion motion;
+    motion.shape = shape;
+    motion.cause = cause;
+    motion.count = count;
+    motion.moves = moves;
+    motion.x = x;
+    motion.y = y;
+    motion.centre = centre;
+    return {kind, Severity::fault, {}, {2, 3}, {}, motion};
 }
 
 Finding slip(FindingKind kind, std::vector<int> nodes, std::vector<int> elements = {},
@@ -70,7 +78,16 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
               "Nodes 2 and 3 move together in the direction (0.6, 0.8)", "Nothing holds them"},
              {motion(freeMotion, Shape::turn, Cause::noSupport, moves(1, 3, Way::oblique), 1. / 3,
                      4),
-              "Nodes 1 to 3 turn together about the point (0.333333, 4)", "The supports do not"},
+              "Nodes 1 to 3 turn together round the point (0.333333, 4)", "The supports do not"},
+             {motion(freeMotion, Shape::turn, Cause::hinges, moves(1, 3, Way::oblique), 0, 4, 2),
+              "Nodes 1 and 3 turn together round node 2", "The hinges let"},
+             {motion(freeMotion, Shape::turn, Cause::hinges, moves(6, 7, Way::alongY), 0, 4, 7),
+              "Node 6 moves round node 7", "The hinges let"},
+             {motion(freeMotion, Shape::shift, Cause::hinges, moves(1, 8, Way::alongY), 0, 1, 0, 7),
+              "Nodes 1 to 8 move along y, each part by itself", "The hinges let"},
+             {motion(freeMotion, Shape::shift, Cause::noElement, {{6, Way::alongX}}, 1, 0, 0, 3),
+              "Nodes without elements",
+              "Node 6\r\nNo element is joined there, so it moves freely."},
              {motion(freeMotion, Shape::linkage, Cause::hinges, linkage),
               "A part of the structure moves: nodes 2 and 3 along x, node 4 turns, node 1 "
               "obliquely",
@@ -158,7 +175,7 @@ TEST_F(CheckText, EveryFindingReadsWellInTheDocument)
     std::string line;
     for (const std::string &first :
          {std::string("Check of the analysis"), std::string(100, 'x'), std::string("x.vsk"),
-          std::string(), std::string("Fault: Node 5 turns freely")}) {
+          std::string(), std::string("Fault: Nodes without elements")}) {
         std::getline(document, line);
         EXPECT_EQ(line, first + "\r");
     }

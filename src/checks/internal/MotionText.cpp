@@ -25,22 +25,24 @@ std::vector<int> nodesOf(const std::vector<Motion::Move> &moves)
     return nodes;
 }
 
-std::string number(double value)
-{
-    return roundedText(value, 6);
-}
-
 std::string wayText(Way way)
 {
     return part(Metafrasi(1658, "along x|along y|obliquely"), static_cast<std::size_t>(way));
 }
 
-std::string directionText(const Motion &motion)
+/// The direction of a shift, the centre of a turn.
+std::string courseText(const Motion &motion)
 {
+    const std::string texts = Metafrasi(1659, "in the direction (%1, %2)|round the point (%1, %2)|"
+                                              "round node %1");
+    if (motion.shape == Motion::Shape::turn)
+        return motion.centre > 0
+                   ? filled(part(texts, 2), {numberText(motion.centre)})
+                   : filled(part(texts, 1), {roundedText(motion.x, 6), roundedText(motion.y, 6)});
     const Way way = motion.moves.front().way;
-    return way == Way::oblique ? filled(Metafrasi(1659, "in the direction (%1, %2)"),
-                                        {roundedText(motion.x, 3), roundedText(motion.y, 3)})
-                               : wayText(way);
+    return way == Way::oblique
+               ? filled(part(texts, 0), {roundedText(motion.x, 3), roundedText(motion.y, 3)})
+               : wayText(way);
 }
 
 /// The largest movers, those that go the same way together: "nodes 2 and 3 along x, node 4 turns".
@@ -68,28 +70,42 @@ std::string moversText(const Motion &motion)
     return itemList(clauses, ", ", clauses.size());
 }
 
+/// All that move, without a node that they turn about.
+std::vector<int> movingNodes(const Motion &motion)
+{
+    std::vector<int> nodes = nodesOf(motion.moves);
+    if (motion.shape == Motion::Shape::turn && nodes.size() > 1)
+        std::erase(nodes, motion.centre);
+    return nodes;
+}
+
+/// The subject is one node, several that move as one, or several parts that move on their own.
 std::string motionTitle(const Motion &motion)
 {
-    const std::size_t nodes = motion.moves.size();
-    const std::string list = rowList(nodesOf(motion.moves));
-    switch (motion.shape) {
-    case Motion::Shape::turning:
+    const std::vector<int> nodes = movingNodes(motion);
+    const std::string list = rowList(nodes);
+    const std::size_t several = motion.count > 1 ? 1 : 0;
+    if (motion.cause == Cause::noElement)
+        return part(nodesWithoutElementText(), 0);
+    if (motion.shape == Motion::Shape::turning)
         return filled(forRows(Metafrasi(1652, "Node %1 turns freely|"
                                               "%2 nodes turn freely, each by itself: %1"),
-                              nodes),
-                      {list, numberText(static_cast<int>(nodes))});
-    case Motion::Shape::shift:
-        return filled(forRows(Metafrasi(1653, "Node %1 moves %2|Nodes %1 move together %2"), nodes),
-                      {list, directionText(motion)});
-    case Motion::Shape::turn:
-        return filled(forRows(Metafrasi(1654, "Node %1 moves round the point (%2, %3)|"
-                                              "Nodes %1 turn together about the point (%2, %3)"),
-                              nodes),
-                      {list, number(motion.x), number(motion.y)});
-    case Motion::Shape::linkage:
-        break;
-    }
-    return filled(Metafrasi(1655, "A part of the structure moves: %1"), {moversText(motion)});
+                              nodes.size()),
+                      {list, numberText(static_cast<int>(nodes.size()))});
+    if (motion.shape == Motion::Shape::linkage)
+        return filled(part(Metafrasi(1655, "A part of the structure moves: %1|"
+                                           "Parts of the structure move, each by itself: %1"),
+                           several),
+                      {moversText(motion)});
+    const std::string shifts = Metafrasi(1653, "Node %1 moves %2|Nodes %1 move together %2|"
+                                               "Nodes %1 move %2, each part by itself");
+    const std::string turns = Metafrasi(1654, "Nodes %1 turn together %2|"
+                                              "Nodes %1 turn, each part round a place of its own");
+    const bool isShift = motion.shape == Motion::Shape::shift;
+    return filled(nodes.size() == 1 ? part(shifts, 0)
+                  : isShift         ? part(shifts, 1 + several)
+                                    : part(turns, several),
+                  {list, courseText(motion)});
 }
 
 std::string noSupportText(const Motion &motion)
@@ -127,9 +143,10 @@ std::string causeText(const Motion &motion, const Finding &finding)
     switch (motion.cause) {
     case Cause::noElement:
         return forRows(
-            Metafrasi(1665, "No element is joined there. Join one, hold what is free, or delete "
-                            "the node.|No elements are joined there. Join some, hold what is free, "
-                            "or delete the nodes."),
+            Metafrasi(1665,
+                      "No element is joined there, so it moves freely. Join one, hold what is "
+                      "free, or delete the node.|No elements are joined there, so they move "
+                      "freely. Join some, hold what is free, or delete the nodes."),
             motion.moves.size());
     case Cause::onlyHinges:
         return forRows(
@@ -158,6 +175,12 @@ std::string causeText(const Motion &motion, const Finding &finding)
 }
 
 } // namespace
+
+std::string nodesWithoutElementText()
+{
+    return Metafrasi(1688, "Nodes without elements|Nothing carries what acts on them. Delete them, "
+                           "or join them by elements.");
+}
 
 std::string nodesText(const std::vector<int> &rows)
 {
@@ -205,19 +228,22 @@ FindingText motionText(const Finding &finding)
     }
     if (finding.kind == FindingKind::unstable)
         title = filled(Metafrasi(1664, "Unstable: %1"), {title});
-    const bool isTurning = motion.shape == Motion::Shape::turning;
     const bool isCut =
         motion.shape == Motion::Shape::linkage && motion.moves.size() > largestMovers;
-    return {
-        title,
-        paragraphs(
-            {verdict, causeText(motion, finding), groupsText(finding.groups),
-             isCut ? nodesText(nodesOf(motion.moves)) : "",
-             motion.count > 1 && !isTurning
-                 ? filled(Metafrasi(1676, "%1 independent motions are told here as one."),
-                          {numberText(motion.count)})
-                 : "",
-             finding.kind == FindingKind::freeMotion ? "" : eigenvalueText(motion.eigenvalue)})};
+    const bool isListed = isCut || motion.cause == Cause::noElement;
+    // Of what nodes do each by itself the title has said how many do so.
+    const bool isCounted = motion.shape != Motion::Shape::turning
+                           && motion.cause != Cause::noElement && motion.count > 1;
+    return {title, paragraphs({verdict, isListed ? nodesText(nodesOf(motion.moves)) : "",
+                               causeText(motion, finding), groupsText(finding.groups),
+                               motion.cause == Cause::hinges ? "" : elementsText(finding.elements),
+                               isCounted ? filled(Metafrasi(1676, "%1 independent motions are told "
+                                                                  "here as one."),
+                                                  {numberText(motion.count)})
+                                         : "",
+                               finding.kind == FindingKind::freeMotion
+                                   ? ""
+                                   : eigenvalueText(motion.eigenvalue)})};
 }
 
 } // namespace veskora
