@@ -1,6 +1,7 @@
 #include "Batch.h"
 #include "Files.h"
 #include "Metablites.h"
+#include "Models.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
 
@@ -77,6 +78,20 @@ TEST_F(Batch, AFailureOfOneModelDoesNotKeepTheNextFromItsTurn)
          {"missing.vsk: not read", "banner.vsk: not read", "free.vsk: not analysed",
           "length.vsk: Division by zero: element 1 has no length", "Total time:"})
         EXPECT_THAT(err.str(), HasSubstr(says));
+}
+
+TEST_F(Batch, AFreeMotionThatNoLoadStirsFailsTheCheckAndNotTheAnalysis)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxo; N 3 4; N 8 5; E 1 2 1; E 2 3 1");
+    std::string model = path("turns.vsk");
+    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
+    EXPECT_EQ(run({"--out", path(""), model}), batchStatus::allAnalysed);
+    EXPECT_EQ(run({"--out", path(""), "--check", model}), batchStatus::someFailed);
+    EXPECT_THAT(err.str(), testing::EndsWith("turns.vsk: the structure can move freely\n"));
+    EXPECT_THAT(contentOf(path("turns.txt")), testing::StartsWith("Data\r\n"));
+    EXPECT_THAT(contentOf(path("turns_check.txt")),
+                testing::StartsWith("Check of the analysis\r\nturns.vsk\r\n\r\n"
+                                    "Fault: Nodes 2 and 3 turn together round node 1\r\n"));
 }
 
 TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextModel)

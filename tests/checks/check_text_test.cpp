@@ -94,10 +94,17 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
               "The hinges let this motion pass without straining anything. Make an end rigid, or "
               "add "
               "a diagonal or a support.\r\nElements that turn in their hinges: 2 and 3."},
+             {motion(freeMotion, Shape::linkage, Cause::hinges, moves(1, 9, Way::alongY), 0, 0, 0,
+                     7),
+              "Parts of the structure move, each by itself: nodes 1 to 9",
+              "The hinges let this motion pass without straining anything. Make an end rigid, or "
+              "add "
+              "a diagonal or a support.\r\nElements that turn in their hinges: 2 and 3.\r\n7 "
+              "independent motions are told here as one."},
              {motion(nearlyFree, Shape::linkage, Cause::softness, moves(1, 9, Way::alongY)),
               "Nearly a mechanism: A part of the structure moves: nodes 1 to 8 along y, ...",
               "Next to nothing resists this motion"},
-             {motion(unstable, Shape::shift, Cause::negative, {{7, Way::alongY}}, 0, 1),
+             {motion(unstable, Shape::linkage, Cause::negative, {{7, Way::alongY}}),
               "Unstable: Node 7 moves along y", "A negative spring constant"},
              {slip(nodesWithoutElement, {1, 2, 3, 5, 7, 8}), "Nodes without elements",
               "Nodes 1 to 3, 5, 7 and 8\r\nNothing carries"},

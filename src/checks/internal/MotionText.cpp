@@ -30,7 +30,7 @@ std::string wayText(Way way)
     return part(Metafrasi(1658, "along x|along y|obliquely"), static_cast<std::size_t>(way));
 }
 
-/// The direction of a shift, the centre of a turn.
+/// The direction of a shift, the centre of a turn, the way of the one node that moves.
 std::string courseText(const Motion &motion)
 {
     const std::string texts = Metafrasi(1659, "in the direction (%1, %2)|round the point (%1, %2)|"
@@ -40,7 +40,7 @@ std::string courseText(const Motion &motion)
                    ? filled(part(texts, 2), {numberText(motion.centre)})
                    : filled(part(texts, 1), {roundedText(motion.x, 6), roundedText(motion.y, 6)});
     const Way way = motion.moves.front().way;
-    return way == Way::oblique
+    return way == Way::oblique && motion.shape == Motion::Shape::shift
                ? filled(part(texts, 0), {roundedText(motion.x, 3), roundedText(motion.y, 3)})
                : wayText(way);
 }
@@ -92,11 +92,11 @@ std::string motionTitle(const Motion &motion)
                                               "%2 nodes turn freely, each by itself: %1"),
                               nodes.size()),
                       {list, numberText(static_cast<int>(nodes.size()))});
-    if (motion.shape == Motion::Shape::linkage)
+    if (motion.shape == Motion::Shape::linkage && nodes.size() > 1)
         return filled(part(Metafrasi(1655, "A part of the structure moves: %1|"
-                                           "Parts of the structure move, each by itself: %1"),
+                                           "Parts of the structure move, each by itself: nodes %1"),
                            several),
-                      {moversText(motion)});
+                      {several == 0 ? moversText(motion) : list});
     const std::string shifts = Metafrasi(1653, "Node %1 moves %2|Nodes %1 move together %2|"
                                                "Nodes %1 move %2, each part by itself");
     const std::string turns = Metafrasi(1654, "Nodes %1 turn together %2|"
@@ -228,8 +228,8 @@ FindingText motionText(const Finding &finding)
     }
     if (finding.kind == FindingKind::unstable)
         title = filled(Metafrasi(1664, "Unstable: %1"), {title});
-    const bool isCut =
-        motion.shape == Motion::Shape::linkage && motion.moves.size() > largestMovers;
+    const bool isCut = motion.shape == Motion::Shape::linkage && motion.count == 1
+                       && motion.moves.size() > largestMovers;
     const bool isListed = isCut || motion.cause == Cause::noElement;
     // Of what nodes do each by itself the title has said how many do so.
     const bool isCounted = motion.shape != Motion::Shape::turning
