@@ -1,21 +1,15 @@
 #include "Batch.h"
 
-#include "Anafora.h"
 #include "AnalysisCommands.h"
 #include "BatchDesktop.h"
-#include "CheckText.h"
 #include "Fault.h"
 #include "Files.h"
 #include "FileSystem.h"
-#include "ImageKanvas.h"
 #include "Metablites.h"
-#include "ModelCheck.h"
-#include "Settings.h"
-#include "Sxediastika.h"
-#include "Zoom.h"
+#include "Outputs.h"
+#include "ResultTables.h"
 
 #include <algorithm>
-#include <array>
 #include <filesystem>
 #include <ostream>
 #include <set>
@@ -26,66 +20,12 @@ namespace veskora {
 
 namespace {
 
-constexpr const char *usage =
-    "Usage: Veskora_batch [--out DIR | -] [--check] [--pictures] MODEL.vsk...\n"
-    "\n"
-    "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
-    "\n"
-    "  --out DIR  folder of the reports, made when it is not there; the working\n"
-    "             directory when not given\n"
-    "  -          print the reports instead\n"
-    "  --check    write MODEL_check.txt too, or print it behind the report: free\n"
-    "             motions, equilibrium, correct digits and slips of modelling; also of\n"
-    "             a model whose analysis fails\n"
-    "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
-    "             and MODEL_D.png too, the whole model in view\n"
-    "  --         what follows is a model, whatever it begins with\n"
-    "  --help     this text\n"
-    "\n"
-    "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
-    "--check found that one can move freely, 2 wrong usage.\n";
-
-struct Order
+/// One path for one file, however it is written.
+std::string canonical(const std::string &path)
 {
-    bool print = false;
-    bool check = false;
-    bool pictures = false;
-    bool help = false;
-    std::string folder; ///< empty: the working directory
-    std::vector<std::string> models;
-    std::string complaint; ///< not empty: wrong usage
-};
-
-Order parse(const std::vector<std::string> &arguments)
-{
-    Order order;
-    bool onlyModels = false;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string &argument = arguments[i];
-        if (onlyModels || !argument.starts_with('-'))
-            order.models.push_back(argument);
-        else if (argument == "--")
-            onlyModels = true;
-        else if (argument == "-")
-            order.print = true;
-        else if (argument == "--check")
-            order.check = true;
-        else if (argument == "--pictures")
-            order.pictures = true;
-        else if (argument == "--help" || argument == "-h")
-            order.help = true;
-        else if (argument == "--out" && order.folder.empty() && i + 1 < arguments.size())
-            order.folder = arguments[++i];
-        else if (argument == "--out")
-            order.complaint = "--out needs one folder";
-        else
-            order.complaint = "unknown option " + argument;
-    }
-    if (order.print && !order.folder.empty())
-        order.complaint = "--out and - exclude each other";
-    if (order.models.empty() || std::ranges::count(order.models, "") > 0)
-        order.complaint = order.complaint.empty() ? "no model given" : order.complaint;
-    return order;
+    std::error_code error;
+    const fs::path found = fs::weakly_canonical(path, error);
+    return error ? path : found.string();
 }
 
 /// One run over all models.
@@ -105,127 +45,121 @@ public:
     bool run(const std::string &model)
     {
         resetStore();
-        bool isDone = succeeds(model, &BatchRun::process);
-        if (order_.check && !Onoma_Arxeiou.empty())
-            isDone = succeeds(model, &BatchRun::check) && isDone;
-        if (!isDone) {
-            warnOfOldFile(reportPath(model));
-            if (order_.check)
-                warnOfOldFile(checkPath(model));
-        }
+        ModelStatus status = ModelStatus::unreadable;
+        bool isDone = succeeds(model, [&] { return analyse(model, status); });
+        for (const Output &output : outputs())
+            if (isOrdered(output) && canBeMade(output, status))
+                isDone = succeeds(model, [&] { return make(output, model); }) && isDone;
+        if (!isDone)
+            warnOfOldFiles(model);
+        if (!order_.summary.empty())
+            summary_.push_back(summaryRow(model, status));
         return isDone;
     }
 
+    /// @return whether the summary was written, where it was ordered
+    bool finish()
+    {
+        return order_.summary.empty() || succeeds("summary", [&] {
+                   return deliver(order_.summary, csvText(summary_), order_.summary == "-");
+               });
+    }
+
 private:
-    /// Whether @p step says nothing of @p model; what it says, or a fault in it, is told.
-    bool succeeds(const std::string &model, std::string (BatchRun::*step)(const std::string &))
+    /// Whether @p step says nothing of @p subject; what it says, or a fault in it, is told.
+    template <typename Step>
+    bool succeeds(const std::string &subject, Step step)
     {
         std::string failure;
         try {
-            failure = (this->*step)(model);
+            failure = step();
         } catch (const Fault &fault) { // what would end a window program ends one step here
             failure = fault.facts();
         }
         desktop_.finishLine();
         if (!failure.empty())
-            err_ << "Veskora_batch: " << model << ": " << failure << std::endl;
+            tell(subject, failure);
         return failure.empty();
     }
 
-    /// Reads and analyses the model and writes its report and pictures.
-    /// @return what went wrong, empty when nothing
-    std::string process(const std::string &model)
+    void tell(const std::string &subject, const std::string &what)
     {
-        std::string path = model;
-        Anagnosi_Arxeiou(path);
+        err_ << "Veskora_batch: " << subject << ": " << what << std::endl;
+    }
+
+    /// @param status  follows how far it came
+    /// @return what went wrong, empty when nothing
+    std::string analyse(std::string model, ModelStatus &status)
+    {
+        Anagnosi_Arxeiou(model);
         if (Onoma_Arxeiou.empty())
             return "not read";
+        status = ModelStatus::singular;
         if (Arithmos_Kombon == 0)
             return "no nodes, nothing to analyse";
         Button_Epilisi();
         if (Sfalma_Epilisis)
             return "not analysed";
-        std::string report;
-        for (const ReportSection &section : reportSections)
-            report += section.text();
-        const std::string failure = deliver(reportPath(model), reportFileText(report));
-        return failure.empty() && order_.pictures ? drawPictures(model) : failure;
+        status = mechanismSuspected ? ModelStatus::mechanism : ModelStatus::ok;
+        return mechanismSuspected && order_.strict ? "probably a mechanism" : "";
     }
 
-    /// Writes the check of the model, analysed or not.
-    std::string check(const std::string &model)
+    bool isOrdered(const Output &output) const
     {
-        const std::vector<Finding> findings = checkModel();
-        const std::string failure = deliver(checkPath(model), checkText(findings));
-        return failure.empty() && hasFreeMotion(findings) ? "the structure can move freely"
-                                                          : failure;
+        return output.ordered == nullptr || order_.*output.ordered;
     }
 
-    std::string deliver(const std::string &target, const std::string &text)
+    static bool canBeMade(const Output &output, ModelStatus status)
     {
-        if (order_.print) {
-            out_ << text << std::flush;
+        const bool hasResults = status == ModelStatus::ok || status == ModelStatus::mechanism;
+        return hasResults || (!output.needsResults && status != ModelStatus::unreadable);
+    }
+
+    std::string make(const Output &output, const std::string &model)
+    {
+        const Made made = output.make(order_);
+        const std::string target = pathOf(output, model);
+        if (!made.note.empty())
+            tell(target, made.note);
+        const std::string failure = deliver(target, made.content, order_.print && output.isPrinted);
+        return failure.empty() ? made.failure : failure;
+    }
+
+    std::string deliver(const std::string &target, const std::string &content, bool isPrinted)
+    {
+        if (isPrinted) {
+            out_ << content << std::flush;
             return out_ ? "" : target + " could not be printed";
         }
-        if (!written_.insert(target).second)
+        if (written_.contains(canonical(target)))
             return target + " was written in this run already";
         if (isModelOfRun(target))
-            return target + " is a model of this run and no place for a report";
+            return target + " is a model of this run and no place for results";
         try {
-            writeWholeFile(target, text, Durability::onDisk);
+            writeWholeFile(target, content, Durability::onDisk);
         } catch (const Fault &fault) {
             return target + ": " + fault.facts();
         }
+        written_.insert(canonical(target));
         return {};
     }
 
-    /// A report left from an earlier run must not pass for one of this model as it is now.
-    void warnOfOldFile(const std::string &target)
+    /// A file left from an earlier run must not pass for one of this model as it is now.
+    void warnOfOldFiles(const std::string &model)
     {
-        std::error_code ignored;
-        if (!order_.print && !written_.contains(target) && fs::exists(target, ignored)
-            && !isModelOfRun(target))
-            err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
-    }
-
-    /// The five views of the model at best fit.
-    std::string drawPictures(const std::string &model)
-    {
-        using Ending = std::pair<std::int16_t, const char *>;
-        constexpr std::array endings = {
-            Ending{view::model, "_model.png"}, Ending{view::M, "_M.png"}, Ending{view::Q, "_Q.png"},
-            Ending{view::N, "_N.png"}, Ending{view::deformed, "_D.png"}};
-        const QSize size(1280, 800);
-        ImageKanvas kanvas(size);
-        kanvas.setBackground(xroma_background);
-        setPicture1(&kanvas);
-        Zoom_Best_Fit();
-        std::string failure;
-        for (const auto &[shown, ending] : endings) {
-            if (!failure.empty())
-                break;
-            Katastasi_Provolis = shown;
-            Ananeosi_Sxediou();
-            const std::string path = pathWithout(model) + ending;
-            if (!written_.insert(path).second)
-                failure = path + " was written in this run already";
-            else if (!writeImage(kanvas.image(), QString::fromStdString(path), "png"))
-                failure = path + ": the picture could not be written";
+        for (const Output &output : outputs()) {
+            const std::string target = pathOf(output, model);
+            std::error_code ignored;
+            if (isOrdered(output) && !(order_.print && output.isPrinted)
+                && !written_.contains(canonical(target)) && fs::exists(target, ignored)
+                && !isModelOfRun(target))
+                err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
         }
-        setPicture1(nullptr);
-        return failure;
     }
 
-    /// Where the results of a model go, without an extension.
-    std::string pathWithout(const std::string &model) const
+    std::string pathOf(const Output &output, const std::string &model) const
     {
-        return (fs::path(order_.folder) / fs::path(model).stem()).string();
-    }
-
-    std::string reportPath(const std::string &model) const { return pathWithout(model) + ".txt"; }
-    std::string checkPath(const std::string &model) const
-    {
-        return pathWithout(model) + "_check.txt";
+        return (fs::path(order_.folder) / fs::path(model).stem()).string() + output.ending;
     }
 
     bool isModelOfRun(const std::string &target) const
@@ -240,7 +174,8 @@ private:
     std::ostream &out_;
     std::ostream &err_;
     BatchDesktop desktop_;
-    std::set<std::string> written_;
+    std::set<std::string> written_; ///< canonical
+    CsvTable summary_ = {summaryHeader()};
 };
 
 } // namespace
@@ -273,6 +208,7 @@ int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::
     bool allAnalysed = true;
     for (const std::string &model : order.models)
         allAnalysed = run.run(model) && allAnalysed;
+    allAnalysed = run.finish() && allAnalysed;
     return allAnalysed ? batchStatus::allAnalysed : batchStatus::someFailed;
 }
 

@@ -236,12 +236,8 @@ void printReactions(ReportText &report)
             continue;
         report << field(8, report.plain(n));
         for (int k = 1; k <= 3; ++k) {
-            std::string force;
-            if (hasSpring(n, k)) // the spring's force goes before that of a restraint
-                force = report.withSign(springForce(n, k));
-            else if (Komboi(n, node::fixedX - 1 + k) == 1)
-                force = report.withSign(Antidraseis(n, k));
-            report << field(25, force);
+            const auto force = reactionAt(n, k);
+            report << field(25, force ? report.withSign(*force) : "");
         }
         report << nl;
     }

@@ -137,6 +137,13 @@ double springForce(int n, int k)
     return -Elatiria(n, k) * Metatopiseis(freedomOf(n, k));
 }
 
+std::optional<double> reactionAt(int n, int k)
+{
+    if (hasSpring(n, k))
+        return springForce(n, k);
+    return Komboi(n, node::fixedX - 1 + k) == 1 ? std::optional(Antidraseis(n, k)) : std::nullopt;
+}
+
 std::span<float> nodalLoads(int n)
 {
     return Komboi.row(n).subspan(node::Fx - 1, 3);

@@ -7,6 +7,7 @@
 /// the forms bring no others into the tables.
 
 #include <array>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -70,6 +71,9 @@ bool hasSpring(int n);
 /// The force of the spring of node @p n in direction @p k on the frame: minus its stiffness times
 /// the displacement.
 double springForce(int n, int k);
+/// What lists show as the reaction of node @p n in direction @p k, from the last analysis: the
+/// force of its spring, else that of its restraint; none where it has neither.
+std::optional<double> reactionAt(int n, int k);
 /// @}
 
 /// @name Loads

@@ -237,10 +237,9 @@ void fillReactions(ResultGrid &grid)
         const int row = grid.addRow();
         grid.setText(row, 0, numberText(n));
         for (int k = 1; k <= 3; ++k)
-            if (hasSpring(n, k)) // the spring's force goes before that of a restraint
-                grid.setText(row, k, number(springForce(n, k)), cellColour::spring);
-            else if (Komboi(n, node::fixedX - 1 + k) == 1)
-                grid.setText(row, k, number(Antidraseis(n, k)));
+            if (const auto force = reactionAt(n, k))
+                grid.setText(row, k, number(*force),
+                             hasSpring(n, k) ? cellColour::spring : cellColour::black);
     }
 }
 

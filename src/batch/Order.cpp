@@ -1,0 +1,165 @@
+#include "Order.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <string_view>
+
+namespace veskora {
+
+const char *const usage =
+    "Usage: Veskora_batch [OPTION...] MODEL.vsk...\n"
+    "\n"
+    "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
+    "\n"
+    "  --out DIR  folder of the reports, made when it is not there; the working\n"
+    "             directory when not given\n"
+    "  -          print the reports instead\n"
+    "  --check    write MODEL_check.txt too, or print it behind the report: free\n"
+    "             motions, equilibrium, correct digits and slips of modelling; also of\n"
+    "             a model whose analysis fails\n"
+    "  --csv      write MODEL_ends.csv (N, Q, M and the end forces at both ends of each\n"
+    "             element), MODEL_spans.csv (largest and smallest M between the ends)\n"
+    "             and MODEL_nodes.csv (displacements and reactions) too; not with -\n"
+    "  --summary FILE\n"
+    "             write a row for each model: how the analysis ended, extremes of M and\n"
+    "             of the displacements, sums of loads and reactions; - prints it\n"
+    "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
+    "             and MODEL_D.png too, the whole model in view; the first also of a\n"
+    "             model whose analysis fails\n"
+    "  --fit      give each diagram of the pictures a round scale at which it can be\n"
+    "             read and stays in the picture\n"
+    "  --size WxH pixels of the pictures, each from 200 to 8000; 1280x800 when not\n"
+    "             given\n"
+    "  --label-scale F\n"
+    "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
+    "  --strict   a structure that is probably a mechanism counts as failed\n"
+    "  --         what follows is a model, whatever it begins with\n"
+    "  --help     this text\n"
+    "\n"
+    "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
+    "--check or --strict found that one can move freely, 2 wrong usage.\n";
+
+namespace {
+
+struct Flag
+{
+    std::string_view name;
+    bool Order::*given;
+};
+constexpr auto flags = std::to_array<Flag>({
+    {"-", &Order::print},
+    {"--check", &Order::check},
+    {"--csv", &Order::csv},
+    {"--pictures", &Order::pictures},
+    {"--fit", &Order::fit},
+    {"--strict", &Order::strict},
+    {"--help", &Order::help},
+    {"-h", &Order::help},
+});
+
+bool takeFolder(Order &order, const std::string &value)
+{
+    const bool isFirst = order.folder.empty();
+    order.folder = value;
+    return isFirst;
+}
+
+/// A forgotten name must not make the first model the place of the summary.
+bool takeSummary(Order &order, const std::string &value)
+{
+    const bool isFirst = order.summary.empty();
+    order.summary = value;
+    return isFirst && !value.empty() && !value.ends_with(modelExtension);
+}
+
+bool takeSize(Order &order, const std::string &value)
+{
+    const char *const end = value.data() + value.size();
+    const auto [cross, noWidth] = std::from_chars(value.data(), end, order.width);
+    if (noWidth != std::errc() || cross == end || *cross != 'x')
+        return false;
+    const auto [rest, noHeight] = std::from_chars(cross + 1, end, order.height);
+    const auto isSane = [](int pixels) { return pixels >= 200 && pixels <= 8000; };
+    return noHeight == std::errc() && rest == end && isSane(order.width) && isSane(order.height);
+}
+
+bool takeLabelScale(Order &order, const std::string &value)
+{
+    order.labelScale = numberFromWholeText(value).value_or(0);
+    return order.labelScale >= 0.5 && order.labelScale <= 4;
+}
+
+/// An option that takes the argument behind it.
+struct Valued
+{
+    std::string_view name;
+    bool (*take)(Order &, const std::string &); ///< false: it is none of what the option needs
+    const char *needs;
+};
+constexpr auto valued = std::to_array<Valued>({
+    {"--out", takeFolder, "one folder"},
+    {"--summary", takeSummary, "one file that is no model"},
+    {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
+    {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
+});
+
+/// Takes the option at @p i and, where it has one, its value.
+/// @return what is wrong, empty when nothing
+std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
+{
+    const std::string &name = arguments[i];
+    if (const auto *flag = std::ranges::find(flags, name, &Flag::name); flag != flags.end()) {
+        order.*flag->given = true;
+        return {};
+    }
+    const auto *option = std::ranges::find(valued, name, &Valued::name);
+    if (option == valued.end())
+        return "unknown option " + name;
+    if (i + 1 < arguments.size() && option->take(order, arguments[++i]))
+        return {};
+    return name + " needs " + option->needs;
+}
+
+/// What does not go together, empty when all does.
+std::string contradiction(const Order &order)
+{
+    const Order standard;
+    const bool shapesPictures = order.fit || order.width != standard.width
+                                || order.height != standard.height
+                                || order.labelScale != standard.labelScale;
+    if (order.print && !order.folder.empty())
+        return "--out and - exclude each other";
+    if (order.print && order.csv)
+        return "--csv and - exclude each other: three tables of a model are three files";
+    if (order.print && order.summary == "-")
+        return "--summary - and - exclude each other: both print";
+    if (shapesPictures && !order.pictures)
+        return "--fit, --size and --label-scale need --pictures";
+    if (order.models.empty() || std::ranges::count(order.models, "") > 0)
+        return "no model given";
+    return {};
+}
+
+} // namespace
+
+Order parse(const std::vector<std::string> &arguments)
+{
+    Order order;
+    bool onlyModels = false;
+    for (std::size_t i = 0; i < arguments.size() && order.complaint.empty(); ++i)
+        if (onlyModels || !arguments[i].starts_with('-'))
+            order.models.push_back(arguments[i]);
+        else if (arguments[i] == "--")
+            onlyModels = true;
+        else
+            order.complaint = takeOption(order, arguments, i);
+    if (order.complaint.empty())
+        order.complaint = contradiction(order);
+    return order;
+}
+
+} // namespace veskora

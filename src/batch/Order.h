@@ -1,0 +1,33 @@
+#pragma once
+/// @file
+/// The command line of the batch runner.
+
+#include <string>
+#include <vector>
+
+namespace veskora {
+
+/// What a run is to do.
+struct Order
+{
+    bool print = false;
+    bool check = false;
+    bool csv = false;
+    bool pictures = false;
+    bool fit = false;
+    bool strict = false;
+    bool help = false;
+    std::string folder;  ///< empty: the working directory
+    std::string summary; ///< file of the summary, "-" for the standard output, empty for none
+    int width = 1280;    ///< of a picture, pixels
+    int height = 800;
+    double labelScale = 1;
+    std::vector<std::string> models;
+    std::string complaint; ///< not empty: wrong usage
+};
+
+Order parse(const std::vector<std::string> &arguments);
+
+extern const char *const usage;
+
+} // namespace veskora
