@@ -58,7 +58,7 @@ std::string fitPicture(double labelScale)
     const EdgeRoom room = roomForValues(labelScale);
     const double shorter = std::min(Picture1().width(), Picture1().height());
     const double longest = longestOrdinate * shorter;
-    fitModel(std::min(room.right + longest / 2, widestMargin * shorter));
+    fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter));
     return fitDiagramScale(longest, room) ? scaleShown() : "";
 }
 
