@@ -1,11 +1,12 @@
 #include "ResultTables.h"
 
+#include "AlongElement.h"
 #include "Equilibrium.h"
 #include "Functions_Bres_Megista.h"
 #include "MathFunc.h"
-#include "MomentAlongElement.h"
 #include "RowQueries.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace veskora {
@@ -23,11 +24,39 @@ CsvRow endRow(int e, const char *name, int nodeColumn, double (StressResultant::
     return row;
 }
 
-void append(CsvRow &row, const PlacedMoment &moment)
+std::optional<SpanMoment> extremeOfSpan(int e)
 {
-    for (const std::string &cell :
-         {csvNumber(moment.value), numberText(moment.element), csvNumber(moment.x)})
-        row.push_back(cell);
+    const AlongElement along = alongElement(e);
+    const auto x = along.placeOfExtremeM();
+    return x ? std::optional(SpanMoment{e, *x, along.M(*x)}) : std::nullopt;
+}
+
+/// At the ends and, where there is one, at the extreme between them.
+std::vector<SpanMoment> allMoments()
+{
+    std::vector<SpanMoment> moments;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        moments.push_back({e, 0, resultantM.atI(e)});
+        if (const auto between = extremeOfSpan(e))
+            moments.push_back(*between);
+        moments.push_back({e, alongElement(e).length, resultantM.atJ(e)});
+    }
+    return moments;
+}
+
+/// M, element and x of the largest and of the smallest moment, the first of equal ones; empty cells
+/// where there is no element.
+void appendMoments(CsvRow &row)
+{
+    const std::vector<SpanMoment> moments = allMoments();
+    const auto byM = [](const SpanMoment &a, const SpanMoment &b) { return a.M < b.M; };
+    for (const auto place : {std::max_element(moments.begin(), moments.end(), byM),
+                             std::min_element(moments.begin(), moments.end(), byM)}) {
+        if (place == moments.end())
+            row.resize(row.size() + 3);
+        else
+            row.insert(row.end(), {csvNumber(place->M), numberText(place->e), csvNumber(place->x)});
+    }
 }
 
 double displacementOf(int n)
@@ -78,8 +107,8 @@ CsvTable spansTable()
 {
     CsvTable table = {{"element", "x", "M"}};
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (const auto extreme = momentBetweenEnds(e))
-            table.push_back({numberText(e), csvNumber(extreme->x), csvNumber(extreme->value)});
+        if (const auto extreme = extremeOfSpan(e))
+            table.push_back({numberText(e), csvNumber(extreme->x), csvNumber(extreme->M)});
     return table;
 }
 
@@ -110,17 +139,12 @@ CsvRow summaryRow(const std::string &model, ModelStatus status)
 {
     CsvRow row = {model, textOf(status)};
     if (status == ModelStatus::ok || status == ModelStatus::mechanism) {
-        if (const auto range = momentRange()) {
-            append(row, range->largest);
-            append(row, range->smallest);
-        } else
-            row.resize(row.size() + 6);
+        appendMoments(row);
         const int n = nodeOfLargestDisplacement();
         const auto sums = std::get<Equilibrium>(checkEquilibrium().facts);
-        for (const std::string &cell :
-             {csvNumber(displacementOf(n)), numberText(n), csvNumber(sums.x.loads),
-              csvNumber(sums.y.loads), csvNumber(sums.x.reactions), csvNumber(sums.y.reactions)})
-            row.push_back(cell);
+        row.insert(row.end(), {csvNumber(displacementOf(n)), numberText(n)});
+        for (const double sum : {sums.x.loads, sums.y.loads, sums.x.reactions, sums.y.reactions})
+            row.push_back(csvNumber(sum));
     }
     row.resize(summaryHeader().size());
     return row;

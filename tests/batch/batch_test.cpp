@@ -8,7 +8,10 @@
 #include "Settings.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <gmock/gmock.h>
+#include <map>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -71,6 +74,8 @@ TEST_F(Batch, AFailureOfOneModelDoesNotKeepTheNextFromItsTurn)
     const std::vector<std::string> arguments = {
         "-",
         "--check",
+        "--summary",
+        path("summary.csv"),
         path("missing.vsk"),
         changed("banner.vsk", "VESK!", "VESK?"),
         changed("length.vsk", "\r\n4\r\n", "\r\n0\r\n"), // both nodes at one place
@@ -87,6 +92,10 @@ TEST_F(Batch, AFailureOfOneModelDoesNotKeepTheNextFromItsTurn)
          {"missing.vsk: not read", "banner.vsk: not read", "free.vsk: not analysed",
           "length.vsk: Division by zero: element 1 has no length", "Total time:"})
         EXPECT_THAT(err.str(), HasSubstr(says));
+    EXPECT_THAT(contentOf(path("summary.csv")),
+                testing::ContainsRegex("/missing.vsk,unreadable,+\n.*/banner.vsk,unreadable,+\n"
+                                       ".*/length.vsk,singular,+\n.*/free.vsk,singular,+\n"
+                                       ".*/small.vsk,ok,.*[^,]\n$"));
 }
 
 TEST_F(Batch, AFreeMotionThatNoLoadStirsFailsTheCheckAndNotTheAnalysis)
@@ -94,13 +103,109 @@ TEST_F(Batch, AFreeMotionThatNoLoadStirsFailsTheCheckAndNotTheAnalysis)
     buildModel("G 2e8 .01 1e-4; N 0 0 xxo; N 3 4; N 8 5; E 1 2 1; E 2 3 1");
     std::string model = path("turns.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    EXPECT_EQ(run({"--out", path(""), model}), batchStatus::allAnalysed);
+    EXPECT_EQ(run({"--out", path(""), "--summary", path("s.csv"), model}),
+              batchStatus::allAnalysed);
+    EXPECT_THAT(contentOf(path("s.csv")), HasSubstr("turns.vsk,mechanism,"));
+    EXPECT_EQ(run({"--out", path(""), "--strict", model}), batchStatus::someFailed);
     EXPECT_EQ(run({"--out", path(""), "--check", model}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), testing::EndsWith("turns.vsk: the structure can move freely\n"));
     EXPECT_THAT(contentOf(path("turns.txt")), testing::StartsWith("Data\r\n"));
     EXPECT_THAT(contentOf(path("turns_check.txt")),
                 testing::StartsWith("Check of the analysis\r\nturns.vsk\r\n\r\n"
                                     "Fault: Nodes 2 and 3 turn together round node 1\r\n"));
+}
+
+/// The table @p file as Python's csv module reads it; numbers come as their exact bits.
+std::vector<std::vector<std::string>> readByPython(const std::string &file)
+{
+    const std::string command = PYTHON R"( -c '
+import csv, sys
+def exact(cell):
+    try: return float(cell).hex()
+    except ValueError: return cell
+for row in csv.reader(open(sys.argv[1], newline="")):
+    print("\x1f".join(map(exact, row)), end="\x1e")' )"
+                                + file;
+    std::string text;
+    FILE *pipe = popen(command.c_str(), "r");
+    for (int c = 0; pipe != nullptr && (c = std::fgetc(pipe)) != EOF;)
+        text += static_cast<char>(c);
+    EXPECT_EQ(pipe == nullptr ? -1 : pclose(pipe), 0);
+    std::vector<std::vector<std::string>> rows;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line, '\x1e');) {
+        std::istringstream cells(line + '\x1f');
+        rows.emplace_back();
+        for (std::string cell; std::getline(cells, cell, '\x1f');)
+            rows.back().push_back(cell);
+    }
+    return rows;
+}
+
+// A beam of 6 with a cantilever of 2 behind it, 10 per length, from an upright held at its foot.
+// Over the support M = -20; the span's reaction at its hinge is 30 - 20/6 and its largest M half
+// its square over 10.
+TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 -3 xxx; N 0 0; N 6 0; N 8 0; S 3 0 12345 0;"
+               "E 1 2 1; E 2 3 1 1 0 0 -10; E 3 4 1 0 0 0 -10");
+    std::string model = path("a, \"b\"\n.vsk");
+    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
+    ASSERT_EQ(run({"--csv", "--summary", path("summary.csv"), "--out", path(""), model}),
+              batchStatus::allAnalysed)
+        << err.str();
+    std::map<std::string, std::vector<std::vector<std::string>>> tables;
+    for (const char *ending : {"_ends", "_spans", "_nodes"}) {
+        fs::rename(path("a, \"b\"\n") + ending + ".csv", path("table.csv"));
+        EXPECT_EQ(contentOf(path("table.csv")).find('\r'), std::string::npos);
+        tables[ending] = readByPython(path("table.csv"));
+    }
+    tables["summary"] = readByPython(path("summary.csv"));
+    EXPECT_EQ(tables["summary"].at(1).at(0), model);
+    EXPECT_EQ(tables["_nodes"].at(4).at(5), ""); // free
+    EXPECT_EQ(tables["_ends"].at(4).at(1), "j");
+
+    struct Case
+    {
+        const char *table;
+        std::size_t row; ///< the first is that of the names
+        const char *column;
+        double value;
+        double tolerance = 0; ///< 0: to the bit
+    };
+    constexpr double closedForm = 1e-9;
+    const double support = 30 - 20.0 / 6;
+    for (const Case &c : {
+             Case{"_ends", 1, "N", -Entasi_Topiki(1, 1)},
+             {"_ends", 3, "axial_force", Entasi_Topiki(2, 1)},
+             {"_ends", 3, "Q", support, closedForm},
+             {"_ends", 4, "node", 3},
+             {"_ends", 4, "M", -20, closedForm},
+             {"_ends", 4, "shear_force", Entasi_Topiki(2, 5)},
+             {"_ends", 5, "M", -20, closedForm},
+             {"_ends", 5, "moment", 20, closedForm},
+             {"_spans", 1, "element", 2},
+             {"_spans", 1, "x", support / 10, closedForm},
+             {"_spans", 1, "M", support * support / 20, closedForm},
+             {"_nodes", 4, "uy", Metatopiseis(11)},
+             {"_nodes", 4, "rotation", Metatopiseis(12)},
+             {"_nodes", 1, "Ry", Antidraseis(1, 2)},
+             {"_nodes", 3, "Ry", 80 - support, closedForm},
+             {"summary", 1, "max_M", support * support / 20, closedForm},
+             {"summary", 1, "max_M_element", 2},
+             {"summary", 1, "min_M", -20, closedForm},
+             {"summary", 1, "max_displacement", Akrotata(7)},
+             {"summary", 1, "max_displacement_node", 3},
+             {"summary", 1, "loads_y", -80, closedForm},
+             {"summary", 1, "reactions_y", 80, closedForm},
+         }) {
+        const auto &table = tables.at(c.table);
+        const auto column = std::ranges::find(table.at(0), c.column) - table.at(0).begin();
+        const std::string cell = table.at(c.row).at(static_cast<std::size_t>(column));
+        EXPECT_NEAR(std::strtod(cell.c_str(), nullptr), c.value, c.tolerance)
+            << c.table << ' ' << c.column << ' ' << c.row;
+    }
+    EXPECT_EQ(tables["_spans"].size(), 2U); // that of the cantilever is at its free end
 }
 
 TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextModel)
@@ -123,9 +228,21 @@ TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextM
 
 TEST_F(Batch, WrongUsageIsToldApartFromFailure)
 {
-    for (const std::vector<std::string> &arguments :
-         {std::vector<std::string>{}, {"--pix", small}, {"--out"}, {"--out", path("x")}})
-        EXPECT_EQ(run(arguments), batchStatus::wrongUsage);
+    for (const std::vector<std::string> &arguments : {std::vector<std::string>{},
+                                                      {"--pix", small},
+                                                      {"--out"},
+                                                      {"--out", path("x")},
+                                                      {"--csv", "-", small},
+                                                      {"--summary", small, small},
+                                                      {"--summary", "-", "-", small},
+                                                      {"--fit", small},
+                                                      {"--label-scale", "2", small},
+                                                      {"--pictures", "--label-scale", "9", small},
+                                                      {"--pictures", "--size", "1920", small},
+                                                      {"--pictures", "--size", "1920x", small},
+                                                      {"--pictures", "--size", "1920x1080p", small},
+                                                      {"--pictures", "--size", "100x9000", small}})
+        EXPECT_EQ(run(arguments), batchStatus::wrongUsage) << testing::PrintToString(arguments);
     EXPECT_EQ(run({"--help"}), batchStatus::allAnalysed);
     EXPECT_THAT(out.str(), testing::StartsWith("Usage: Veskora_batch"));
 
@@ -149,6 +266,15 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     fs::copy_file(small, path("small_check.txt"));
     EXPECT_EQ(run({"--check", "--out", path(""), small, path("small_check.txt")}),
               batchStatus::someFailed);
+    fs::copy_file(small, path("small_nodes.csv"));
+    EXPECT_EQ(run({"--csv", "--out", path(""), small, path("small_nodes.csv")}),
+              batchStatus::someFailed);
+    EXPECT_EQ(run({"--summary", path("mod.txt"), "--out", path("b"), path("mod.txt")}),
+              batchStatus::someFailed);
+    EXPECT_EQ(run({"--summary", path("b/./small.txt"), "--out", path("b"), small}),
+              batchStatus::someFailed);
+    EXPECT_THAT(contentOf(path("b/small.txt")), testing::StartsWith("Data"));
+    EXPECT_EQ(contentOf(path("small_nodes.csv")), contentOf(small));
     EXPECT_EQ(contentOf(path("mod.txt")), contentOf(small));
     EXPECT_EQ(contentOf(path("small_check.txt")), contentOf(small));
     EXPECT_EQ(contentOf(path("a/small.vsk")), contentOf(small));
@@ -158,6 +284,8 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     EXPECT_THAT(err.str(), HasSubstr("small.txt is from an earlier run"));
     EXPECT_EQ(run({"--check", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small_check.txt is from an earlier run"));
+    EXPECT_EQ(run({"--csv", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("small_ends.csv is from an earlier run"));
     EXPECT_EQ(run({"--out", path("mod.txt"), small}), batchStatus::someFailed);
 }
 
