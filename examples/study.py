@@ -6,9 +6,8 @@
 The columns get 0.2 to 4 times their second moment of area. Models and results stay in the folder.
 Change main() for a study of your own.
 """
-import os
+import csv
 import pathlib
-import re
 import subprocess
 import sys
 
@@ -23,18 +22,11 @@ def put(lines, section, row, place, value):
 
 
 def analyse(batch, folder, models):
-    """All models in one run, their results beside them, with a decimal point."""
-    subprocess.run([batch, "--out", folder, "--", *models], env={**os.environ, "LC_ALL": "C"},
-                   stderr=subprocess.DEVNULL, check=True)
-
-
-def end_moments(report):
-    """M of the diagram at the ends of all elements, as (M, element, node)."""
-    section = report.partition("\nElement forces\n")[2].partition("\nConstraint-Spring reactions\n")[0]
-    element = 0
-    for head, node, moment in re.findall(r"(?m)^(\d*) +(\d+) .* (\S+) *$", section):
-        element = int(head or element)
-        yield (-float(moment) if head else float(moment)), element, int(node)
+    """All models in one run, their reports beside them; the rows of the summary."""
+    summary = folder / "summary.csv"
+    subprocess.run([batch, "--out", folder, "--summary", summary, "--", *models], stderr=subprocess.DEVNULL, check=True)
+    with open(summary, newline="") as table:
+        return list(csv.DictReader(table))
 
 
 def main(batch, folder):
@@ -48,11 +40,10 @@ def main(batch, folder):
         put(lines, "Omades", 1, 3, 0.0002517 * factor)
         variants[factor] = folder / f"columns_{factor}.vsk"
         variants[factor].write_text("\n".join(lines))
-    analyse(batch, folder, variants.values())
-    print("I columns     largest M  element  node     smallest M  element  node")
-    for factor, model in variants.items():
-        ends = list(end_moments(model.with_suffix(".txt").read_text()))
-        print(f"{factor:9.1f}", *(f"{m:14.3f} {element:8} {node:5}" for m, element, node in (max(ends), min(ends))))
+    print("I columns     largest M  element       x     smallest M  element       x")
+    for factor, row in zip(variants, analyse(batch, folder, variants.values())):
+        print(f"{factor:9.1f}", *(f"{float(row[m]):14.3f} {row[m + '_element']:>8} {float(row[m + '_x']):7.3f}"
+                                  for m in ("max_M", "min_M")))
 
 
 if __name__ == "__main__":

@@ -1,4 +1,5 @@
 #include "Analysis.h"
+#include "DiagramFit.h"
 #include "Functions.h"
 #include "RecordingKanvas.h"
 #include "Settings.h"
@@ -186,6 +187,57 @@ TEST_F(Diagrams, AValueTooLargeToBeRoundedIsReportedOnceAPicture)
     dekadika_M = 2;
     Diagramma_M();
     EXPECT_EQ(desktop.log.size(), 1U);
+}
+
+// On a canvas of 20 by 20 cm with one world unit a centimetre.
+TEST_F(Diagrams, AFittedScaleIsTheFinestRoundOneThatStaysInside)
+{
+    struct Case
+    {
+        const char *model;
+        std::int16_t mode;
+        double M, Q, u; ///< moment at end i, shear force along, displacement of node 1
+        float fitted;   ///< 10 at first
+        bool leaves;    ///< before
+        double right = 0;
+    };
+    constexpr double longest = 3;
+    const char *const middle = "N 2 10; N 18 10; E 1 2";
+    const char *const top = "N 2 19; N 18 19; E 1 2";
+    const char *const loaded = "N 2 10; N 18 10; E 1 2 0 0 0 0 -10"; // 320 in the middle
+    const char *const upright = "N 16 15; N 16 2; E 1 2";            // values to the right
+    for (const Case &c : {
+             Case{middle, view::M, 30, 0, 0, 10, false},
+             {middle, view::M, 30.1, 0, 0, 20, false},
+             {middle, view::M, 0.003, 0, 0, 0.001F, false},
+             {middle, view::Q, 0, -70, 0, 50, false},
+             {middle, view::Q, 0, 130, 0, 50, true},
+             {top, view::M, -30, 0, 0, 50, true},
+             {top, view::M, 30, 0, 0, 10, false},
+             {loaded, view::M, 0, 80, 0, 200, true},
+             {upright, view::M, -30, 0, 0, 10, false},
+             {upright, view::M, -30, 0, 0, 20, false, 2.5},
+             {upright, view::M, -30, 0, 0, 10, false, 4.5}, // the frame itself is in the way
+             {middle, view::M, 1e-12, 100, 0, 10, false},   // rounding
+             {middle, view::M, 1e-12, 0, 0, 5e-13F, false},
+             {middle, view::N, 0, 30, 0, 10, false},
+             {middle, view::deformed, 0, 0, 0.01, 5, false},
+             {middle, view::deformed, 0, 0, 0.1, 50, true},
+             {middle, view::model, 30, 30, 1, 10, false},
+         }) {
+        SCOPED_TRACE(testing::Message()
+                     << c.model << ' ' << c.mode << ' ' << c.M << ' ' << c.right);
+        buildModel(c.model);
+        setEndForces(1, {0, c.Q, -c.M, 0, -c.Q, 0});
+        Metatopiseis(1) = -c.u;
+        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = 10;
+        Katastasi_Provolis = c.mode;
+        EXPECT_EQ(diagramLeavesCanvas(), c.leaves);
+        fitDiagramScale(longest, {.right = c.right});
+        const std::array<float, 5> fitted = {10, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q,
+                                             Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000};
+        EXPECT_FLOAT_EQ(fitted.at(static_cast<std::size_t>(c.mode)), c.fitted);
+    }
 }
 
 TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
