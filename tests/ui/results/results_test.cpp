@@ -395,17 +395,10 @@ TEST_F(Results, TheChoiceOfSectionsDecidesWhatLeavesTheWindow)
                              "file instead?";
     desktop.expectMessage(none, Icon::question, Answer::no);
     takeOut("keyEktiposi", "xooo");
-    for (const char *place : {"none/r.pdf", "r"}) {
-        desktop.expectMessage(none, Icon::question, Answer::yes);
-        desktop.expectFileDialog(path(place));
-        if (std::string_view(place) != "r")
-            desktop.expectMessage("There was an error saving the file: " + path(place)
-                                      + ": No such file or directory",
-                                  Icon::critical);
-        takeOut("keyEktiposi", "xooo");
-        EXPECT_EQ(desktop.fileQuestions.back().proposed, "Untitled.pdf");
-    }
-    EXPECT_EQ(log().last().toStdString(), " PDF file: " + path("r.pdf"));
+    desktop.expectMessage(none, Icon::question, Answer::yes);
+    desktop.expectFileDialog(path("r"));
+    takeOut("keyEktiposi", "xooo");
+    EXPECT_EQ(desktop.fileQuestions.back().proposed, "Untitled.pdf");
     EXPECT_TRUE(
         output("pdftotext", {QString::fromStdString(path("r.pdf")), "-"}).contains("210000000"));
 }
@@ -414,33 +407,22 @@ TEST_F(Results, TheNextWindowOpensWhereTheLastWasLeft)
 {
     start();
     buildEveryCase();
-    const auto inSight = [&] {
-        std::string open = std::to_string(part<QTabWidget>("SSTab1")->currentIndex());
-        for (QTreeWidgetItemIterator at(part<QTreeWidget>("TreeView1")); *at != nullptr; ++at)
-            if ((*at)->isExpanded())
-                open += " " + (*at)->text(0).toStdString();
-        return open;
-    };
+    const auto nodes = [&] { return part<QTreeWidget>("TreeView1")->topLevelItem(0)->child(1); };
     open();
-    EXPECT_EQ(inSight(), "0 Model");
-    part<QTabWidget>("SSTab1")->setCurrentIndex(2);
-    QTreeWidgetItem *nodes = part<QTreeWidget>("TreeView1")->topLevelItem(0)->child(1);
-    nodes->setExpanded(true);
-    nodes->child(2)->setExpanded(true);
-    for (const int section : {2, 1}) { // from the tree, from a grid
+    EXPECT_FALSE(nodes()->isExpanded());
+    nodes()->setExpanded(true);
+    nodes()->child(2)->setExpanded(true);
+    for (const int section : {0, 2}) { // Esc in the tree, in a grid
+        part<QTabWidget>("SSTab1")->setCurrentIndex(section);
         const QPointer<frmApotelesmata> left = results();
         QTest::keyClick(left->focusWidget(), Qt::Key_Escape);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         EXPECT_EQ(left, nullptr);
         open();
-        EXPECT_EQ(inSight(), std::to_string(section) + " Model Nodes #3 Node");
-        part<QTabWidget>("SSTab1")->setCurrentIndex(1);
+        EXPECT_EQ(part<QTabWidget>("SSTab1")->currentIndex(), section);
+        EXPECT_TRUE(nodes()->isExpanded() && nodes()->child(2)->isExpanded());
+        EXPECT_FALSE(nodes()->child(1)->isExpanded());
     }
-    reopen();
-    start();
-    Allagi_Montelou = false;
-    open();
-    EXPECT_EQ(inSight(), "0 Model");
 }
 
 TEST_F(Results, AReportIsSavedAsTheBatchRunnerWritesIt)
@@ -522,33 +504,19 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     EXPECT_EQ(contentOf(path("asked")), "asked\nasked\n"); // once for all sections
 
     // No program for them: the files are there all the same. Nowhere to write: there is none.
-    const std::string both = "Workbooks written, but no program opens them:\r\n";
-    const std::string one = "Workbook written, but no program opens it: ";
-    const auto written = [&](const char *section, const char *number) {
-        return path("my.frame ") + section + " (" + number + ").xlsx";
-    };
-    struct Case
-    {
-        const char *tool, *script, *answer;
-        std::string says;
-    };
-    for (const Case &c : {
-             Case{"xdg-open", "#!/bin/sh\nexit 3\n", "ooox",
-                  one + written("Constraint-Spring reactions", "3")},
-             Case{"xdg-mime", "#!/bin/sh\n", "ooxx",
-                  both + written("Element forces", "4") + "\r\n"
-                      + written("Constraint-Spring reactions", "4")},
-             Case{"", "", "ooox", one + written("Constraint-Spring reactions", "5")},
-         }) {
-        if (*c.tool != 0)
-            write(path("bin/") + c.tool, c.script);
+    for (const auto &[tool, script, says] :
+         {std::tuple{"xdg-open", "#!/bin/sh\nexit 3\n", "no program opens it: "},
+          {"xdg-mime", "#!/bin/sh\n", "no program opens them:\r\n"},
+          {"", "", "no program opens them:\r\n"}}) {
+        if (*tool != 0)
+            write(path("bin/") + tool, script);
         else
             ::setenv("PATH", "", 1);
         std::string said;
         desktop.expectAnyMessage(said); // once
-        takeOut("keyExcel", c.answer);
+        takeOut("keyExcel", "ooxx");
         EXPECT_TRUE(QTest::qWaitFor([&] { return !said.empty(); }));
-        EXPECT_EQ(said, c.says);
+        EXPECT_THAT(said, testing::HasSubstr(says + path("my.frame ")));
     }
     const std::string refusal =
         "An error occured while trying to export file. The operation cannot be completed.";
