@@ -71,7 +71,8 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
              {motion(freeMotion, Shape::shift, Cause::noSupport, moves(2, 4, Way::alongX), 1, 0),
               "Nodes 2 to 4 move together along x",
               "Nothing holds them in this direction. Hold one of them by a support or a "
-              "spring.\r\nIf it looks joined to the rest, two nodes may stand at one place: find "
+              "spring.\r\nIf this part looks joined to the rest, two nodes may stand at one place: "
+              "find "
               "them "
               "by Tools, Check, Coincident nodes, join them by Tools, Merge nodes."},
              {motion(freeMotion, Shape::shift, Cause::noSupport, moves(2, 3, Way::oblique), .6, .8),

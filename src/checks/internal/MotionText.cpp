@@ -121,10 +121,12 @@ std::string noSupportText(const Motion &motion)
              : Metafrasi(1669, "The supports do not hold this part. It needs at least three held "
                                "directions or springs that are not all parallel and do not all "
                                "meet in one point; a held rotation counts as one."),
-         filled(Metafrasi(1670, "If it looks joined to the rest, two nodes may stand at one place: "
-                                "find them by %1, join them by %2."),
-                {tools + Metafrasi(22, "Check") + ", " + Metafrasi(23, "Coincident nodes"),
-                 tools + Metafrasi(19, "Merge nodes")})});
+         filled(
+             Metafrasi(1670,
+                       "If this part looks joined to the rest, two nodes may stand at one place: "
+                       "find them by %1, join them by %2."),
+             {tools + Metafrasi(22, "Check") + ", " + Metafrasi(23, "Coincident nodes"),
+              tools + Metafrasi(19, "Merge nodes")})});
 }
 
 std::string hingesText(const std::vector<int> &elements)
