@@ -77,10 +77,12 @@ Eigen::SparseMatrix<Scalar> shifted(const ExtendedMatrix &K, double shift)
 /// precision from what rounding has mixed into it; what local motions are told by are its zeros.
 MatrixXd refined(const MatrixXd &space, const ScaledStiffness &stiffness)
 {
+    if (space.cols() == 0)
+        return space;
     constexpr double shift = 1e-15;
     const Eigen::SimplicialLDLT<ExtendedMatrix> factors(
         shifted<Extended>(stiffness.matrix(), shift));
-    if (space.cols() == 0 || factors.info() != Eigen::Success)
+    if (factors.info() != Eigen::Success)
         return space;
     const Eigen::Matrix<Extended, Eigen::Dynamic, Eigen::Dynamic> solved =
         factors.solve(space.cast<Extended>());
@@ -240,8 +242,12 @@ bool canMoveFreely()
     // not at least nearly free.
     const auto K = shifted<double>(stiffness.matrix(), freeBelow);
     const Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> factors(K);
-    if (factors.info() != Eigen::Success)
-        return true; // a pivot of exactly 0
+    if (factors.info() != Eigen::Success) { // a pivot of exactly 0, which may mean nothing
+        const std::vector<Finding> found = findMotions();
+        return std::any_of(found.begin(), found.end(), [](const Finding &finding) {
+            return finding.kind == FindingKind::freeMotion;
+        });
+    }
     std::mt19937 random(1);
     VectorXd x(stiffness.size());
     for (double &entry : x)
