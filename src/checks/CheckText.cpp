@@ -26,9 +26,10 @@ FindingText noFreeMotionText(const Finding &finding)
 {
     const double *eigenvalue = std::get_if<double>(&finding.facts);
     return {Metafrasi(1677, "The structure cannot move freely"),
-            eigenvalue ? eigenvalueText(*eigenvalue)
-                       : Metafrasi(1678, "Every freedom is held. So there is nothing to solve, and "
-                                         "no analysis: release something or divide an element.")};
+            eigenvalue
+                ? eigenvalueText(*eigenvalue)
+                : Metafrasi(1678, "Nothing is left free, so there is nothing to solve and no "
+                                  "analysis: release something or divide an element.")};
 }
 
 std::string sumText(const std::string &text, const Equilibrium::Sum &sum)
