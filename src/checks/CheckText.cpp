@@ -37,13 +37,13 @@ FindingText noFreeMotionText(const Finding &finding)
 std::string sumText(const std::string &text, const Equilibrium::Sum &sum)
 {
     return filled(text, {roundedText(sum.loads, 6), roundedText(sum.reactions, 6),
-                         roundedText(sum.imbalance, 2), roundedText(sum.relative, 2)});
+                         roundedText(sum.imbalance, 3), roundedText(sum.relative, 2)});
 }
 
 std::string imbalanceText(const std::string &text, const Equilibrium::Node &node)
 {
     return node.node == 0 ? ""
-                          : filled(text, {roundedText(node.imbalance, 2), numberText(node.node),
+                          : filled(text, {roundedText(node.imbalance, 3), numberText(node.node),
                                           roundedText(node.relative, 2)});
 }
 

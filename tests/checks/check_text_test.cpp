@@ -137,7 +137,7 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
               "Loads and reactions are in equilibrium",
               "All loads and reactions, those of springs too, add up to 0 but for rounding:\r\n"
               "Along x: loads 30, reactions -30, together 0 (relative 0)\r\n"
-              "Along y: loads -200, reactions 200, together 1.2E-14 (relative 3E-17)\r\n"
+              "Along y: loads -200, reactions 200, together 1.23E-14 (relative 3E-17)\r\n"
               "About the origin: loads 0, reactions 0, together 0 (relative 0)\r\n"
               "Largest force left over at a node: 1.5E-14 at node 2 (relative 2E-16)\r\n"
               "Largest moment left over at a node: nan at node 3 (relative 1)"}}) {
