@@ -107,6 +107,8 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
               "Next to nothing resists this motion"},
              {motion(unstable, Shape::linkage, Cause::negative, {{7, Way::alongY}}),
               "Unstable: Node 7 moves along y", "A negative spring constant"},
+             {motion(unstable, Shape::shift, Cause::negative, moves(1, 2, Way::alongY), 0, 1, 0, 3),
+              "Unstable: Nodes 1 and 2 move together along y", "A negative spring constant"},
              {slip(nodesWithoutElement, {1, 2, 3, 5, 7, 8}), "Nodes without elements",
               "Nodes 1 to 3, 5, 7 and 8\r\nNothing carries"},
              {slip(nodesWithoutElement, scattered), "Nodes without elements",

@@ -84,7 +84,8 @@ std::string motionTitle(const Motion &motion)
 {
     const std::vector<int> nodes = movingNodes(motion);
     const std::string list = rowList(nodes);
-    const std::size_t several = motion.count > 1 ? 1 : 0;
+    // Of unstable motions the first alone is told.
+    const std::size_t several = motion.count > 1 && motion.cause != Cause::negative ? 1 : 0;
     if (motion.cause == Cause::noElement)
         return part(nodesWithoutElementText(), 0);
     if (motion.shape == Motion::Shape::turning)
@@ -234,8 +235,9 @@ FindingText motionText(const Finding &finding)
                        && motion.moves.size() > largestMovers;
     const bool isListed = isCut || motion.cause == Cause::noElement;
     // Of what nodes do each by itself the title has said how many do so.
-    const bool isCounted = motion.shape != Motion::Shape::turning
-                           && motion.cause != Cause::noElement && motion.count > 1;
+    const bool isCounted =
+        motion.count > 1 && motion.cause != Cause::noElement
+        && (motion.shape != Motion::Shape::turning || motion.cause == Cause::negative);
     return {title, paragraphs({verdict, isListed ? nodesText(nodesOf(motion.moves)) : "",
                                causeText(motion, finding), groupsText(finding.groups),
                                motion.cause == Cause::hinges ? "" : elementsText(finding.elements),
