@@ -7,6 +7,7 @@
 #include "MotionText.h"
 #include "Sentences.h"
 
+#include <algorithm>
 #include <filesystem>
 
 namespace veskora {
@@ -16,6 +17,7 @@ namespace {
 constexpr std::string_view nl = "\r\n";
 constexpr std::size_t widestLine = 100; ///< characters
 constexpr std::size_t mostPairs = 20;
+constexpr int digitsOfDouble = 16; ///< results that are equal have no more to show
 
 FindingText titled(const std::string &text, const std::vector<std::string> &values = {})
 {
@@ -26,21 +28,22 @@ FindingText noFreeMotionText(const Finding &finding)
 {
     const double *eigenvalue = std::get_if<double>(&finding.facts);
     return {Metafrasi(1677, "The structure cannot move freely"),
-            eigenvalue ? eigenvalueText(*eigenvalue)
-                       : Metafrasi(1678, "Every freedom is held. So there is nothing to solve, and "
-                                         "no analysis: release something or divide an element.")};
+            eigenvalue
+                ? eigenvalueText(*eigenvalue)
+                : Metafrasi(1678, "Nothing is left free, so there is nothing to solve and no "
+                                  "analysis: release something or divide an element.")};
 }
 
 std::string sumText(const std::string &text, const Equilibrium::Sum &sum)
 {
     return filled(text, {roundedText(sum.loads, 6), roundedText(sum.reactions, 6),
-                         roundedText(sum.imbalance, 2), roundedText(sum.relative, 2)});
+                         roundedText(sum.imbalance, 3), roundedText(sum.relative, 2)});
 }
 
 std::string imbalanceText(const std::string &text, const Equilibrium::Node &node)
 {
     return node.node == 0 ? ""
-                          : filled(text, {roundedText(node.imbalance, 2), numberText(node.node),
+                          : filled(text, {roundedText(node.imbalance, 3), numberText(node.node),
                                           roundedText(node.relative, 2)});
 }
 
@@ -72,13 +75,14 @@ FindingText equilibriumText(const Finding &finding)
 FindingText digitsText(const Finding &finding)
 {
     const auto &found = std::get<CorrectDigits>(finding.facts);
+    const auto shown = [](int digits) { return numberText(std::min(digits, digitsOfDouble)); };
     FindingText text = titled(
         Metafrasi(1683, "The displacements agree to %1 digits, the end forces to %2, the reactions "
                         "to %3|They were compared with a second computation of more digits "
                         "(relative differences %4, %5, %6). Coordinates and loads themselves are "
                         "kept to about 7 digits: what agrees beyond is of the computing, not of "
                         "the data."),
-        {numberText(found.displacements), numberText(found.endForces), numberText(found.reactions),
+        {shown(found.displacements), shown(found.endForces), shown(found.reactions),
          roundedText(found.displacementsDifference, 2), roundedText(found.endForcesDifference, 2),
          roundedText(found.reactionsDifference, 2)});
     if (finding.severity != Severity::good)

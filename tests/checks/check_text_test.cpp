@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include <numeric>
+#include <cmath>
 #include <sstream>
 
 namespace veskora {
@@ -71,7 +71,8 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
              {motion(freeMotion, Shape::shift, Cause::noSupport, moves(2, 4, Way::alongX), 1, 0),
               "Nodes 2 to 4 move together along x",
               "Nothing holds them in this direction. Hold one of them by a support or a "
-              "spring.\r\nIf it looks joined to the rest, two nodes may stand at one place: find "
+              "spring.\r\nIf this part looks joined to the rest, two nodes may stand at one place: "
+              "find "
               "them "
               "by Tools, Check, Coincident nodes, join them by Tools, Merge nodes."},
              {motion(freeMotion, Shape::shift, Cause::noSupport, moves(2, 3, Way::oblique), .6, .8),
@@ -106,6 +107,8 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
               "Next to nothing resists this motion"},
              {motion(unstable, Shape::linkage, Cause::negative, {{7, Way::alongY}}),
               "Unstable: Node 7 moves along y", "A negative spring constant"},
+             {motion(unstable, Shape::shift, Cause::negative, moves(1, 2, Way::alongY), 0, 1, 0, 3),
+              "Unstable: Nodes 1 and 2 move together along y", "A negative spring constant"},
              {slip(nodesWithoutElement, {1, 2, 3, 5, 7, 8}), "Nodes without elements",
               "Nodes 1 to 3, 5, 7 and 8\r\nNothing carries"},
              {slip(nodesWithoutElement, scattered), "Nodes without elements",
@@ -120,27 +123,26 @@ TEST_F(CheckText, TitlesAndExplanationsAreWholeSentencesAboutTheRows)
              {{stiffnessRange, Severity::warning, {}, {3, 5}, {}, 2.345e9},
               "Stiffnesses far apart",
               "Elements 3 and 5\r\nThe stiffest element is 2300000000 times as stiff"},
-             {{digits,
-               Severity::warning,
-               {},
-               {},
-               {},
-               CorrectDigits{11, 10, 3, 1e-12, 2e-11, 4.44e-4}},
-              "The displacements agree to 11 digits, the end forces to 10, the reactions to 3",
+             {{digits, Severity::warning, {}, {}, {}, CorrectDigits{11, 18, 3, 1e-12, 0, 4.44e-4}},
+              "The displacements agree to 11 digits, the end forces to 16, the reactions to 3",
               "Fewer than 4 digits are right"},
              {{equilibrium,
                Severity::good,
                {},
                {},
                {},
-               Equilibrium{
-                   {30, -30, 0, 0}, {-200, 200, 1.234e-14, 3e-17}, {}, {2, 1.5e-14, 2e-16}, {}}},
+               Equilibrium{{30, -30, 0, 0},
+                           {-200, 200, 1.234e-14, 3e-17},
+                           {},
+                           {2, 1.5e-14, 2e-16},
+                           {3, NAN, 1}}},
               "Loads and reactions are in equilibrium",
               "All loads and reactions, those of springs too, add up to 0 but for rounding:\r\n"
               "Along x: loads 30, reactions -30, together 0 (relative 0)\r\n"
-              "Along y: loads -200, reactions 200, together 1.2E-14 (relative 3E-17)\r\n"
+              "Along y: loads -200, reactions 200, together 1.23E-14 (relative 3E-17)\r\n"
               "About the origin: loads 0, reactions 0, together 0 (relative 0)\r\n"
-              "Largest force left over at a node: 1.5E-14 at node 2 (relative 2E-16)"}}) {
+              "Largest force left over at a node: 1.5E-14 at node 2 (relative 2E-16)\r\n"
+              "Largest moment left over at a node: nan at node 3 (relative 1)"}}) {
         const FindingText text = textOf(c.finding);
         EXPECT_EQ(text.title, c.title);
         EXPECT_THAT(text.explanation, testing::StartsWith(c.explanation));

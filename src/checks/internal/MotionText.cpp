@@ -84,7 +84,8 @@ std::string motionTitle(const Motion &motion)
 {
     const std::vector<int> nodes = movingNodes(motion);
     const std::string list = rowList(nodes);
-    const std::size_t several = motion.count > 1 ? 1 : 0;
+    // Of unstable motions the first alone is told.
+    const std::size_t several = motion.count > 1 && motion.cause != Cause::negative ? 1 : 0;
     if (motion.cause == Cause::noElement)
         return part(nodesWithoutElementText(), 0);
     if (motion.shape == Motion::Shape::turning)
@@ -121,10 +122,12 @@ std::string noSupportText(const Motion &motion)
              : Metafrasi(1669, "The supports do not hold this part. It needs at least three held "
                                "directions or springs that are not all parallel and do not all "
                                "meet in one point; a held rotation counts as one."),
-         filled(Metafrasi(1670, "If it looks joined to the rest, two nodes may stand at one place: "
-                                "find them by %1, join them by %2."),
-                {tools + Metafrasi(22, "Check") + ", " + Metafrasi(23, "Coincident nodes"),
-                 tools + Metafrasi(19, "Merge nodes")})});
+         filled(
+             Metafrasi(1670,
+                       "If this part looks joined to the rest, two nodes may stand at one place: "
+                       "find them by %1, join them by %2."),
+             {tools + Metafrasi(22, "Check") + ", " + Metafrasi(23, "Coincident nodes"),
+              tools + Metafrasi(19, "Merge nodes")})});
 }
 
 std::string hingesText(const std::vector<int> &elements)
@@ -232,8 +235,9 @@ FindingText motionText(const Finding &finding)
                        && motion.moves.size() > largestMovers;
     const bool isListed = isCut || motion.cause == Cause::noElement;
     // Of what nodes do each by itself the title has said how many do so.
-    const bool isCounted = motion.shape != Motion::Shape::turning
-                           && motion.cause != Cause::noElement && motion.count > 1;
+    const bool isCounted =
+        motion.count > 1 && motion.cause != Cause::noElement
+        && (motion.shape != Motion::Shape::turning || motion.cause == Cause::negative);
     return {title, paragraphs({verdict, isListed ? nodesText(nodesOf(motion.moves)) : "",
                                causeText(motion, finding), groupsText(finding.groups),
                                motion.cause == Cause::hinges ? "" : elementsText(finding.elements),

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 namespace veskora {
 
@@ -129,7 +130,8 @@ std::string roundedText(double value, int digits)
     const char *end = std::to_chars(text.data(), text.data() + text.size(), value,
                                     std::chars_format::scientific, digits - 1)
                           .ptr;
-    return numberText(Val({text.data(), end}));
+    const std::string_view rounded(text.data(), static_cast<std::size_t>(end - text.data()));
+    return std::isfinite(value) ? numberText(Val(rounded)) : std::string(rounded);
 }
 
 std::string wrapped(std::string_view text, std::size_t width)
