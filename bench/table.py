@@ -11,6 +11,8 @@ RATIOS = [
     ("analysis_literal/storey", "analysis/storey"),
     ("analysis_literal/shuffled", "analysis/shuffled"),
     ("undo/limit", "picture_model/limit"),
+    ("quick_test/limit", "analysis/storey"),
+    ("check/limit", "analysis/storey"),
 ]
 
 with open(sys.argv[1], encoding="utf-8") as file:

@@ -3,7 +3,7 @@
 
     verification.py BATCH_BINARY MODELS TEMPLATE OUTPUT PROBLEMS.txt...
 
-MODELS holds the model file of each problem, named by the first word of its title. The template's
+MODELS or a folder in it holds the model file of each problem, named by the first word of its title. The template's
 ${...} are filled; a value out of tolerance or without a report ends the build.
 """
 import html
@@ -25,7 +25,7 @@ NAMES = {
 
 def problems(path):
     """Title, source and expected values (table, row, column, text as published) of each block."""
-    for block in re.split(r"(?m)^# (?=V\d)", pathlib.Path(path).read_text(encoding="utf-8"))[1:]:
+    for block in re.split(r"(?m)^# (?=.*\n# Source: )", pathlib.Path(path).read_text(encoding="utf-8"))[1:]:
         title, source, *rows = block.splitlines()
         records = [r.split() for row in rows if not row.startswith("#") for r in row.split(";")]
         yield title, source.removeprefix("# Source: "), [
@@ -84,7 +84,7 @@ def main(batch, models, template, output, *files):
     for path in files:
         for title, source, expected in problems(path):
             name, _, heading = title.partition(" ")
-            found = results(report(batch, f"{models}/{name}.vsk"))
+            found = results(report(batch, next(pathlib.Path(models).rglob(f"{name}.vsk"))))
             limit = re.search(r"Compare within ([\d.]+) %", source)
             rows.append(f'<tr><td colspan="6" class="problem"><b>{name}</b> {html.escape(heading)}'
                         f"<br><small>{html.escape(source)}</small></td></tr>")

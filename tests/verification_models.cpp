@@ -1,4 +1,4 @@
-// Makes the models of examples/verification/ from the problems with known answers.
+// Makes the models of examples/ that problems with known answers describe.
 //   veskora_verification_models DIR PROBLEMS.txt...           writes them
 //   veskora_verification_models --check DIR PROBLEMS.txt...   tells whether they are up to date
 
@@ -98,7 +98,7 @@ int main(int argc, char **argv)
     const fs::path scratch = fs::current_path() / "verification_model.vsk";
     int stale = 0;
     const auto finish = [&](const std::string &title, const std::string &problem) {
-        if (problem.find("G ") == std::string::npos)
+        if (title.empty())
             return;
         prepare(problem);
         const fs::path model = folder / (title.substr(0, title.find(' ')) + ".vsk");
@@ -114,11 +114,11 @@ int main(int argc, char **argv)
             std::cerr << arguments[i] << " cannot be read\n";
             return 2;
         }
-        std::string title, problem;
-        for (std::string line; std::getline(file, line);) {
-            if (line.starts_with("# V")) {
+        std::string title, problem, before;
+        for (std::string line; std::getline(file, line); before = line) {
+            if (line.starts_with("# Source: ")) {
                 finish(title, problem);
-                title = line.substr(2);
+                title = before.substr(2);
                 problem.clear();
             }
             problem += line + "\n";

@@ -105,22 +105,15 @@ void logFinish(float startSeconds)
 
 void warnOfMechanism()
 {
-    double largest = 0;
-    int freedom = 0;
-    for (int k = 1; k <= 3 * Arithmos_Kombon; ++k)
-        if (std::abs(Metatopiseis(k)) > largest) {
-            largest = std::abs(Metatopiseis(k));
-            freedom = k;
-        }
-    constexpr double excessive = 1e7;
-    if (!(largest > excessive))
+    const int freedom = excessiveFreedom();
+    if (freedom == 0)
         return;
     const std::string text = Metafrasi(
         145, "The analysis has been carried out successfully, yet some of the resultant "
              "displacements have excessive values. The structure is probably a mechanism.");
     Grammi_Log(text, logColour::red);
     desktop().message(text + "\r\n\r\nmax.(u) = u(" + numberText(freedom)
-                          + ") = " + numberText(largest),
+                          + ") = " + numberText(std::abs(Metatopiseis(freedom))),
                       Icon::critical);
 }
 
@@ -138,6 +131,19 @@ void testFinite(const PinakasErgasias<Rows, Columns> &table, int rows)
 }
 
 } // namespace
+
+int excessiveFreedom()
+{
+    double largest = 0;
+    int freedom = 0;
+    for (int k = 1; k <= 3 * Arithmos_Kombon; ++k)
+        if (std::abs(Metatopiseis(k)) > largest) {
+            largest = std::abs(Metatopiseis(k));
+            freedom = k;
+        }
+    constexpr double excessive = 1e7;
+    return largest > excessive ? freedom : 0;
+}
 
 void Epilisi_Systimatos()
 {

@@ -21,6 +21,10 @@ namespace veskora {
 /// a Double's range.
 void Epilisi();
 
+/// The freedom of the largest displacement in `Metatopiseis`, where that is so large that the
+/// structure is probably a mechanism; else 0.
+int excessiveFreedom();
+
 /// @name Stages of one element
 /// @p e is an element row, 1 to `Arithmos_Stoixeion`.
 /// @{

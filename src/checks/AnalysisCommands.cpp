@@ -3,6 +3,7 @@
 #include "Desktop.h"
 #include "Diagrafes.h"
 #include "epilisi.h"
+#include "FreeMotions.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -34,6 +35,23 @@ Answer askToDelete(int n)
         Icon::question, Buttons::yesNoCancel);
 }
 
+/// Tells what the analysis has left unsaid, and where more is said.
+void pointToCheck()
+{
+    const bool isTold = Sfalma_Epilisis || excessiveFreedom() != 0;
+    if (!Sfalma_Epilisis)
+        mechanismSuspected = isTold || canMoveFreely();
+    if (isTold)
+        Grammi_Log(Metafrasi(1701,
+                             "See Report, Check of the analysis: it tells whether parts of the "
+                             "structure can move, which ones, and how."),
+                   logColour::red);
+    else if (mechanismSuspected)
+        Grammi_Log(Metafrasi(1702, "The structure can move freely although its loads do not move "
+                                   "it: see Report, Check of the analysis."),
+                   logColour::red);
+}
+
 } // namespace
 
 void Button_Epilisi()
@@ -50,6 +68,7 @@ void Button_Epilisi()
         desktop().redraw();
     }
     Epilisi();
+    pointToCheck();
     if (!Sfalma_Epilisis && Katastasi_Provolis != view::model)
         desktop().redraw(); // the picture shown is then that of the new results
 }

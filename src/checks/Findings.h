@@ -80,6 +80,7 @@ struct Motion
     double eigenvalue = 0;   ///< of the stiffness scaled to a unit diagonal; the smallest of them
     std::vector<Move> moves; ///< largest first
     double x = 0, y = 0;     ///< of a shift its direction, of length 1; of a turn its centre
+    int centre = 0;          ///< of a turn the node that stands there, 0 where none does
     /// At `freedomOf(n, k) - 1`, model axes; the largest translation is 1, of a mere turning the
     /// rotations are. Signs mean nothing: it goes both ways.
     std::vector<double> displacements;

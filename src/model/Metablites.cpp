@@ -46,6 +46,7 @@ bool Allagi_Montelou = true;
 int modelsBegun = 0;
 int analysesFinished = 0;
 bool Sfalma_Epilisis = false;
+bool mechanismSuspected = false;
 std::string Onoma_Arxeiou;
 std::int16_t Katastasi_Provolis = view::model;
 std::string currentFolder;
@@ -126,6 +127,7 @@ void Katharismos_Montelou()
     Metatopiseis.clear();
     Entasi_Topiki.clear();
     Antidraseis.clear();
+    mechanismSuspected = false;
 
     clearWorkingTables();
     Eleftheroi_Vathmoi = Desmevmenoi_Vathmoi = 0;

@@ -127,6 +127,7 @@ extern int analysesFinished;            ///< counts up with each; the results ar
 extern int modelsBegun;                 ///< counts up whenever another model takes the place of
                                         ///< the one before, as by New and Open
 extern bool Sfalma_Epilisis;            ///< the last solve failed
+extern bool mechanismSuspected;         ///< the structure that the results are of can probably move
 extern std::string Onoma_Arxeiou;       ///< path of the model file, empty for an unnamed model
 extern std::int16_t Katastasi_Provolis; ///< what the canvas shows, one of `view`
 /// Where file dialogs start: the folder of the last file used; empty before there was one.

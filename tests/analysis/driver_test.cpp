@@ -217,6 +217,33 @@ TEST_F(Commands, UnconnectedNodesAreOfferedFromTheFirstOnAfterEachDeletion)
     EXPECT_EQ(std::ranges::count(desktop.events, "redraw"), 1); // of the deletion alone
 }
 
+TEST_F(Commands, WhatCanMoveFreelyIsTold)
+{
+    const std::string silent =
+        "The structure can move freely although its loads do not move it: see "
+        "Report, Check of the analysis.";
+    const std::string pointer = "See Report, Check of the analysis: it tells whether parts of the "
+                                "structure can move, which ones, and how.";
+    const std::string beam = "G 2.1e8 .01 1e-4; N 0 0 oxo; N .7 0; E 1 2 1; E 2 3 1; N 3 0 ";
+    struct Case
+    {
+        std::string model, line;
+        bool isSuspected;
+    };
+    for (const auto &[model, line, isSuspected] :
+         {Case{beam + "oxo 0 -5", silent, true},
+          {beam + "xxo 0 -5", "Total time:  0 sec", false},
+          {beam + "oxo 5", pointer, true},
+          {"G 2.1e8 .01 1e-4; N 0 0 oxo; N 4 0 oxo 5; E 1 2 1", pointer, false}}) {
+        buildModel(model);
+        desktop.log.clear();
+        desktop.answerAnything = [] { return Answer::ok; };
+        Button_Epilisi();
+        EXPECT_EQ(desktop.log.back().text, line) << model;
+        EXPECT_EQ(mechanismSuspected, isSuspected) << model;
+    }
+}
+
 TEST_F(Commands, OldResultsAreOfferedANewAnalysis)
 {
     buildModel(cantilever);

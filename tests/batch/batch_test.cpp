@@ -1,6 +1,8 @@
 #include "Batch.h"
 #include "Files.h"
 #include "Metablites.h"
+#include "ModelText.h"
+#include "Registry.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
 
@@ -32,7 +34,7 @@ TEST_F(Batch, EveryExampleIsAnalysedAndWrittenAsTheProgramWritesIt)
 {
     std::vector<std::string> arguments = {"--out", path("reports/new")};
     for (const auto &entry : fs::directory_iterator(EXAMPLES))
-        if (entry.path().extension() == ".vsk")
+        if (entry.path().extension() == ".vsk" && entry.path().stem() != "empty")
             arguments.push_back(entry.path());
     ASSERT_GE(arguments.size(), 10U);
     EXPECT_EQ(run(arguments), batchStatus::allAnalysed) << err.str();
@@ -47,6 +49,13 @@ TEST_F(Batch, EveryExampleIsAnalysedAndWrittenAsTheProgramWritesIt)
         Apothikefsi_Arxeiou(copy, true);
         EXPECT_EQ(contentOf(copy), contentOf(*model)) << *model;
     }
+}
+
+// Models are written into it by hand, and by scripts.
+TEST_F(Batch, TheEmptyExampleIsANewModelAsTheProgramSavesIt)
+{
+    Fortosi_Rithmiseon();
+    EXPECT_EQ(contentOf(EXAMPLES "/empty.vsk"), modelText());
 }
 
 TEST_F(Batch, AFailureOfOneModelDoesNotKeepTheNextFromItsTurn)

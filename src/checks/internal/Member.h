@@ -26,7 +26,12 @@ struct Member
     int e, nodeI, nodeJ;
     Real length, c, s;                 ///< cosine and sine of its direction
     Real axial;                        ///< force for an elongation of 1
+    Real bending;                      ///< E I / L
     Real momentII, momentIJ, momentJJ; ///< end moments for end rotations of 1 against the chord
+    ElementType type;
+
+    bool isRigidAtI() const { return type == ElementType::P2 || type == ElementType::hingeAtJ; }
+    bool isRigidAtJ() const { return type == ElementType::P2 || type == ElementType::hingeAtI; }
 
     /// Numbers of its freedoms, x, y and rotation at i, then at j, from 0.
     std::array<std::size_t, 6> freedoms() const
@@ -49,6 +54,18 @@ struct Member
         const Real sl = s / length, cl = c / length; // the chord turns by (vj - vi) / L
         return {Row{-c, -s, zero, c, s, zero}, Row{-sl, cl, one, sl, -cl, zero},
                 Row{-sl, cl, zero, sl, -cl, one}};
+    }
+
+    /// The three deformations under displacements @p u of all freedoms, in global axes.
+    std::array<Real, 3> strain(const auto &u) const
+    {
+        const auto B = deformations();
+        const auto at = freedoms();
+        std::array<Real, 3> strain{};
+        for (std::size_t d = 0; d < 3; ++d)
+            for (std::size_t k = 0; k < 6; ++k)
+                strain[d] += B[d][k] * u[static_cast<std::ptrdiff_t>(at[k])];
+        return strain;
     }
 
     /// In global axes.
@@ -105,17 +122,18 @@ Member<Real> member(int e, Projections projections)
     const int g = groupOf(e);
     const Real E(Omades(g, group::E));
     m.axial = E * Real(Omades(g, group::A)) / m.length;
-    const Real bending = E * Real(Omades(g, group::I)) / m.length;
-    switch (elementType(e)) {
+    m.bending = E * Real(Omades(g, group::I)) / m.length;
+    m.type = elementType(e);
+    switch (m.type) {
     case ElementType::P2:
-        m.momentII = m.momentJJ = Real(4) * bending;
-        m.momentIJ = Real(2) * bending;
+        m.momentII = m.momentJJ = Real(4) * m.bending;
+        m.momentIJ = Real(2) * m.bending;
         break;
     case ElementType::hingeAtJ:
-        m.momentII = Real(3) * bending;
+        m.momentII = Real(3) * m.bending;
         break;
     case ElementType::hingeAtI:
-        m.momentJJ = Real(3) * bending;
+        m.momentJJ = Real(3) * m.bending;
         break;
     case ElementType::P1:
     case ElementType::none:

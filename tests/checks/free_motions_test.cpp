@@ -1,0 +1,227 @@
+#include "FreeMotions.h"
+#include "Metablites.h"
+#include "Models.h"
+#include "RowQueries.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <map>
+#include <random>
+
+namespace veskora {
+namespace {
+
+/// "count shape: cause, nodes", a line for each.
+std::string told(const std::vector<Finding> &findings)
+{
+    constexpr const char *shapes[] = {"turning", "shift", "turn", "linkage"};
+    constexpr const char *causes[] = {"no element", "only hinges", "no stiffness", "no support",
+                                      "hinges",     "softness",    "negative"};
+    constexpr const char *kinds[] = {"", "nearly ", "unstable "};
+    std::string all;
+    for (const Finding &finding : findings) {
+        const auto *motion = std::get_if<Motion>(&finding.facts);
+        if (motion == nullptr)
+            continue;
+        all += (all.empty() ? "" : "; ") + std::string(kinds[static_cast<int>(finding.kind)])
+               + std::to_string(motion->count) + " " + shapes[static_cast<int>(motion->shape)]
+               + ": " + causes[static_cast<int>(motion->cause)] + ",";
+        for (const int n : finding.nodes)
+            all += " " + std::to_string(n);
+    }
+    return all;
+}
+
+const std::string section = "G 2.1e8 0.01 1e-4; ";
+/// Name, model and what is told. Elements without a group are of the first.
+const std::map<std::string, std::pair<std::string, std::string>> cases = {
+    {"portal", {"N 0 0 xxx; N 0 4; N 6 4; N 6 0 xxx; E 1 2; E 2 3; E 3 4", ""}},
+    {"portal on rollers",
+     {"N 0 0 oxo; N 0 4; N 6 4; N 6 0 oxo; E 1 2; E 2 3; E 3 4", "1 shift: no support, 1 2 3 4"}},
+    {"portal on one pin",
+     {"N 0 0 xxo; N 0 4; N 6 4; N 6 0; E 1 2; E 2 3; E 3 4", "1 turn: no support, 1 2 3 4"}},
+    {"portal in the air",
+     {"N 0 0; N 0 4; N 6 4; E 1 2; E 2 3",
+      "1 shift: no support, 1 2 3; 1 shift: no support, 1 2 3; 1 turn: no support, 1 2 3"}},
+    {"beam that can slide", {"N 0 0 oxo; N 4 0 oxo; E 1 2", "1 shift: no support, 1 2"}},
+    {"linkage of four bars",
+     {"N 0 0 xxx; N 0 4; N 6 4; N 7 1 xxx; E 1 2 1 1 1; E 2 3 1 0 0; E 3 4 1 1 1",
+      "1 turn: hinges, 2 3"}},
+    {"the same, its beam hinged",
+     {"N 0 0 xxo; N 0 4; N 6 4; N 6 0 xxo; E 1 2 1 0 1; E 2 3; E 3 4 1 1 0",
+      "1 linkage: hinges, 1 2 3 4"}},
+    {"truss, rotations not held",
+     {"N 0 0 xxo; N 2 0 oxo; N 1 1; E 1 2 1 1 1; E 1 3 1 1 1; E 3 2 1 1 1",
+      "3 turning: only hinges, 1 2 3"}},
+    {"straight chain of hinges",
+     {"N 0 0 xxx; N 1 0 oox; N 2 0 oox; N 3 0 xxx; E 1 2 1 1 1; E 2 3 1 1 1; E 3 4 1 1 1",
+      "2 shift: hinges, 2 3"}},
+    {"bent chain, 6 hinges",
+     {"N 0 0 xxx; N 1 1 oox; N 2 0 oox; N 3 1 oox; N 4 0 oox; N 5 1 xxx; E 1 2 1 1 1; E 2 3 1 1 1; "
+      "E 3 4 1 1 1; E 4 5 1 1 1; E 5 6 1 1 1",
+      "1 shift: hinges, 2 3; 1 shift: hinges, 3 4; 1 shift: hinges, 4 5"}},
+    {"two hinged storeys",
+     {"N 0 0 xxx; N 5 0 xxx; N 0 3; N 5 3; N 0 6; N 5 6; E 1 3 1 1 1; E 2 4 1 1 1; E 3 4; "
+      "E 3 5 1 1 1; E 4 6 1 1 1; E 5 6",
+      "1 shift: hinges, 3 4; 1 shift: hinges, 5 6"}},
+    {"node by itself",
+     {"N 0 0 xxx; N 0 3; N 4 3; N 5 5 oxo; E 1 2; E 2 3", "2 shift: no element, 4"}},
+    {"columns without inertia",
+     {"G 2e8 0.01 0; N 0 0 xxx; N 0 3; N 4 3; N 4 0 xxx; E 1 2 2; E 2 3; E 3 4 2",
+      "1 shift: no stiffness, 2 3"}},
+    {"held by a spring", {"N 0 0 oxo; N 4 0 oxo; E 1 2; S 1 100", ""}},
+    {"held by a spring far too soft",
+     {"N 0 0 oxo; N 4 0 oxo; E 1 2; S 1 1e-5", "nearly 1 shift: softness, 1 2"}},
+    {"pushed by a spring",
+     {"N 0 0 oxo; N 4 0 oxo; E 1 2; S 1 -100", "unstable 1 linkage: negative, 1 2"}},
+    // The middle hinge lies off the line by what a Single leaves of it.
+    {"three hinges on an inclined line",
+     {"N 0.1 0.1 xxx; N 1.4 0.7 oox; N 2.7 1.3 xxx; E 1 2 1 1 1; E 2 3 1 1 1",
+      "1 shift: hinges, 2"}},
+    {"beam 1e8 times as stiff as its columns",
+     {"G 2.1e16 0.01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0 xxx; E 1 2; E 2 3 2; E 3 4", ""}},
+};
+
+TEST(FreeMotions, AreToldWithTheirCause)
+{
+    for (const auto &[name, model] : cases) {
+        SCOPED_TRACE(name);
+        resetStore();
+        buildModel(section + model.first);
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+            if (Stoixeia(e, element::group) == 0)
+                Stoixeia(e, element::group) = 1;
+        EXPECT_EQ(told(findMotions()), model.second);
+        EXPECT_EQ(canMoveFreely(), !model.second.empty() && model.second[0] < 'a');
+    }
+}
+
+// ------------------------------------------------------------------- counted in exact arithmetic
+
+/// Integers modulo a prime so large that no minor of small integers is a multiple by chance.
+using Residue = std::uint64_t;
+constexpr Residue prime = (Residue{1} << 61) - 1;
+__extension__ typedef unsigned __int128 Wide;
+
+Residue times(Residue a, Residue b)
+{
+    return static_cast<Residue>(static_cast<Wide>(a) * b % prime);
+}
+
+Residue inverse(Residue a)
+{
+    Residue result = 1;
+    for (Residue exponent = prime - 2; exponent != 0; exponent >>= 1, a = times(a, a))
+        if ((exponent & 1) != 0)
+            result = times(result, a);
+    return result;
+}
+
+/// Free freedoms less the rank of what strains members and springs: for positive stiffnesses the
+/// rank of the stiffness. Coordinates are whole numbers.
+int exactFreeMotions()
+{
+    std::map<int, std::size_t> columns;
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int k = 1; k <= 3; ++k)
+            if (Komboi(n, node::fixedX - 1 + k) == 0)
+                columns.emplace(freedomOf(n, k), columns.size());
+    std::vector<std::vector<Residue>> rows;
+    const auto add = [&](std::initializer_list<std::pair<int, std::int64_t>> entries) {
+        rows.emplace_back(columns.size());
+        for (const auto &[freedom, value] : entries)
+            if (columns.contains(freedom))
+                rows.back()[columns[freedom]] = static_cast<Residue>(
+                    value < 0 ? value + static_cast<std::int64_t>(prime) : value);
+    };
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
+        const auto dx = std::llround(Komboi(j, node::x) - Komboi(i, node::x));
+        const auto dy = std::llround(Komboi(j, node::y) - Komboi(i, node::y));
+        const int xi = freedomOf(i, 1), yi = freedomOf(i, 2), xj = freedomOf(j, 1),
+                  yj = freedomOf(j, 2);
+        add({{xi, -dx}, {yi, -dy}, {xj, dx}, {yj, dy}});
+        for (const auto &[n, hinge] : {std::pair{i, element::hingeI}, {j, element::hingeJ}})
+            if (Stoixeia(e, hinge) == 0)
+                add({{freedomOf(n, 3), dx * dx + dy * dy},
+                     {xi, -dy},
+                     {yi, dx},
+                     {xj, dy},
+                     {yj, -dx}});
+    }
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int k = 1; k <= 3; ++k)
+            if (Elatiria(n, k) != 0)
+                add({{freedomOf(n, k), 1}});
+
+    std::size_t rank = 0;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        std::size_t pivot = rank;
+        while (pivot < rows.size() && rows[pivot][column] == 0)
+            ++pivot;
+        if (pivot == rows.size())
+            continue;
+        std::swap(rows[pivot], rows[rank]);
+        const Residue scale = inverse(rows[rank][column]);
+        for (std::size_t row = rank + 1; row < rows.size(); ++row)
+            if (const Residue factor = times(rows[row][column], scale); factor != 0)
+                for (std::size_t c = column; c < columns.size(); ++c)
+                    rows[row][c] = (rows[row][c] + prime - times(factor, rows[rank][c])) % prime;
+        ++rank;
+    }
+    return static_cast<int>(columns.size() - rank);
+}
+
+/// A connected frame of whole coordinates: hinges, springs and supports at random.
+void buildIntegerFrame(std::mt19937 &random)
+{
+    const auto from = [&](int least, int most) {
+        return least + static_cast<int>(random() % static_cast<unsigned>(most - least + 1));
+    };
+    resetStore();
+    for (int g = 1; g <= 3; ++g)
+        putGroup(std::pow(10., from(6, 9)), std::pow(10., from(-3, -1)),
+                 std::pow(10., from(-6, -3)));
+    std::map<std::pair<int, int>, int> places;
+    for (int n = from(2, 12); n > 0; --n)
+        if (const std::pair place{from(0, 6), from(0, 6)}; !places.contains(place))
+            places[place] = putNode(place.first, place.second);
+    const int hinges = from(0, 100); // in a hundred ends
+    const auto join = [&](int a, int b) {
+        if (a != b && !areJoined(a, b))
+            putElement(a, b, from(1, 3), from(1, 100) <= hinges, from(1, 100) <= hinges);
+    };
+    for (int n = 2; n <= Arithmos_Kombon; ++n)
+        join(from(1, n - 1), n);
+    for (int more = from(0, Arithmos_Kombon); more > 0; --more)
+        join(from(1, Arithmos_Kombon), from(1, Arithmos_Kombon));
+    for (int supports = from(1, Arithmos_Kombon); supports > 0; --supports)
+        for (int k = 1, n = from(1, Arithmos_Kombon); k <= 3; ++k)
+            Komboi(n, node::fixedX - 1 + k) = from(0, 2) > 0 ? 1.F : 0.F;
+    for (int n = 1, held = from(0, 1); n <= Arithmos_Kombon * held; ++n)
+        Komboi(n, node::fixedRotation) = 1;
+    for (int springs = from(0, 2); springs > 0; --springs)
+        Elatiria(from(1, Arithmos_Kombon), from(1, 3)) = 100;
+}
+
+TEST(FreeMotions, AreAsManyAsTheExactRankLeaves)
+{
+    std::mt19937 random(1);
+    std::array<int, 2> frames{};
+    for (int trial = 0; trial < 300; ++trial) {
+        buildIntegerFrame(random);
+        const int expected = exactFreeMotions();
+        ++frames[expected > 0 ? 1 : 0];
+        int count = 0;
+        for (const Finding &finding : findMotions())
+            if (finding.kind == FindingKind::freeMotion)
+                count += std::get<Motion>(finding.facts).count;
+        ASSERT_EQ(count, expected) << "trial " << trial;
+        ASSERT_EQ(canMoveFreely(), expected > 0) << "trial " << trial;
+    }
+    EXPECT_GT(std::min(frames[0], frames[1]), 50);
+}
+
+} // namespace
+} // namespace veskora
