@@ -184,8 +184,8 @@ Finding rangeOfStiffness(const std::vector<Segment> &all)
     for (const Segment &s : all) {
         const Member<double> m = member<double>(s.e, Projections::exact);
         keep(axial, m.axial, s.e);
-        if (const int g = groupOf(s.e); m.momentII != 0 || m.momentJJ != 0)
-            keep(bending, Omades(g, group::E) * Omades(g, group::I) / m.length, s.e);
+        if (m.isRigidAtI() || m.isRigidAtJ())
+            keep(bending, m.bending, s.e);
     }
     double widest = farApart;
     std::vector<int> elements;

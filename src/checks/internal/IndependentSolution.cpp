@@ -33,7 +33,7 @@ std::array<Real, 2> clampingMoments(const Member<Real> &m, Real q)
 {
     const Real L = m.length, rotation = q * L * L * L / Real(24);
     const Real own = L / Real(3), other = -L / Real(6), zero(0);
-    switch (elementType(m.e)) {
+    switch (m.type) {
     case ElementType::P2:
         return {-rotation / (own - other), rotation / (own - other)};
     case ElementType::hingeAtJ:
@@ -47,17 +47,12 @@ std::array<Real, 2> clampingMoments(const Member<Real> &m, Real q)
     return {zero, zero};
 }
 
-/// Of a member under its load, in local axes, for end displacements @p u in global ones.
+/// Of a member under its load, in local axes.
+/// @param strain  its three deformations
 template <typename Real>
-Ends<Real> endForces(const Member<Real> &m, const Ends<Real> &u)
+Ends<Real> endForces(const Member<Real> &m, const std::array<Real, 3> &strain)
 {
-    const auto B = m.deformations();
-    std::array<Real, 3> strained{Real(0), Real(0), Real(0)};
-    for (std::size_t r = 0; r < 3; ++r)
-        for (std::size_t column = 0; column < 6; ++column)
-            strained[r] += B[r][column] * u[column];
-    const auto [elongation, turnI, turnJ] = strained;
-
+    const auto &[elongation, turnI, turnJ] = strain;
     const Real wx(static_cast<double>(Stoixeia(m.e, element::wx)));
     const Real wy(static_cast<double>(Stoixeia(m.e, element::wy)));
     const Real q = m.c * wy - m.s * wx, half = m.length / Real(2);
@@ -125,7 +120,7 @@ std::optional<std::vector<Real>> displacementsOf(const std::vector<Member<Real>>
     for (const Member<Real> &m : all) {
         const auto freedoms = m.freedoms();
         const auto K = m.stiffness();
-        const Ends<Real> clamped = m.inGlobalAxes(endForces(m, Ends<Real>{}));
+        const Ends<Real> clamped = m.inGlobalAxes(endForces(m, std::array<Real, 3>{}));
         for (std::size_t r = 0; r < 6; ++r) {
             const Eigen::Index row = places[freedoms[r]];
             if (row < 0)
@@ -172,16 +167,13 @@ std::optional<IndependentSolution<Real>> solveIndependently()
     for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
         reactions.push_back(-nodalLoad<Real>(freedom));
     for (const Member<Real> &m : all) {
-        Ends<Real> u;
-        const auto freedoms = m.freedoms();
-        for (std::size_t r = 0; r < 6; ++r)
-            u[r] = solution.displacements[freedoms[r]];
-        const Ends<Real> local = endForces(m, u), global = m.inGlobalAxes(local);
+        const Ends<Real> local = endForces(m, m.strain(solution.displacements));
+        const Ends<Real> global = m.inGlobalAxes(local);
         if (!areFinite<Real>(local))
             return {};
         solution.endForces.push_back(local);
         for (std::size_t r = 0; r < 6; ++r)
-            reactions[freedoms[r]] += global[r];
+            reactions[m.freedoms()[r]] += global[r];
     }
     for (const std::size_t at : freeFreedoms())
         reactions[at] = Real(0);
