@@ -1,20 +1,9 @@
 #include "IndependentSolution.h"
 
+#include "EigenNumbers.h"
 #include "Member.h"
 
 #include <algorithm>
-
-#include <Eigen/Sparse>
-
-template <>
-struct Eigen::NumTraits<veskora::DoubleDouble> : GenericNumTraits<double>
-{
-    using Real = veskora::DoubleDouble;
-    using NonInteger = veskora::DoubleDouble;
-    using Nested = veskora::DoubleDouble;
-    using Literal = veskora::DoubleDouble;
-    enum { RequireInitialization = 1, AddCost = 20, MulCost = 25 };
-};
 
 namespace veskora {
 
