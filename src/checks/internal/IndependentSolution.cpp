@@ -156,7 +156,7 @@ std::optional<IndependentSolution<Real>> solveIndependently()
     for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
         reactions.push_back(-nodalLoad<Real>(freedom));
     for (const Member<Real> &m : all) {
-        const Ends<Real> local = endForces(m, m.strain(solution.displacements));
+        const Ends<Real> local = endForces(m, m.strain(solution.displacements.data()));
         const Ends<Real> global = m.inGlobalAxes(local);
         if (!areFinite<Real>(local))
             return {};
