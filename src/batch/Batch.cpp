@@ -126,7 +126,7 @@ private:
         std::string report;
         for (const ReportSection &section : reportSections)
             report += section.text();
-        const std::string failure = deliver(model, reportFileText(report));
+        const std::string failure = deliver(model, reportFileText(underWarnings(report)));
         return failure.empty() && order_.pictures ? drawPictures(model) : failure;
     }
 
