@@ -1,5 +1,6 @@
 // The deformed model over the undeformed one.
 
+#include "Diagrams.h"
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "ResultTexts.h"
@@ -166,6 +167,15 @@ void drawDeformedElement(int e, Station &station)
 
 } // namespace
 
+void drawDeformedElements()
+{
+    if (!nai_stoixeia)
+        return;
+    Station station;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        skipFaults([&, e] { drawDeformedElement(e, station); });
+}
+
 void Sxedio_Paramorfosis()
 {
     Kanvas &kanvas = Picture1();
@@ -176,16 +186,13 @@ void Sxedio_Paramorfosis()
     Sxedio_Kombon();
     kanvas.setPenColour(xroma_paramorfosis);
     kanvas.setPenWidth(2);
-    if (nai_stoixeia) {
-        Station station;
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-            skipFaults([&, e] { drawDeformedElement(e, station); });
-    }
+    drawDeformedElements();
     ShownValues shown(displacementDecimals);
     printHeading("D");
     printExtreme("max.= ", shown(Bres_Max_U()));
     printExtreme("max.|x|= ", shown(Bres_Max_Abs_Ux()));
     printExtreme("max.|y|= ", shown(Bres_Max_Abs_Uy()));
+    printWarnings();
     kanvas.setPenWidth(1);
     shown.report();
 }

@@ -1,5 +1,7 @@
 // The diagrams of M, Q and N, and the buttons that change their scale.
 
+#include "AlongElement.h"
+#include "Diagrams.h"
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "ResultTexts.h"
@@ -39,6 +41,7 @@ struct Diagram
     double (*greatest)();
     double (*least)();
     void (*drawElement)(const Diagram &, const Ordinates &, ShownValues &);
+    bool isCurved = false; ///< between the ends it can go beyond them
 };
 
 double sideOf(const Diagram &diagram)
@@ -164,6 +167,36 @@ void drawMoment(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
     (isLoadedElement(o.e) ? drawParabola : drawStraightMoment)(diagram, o, shown);
 }
 
+void drawElements(const Diagram &diagram, ShownValues &shown)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        skipFaults([&, e] {
+            const Ordinates o = ordinates(diagram, e);
+            if (isDrawable(o))
+                diagram.drawElement(diagram, o, shown);
+        });
+}
+
+void printSpan(const SpanMoment &span, ShownValues &shown)
+{
+    constexpr std::int16_t decimals = 3;
+    printLine(Metafrasi(1832, "between the ends:") + " " + numberText(shown(span.M)) + ", "
+              + Metafrasi(1833, "element") + " " + numberText(span.e)
+              + ", x = " + numberText(Stroggylopoiisi(span.x, decimals)));
+}
+
+/// The heading's extremes are those of the ends; where the curve shows more, it says how much.
+void printSpans(double greatest, double least, ShownValues &shown)
+{
+    if (Allagi_Montelou)
+        return; // the loads may not be those of the end forces
+    const SpanMoments spans = spanMoments();
+    if (spans.greatest && shown(spans.greatest->M) > greatest)
+        printSpan(*spans.greatest, shown);
+    if (spans.least && shown(spans.least->M) < least)
+        printSpan(*spans.least, shown);
+}
+
 void draw(const Diagram &diagram)
 {
     Kanvas &kanvas = Picture1();
@@ -172,16 +205,16 @@ void draw(const Diagram &diagram)
     Sxedio_Aksonon();
     kanvas.setPenColour(diagram.colour);
     ShownValues shown(diagram.decimals);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        skipFaults([&, e] {
-            const Ordinates o = ordinates(diagram, e);
-            if (isDrawable(o))
-                diagram.drawElement(diagram, o, shown);
-        });
+    drawElements(diagram, shown);
     Sxedio_Stoixeion(); // the frame lies over the diagrams
     printHeading(diagram.letter);
-    printExtreme("max.= ", shown(diagram.greatest()));
-    printExtreme("min.= ", shown(diagram.least()));
+    const double greatest = shown(diagram.greatest());
+    const double least = shown(diagram.least());
+    printExtreme("max.= ", greatest);
+    printExtreme("min.= ", least);
+    if (diagram.isCurved)
+        printSpans(greatest, least, shown);
+    printWarnings();
     shown.report();
 }
 
@@ -211,48 +244,84 @@ void changeScale(double growth)
     }
 }
 
+Diagram diagramM()
+{
+    return {.letter = "M",
+            .colour = xroma_M,
+            .positiveSide = M_sin_Tension,
+            .scale = Ena_cm_posa_KNm_M,
+            .printsValues = nai_times_M,
+            .decimals = dekadika_M,
+            .resultant = resultantM,
+            .greatest = Bres_Max_M,
+            .least = Bres_Min_M,
+            .drawElement = drawMoment,
+            .isCurved = true};
+}
+
+Diagram diagramQ()
+{
+    return {.letter = "Q",
+            .colour = xroma_Q,
+            .positiveSide = Q_sin_Ina,
+            .scale = Ena_cm_posa_KN_Q,
+            .printsValues = nai_times_Q,
+            .decimals = dekadika_Q,
+            .resultant = resultantQ,
+            .greatest = Bres_Max_Q,
+            .least = Bres_Min_Q,
+            .drawElement = drawStraight};
+}
+
+Diagram diagramN()
+{
+    return {.letter = "N",
+            .colour = xroma_N,
+            .positiveSide = N_sin_Ina,
+            .scale = Ena_cm_posa_KN_N,
+            .printsValues = nai_times_N,
+            .decimals = dekadika_N,
+            .resultant = resultantN,
+            .greatest = Bres_Max_N,
+            .least = Bres_Min_N,
+            .drawElement = drawStraight};
+}
+
 } // namespace
 
 void Diagramma_M()
 {
-    draw({.letter = "M",
-          .colour = xroma_M,
-          .positiveSide = M_sin_Tension,
-          .scale = Ena_cm_posa_KNm_M,
-          .printsValues = nai_times_M,
-          .decimals = dekadika_M,
-          .resultant = resultantM,
-          .greatest = Bres_Max_M,
-          .least = Bres_Min_M,
-          .drawElement = drawMoment});
+    draw(diagramM());
 }
 
 void Diagramma_Q()
 {
-    draw({.letter = "Q",
-          .colour = xroma_Q,
-          .positiveSide = Q_sin_Ina,
-          .scale = Ena_cm_posa_KN_Q,
-          .printsValues = nai_times_Q,
-          .decimals = dekadika_Q,
-          .resultant = resultantQ,
-          .greatest = Bres_Max_Q,
-          .least = Bres_Min_Q,
-          .drawElement = drawStraight});
+    draw(diagramQ());
 }
 
 void Diagramma_N()
 {
-    draw({.letter = "N",
-          .colour = xroma_N,
-          .positiveSide = N_sin_Ina,
-          .scale = Ena_cm_posa_KN_N,
-          .printsValues = nai_times_N,
-          .decimals = dekadika_N,
-          .resultant = resultantN,
-          .greatest = Bres_Max_N,
-          .least = Bres_Min_N,
-          .drawElement = drawStraight});
+    draw(diagramN());
+}
+
+void traceDiagram()
+{
+    const auto trace = [](const Diagram &diagram) {
+        ShownValues shown(diagram.decimals);
+        drawElements(diagram, shown);
+    };
+    switch (Katastasi_Provolis) {
+    case view::M:
+        return trace(diagramM());
+    case view::Q:
+        return trace(diagramQ());
+    case view::N:
+        return trace(diagramN());
+    case view::deformed:
+        return drawDeformedElements();
+    default:
+        return;
+    }
 }
 
 void enlargeDiagram()
