@@ -239,20 +239,28 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     return true;
 }
 
-void Apothikefsi_Anaforas(const std::string &path)
+std::string writeAskedFile(const std::string &content, const std::string &filter,
+                           const std::string &path, const std::string &extension)
 {
-    const std::string target =
-        askSavePath(filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
-                        + filterFor(Metafrasi(1773, "All files"), ".*"),
-                    withoutExtension(path) + reportExtension, reportExtension);
+    const std::string target = askSavePath(filter, withoutExtension(path) + extension, extension);
     if (target.empty())
-        return;
+        return {};
     try {
-        writeWholeFile(target, reportFileText(Anafora), Durability::onDisk);
+        writeWholeFile(target, content, Durability::onDisk);
     } catch (const Fault &fault) {
-        return reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
+        reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
+        return {};
     }
     currentFolder = folderOf(target);
+    return target;
+}
+
+void Apothikefsi_Anaforas(const std::string &path)
+{
+    (void)writeAskedFile(reportFileText(Anafora),
+                         filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
+                             + filterFor(Metafrasi(1773, "All files"), ".*"),
+                         path, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()

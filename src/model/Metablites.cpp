@@ -74,6 +74,7 @@ bool denseGridReported = false;
 std::int16_t gridPosition = 0;
 std::optional<RoundedPicture> roundingReportedFor;
 std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
+std::optional<float> chosenGridStep;
 
 CanvasView currentView()
 {
@@ -171,6 +172,7 @@ void resetStore()
     gridPosition = 0;
     roundingReportedFor.reset();
     cutReportedFor.fill(std::nullopt);
+    chosenGridStep.reset();
 }
 
 } // namespace veskora

@@ -194,6 +194,9 @@ void setView(const CanvasView &shown);
 /// Of each picture of `view` the view in which its diagram was last said to be cut off.
 extern std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
 
+/// The grid step that the user has given in this run, which New keeps while it is in force.
+extern std::optional<float> chosenGridStep;
+
 /// The view of a new model: scale 100, the world origin 2 cm from the left and bottom edges.
 void resetView();
 

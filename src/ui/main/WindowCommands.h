@@ -2,13 +2,14 @@
 /// @file
 /// The commands that open a window.
 
+#include "frmApotelesmata.h"
+
 #include <QPointer>
 #include <QWidget>
 
 namespace veskora {
 
 struct CanvasObjects;
-class frmApotelesmata;
 class Hand;
 class PictureCommands;
 
@@ -55,6 +56,7 @@ private:
     CanvasObjects &canvas_;
     Hand &hand_;
     PictureCommands &picture_;
+    ResultsPlace resultsPlace_;
     QPointer<frmApotelesmata> results_; ///< the one that is open, if any
 };
 
