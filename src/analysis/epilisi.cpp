@@ -198,6 +198,7 @@ void Epilisi()
     warnOfMechanism();
     storeExtremes();
     Allagi_Montelou = false;
+    hasResults = true;
     ++analysesFinished;
 }
 

@@ -76,7 +76,7 @@ Made drawPicture(std::int16_t shown, const Order &order)
         made.note = fitPicture(order.labelScale);
     else
         Zoom_Best_Fit();
-    if (diagramLeavesCanvas())
+    if (isDiagramCut())
         made.note = order.fit
                         ? "the diagram leaves the picture"
                         : "the diagram leaves the picture; --fit chooses a scale that holds it";

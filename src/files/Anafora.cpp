@@ -3,6 +3,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ResultWarnings.h"
 #include "RowQueries.h"
 
 namespace veskora {
@@ -267,6 +268,16 @@ std::string Anafora_Keimenou(int kind)
 {
     const auto place = static_cast<std::size_t>(kind) - 1;
     return place < reportSections.size() ? reportSections[place].text() : "";
+}
+
+std::string underWarnings(const std::string &sections)
+{
+    if (sections.empty())
+        return {};
+    std::string head;
+    for (const ResultWarning warning : resultWarnings())
+        head.append(textOf(warning)).append(nl);
+    return head.empty() ? sections : head.append(nl) + sections;
 }
 
 std::string reportFileText(const std::string &report)

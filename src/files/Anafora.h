@@ -32,6 +32,10 @@ extern const std::array<ReportSection, 4> reportSections;
 /// The text of section @p kind, counted from 1; empty for any other value.
 std::string Anafora_Keimenou(int kind);
 
+/// The @p sections of a report, joined, under the lines that must be told of the results; nothing
+/// of nothing.
+std::string underWarnings(const std::string &sections);
+
 /// What a report file holds for the text @p report: the text and one more line end.
 std::string reportFileText(const std::string &report);
 

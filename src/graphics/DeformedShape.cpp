@@ -190,6 +190,7 @@ void Sxedio_Paramorfosis()
     printExtreme("max.= ", shown(Bres_Max_U()));
     printExtreme("max.|x|= ", shown(Bres_Max_Abs_Ux()));
     printExtreme("max.|y|= ", shown(Bres_Max_Abs_Uy()));
+    printWarnings();
     kanvas.setPenWidth(1);
     shown.report();
 }

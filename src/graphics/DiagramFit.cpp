@@ -66,16 +66,6 @@ double roundedUp(double value)
 
 } // namespace
 
-bool diagramLeavesCanvas(const EdgeRoom &room)
-{
-    const double right = Picture1().width() - room.right;
-    const double bottom = Picture1().height() - room.bottom;
-    return std::ranges::any_of(diagramReaches(), [&](const Reach &reach) {
-        const auto [x, y] = reach.tip;
-        return x < room.left || x > right || y < room.top || y > bottom;
-    });
-}
-
 bool fitDiagramScale(double longest, const EdgeRoom &room)
 {
     const auto shown = shownScale();
@@ -88,7 +78,7 @@ bool fitDiagramScale(double longest, const EdgeRoom &room)
     constexpr double coarsest = 100;
     for (double scale = finest; scale <= coarsest * finest; scale = roundedUp(1.5 * scale)) {
         shown->setting = static_cast<float>(scale);
-        if (!diagramLeavesCanvas(room))
+        if (!isDiagramCut(room))
             return true;
     }
     shown->setting = static_cast<float>(finest); // what leaves the canvas is to be read at least

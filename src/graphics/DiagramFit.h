@@ -2,19 +2,11 @@
 /// @file
 /// Scales at which the diagrams and the deformed shape can be read and stay on the canvas.
 
+#include "DiagramOutline.h"
+
 namespace veskora {
 
-/// What is to stay free at the edges of the canvas, centimetres.
-struct EdgeRoom
-{
-    double left = 0, top = 0, right = 0, bottom = 0;
-};
-
-/// Whether the diagram or deformed shape that is shown leaves the canvas, or that room at its
-/// edges; its printed values are no part of it.
-bool diagramLeavesCanvas(const EdgeRoom &room = {});
-
-/// Gives the diagram or deformed shape that is shown the finest scale of 1, 2 or 5 times a power of
+/// Gives the diagram or deformed shape in view the finest scale of 1, 2 or 5 times a power of
 /// ten at which its longest ordinate is no longer than @p longest, centimetres, and the room at the
 /// edges stays free; where not even a hundredth of that length does, the room goes. What is all 0,
 /// or no more than the rounding of larger results, keeps its scale.

@@ -1,5 +1,6 @@
 // The diagrams of M, Q and N, and the buttons that change their scale.
 
+#include "AlongElement.h"
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "Reach.h"
@@ -40,6 +41,7 @@ struct Diagram
     double (*greatest)();
     double (*least)();
     void (*drawElement)(const Diagram &, const Ordinates &, ShownValues &);
+    bool isCurved = false; ///< between the ends it can go beyond them
 };
 
 double sideOf(const Diagram &diagram)
@@ -172,6 +174,36 @@ void drawMoment(const Diagram &diagram, const Ordinates &o, ShownValues &shown)
     (isLoadedElement(o.e) ? drawParabola : drawStraightMoment)(diagram, o, shown);
 }
 
+void drawElements(const Diagram &diagram, ShownValues &shown)
+{
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        skipFaults([&, e] {
+            const Ordinates o = ordinates(diagram, e);
+            if (isDrawable(o))
+                diagram.drawElement(diagram, o, shown);
+        });
+}
+
+void printSpan(const SpanMoment &span, ShownValues &shown)
+{
+    constexpr std::int16_t decimals = 3;
+    printLine(Metafrasi(1832, "between the ends:") + " " + numberText(shown(span.M)) + ", "
+              + Metafrasi(1833, "element") + " " + numberText(span.e)
+              + ", x = " + numberText(Stroggylopoiisi(span.x, decimals)));
+}
+
+/// The heading's extremes are those of the ends; where the curve shows more, it says how much.
+void printSpans(double greatest, double least, ShownValues &shown)
+{
+    if (Allagi_Montelou)
+        return; // the loads may not be those of the end forces
+    const SpanMoments spans = spanMoments();
+    if (spans.greatest && shown(spans.greatest->M) > greatest)
+        printSpan(*spans.greatest, shown);
+    if (spans.least && shown(spans.least->M) < least)
+        printSpan(*spans.least, shown);
+}
+
 void draw(const Diagram &diagram)
 {
     Kanvas &kanvas = Picture1();
@@ -180,16 +212,16 @@ void draw(const Diagram &diagram)
     Sxedio_Aksonon();
     kanvas.setPenColour(diagram.colour);
     ShownValues shown(diagram.decimals);
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        skipFaults([&, e] {
-            const Ordinates o = ordinates(diagram, e);
-            if (isDrawable(o))
-                diagram.drawElement(diagram, o, shown);
-        });
+    drawElements(diagram, shown);
     Sxedio_Stoixeion(); // the frame lies over the diagrams
     printHeading(diagram.letter);
-    printExtreme("max.= ", shown(diagram.greatest()));
-    printExtreme("min.= ", shown(diagram.least()));
+    const double greatest = shown(diagram.greatest());
+    const double least = shown(diagram.least());
+    printExtreme("max.= ", greatest);
+    printExtreme("min.= ", least);
+    if (diagram.isCurved)
+        printSpans(greatest, least, shown);
+    printWarnings();
     shown.report();
 }
 
@@ -219,7 +251,8 @@ Diagram diagramM()
             .resultant = resultantM,
             .greatest = Bres_Max_M,
             .least = Bres_Min_M,
-            .drawElement = drawMoment};
+            .drawElement = drawMoment,
+            .isCurved = true};
 }
 
 Diagram diagramQ()
@@ -253,7 +286,7 @@ Diagram diagramN()
 /// Of one element, upright: at its ends, and along it where a moment is curved.
 std::vector<Reach> elementReaches(const Diagram &diagram, const Ordinates &o)
 {
-    if (diagram.drawElement != drawMoment || !isLoadedElement(o.e))
+    if (!diagram.isCurved || !isLoadedElement(o.e))
         return {{o.endI, o.atI}, {o.endJ, o.atJ}};
     std::vector<Reach> reaches;
     for (const Point &tip : parabola(diagram, o)) {

@@ -2,6 +2,7 @@
 
 #include "Sxediastika.h"
 
+#include "DiagramOutline.h"
 #include "ElementLine.h"
 #include "Functions.h"
 #include "Kanvas.h"
@@ -147,6 +148,7 @@ void Ananeosi_Sxediou()
             return drawModel();
         }
     });
+    reportCutDiagram();
 }
 
 void DrawRotatedText(const std::string &text, double x, double y, const std::string &fontName,

@@ -12,28 +12,12 @@ namespace veskora {
 
 namespace {
 
-struct View
-{
-    float scale;
-    double originX, originY;
-
-    static View current() { return {Klimaka, Arxi_X, Arxi_Y}; }
-    void restore() const
-    {
-        Klimaka = scale;
-        Arxi_X = originX;
-        Arxi_Y = originY;
-    }
-};
-
 struct Extent
 {
     double xmin, xmax, ymin, ymax;
 };
 
-constexpr std::int16_t scaleDecimals = 3;
 constexpr double finestScale = 1;
-constexpr double coarsestScale = 2147483; // beyond it a rounding to three decimals has no room
 
 void placeByWidth(const Extent &extent, double margin)
 {
@@ -64,7 +48,7 @@ void reportNoFit(double needed, double room)
 /// other. A result finer than 1:1, or none at all, leaves the view and says why.
 void fit(const Extent &extent, double margin)
 {
-    const View before = View::current();
+    const CanvasView before = currentView();
     const double width = extent.xmax - extent.xmin;
     const double height = extent.ymax - extent.ymin;
     const double roomX = Picture1().width() - 2 * margin;
@@ -76,7 +60,7 @@ void fit(const Extent &extent, double margin)
     (byHeight ? placeByHeight : placeByWidth)(extent, margin);
     if (Klimaka >= finestScale && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
         return;
-    before.restore();
+    setView(before);
     reportNoFit(needed, room);
 }
 
@@ -132,11 +116,11 @@ void fitModel(double margin)
         return;
     }
     if (Arithmos_Kombon == 1) {
-        const View before = View::current();
+        const CanvasView before = currentView();
         Arxi_X = Mikos_Se_Othoni(Komboi(1, node::x)) - Picture1().width() / 2;
         Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(Komboi(1, node::y))) - Picture1().height() / 2;
         if (!std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
-            before.restore();
+            setView(before);
         return;
     }
     Extent extent = {Komboi(1, node::x), Komboi(1, node::x), Komboi(1, node::y),
@@ -152,8 +136,7 @@ void fitModel(double margin)
 
 void Zoom_Best_Fit()
 {
-    constexpr double margin = 1.8;
-    fitModel(margin);
+    fitModel(bestFitMargin);
 }
 
 void Zoom_Parathyrou(double x1, double y1, double x2, double y2)
@@ -190,7 +173,7 @@ bool zoomAbout(double x, double y, double factor)
 {
     if (!(Klimaka > 0))
         resetView(); // of a damaged file; nothing can be seen at it
-    const View before = View::current();
+    const CanvasView before = currentView();
     const double wanted = before.scale / factor;
     const double scale = std::clamp(wanted, std::min<double>(finestScale, before.scale),
                                     std::max<double>(coarsestScale, before.scale));

@@ -7,7 +7,14 @@
 /// upright canvas y is measured upward from the canvas's bottom edge. The canvas's size is read
 /// from `Picture1` at every use. Nothing is rounded unless said so.
 
+#include <cstdint>
+
 namespace veskora {
+
+inline constexpr double bestFitMargin = 1.8; ///< centimetres, on each side
+/// Of the scales that a fit makes.
+inline constexpr std::int16_t scaleDecimals = 3;
+inline constexpr double coarsestScale = 2147483; ///< beyond it such a rounding has no room
 
 /// @name World to canvas, centimetres
 /// @{

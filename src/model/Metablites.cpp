@@ -46,6 +46,7 @@ bool Allagi_Montelou = true;
 int modelsBegun = 0;
 int analysesFinished = 0;
 bool Sfalma_Epilisis = false;
+bool hasResults = false;
 bool mechanismSuspected = false;
 std::string Onoma_Arxeiou;
 std::int16_t Katastasi_Provolis = view::model;
@@ -72,7 +73,20 @@ std::int16_t Thesi_Istorikou = 0;
 bool denseGridReported = false;
 std::int16_t gridPosition = 0;
 std::optional<RoundedPicture> roundingReportedFor;
+std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
 std::optional<float> chosenGridStep;
+
+CanvasView currentView()
+{
+    return {Klimaka, Arxi_X, Arxi_Y};
+}
+
+void setView(const CanvasView &shown)
+{
+    Klimaka = shown.scale;
+    Arxi_X = shown.originX;
+    Arxi_Y = shown.originY;
+}
 
 void resetView()
 {
@@ -128,7 +142,7 @@ void Katharismos_Montelou()
     Metatopiseis.clear();
     Entasi_Topiki.clear();
     Antidraseis.clear();
-    mechanismSuspected = false;
+    hasResults = mechanismSuspected = false;
 
     clearWorkingTables();
     Eleftheroi_Vathmoi = Desmevmenoi_Vathmoi = 0;
@@ -157,6 +171,7 @@ void resetStore()
     denseGridReported = false;
     gridPosition = 0;
     roundingReportedFor.reset();
+    cutReportedFor.fill(std::nullopt);
     chosenGridStep.reset();
 }
 

@@ -10,6 +10,7 @@
 
 #include "Pinakas.h"
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -127,6 +128,7 @@ extern int analysesFinished;            ///< counts up with each; the results ar
 extern int modelsBegun;                 ///< counts up whenever another model takes the place of
                                         ///< the one before, as by New and Open
 extern bool Sfalma_Epilisis;            ///< the last solve failed
+extern bool hasResults;                 ///< the result tables hold those of an analysis
 extern bool mechanismSuspected;         ///< the structure that the results are of can probably move
 extern std::string Onoma_Arxeiou;       ///< path of the model file, empty for an unnamed model
 extern std::int16_t Katastasi_Provolis; ///< what the canvas shows, one of `view`
@@ -180,6 +182,17 @@ struct RoundedPicture
 };
 /// The one whose values were said to be too large to be shown.
 extern std::optional<RoundedPicture> roundingReportedFor;
+
+struct CanvasView
+{
+    float scale; ///< `Klimaka`
+    double originX, originY;
+    bool operator==(const CanvasView &) const = default;
+};
+CanvasView currentView();
+void setView(const CanvasView &shown);
+/// Of each picture of `view` the view in which its diagram was last said to be cut off.
+extern std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
 
 /// The grid step that the user has given in this run, which New keeps while it is in force.
 extern std::optional<float> chosenGridStep;

@@ -1,8 +1,8 @@
 // The view: conversions, fits, zooms, history; grid, axes and sketch.
 
+#include "Analysis.h"
 #include "ColourWord.h"
-#include "Metablites.h"
-#include "Models.h"
+#include "DiagramOutline.h"
 #include "RecordingKanvas.h"
 #include "Settings.h"
 #include "Sxediastika.h"
@@ -291,6 +291,49 @@ TEST_F(View, EachPictureHasItsLayersInTheirOrder)
     xroma_background = 11;
     Ananeosi_Sxediou();
     EXPECT_EQ(kanvas.of(Primitive::Kind::circle).at(0).pen.fillColour, 11);
+}
+
+TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxo; N 8 0 oxo; N 8 4 ooo 3; E 1 2 1 0 0 0 -10; E 2 3 1");
+    analyse();
+    nai_grid = nai_aksones = false;
+    Ena_cm_posa_KNm_M = 10; // 8 cm under the beam, which stands 4.1 cm above the edge
+    Ena_cm_posa_KN_N = 1000;
+    Ena_cm_posa_m_epi_1000 = 1;
+    const auto draw = [this](std::int16_t mode, std::size_t lines) {
+        Katastasi_Provolis = mode;
+        Ananeosi_Sxediou();
+        EXPECT_EQ(std::exchange(desktop.log, {}).size(), lines) << mode;
+    };
+    Zoom_Best_Fit();
+    draw(view::M, 1);
+    draw(view::N, 0);
+    draw(view::deformed, 1);
+    draw(view::M, 0); // told already
+    const CanvasView fitted = currentView();
+    Arxi_X += 9; // nodes are out of the view too
+    draw(view::M, 0);
+    for (const std::int16_t mode : {view::M, view::deformed}) {
+        setView(fitted);
+        Katastasi_Provolis = mode;
+        Zoom_Diagram();
+        draw(mode, 0);
+        double least = 20, most = 0;
+        for (const Primitive &line : kanvas.of(Primitive::Kind::line))
+            for (const double place : {line.x, line.x2, line.y, line.y2}) {
+                least = std::min(least, place);
+                most = std::max(most, place);
+            }
+        EXPECT_NEAR(least, 1.8, 1e-3) << mode;
+        EXPECT_NEAR(most, 18.2, 1e-3) << mode;
+    }
+    setView(fitted);
+    Katastasi_Provolis = view::M;
+    Ena_cm_posa_KNm_M = 1; // ordinates of 80 cm
+    Zoom_Diagram();
+    EXPECT_EQ(currentView(), fitted);
+    EXPECT_EQ(desktop.log.size(), 1U);
 }
 
 TEST_F(View, NoViewAndNoModelEndsADrawing)

@@ -6,6 +6,7 @@
 #include "Kanvas.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ResultWarnings.h"
 #include "Settings.h"
 
 #include <cmath>
@@ -64,10 +65,25 @@ inline void printHeading(const char *letter)
     kanvas.setFontBold(false);
 }
 
-inline void printExtreme(const char *name, double value)
+inline void printLine(const std::string &text)
 {
     Picture1().setCurrentX(0.1);
-    Picture1().print(name + numberText(value));
+    Picture1().print(text);
+}
+
+inline void printExtreme(const char *name, double value)
+{
+    printLine(name + numberText(value));
+}
+
+/// Below the extremes, in red: what is told wherever the results are taken to.
+inline void printWarnings()
+{
+    Kanvas &kanvas = Picture1();
+    kanvas.setPenColour(logColourWord(logColour::red));
+    for (const ResultWarning warning : resultWarnings())
+        printLine(textOf(warning));
+    kanvas.setPenColour(xroma_stoixeion);
 }
 
 } // namespace veskora

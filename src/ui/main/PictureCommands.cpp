@@ -3,6 +3,7 @@
 #include "AnalysisCommands.h"
 #include "Commands.h"
 #include "Desktop.h"
+#include "DiagramOutline.h"
 #include "Files.h"
 #include "Functions.h"
 #include "Hand.h"
@@ -109,7 +110,10 @@ void PictureCommands::Button_Zoom_Previous()
 
 void PictureCommands::Button_Zoom_Best_Fit()
 {
+    const CanvasView before = currentView();
     Zoom_Best_Fit();
+    if (currentView() == before && isDiagramCut()) // pressed again: the nodes are in view already
+        Zoom_Diagram();
     Apothikefsi_Zoom();
     desktop().redraw();
 }

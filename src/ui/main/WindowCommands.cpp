@@ -206,6 +206,12 @@ void WindowCommands::Button_Apotelesmata()
     results_->showBeside(*canvas_.Picture1);
 }
 
+void WindowCommands::lookAgain()
+{
+    if (results_ != nullptr)
+        results_->showWarnings();
+}
+
 void WindowCommands::showAbout()
 {
     frmAbout(window_).exec();

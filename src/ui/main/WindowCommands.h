@@ -45,6 +45,9 @@ public:
     void Button_Apotelesmata();
     void showAbout();
 
+    /// To be called when model or results may have changed.
+    void lookAgain();
+
 private:
     template <typename Dialog, typename Open>
     void showDialog(Open open);

@@ -283,6 +283,7 @@ void frmMain::redraw()
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();
     hand_.lookAgain();
+    windows_.lookAgain();
 }
 
 void frmMain::Stigmiaio_Minima(const std::string &text)

@@ -45,14 +45,14 @@ Part *checked(Part *part)
     return part;
 }
 
-/// Writes the cells; each has a format, so that empty ones are there too.
-void writeCells(lxw_worksheet *sheet, lxw_format *format, const ResultGrid &grid)
+/// Writes the cells from row @p top on; each has a format, so that empty ones are there too.
+void writeCells(lxw_worksheet *sheet, lxw_format *format, const ResultGrid &grid, std::size_t top)
 {
     for (int j = 0; j < grid.columnCount(); ++j) {
         const auto column = static_cast<lxw_col_t>(j);
         qsizetype longest = 0;
         for (int i = 0; i < grid.rowCount(); ++i) {
-            const auto row = static_cast<lxw_row_t>(i);
+            const auto row = static_cast<lxw_row_t>(top) + static_cast<lxw_row_t>(i);
             const QString &text = grid.text(i, j);
             longest = std::max(longest, text.size());
             check(text.isEmpty()
@@ -65,9 +65,20 @@ void writeCells(lxw_worksheet *sheet, lxw_format *format, const ResultGrid &grid
     }
 }
 
+void writeWarnings(lxw_workbook *book, lxw_worksheet *sheet, const std::vector<std::string> &told)
+{
+    if (told.empty())
+        return;
+    lxw_format *format = checked(workbook_add_format(book));
+    format_set_font_color(format, LXW_COLOR_RED);
+    for (std::size_t i = 0; i < told.size(); ++i)
+        check(worksheet_write_string(sheet, static_cast<lxw_row_t>(i), 0, told[i].c_str(), format));
+}
+
 /// Writes the workbook @p path, where there is no file yet. Fault: it could not be written; nothing
 /// is left there then.
-void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::string &section)
+void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::string &section,
+                   const std::vector<std::string> &told)
 {
     lxw_workbook *book = checked(workbook_new(path.c_str()));
     try {
@@ -76,7 +87,8 @@ void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::s
             checked(workbook_add_worksheet(book, name.empty() ? nullptr : name.c_str()));
         lxw_format *format = checked(workbook_add_format(book));
         format_set_num_format(format, "@"); // what is typed over a text stays one
-        writeCells(sheet, format, grid);
+        writeWarnings(book, sheet, told);
+        writeCells(sheet, format, grid, told.size());
         check(worksheet_ignore_errors(sheet, LXW_IGNORE_NUMBER_STORED_AS_TEXT, "A1:XFD1048576"));
     } catch (...) {
         lxw_workbook_free(book);
@@ -167,10 +179,10 @@ std::string sheetName(const std::string &section)
 }
 
 std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
-                           const std::string &model)
+                           const std::string &model, const std::vector<std::string> &told)
 try {
     const std::string path = freePath(sheetName(section), model);
-    writeWorkbook(path, grid, section);
+    writeWorkbook(path, grid, section, told);
     Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
     return path;
 } catch (const Fault &fault) {

@@ -101,7 +101,11 @@ frmApotelesmata::Pages frmApotelesmata::pages() const
 }
 
 frmApotelesmata::frmApotelesmata(ResultsPlace &place)
-    : model_(Onoma_Arxeiou), place_(place), ui_(std::make_unique<Ui::frmApotelesmata>())
+    : model_(Onoma_Arxeiou),
+      hasResults_(hasResults),
+      isMechanism_(mechanismSuspected),
+      place_(place),
+      ui_(std::make_unique<Ui::frmApotelesmata>())
 {
     ui_->setupUi(this);
     setCaptions();
@@ -118,6 +122,8 @@ frmApotelesmata::frmApotelesmata(ResultsPlace &place)
     for (const Page &page : pages())
         page.view->present(page.filledGrid().release(), page.header);
     assignWindowMnemonics();
+    setOwnColours(ui_->resultWarnings, qtColour(logColourWord(logColour::red)), Qt::white);
+    showWarnings();
     setLeastSize();
     constexpr QSize usual(820, 600); // logical pixels
     resize(usual.boundedTo(screen()->availableSize() - frame).expandedTo(minimumSize()));
@@ -135,9 +141,35 @@ frmApotelesmata::~frmApotelesmata()
 
 bool frmApotelesmata::isUpToDate() const
 {
-    return model_ == Onoma_Arxeiou && std::ranges::all_of(pages(), [](const Page &page) {
-               return page.view->grid().hasCellsOf(*page.filledGrid());
-           });
+    return model_ == Onoma_Arxeiou && showsTables();
+}
+
+bool frmApotelesmata::showsTables() const
+{
+    return std::ranges::all_of(
+        pages(), [](const Page &page) { return page.view->grid().hasCellsOf(*page.filledGrid()); });
+}
+
+/// What is shown is of one moment, so it is held against the tables as they stand.
+std::vector<ResultWarning> frmApotelesmata::warnings() const
+{
+    using enum ResultWarning;
+    std::vector<ResultWarning> told;
+    if (Allagi_Montelou || !showsTables())
+        told.push_back(hasResults_ ? modelChanged : notAnalysed);
+    if (isMechanism_)
+        told.push_back(mechanism);
+    return told;
+}
+
+void frmApotelesmata::showWarnings()
+{
+    QStringList lines;
+    for (const ResultWarning warning : warnings())
+        lines << qtText(textOf(warning));
+    ui_->resultWarnings->setText(lines.join('\n'));
+    ui_->resultWarnings->setVisible(!lines.isEmpty());
+    arrange();
 }
 
 void frmApotelesmata::showBeside(const QWidget &part)
@@ -296,6 +328,13 @@ void frmApotelesmata::resizeEvent(QResizeEvent *event)
     arrange();
 }
 
+void frmApotelesmata::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        showWarnings();
+}
+
 void frmApotelesmata::keyPressEvent(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Cancel))
@@ -312,10 +351,13 @@ void frmApotelesmata::arrange()
         part->setGeometry(left, top, w > 0 ? w : part->width(), h > 0 ? h : part->height());
     };
     const int tabsWidth = width() - pixels(135);
-    const int tabsHeight = height() - pixels(1300);
+    QLabel *warnings = ui_->resultWarnings;
+    const int told = warnings->isHidden() ? 0 : warnings->heightForWidth(tabsWidth) + gap;
+    const int tabsHeight = height() - pixels(1300) - told;
     const int gridWidth = tabsWidth - pixels(225);
     const int toolbarTop = height() - pixels(1180);
-    place(ui_->SSTab1, edge, edge, tabsWidth, tabsHeight);
+    place(warnings, edge, edge, tabsWidth, told - gap);
+    place(ui_->SSTab1, edge, edge + told, tabsWidth, tabsHeight);
     place(ui_->Toolbar1, edge, toolbarTop, width() - 2 * edge, height() - toolbarTop - edge);
 
     // With a large font the heads take more than the usual room, and the grids give it.
@@ -378,13 +420,17 @@ void frmApotelesmata::print()
 /// The sections last confirmed, which a cancelled dialog leaves as they were.
 void frmApotelesmata::exportSections()
 {
+    std::vector<std::string> told;
+    for (const ResultWarning warning : warnings())
+        told.push_back(textOf(warning));
     QStringList workbooks;
     const Pages tabs = pages();
     for (std::size_t i = 0; i < tabs.size(); ++i) {
         const ReportSection &section = reportSections[i];
         if (!*section.chosen)
             continue;
-        const std::string path = ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_);
+        const std::string path =
+            ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_, told);
         if (!path.empty())
             workbooks << qtText(path);
     }

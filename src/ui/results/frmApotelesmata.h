@@ -4,12 +4,14 @@
 
 #include "Anafora.h"
 #include "ModelTree.h"
+#include "ResultWarnings.h"
 
 #include <QWidget>
 
 #include <array>
 #include <memory>
 #include <string>
+#include <vector>
 
 QT_BEGIN_NAMESPACE
 namespace Ui {
@@ -38,12 +40,16 @@ public:
 
     /// Whether it shows what a new one would.
     bool isUpToDate() const;
+    /// Tells what must be told of the results shown, over the tabs; anew after each change of the
+    /// model.
+    void showWarnings();
     /// Shows it where it leaves @p part of the main window in sight, if the screen has the room;
     /// else where the desktop puts a window.
     void showBeside(const QWidget &part);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
@@ -57,6 +63,8 @@ private:
     void setLeastSize();
     void arrange();
     void showView();
+    bool showsTables() const; ///< as they now are
+    std::vector<ResultWarning> warnings() const;
 
     /// Asks for the sections, lets @p act use them, and empties the report.
     void takeOut(const Phrase &caption, void (frmApotelesmata::*act)());
@@ -65,7 +73,8 @@ private:
     void print();
     void exportSections();
 
-    const std::string model_; ///< the path of the model that is shown
+    const std::string model_;             ///< the path of the model that is shown
+    const bool hasResults_, isMechanism_; ///< of what is shown
     ResultsPlace &place_;
     const std::unique_ptr<Ui::frmApotelesmata> ui_;
 };

@@ -46,6 +46,7 @@ void frmSelect::accept()
         if (*section.chosen)
             *answer_ += section.text();
     }
+    answer_ = underWarnings(*answer_);
     sectionsChosen = true;
     QDialog::accept();
 }

@@ -530,6 +530,42 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     qputenv("HOME", home);
 }
 
+TEST_F(Results, WhatMustBeToldOfThemStandsOverTheTabsAndFirstInEveryWayOut)
+{
+    installSpreadsheet();
+    start(EXAMPLES "/hinged_frame.vsk");
+    Onoma_Arxeiou = path("a.vsk");
+    Epilisi();
+    open();
+    const std::string changed = "The model has been changed since these results.";
+    const auto told = [this] {
+        auto *label = part<QLabel>("resultWarnings");
+        EXPECT_EQ(label->isVisible(), part("SSTab1")->y() > 4);
+        return label->isVisible() ? label->text().toStdString() : "";
+    };
+    const auto copied = [this] {
+        takeOut("keyClipboard", "xoox");
+        return QApplication::clipboard()->text().section("Data", 0, 0).toStdString();
+    };
+    Onoma_Arxeiou = path("saved_as.vsk");
+    window->redraw();
+    EXPECT_EQ(told() + copied(), "");
+    Komboi(1, node::Fx) += 1;
+    Allagi_Montelou = true;
+    window->redraw();
+    EXPECT_EQ(told() + copied(), changed + changed + "\r\n\r\n");
+    takeOut("keyExcel", "oxoo");
+    EXPECT_THAT(workbooks({QString::fromStdString(path("a Node displacements.xlsx"))}),
+                testing::StartsWith("Node displacements\n" + changed + "|||\nNode|x - "));
+    Epilisi(); // what the window shows is of the model before, what it prints is not
+    window->redraw();
+    EXPECT_EQ(told() + copied(), changed);
+    mechanismSuspected = true;
+    open();
+    EXPECT_EQ(told(), "The structure is probably a mechanism.");
+    EXPECT_EQ(copied(), "The structure is probably a mechanism.\r\n\r\n");
+}
+
 TEST_F(Results, SheetNamesAreWhatAWorkbookCanHold)
 {
     for (const auto &[section, name] :
