@@ -95,15 +95,15 @@ int main(int argc, char **argv)
     BatchDesktop desktop(log);
     setDesktop(&desktop);
     const fs::path folder = arguments.front();
-    const fs::path scratch = fs::current_path() / "verification_model.vsk";
     int stale = 0;
     const auto finish = [&](const std::string &title, const std::string &problem) {
         if (title.empty())
             return;
         prepare(problem);
         const fs::path model = folder / (title.substr(0, title.find(' ')) + ".vsk");
-        writeWholeFile((check ? scratch : model).string(), modelText(), Durability::onDisk);
-        if (check && contentOf(scratch) != contentOf(model)) {
+        if (!check) {
+            writeWholeFile(model.string(), modelText(), Durability::onDisk);
+        } else if (contentOf(model) != modelText()) {
             std::cerr << model.string() << " is not up to date\n";
             ++stale;
         }
@@ -125,7 +125,6 @@ int main(int argc, char **argv)
         }
         finish(title, problem);
     }
-    fs::remove(scratch);
     setDesktop(nullptr);
     return stale == 0 ? 0 : 1;
 }

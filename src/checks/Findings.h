@@ -87,7 +87,8 @@ struct Motion
 };
 
 /// The sums of all forces, and what is left at the nodes. Moments are about the origin and
-/// anticlockwise. Springs count with the reactions.
+/// anticlockwise. Springs count with the reactions. What is next to nothing beside all other forces
+/// ought to be 0 and is held against those instead: else rounding alone would be the whole of it.
 struct Equilibrium
 {
     struct Sum
@@ -108,7 +109,8 @@ struct Equilibrium
 };
 
 /// To how many decimal digits the results agree with a second computation, each number held
-/// against the largest of its kind (translations, rotations; forces, moments). 0 to 18.
+/// against the largest of its kind (translations, rotations; forces, moments), or against the rest
+/// where that is next to nothing beside it. 0 to 18.
 struct CorrectDigits
 {
     int displacements, endForces, reactions;

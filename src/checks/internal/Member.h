@@ -82,6 +82,13 @@ struct Member
         }
         return K;
     }
+
+    /// Forces or displacements of both ends, turned from local to global axes.
+    Row inGlobalAxes(const Row &local) const
+    {
+        return {c * local[0] - s * local[1], s * local[0] + c * local[1], local[2],
+                c * local[3] - s * local[4], s * local[3] + c * local[4], local[5]};
+    }
 };
 
 /// Whether element @p e has two nodes apart from each other, and a group.

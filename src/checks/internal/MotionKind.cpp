@@ -53,17 +53,18 @@ private:
 
     void normalise(const ExtendedVector &given)
     {
+        using std::abs, std::sqrt;
         Extended along = 0, turned = 0;
         for (int n = 1; n <= Arithmos_Kombon; ++n) {
-            along =
-                std::max(along, std::hypot(given(freedomOf(n, 1) - 1), given(freedomOf(n, 2) - 1)));
-            turned = std::max(turned, std::abs(given(freedomOf(n, 3) - 1)));
+            const Extended x = given(freedomOf(n, 1) - 1), y = given(freedomOf(n, 2) - 1);
+            along = std::max(along, Extended(sqrt(x * x + y * y)));
+            turned = std::max(turned, Extended(abs(given(freedomOf(n, 3) - 1))));
         }
         Extended length = 0;
         for (const auto &member : members_)
             length += member.length;
         if (!members_.empty())
-            length_ = static_cast<double>(length / static_cast<Extended>(members_.size()));
+            length_ = static_cast<double>(length) / static_cast<double>(members_.size());
         const bool onlyTurns = along <= still * turned * length_;
         if (onlyTurns)
             length_ = 1;

@@ -13,6 +13,7 @@ constexpr Eigen::Index none = -1;
 
 ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Projections::exact))
 {
+    using std::abs, std::sqrt;
     const Eigen::Index all = 3 * Arithmos_Kombon;
     springs_.resize(all);
     for (int n = 1; n <= Arithmos_Kombon; ++n)
@@ -34,7 +35,7 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
                     entries.emplace_back(row, column, K[r][c]);
                     if (row == column)
                         diagonal(row) += K[r][c];
-                    largest(row) = std::max(largest(row), std::abs(K[r][c]));
+                    largest(row) = std::max(largest(row), Extended(abs(K[r][c])));
                 }
     }
 
@@ -48,7 +49,7 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
         }
         place[freedom] = size();
         freedoms_.push_back(freedom);
-        scale_(row) = 1 / std::sqrt(diagonal(row) != 0 ? std::abs(diagonal(row)) : largest(row));
+        scale_(row) = 1 / sqrt(diagonal(row) != 0 ? Extended(abs(diagonal(row))) : largest(row));
     }
     std::vector<Eigen::Triplet<Extended>> scaled;
     scaled.reserve(entries.size() + freedoms_.size());

@@ -2,9 +2,9 @@
 /// @file
 /// The stiffness of the free freedoms, scaled to a unit diagonal.
 
+#include "EigenNumbers.h"
 #include "Member.h"
 
-#include <Eigen/Dense>
 #include <Eigen/Sparse>
 
 #include <cstddef>
@@ -13,7 +13,6 @@
 
 namespace veskora {
 
-using Extended = long double;
 using ExtendedVector = Eigen::Matrix<Extended, Eigen::Dynamic, 1>;
 
 /// Coordinates are taken as exact as they stand: rounded projections would give a loop of elements
