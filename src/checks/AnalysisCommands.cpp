@@ -1,13 +1,20 @@
 #include "AnalysisCommands.h"
 
+#include "CheckText.h"
 #include "Desktop.h"
 #include "Diagrafes.h"
 #include "epilisi.h"
+#include "Equilibrium.h"
 #include "FreeMotions.h"
 #include "Functions.h"
+#include "Functions_Bres_Megista.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "RowQueries.h"
+#include "Sentences.h"
+
+#include <algorithm>
+#include <cmath>
 
 namespace veskora {
 
@@ -35,12 +42,71 @@ Answer askToDelete(int n)
         Icon::question, Buttons::yesNoCancel);
 }
 
+/// "node 3, y"
+std::string freedomText(int freedom)
+{
+    const int k = componentOf(freedom);
+    return filled(Metafrasi(1836, "node %1, %2"),
+                  {numberText(nodeOfFreedom(freedom)), k == 1   ? "x"
+                                                       : k == 2 ? "y"
+                                                                : Metafrasi(1837, "rotation")});
+}
+
+/// The freedom of the largest translation, 0 where nothing moves.
+int largestTranslation()
+{
+    int largest = 0;
+    double size = 0;
+    for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
+        if (componentOf(freedom) != 3 && std::abs(Metatopiseis(freedom)) > size) {
+            largest = freedom;
+            size = std::abs(Metatopiseis(freedom));
+        }
+    return largest;
+}
+
+/// What tells a wrong unit or a forgotten load at a glance.
+void logSummary()
+{
+    constexpr int digits = 6;
+    const Finding finding = checkEquilibrium();
+    const auto &found = std::get<Equilibrium>(finding.facts);
+    const double largest = std::max(
+        {Bres_Max_Abs_N(), Bres_Max_Abs_Q(), std::abs(found.x.loads), std::abs(found.y.loads)});
+    const auto sum = [&](double value) { // a rest of rounding is no force
+        constexpr double rounding = 1e-9;
+        return roundedText(std::abs(value) <= rounding * largest ? 0 : value, digits);
+    };
+    const int freedom = largestTranslation();
+    Grammi_Log(filled(Metafrasi(1838, "Loads: x %1, y %2; reactions: x %3, y %4; largest "
+                                      "displacement: %5"),
+                      {sum(found.x.loads), sum(found.y.loads), sum(found.x.reactions),
+                       sum(found.y.reactions),
+                       freedom == 0 ? "0"
+                                    : roundedText(Metatopiseis(freedom), digits) + " ("
+                                          + freedomText(freedom) + ")"}),
+               logColour::grey);
+}
+
+/// The first fault that the check finds, in words.
+void logFirstMotion()
+{
+    const Finding first = findMotions().front();
+    if (first.severity == Severity::fault)
+        Grammi_Log(textOf(first).title, logColour::red);
+}
+
 /// Tells what the analysis has left unsaid, and where more is said.
 void pointToCheck()
 {
-    const bool isTold = Sfalma_Epilisis || excessiveFreedom() != 0;
+    const int freedom = Sfalma_Epilisis ? 0 : excessiveFreedom();
+    const bool isTold = Sfalma_Epilisis || freedom != 0;
     if (!Sfalma_Epilisis)
         mechanismSuspected = isTold || canMoveFreely();
+    if (freedom != 0)
+        Grammi_Log("u(" + numberText(freedom) + "): " + freedomText(freedom), logColour::red);
+    if (!Sfalma_Epilisis)
+        logSummary();
     if (isTold)
         Grammi_Log(Metafrasi(1701,
                              "See Report, Check of the analysis: it tells whether parts of the "
@@ -50,6 +116,8 @@ void pointToCheck()
         Grammi_Log(Metafrasi(1702, "The structure can move freely although its loads do not move "
                                    "it: see Report, Check of the analysis."),
                    logColour::red);
+    if (Sfalma_Epilisis)
+        logFirstMotion();
 }
 
 /// "Nodes 8 to 12 are now 7 to 11." when node @p n of @p last was deleted.
