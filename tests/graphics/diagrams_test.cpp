@@ -259,6 +259,7 @@ TEST_F(Diagrams, AFittedScaleIsTheFinestRoundOneThatStaysInside)
         double right = 0;
     };
     constexpr double longest = 3;
+    originAt(0, 20);
     const char *const middle = "N 2 10; N 18 10; E 1 2";
     const char *const elastic = "G 1 1 1; N 2 10; N 18 10; E 1 2 1";
     const char *const top = "N 2 19; N 18 19; E 1 2";
