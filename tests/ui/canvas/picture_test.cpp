@@ -299,7 +299,7 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
 
 TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
 {
-    const auto textLine = [&](const std::vector<std::string> &options) {
+    const auto headingInk = [&](const std::vector<std::string> &options) {
         std::ostringstream out, err;
         std::vector<std::string> arguments = {"--pictures", "--out", path("s")};
         arguments.insert(arguments.end(), options.begin(), options.end());
@@ -311,25 +311,24 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
         const QImage picture(QString::fromStdString(path("s/large_M.png")));
         EXPECT_EQ(picture.size(), isFitted ? QSize(640, 480) : QSize(1280, 800));
         const QRect edge(picture.width() - 3, 0, 3, picture.height());
-        int red = 0; // dots of the grid are grey
+        int coloured = 0; // dots of the grid are grey
         for (int y = edge.top(); y <= edge.bottom(); ++y)
             for (int x = edge.left(); x <= edge.right(); ++x)
-                red += QColor(picture.pixel(x, y)).saturation() > 100 ? 1 : 0;
-        EXPECT_EQ(red > 0, isCut);
-        int height = 0; // of the heading
+                coloured += QColor(picture.pixel(x, y)).saturation() > 100 ? 1 : 0;
+        EXPECT_EQ(coloured > 0, isCut);
+        int ink = 0; // of the heading
         for (int y = 0; y < 60; ++y)
             for (int x = 0; x < 20; ++x)
-                height += qGray(picture.pixel(x, y)) < 80 ? 1 : 0;
-        return height;
+                ink += qGray(picture.pixel(x, y)) < 80 ? 1 : 0;
+        return ink;
     };
     buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4; N 8 4; N 8 0 xxx; E 1 2 1; E 2 3 1 0 0 0 -900;"
                "E 3 4 1");
     std::string model = path("large.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    textLine({});
-    const std::vector<std::string> fitted = {"--fit", "--size", "640x480"};
-    const int ink = textLine(fitted);
-    EXPECT_GT(textLine({"--fit", "--size", "640x480", "--label-scale", "2"}), 2 * ink);
+    headingInk({});
+    const int usual = headingInk({"--fit", "--size", "640x480"});
+    EXPECT_GT(headingInk({"--fit", "--size", "640x480", "--label-scale", "2"}), 2 * usual);
 
     buildModel("G 2e8 .01 1e-4; N 0 0; N 0 4; E 1 2 1");
     model = path("loose.vsk");
