@@ -1,6 +1,5 @@
 #include "LoadDialog.h"
 
-#include "Functions.h"
 #include "MathFunc.h"
 #include "NumberList.h"
 #include "RowQueries.h"
@@ -12,7 +11,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <array>
 
 namespace veskora {
 
@@ -97,16 +95,6 @@ void LoadDialog::listLoadedRows()
     caption_->setText(captionText_ + ' ' + QString::number(loadedRows_->count()));
 }
 
-std::string LoadDialog::valuesText(std::span<const float> values)
-{
-    static constexpr std::array<const char *, 3> names = {", Fx= ", ", Fy= ", ", M= "};
-    std::string text;
-    for (std::size_t i = 0; i < values.size(); ++i)
-        if (values[i] != 0)
-            text += names[i] + numberText(values[i]);
-    return text;
-}
-
 void LoadDialog::apply()
 {
     for (QLineEdit *field : fields_)
@@ -118,12 +106,7 @@ void LoadDialog::apply()
     const bool wasLoaded = isLoaded(values);
     for (qsizetype i = 0; i < fields_.size(); ++i)
         values[static_cast<std::size_t>(i)] = typedSingle(fields_[i]).value();
-    const std::string number = numberText(loaded());
-    if (isLoaded(values))
-        Grammi_Log((wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values),
-                   logColour::navy);
-    else if (wasLoaded)
-        Grammi_Log(texts_.erased + number, logColour::navy);
+    logLoads(texts_.lines, loaded(), values, wasLoaded);
     finish();
 }
 
@@ -135,7 +118,7 @@ void LoadDialog::remove()
         return;
     }
     std::ranges::fill(values, 0.0F);
-    Grammi_Log(texts_.erased + numberText(loaded()), logColour::navy);
+    logLoads(texts_.lines, loaded(), values, true);
     finish();
 }
 

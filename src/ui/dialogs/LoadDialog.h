@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NumberedDialog.h"
+#include "RowLines.h"
 
 #include <span>
 
@@ -24,7 +25,9 @@ protected:
     /// The dialog's own sentences; a row number goes behind all but the first.
     struct Texts
     {
-        std::string loadedRows, isNew, changed, erased, nothingToDelete;
+        std::string loadedRows;
+        LoadWords lines;
+        std::string nothingToDelete;
     };
 
     /// To be called once the form stands. @p fields are those of the components Fx, Fy and M, as
@@ -46,7 +49,6 @@ private:
     bool takeOther(bool isLeft) override;
     void listLoadedRows();
     void finish();
-    static std::string valuesText(std::span<const float> values);
 
     QListWidget *loadedRows_ = nullptr;
     QLabel *caption_ = nullptr;
