@@ -13,6 +13,7 @@
 #include <QMouseEvent>
 #include <QTextEdit>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdlib>
 
@@ -103,7 +104,8 @@ protected:
     }
     void trigger(const char *action) { find<QAction>(action)->trigger(); }
     void click(const char *button) { find<QAbstractButton>(button)->click(); }
-    std::string caption() const { return window->windowTitle().toStdString(); }
+    /// As the desktop shows it.
+    std::string caption() const { return window->windowHandle()->title().toStdString(); }
     std::string panel(const char *name) { return find<QLabel>(name)->text().toStdString(); }
     QStringList log() { return find<QTextEdit>("RichTextBox1")->toPlainText().split('\n'); }
     CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }

@@ -254,7 +254,8 @@ void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold
 
 void frmMain::setCaption(const std::string &text)
 {
-    setWindowTitle(qtText(text).replace("[*]", "[*][*]")); // one of them stands for "modified"
+    // One stands for the mark of unsaved changes, two for itself.
+    setWindowTitle("[*]" + qtText(text).replace("[*]", "[*][*]"));
 }
 
 void frmMain::setPointer(Pointer pointer)
