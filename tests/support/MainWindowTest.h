@@ -10,6 +10,7 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTextEdit>
 #include <QTimer>
@@ -170,6 +171,14 @@ protected:
         click(x, y);
         mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
         release(x, y);
+    }
+
+    void chooseInMenu(double x, double y, const char *entry)
+    {
+        press(x, y, Qt::RightButton);
+        release(x, y, Qt::RightButton);
+        find<QMenu>("mnuAorato")->close();
+        trigger(entry);
     }
 
     const std::string small = contentOf(TEST_DATA "/small.vsk");

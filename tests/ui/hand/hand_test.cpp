@@ -198,12 +198,6 @@ TEST_F(CanvasTools, APressThatBringsTheWindowToTheFrontMakesNothing)
 TEST_F(CanvasTools, TheMenuMovesAHeightAndChoosesTheGroup)
 {
     buildModel("G 1 1 1; G 2 2 2; N 0 0; N 4 3; N 8 0; E 1 3 2; E 1 2 1");
-    const auto choose = [this](double x, double y, const char *entry) {
-        press(x, y, Qt::RightButton);
-        release(x, y, Qt::RightButton);
-        find<QMenu>("mnuAorato")->close();
-        trigger(entry);
-    };
     QTimer::singleShot(0, window.get(), [] {
         auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
         EXPECT_EQ(dialog->findChild<QLabel *>("Label2")->text(), "#1, #3");
@@ -211,21 +205,18 @@ TEST_F(CanvasTools, TheMenuMovesAHeightAndChoosesTheGroup)
         dialog->findChild<QAbstractButton *>("SSCommand3")->click();
         dialog->reject();
     });
-    choose(8, 0, "MoveHeight");
+    chooseInMenu(8, 0, "MoveHeight");
     EXPECT_EQ(Komboi(1, node::y) + Komboi(2, node::y) + Komboi(3, node::y), 1 + 3 + 1);
     EXPECT_EQ(log().last(), " * Node #3, x=8, y=1, Free");
-    choose(6, 1, "DrawInGroup");
-    EXPECT_EQ(find<QAction>("DrawInGroup")->text().remove('&'), "Draw new elements in group #2");
+    chooseInMenu(6, 1, "DrawInGroup");
     EXPECT_EQ(panel("DrawnGroup"), "New elements: group #2");
     EXPECT_TRUE(shown("DrawnGroup"));
     dragModel(4, 3, 8, 1);
     EXPECT_TRUE(log().last().endsWith("E,A,I Group: #2, P2 Type"));
-    trigger("mnuUNDOitem");
-    Katharismos_Montelou();
+    buildModel("G 1 1 1; N 0 0; N 4 0; E 1 2 1");
     window->redraw();
     EXPECT_FALSE(shown("DrawnGroup"));
-    buildModel("G 1 1 1; N 0 0; N 4 0; E 1 2 1");
-    choose(2, 0, "ShareLoads");
+    chooseInMenu(2, 0, "ShareLoads");
     EXPECT_EQ(log().last(), " Nothing has changed: it is so already.");
 }
 

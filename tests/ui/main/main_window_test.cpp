@@ -952,11 +952,8 @@ TEST_F(MainWindow, TheTitleIsMarkedWhileTheSaveQuestionWouldCome)
     oldStage.replace(oldStage.find("Elatiria") - 6, std::string::npos, std::string(modelEndLine));
     write(path("old.vsk"), oldStage);
     start(path("m.vsk"));
-    const auto tick = [this] {
-        QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
-    };
+    desktop.answerAnything = [] { return Answer::no; };
     const auto open = [this](const char *name) {
-        desktop.answerAnything = [] { return Answer::no; };
         desktop.expectFileDialog(path(name));
         trigger("Open");
     };
@@ -973,26 +970,20 @@ TEST_F(MainWindow, TheTitleIsMarkedWhileTheSaveQuestionWouldCome)
              {"view", [] { Klimaka = 77; }, true},
              {"saved", [this] { trigger("Save"); }, false},
              {"emptied", [] { Katharismos_Montelou(); }, true},
-             {"new",
-              [this] {
-                  desktop.answerAnything = [] { return Answer::no; };
-                  trigger("New");
-              },
-              false},
+             {"new", [this] { trigger("New"); }, false},
              {"unnamed", [] { putNode(1, 1); }, true},
              {"of an earlier stage", [&] { open("old.vsk"); }, true},
              {"of this one", [&] { open("m.vsk"); }, false},
              {"gone",
               [this] {
                   fs::remove(path("m.vsk"));
-                  window->activateWindow();
                   QEvent back(QEvent::WindowActivate);
                   QCoreApplication::sendEvent(window.get(), &back);
               },
               true},
          }) {
         c.act();
-        tick();
+        QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
         EXPECT_EQ(caption().starts_with('*'), c.isMarked) << c.name;
         EXPECT_EQ(FileCommands::isSaved(), !c.isMarked) << c.name;
     }

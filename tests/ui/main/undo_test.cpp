@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
-#include <QMenu>
 #include <QMessageBox>
 #include <QTest>
 #include <QTimer>
@@ -91,12 +90,7 @@ protected:
             return [=, this] { inDialog(command, entries); };
         };
         const auto fromMenu = [this](double x, double y, const char *entry) {
-            return [=, this] {
-                press(x, y, Qt::RightButton);
-                release(x, y, Qt::RightButton);
-                find<QMenu>("mnuAorato")->close();
-                trigger(entry);
-            };
+            return [=, this] { chooseInMenu(x, y, entry); };
         };
         return {
             {"New node #4, x=9, y=1, Free", [this] { click(9, 1); }},
