@@ -19,6 +19,7 @@
 #include "Metablites.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
 
 namespace veskora {
 
@@ -125,6 +126,13 @@ void WindowCommands::openElementLoads(int e)
 {
     if (e <= Arithmos_Stoixeion)
         showDialog<frmOMOIOMORFO>([e](frmOMOIOMORFO &dialog) { dialog.openRow(e); });
+}
+
+void WindowCommands::openMoveHeight(int n)
+{
+    if (n <= Arithmos_Kombon)
+        showDialog<frmMETAKINISI>(
+            [n](frmMETAKINISI &dialog) { dialog.openFor(nodesAtHeightOf(n)); });
 }
 
 // ------------------------------------------------------------------------------------------ tools

@@ -32,6 +32,7 @@ public:
     void openNodeLoads(int n);
     void openElement(int e);
     void openElementLoads(int e);
+    void openMoveHeight(int n); ///< moves all nodes as high as that
     /// @}
 
     void openMove();

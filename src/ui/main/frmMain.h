@@ -13,6 +13,7 @@
 #include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "RecentMenu.h"
+#include "RowCommands.h"
 #include "ToolkitTexts.h"
 #include "UndoCommands.h"
 #include "WindowCommands.h"
@@ -88,6 +89,7 @@ private:
     JournalKeeper journal_;
     UndoCommands undo_;
     WindowCommands windows_;
+    RowCommands rows_;
     Menus menus_;
     RecentMenu recent_;
     HTMLHelp help_;
