@@ -241,14 +241,19 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
 
 void Apothikefsi_Anaforas(const std::string &path)
 {
+    saveReport(Anafora, path, "");
+}
+
+void saveReport(const std::string &report, const std::string &path, const std::string &suffix)
+{
     const std::string target =
         askSavePath(filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                         + filterFor(Metafrasi(1773, "All files"), ".*"),
-                    withoutExtension(path) + reportExtension, reportExtension);
+                    withoutExtension(path) + suffix + reportExtension, reportExtension);
     if (target.empty())
         return;
     try {
-        writeWholeFile(target, reportFileText(Anafora), Durability::onDisk);
+        writeWholeFile(target, reportFileText(report), Durability::onDisk);
     } catch (const Fault &fault) {
         return reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
     }
