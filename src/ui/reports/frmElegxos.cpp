@@ -135,7 +135,7 @@ void frmElegxos::pick()
 
 void frmElegxos::copy()
 {
-    QApplication::clipboard()->setText(qtText(check_->document));
+    QApplication::clipboard()->setText(QString::fromStdString(check_->document));
 }
 
 void frmElegxos::save()

@@ -21,7 +21,7 @@ protected:
     void openOnSlidingBeam()
     {
         start();
-        buildModel("G 1 1 1; G 1 1 1; N 0 0 oxo; N 5 0 oxo; N 2 2 xxx; E 1 2");
+        buildModel("G 1 1 1; G 1 1 1; N 0 0 oxo; N 5 0 oxo; N 2 2; E 1 2 1");
         qtDesktop->redraw();
         trigger("mnuELEGXOS_ANALYSIS_item");
     }
