@@ -3,11 +3,13 @@
 #include "Anafora.h"
 #include "AnalysisCommands.h"
 #include "BatchDesktop.h"
+#include "CheckText.h"
 #include "Fault.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "ImageKanvas.h"
 #include "Metablites.h"
+#include "ModelCheck.h"
 #include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
@@ -25,24 +27,28 @@ namespace veskora {
 namespace {
 
 constexpr const char *usage =
-    "Usage: Veskora_batch [--out DIR | -] [--pictures] MODEL.vsk...\n"
+    "Usage: Veskora_batch [--out DIR | -] [--check] [--pictures] MODEL.vsk...\n"
     "\n"
     "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
     "\n"
     "  --out DIR  folder of the reports, made when it is not there; the working\n"
     "             directory when not given\n"
     "  -          print the reports instead\n"
+    "  --check    write MODEL_check.txt too, or print it behind the report: free\n"
+    "             motions, equilibrium, correct digits and slips of modelling; also of\n"
+    "             a model whose analysis fails\n"
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
     "\n"
-    "Exit status: 0 all models analysed, 1 some could not be read or analysed,\n"
-    "2 wrong usage.\n";
+    "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
+    "--check found that one can move freely, 2 wrong usage.\n";
 
 struct Order
 {
     bool print = false;
+    bool check = false;
     bool pictures = false;
     bool help = false;
     std::string folder; ///< empty: the working directory
@@ -62,6 +68,8 @@ Order parse(const std::vector<std::string> &arguments)
             onlyModels = true;
         else if (argument == "-")
             order.print = true;
+        else if (argument == "--check")
+            order.check = true;
         else if (argument == "--pictures")
             order.pictures = true;
         else if (argument == "--help" || argument == "-h")
@@ -93,29 +101,43 @@ public:
     BatchRun(const BatchRun &) = delete;
     BatchRun &operator=(const BatchRun &) = delete;
 
-    /// @return whether the model was analysed and its report written
+    /// @return whether all went well that was ordered for the model
     bool run(const std::string &model)
     {
-        std::string failure;
-        try {
-            failure = process(model);
-        } catch (const Fault &fault) { // what would end a window program ends one model here
-            failure = fault.facts();
+        resetStore();
+        bool isDone = succeeds(model, &BatchRun::process);
+        if (order_.check && !Onoma_Arxeiou.empty())
+            isDone = succeeds(model, &BatchRun::check) && isDone;
+        if (!isDone) {
+            warnOfOldFile(reportPath(model));
+            if (order_.check)
+                warnOfOldFile(checkPath(model));
         }
-        desktop_.finishLine();
-        if (!failure.empty()) {
-            err_ << "Veskora_batch: " << model << ": " << failure << std::endl;
-            warnOfOldReport(model);
-        }
-        return failure.empty();
+        return isDone;
     }
 
 private:
-    /// @return what went wrong, empty when nothing
-    std::string process(std::string model)
+    /// Whether @p step says nothing of @p model; what it says, or a fault in it, is told.
+    bool succeeds(const std::string &model, std::string (BatchRun::*step)(const std::string &))
     {
-        resetStore();
-        Anagnosi_Arxeiou(model);
+        std::string failure;
+        try {
+            failure = (this->*step)(model);
+        } catch (const Fault &fault) { // what would end a window program ends one step here
+            failure = fault.facts();
+        }
+        desktop_.finishLine();
+        if (!failure.empty())
+            err_ << "Veskora_batch: " << model << ": " << failure << std::endl;
+        return failure.empty();
+    }
+
+    /// Reads and analyses the model and writes its report and pictures.
+    /// @return what went wrong, empty when nothing
+    std::string process(const std::string &model)
+    {
+        std::string path = model;
+        Anagnosi_Arxeiou(path);
         if (Onoma_Arxeiou.empty())
             return "not read";
         if (Arithmos_Kombon == 0)
@@ -126,23 +148,31 @@ private:
         std::string report;
         for (const ReportSection &section : reportSections)
             report += section.text();
-        const std::string failure = deliver(model, reportFileText(report));
+        const std::string failure = deliver(reportPath(model), reportFileText(report));
         return failure.empty() && order_.pictures ? drawPictures(model) : failure;
     }
 
-    std::string deliver(const std::string &model, const std::string &report)
+    /// Writes the check of the model, analysed or not.
+    std::string check(const std::string &model)
+    {
+        const std::vector<Finding> findings = checkModel();
+        const std::string failure = deliver(checkPath(model), checkText(findings));
+        return failure.empty() && hasFreeMotion(findings) ? "the structure can move freely"
+                                                          : failure;
+    }
+
+    std::string deliver(const std::string &target, const std::string &text)
     {
         if (order_.print) {
-            out_ << report << std::flush;
-            return out_ ? "" : "the report could not be printed";
+            out_ << text << std::flush;
+            return out_ ? "" : target + " could not be printed";
         }
-        const std::string target = reportPath(model);
         if (!written_.insert(target).second)
             return target + " was written in this run already";
         if (isModelOfRun(target))
             return target + " is a model of this run and no place for a report";
         try {
-            writeWholeFile(target, report, Durability::onDisk);
+            writeWholeFile(target, text, Durability::onDisk);
         } catch (const Fault &fault) {
             return target + ": " + fault.facts();
         }
@@ -150,10 +180,9 @@ private:
     }
 
     /// A report left from an earlier run must not pass for one of this model as it is now.
-    void warnOfOldReport(const std::string &model)
+    void warnOfOldFile(const std::string &target)
     {
         std::error_code ignored;
-        const std::string target = reportPath(model);
         if (!order_.print && !written_.contains(target) && fs::exists(target, ignored)
             && !isModelOfRun(target))
             err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
@@ -194,6 +223,10 @@ private:
     }
 
     std::string reportPath(const std::string &model) const { return pathWithout(model) + ".txt"; }
+    std::string checkPath(const std::string &model) const
+    {
+        return pathWithout(model) + "_check.txt";
+    }
 
     bool isModelOfRun(const std::string &target) const
     {

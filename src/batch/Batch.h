@@ -12,7 +12,7 @@ namespace veskora {
 namespace batchStatus {
 inline constexpr int allAnalysed = 0;
 inline constexpr int someFailed =
-    1; ///< a model could not be read or analysed, or its report not written
+    1; ///< a model could not be read or analysed, a file not written, or a free motion was found
 inline constexpr int wrongUsage = 2;
 } // namespace batchStatus
 
@@ -21,8 +21,9 @@ inline constexpr int wrongUsage = 2;
 bool wantsPictures(const std::vector<std::string> &arguments);
 
 /// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
-/// and writes its report. Every model starts from a fresh store with the default settings, and a
-/// failure of one does not keep the next from its turn. An unconnected node is reported and kept.
+/// and writes its report, and its check when ordered, even where the analysis fails. Every model
+/// starts from a fresh store with the default settings, and a failure of one does not keep the next
+/// from its turn. An unconnected node is reported and kept.
 ///
 /// @param out  where "-" prints the reports
 /// @param err  what the message log would say, and why a model failed

@@ -52,6 +52,22 @@ void pointToCheck()
                    logColour::red);
 }
 
+/// "Nodes 8 to 12 are now 7 to 11." when node @p n of @p last was deleted.
+void logNewNumbers(int n, int last)
+{
+    const auto run = [](int first, int end) {
+        return numberText(first) + " " + Metafrasi(1735, "to") + " " + numberText(end);
+    };
+    if (n == last - 1)
+        Grammi_Log(Metafrasi(1732, "Node") + " " + numberText(last) + " "
+                       + Metafrasi(1733, "is now") + " " + numberText(n) + ".",
+                   logColour::green);
+    else if (n < last)
+        Grammi_Log(Metafrasi(1734, "Nodes") + " " + run(n + 1, last) + " "
+                       + Metafrasi(1736, "are now") + " " + run(n, last - 1) + ".",
+                   logColour::green);
+}
+
 } // namespace
 
 void Button_Epilisi()
@@ -65,6 +81,7 @@ void Button_Epilisi()
         if (answer != Answer::yes)
             break;
         Diagrafi_Kombou(static_cast<std::int16_t>(n));
+        logNewNumbers(n, Arithmos_Kombon + 1);
         desktop().redraw();
     }
     Epilisi();

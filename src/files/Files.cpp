@@ -239,6 +239,22 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     return true;
 }
 
+std::string writeAskedFile(const std::string &content, const std::string &filter,
+                           const std::string &path, const std::string &extension)
+{
+    const std::string target = askSavePath(filter, withoutExtension(path) + extension, extension);
+    if (target.empty())
+        return {};
+    try {
+        writeWholeFile(target, content, Durability::onDisk);
+    } catch (const Fault &fault) {
+        reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
+        return {};
+    }
+    currentFolder = folderOf(target);
+    return target;
+}
+
 void Apothikefsi_Anaforas(const std::string &path)
 {
     saveReport(Anafora, path, "");
@@ -246,18 +262,10 @@ void Apothikefsi_Anaforas(const std::string &path)
 
 void saveReport(const std::string &report, const std::string &path, const std::string &suffix)
 {
-    const std::string target =
-        askSavePath(filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
-                        + filterFor(Metafrasi(1773, "All files"), ".*"),
-                    withoutExtension(path) + suffix + reportExtension, reportExtension);
-    if (target.empty())
-        return;
-    try {
-        writeWholeFile(target, reportFileText(report), Durability::onDisk);
-    } catch (const Fault &fault) {
-        return reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
-    }
-    currentFolder = folderOf(target);
+    (void)writeAskedFile(reportFileText(report),
+                         filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
+                             + filterFor(Metafrasi(1773, "All files"), ".*"),
+                         withoutExtension(path) + suffix + reportExtension, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()

@@ -51,6 +51,13 @@ bool Idio_Me_To_Arxeio();
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension);
 
+/// Writes @p content, with @p extension, to a file that the user is asked for by @p filter. The
+/// name of the model file @p path is proposed, with that extension for its own. A failure is
+/// reported.
+/// @return the path written, empty where nothing was
+std::string writeAskedFile(const std::string &content, const std::string &filter,
+                           const std::string &path, const std::string &extension);
+
 /// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
 /// file @p path is proposed, with .txt for its extension. A failure is reported.
 void Apothikefsi_Anaforas(const std::string &path);

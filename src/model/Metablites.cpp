@@ -72,6 +72,7 @@ std::int16_t Thesi_Istorikou = 0;
 bool denseGridReported = false;
 std::int16_t gridPosition = 0;
 std::optional<RoundedPicture> roundingReportedFor;
+std::optional<float> chosenGridStep;
 
 void resetView()
 {
@@ -156,6 +157,7 @@ void resetStore()
     denseGridReported = false;
     gridPosition = 0;
     roundingReportedFor.reset();
+    chosenGridStep.reset();
 }
 
 } // namespace veskora

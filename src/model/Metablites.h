@@ -181,6 +181,9 @@ struct RoundedPicture
 /// The one whose values were said to be too large to be shown.
 extern std::optional<RoundedPicture> roundingReportedFor;
 
+/// The grid step that the user has given in this run, which New keeps while it is in force.
+extern std::optional<float> chosenGridStep;
+
 /// The view of a new model: scale 100, the world origin 2 cm from the left and bottom edges.
 void resetView();
 

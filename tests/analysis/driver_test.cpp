@@ -191,6 +191,8 @@ TEST_F(Commands, UnconnectedNodesAreOfferedFromTheFirstOnAfterEachDeletion)
     EXPECT_EQ(std::ranges::count(desktop.events, "redraw"), 2);
     EXPECT_EQ(desktop.log[0], (LogLine{unconnected(1), red}));
     EXPECT_EQ(desktop.log[1], (LogLine{"Node deleted: #1. Nodes renumbered: #2 to # 4.", green}));
+    EXPECT_EQ(desktop.log[2], (LogLine{"Nodes 2 to 4 are now 1 to 3.", green}));
+    EXPECT_EQ(desktop.log[5], (LogLine{"Node 3 is now 2.", green}));
     EXPECT_FALSE(Allagi_Montelou);
 
     buildModel(loose); // No looks no further

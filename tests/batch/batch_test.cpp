@@ -1,6 +1,7 @@
 #include "Batch.h"
 #include "Files.h"
 #include "Metablites.h"
+#include "Models.h"
 #include "ModelText.h"
 #include "Registry.h"
 #include "ScriptedDesktop.h"
@@ -69,19 +70,37 @@ TEST_F(Batch, AFailureOfOneModelDoesNotKeepTheNextFromItsTurn)
     };
     const std::vector<std::string> arguments = {
         "-",
+        "--check",
         path("missing.vsk"),
         changed("banner.vsk", "VESK!", "VESK?"),
         changed("length.vsk", "\r\n4\r\n", "\r\n0\r\n"), // both nodes at one place
         changed("free.vsk", "0\r\n0\r\n1\r\n1\r\n1\r\n", "0\r\n0\r\n0\r\n0\r\n0\r\n"),
         small};
     EXPECT_EQ(run(arguments), batchStatus::someFailed);
-    EXPECT_THAT(out.str(), testing::StartsWith("Data\r\n"));
+    EXPECT_THAT(out.str(), testing::StartsWith("Check of the analysis\r\nlength.vsk\r\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\r\nCheck of the analysis\r\nfree.vsk\r\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\r\nData\r\n"));
+    EXPECT_THAT(out.str(), HasSubstr("\r\n\r\nCheck of the analysis\r\nsmall.vsk\r\n"));
     EXPECT_THAT(out.str(), HasSubstr("\r\n2        0                       -.0016710182767624      "
                                      " -.000626631853785901     \r\n"));
     for (const char *says :
          {"missing.vsk: not read", "banner.vsk: not read", "free.vsk: not analysed",
           "length.vsk: Division by zero: element 1 has no length", "Total time:"})
         EXPECT_THAT(err.str(), HasSubstr(says));
+}
+
+TEST_F(Batch, AFreeMotionThatNoLoadStirsFailsTheCheckAndNotTheAnalysis)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxo; N 3 4; N 8 5; E 1 2 1; E 2 3 1");
+    std::string model = path("turns.vsk");
+    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
+    EXPECT_EQ(run({"--out", path(""), model}), batchStatus::allAnalysed);
+    EXPECT_EQ(run({"--out", path(""), "--check", model}), batchStatus::someFailed);
+    EXPECT_THAT(err.str(), testing::EndsWith("turns.vsk: the structure can move freely\n"));
+    EXPECT_THAT(contentOf(path("turns.txt")), testing::StartsWith("Data\r\n"));
+    EXPECT_THAT(contentOf(path("turns_check.txt")),
+                testing::StartsWith("Check of the analysis\r\nturns.vsk\r\n\r\n"
+                                    "Fault: Nodes 2 and 3 turn together round node 1\r\n"));
 }
 
 TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextModel)
@@ -127,12 +146,18 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     fs::create_symlink("a/small.vsk", path("a/link.txt"));
     fs::create_symlink("small.vsk", path("a/link.vsk"));
     EXPECT_EQ(run({"--out", path("a"), path("a/link.vsk")}), batchStatus::someFailed);
+    fs::copy_file(small, path("small_check.txt"));
+    EXPECT_EQ(run({"--check", "--out", path(""), small, path("small_check.txt")}),
+              batchStatus::someFailed);
     EXPECT_EQ(contentOf(path("mod.txt")), contentOf(small));
+    EXPECT_EQ(contentOf(path("small_check.txt")), contentOf(small));
     EXPECT_EQ(contentOf(path("a/small.vsk")), contentOf(small));
 
     write(path("a/small.vsk"), "broken");
     EXPECT_EQ(run({"--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small.txt is from an earlier run"));
+    EXPECT_EQ(run({"--check", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
+    EXPECT_THAT(err.str(), HasSubstr("small_check.txt is from an earlier run"));
     EXPECT_EQ(run({"--out", path("mod.txt"), small}), batchStatus::someFailed);
 }
 

@@ -25,6 +25,7 @@ void LoadDialog::equipLoads(const QList<QLineEdit *> &fields, QLabel *caption, T
     equipNumbers();
     caption_->setText(qtText(texts_.loadedRows));
     equip();
+    equipNote();
     captionText_ = caption_->text(); // with its mnemonic, for every count
 
     constexpr int rowsInSight = 7;
@@ -81,8 +82,11 @@ void LoadDialog::showLoaded()
 /// An emptied list stands for the row that is shown.
 bool LoadDialog::takeOther(bool isLeft)
 {
-    if (!isLeft && !(numbers()->currentText().trimmed().isEmpty() && loaded() <= rowCount()))
+    const bool isEmpty = numbers()->currentText().trimmed().isEmpty();
+    if (!isLeft && !(isEmpty && loaded() <= rowCount()))
         return refuse(noSuchRow(), numbers());
+    if (!isEmpty)
+        note(noSuchRow());
     numbers()->showNumber(loaded());
     return true;
 }
@@ -109,9 +113,24 @@ std::string LoadDialog::valuesText(std::span<const float> values)
 
 void LoadDialog::apply()
 {
-    for (QLineEdit *field : fields_)
-        if (!typedSingle(field)) {
-            refuseOverflow(field);
+    store(loaded(), numbers());
+}
+
+/// Behind the last row the number list waits, as after Apply.
+void LoadDialog::applyAndGoOn()
+{
+    if (loaded() < rowCount())
+        store(loaded() + 1, firstField());
+    else
+        apply();
+}
+
+/// Stores what is typed for the row shown; typing goes on in @p field with the row @p next.
+void LoadDialog::store(int next, QWidget *field)
+{
+    for (QLineEdit *typed : fields_)
+        if (!typedSingle(typed)) {
+            refuseOverflow(typed);
             return;
         }
     const std::span<float> values = loads(loaded());
@@ -119,12 +138,12 @@ void LoadDialog::apply()
     for (qsizetype i = 0; i < fields_.size(); ++i)
         values[static_cast<std::size_t>(i)] = typedSingle(fields_[i]).value();
     const std::string number = numberText(loaded());
+    std::string done;
     if (isLoaded(values))
-        Grammi_Log((wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values),
-                   logColour::navy);
+        done = (wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values);
     else if (wasLoaded)
-        Grammi_Log(texts_.erased + number, logColour::navy);
-    finish();
+        done = texts_.erased + number;
+    finish(done, next, field);
 }
 
 void LoadDialog::remove()
@@ -135,16 +154,15 @@ void LoadDialog::remove()
         return;
     }
     std::ranges::fill(values, 0.0F);
-    Grammi_Log(texts_.erased + numberText(loaded()), logColour::navy);
-    finish();
+    finish(texts_.erased + numberText(loaded()), loaded(), numbers());
 }
 
-void LoadDialog::finish()
+void LoadDialog::finish(const std::string &done, int next, QWidget *field)
 {
     listLoadedRows();
-    showRow(loaded());
+    showRow(next);
     modelChanged();
-    focusAndSelect(numbers());
+    showDone(done, field);
 }
 
 } // namespace veskora

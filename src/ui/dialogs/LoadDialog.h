@@ -37,6 +37,7 @@ protected:
     virtual std::string noSuchRow() const = 0;
 
     void apply() override;
+    void applyAndGoOn() override;
     void remove() override;
 
 private:
@@ -45,7 +46,8 @@ private:
     void showLoaded() override;
     bool takeOther(bool isLeft) override;
     void listLoadedRows();
-    void finish();
+    void store(int next, QWidget *field);
+    void finish(const std::string &done, int next, QWidget *field);
     static std::string valuesText(std::span<const float> values);
 
     QListWidget *loadedRows_ = nullptr;

@@ -9,9 +9,12 @@
 #include "Text.h"
 #include "WindowParts.h"
 
+#include <QBoxLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 
 namespace veskora {
 
@@ -39,7 +42,8 @@ void ModelDialog::equip(const std::string &applies)
     // Clicked, they act on what is in sight before the click: the focus stays, so that no field
     // takes something over between the press and the release.
     button("SSCommand2", Metafrasi(2005, "Delete"), &ModelDialog::pressDelete, Qt::TabFocus);
-    button("SSCommand3", applies, &ModelDialog::pressApply, Qt::TabFocus);
+    button(
+        "SSCommand3", applies, [this] { press(&ModelDialog::apply); }, Qt::TabFocus);
     button("SSCommand29", Metafrasi(2003, "Cancel"), &QDialog::reject, Qt::StrongFocus);
 
     for (QPushButton *push : findChildren<QPushButton *>())
@@ -69,7 +73,10 @@ bool ModelDialog::eventFilter(QObject *watched, QEvent *event)
         const auto *key = static_cast<QKeyEvent *>(event);
         const auto field = next_.constFind(static_cast<QWidget *>(watched));
         if (field != next_.constEnd() && isEnter(*key)) {
-            pressEnter(field.key(), field.value());
+            if (key->modifiers().testFlag(Qt::ShiftModifier))
+                press(&ModelDialog::applyAndGoOn);
+            else
+                pressEnter(field.key(), field.value());
             return true;
         }
     } else if (auto *button = qobject_cast<QAbstractButton *>(watched);
@@ -87,15 +94,15 @@ void ModelDialog::pressEnter(QWidget *field, QWidget *next)
     if (next != nullptr)
         focusAndSelect(next);
     else
-        pressApply();
+        press(&ModelDialog::apply);
 }
 
-void ModelDialog::pressApply()
+void ModelDialog::press(void (ModelDialog::*applies)())
 {
     if (QLineEdit *field = fieldCutAtSeparator(this))
         refuse(cutAtSeparator(), field);
     else if (isReady(false))
-        apply();
+        (this->*applies)();
 }
 
 void ModelDialog::pressDelete()
@@ -128,6 +135,65 @@ void ModelDialog::focusAndSelect(QWidget *field)
         text->selectAll();
     else if (auto *list = qobject_cast<QComboBox *>(field))
         list->lineEdit()->selectAll();
+}
+
+void ModelDialog::equipNote()
+{
+    constexpr int lines = 2, moment = 5000; // ms
+    note_ = new QLabel(this);
+    note_->setObjectName("Note");
+    note_->setTextFormat(Qt::PlainText);
+    note_->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    note_->setWordWrap(true);
+    note_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Minimum);
+    note_->setMinimumHeight(lines * note_->fontMetrics().lineSpacing());
+    auto *parts = qobject_cast<QBoxLayout *>(layout());
+    parts->insertWidget(parts->count() - 1, note_);
+    noteTimer_ = new QTimer(this);
+    noteTimer_->setObjectName("NoteTimer");
+    noteTimer_->setSingleShot(true);
+    noteTimer_->setInterval(moment);
+    connect(noteTimer_, &QTimer::timeout, this, &ModelDialog::forgetNote);
+}
+
+void ModelDialog::note(const std::string &text)
+{
+    forgetNote();
+    note_->setText(qtText(text));
+    noted_ = focusWidget();
+    if (noted_ != nullptr)
+        noted_->setAccessibleDescription(note_->text()); // a label that changes is read by none
+    noteTimer_->start();
+}
+
+void ModelDialog::forgetNote()
+{
+    note_->clear();
+    if (noted_ != nullptr)
+        noted_->setAccessibleDescription({});
+}
+
+void ModelDialog::showDone(const std::string &text, QWidget *field)
+{
+    if (!text.empty())
+        Grammi_Log(text, logColour::navy);
+    focusAndSelect(field);
+    note(text);
+}
+
+void ModelDialog::keepInOrder(NumberList *first, NumberList *last)
+{
+    const auto follow = [first, last] {
+        if (const auto end = last->row(); end && first->row() > end)
+            last->showNumber(first->row());
+    };
+    connect(first, &NumberList::picked, this, follow);
+    connect(first, &NumberList::left, this, follow);
+    // Pressed by its letter or the mouse, Apply leaves the focus where it is.
+    connect(findChild<QPushButton *>("SSCommand3"), &QPushButton::pressed, this, [first, follow] {
+        if (first->hasFocus())
+            follow();
+    });
 }
 
 std::optional<int> ModelDialog::rowOrRefuse(NumberList *list,

@@ -5,19 +5,22 @@
 
 #include <QDialog>
 #include <QHash>
+#include <QPointer>
 
 #include <optional>
 #include <string>
 
+class QLabel;
 class QLineEdit;
+class QTimer;
 
 namespace veskora {
 
 class NumberList;
 
 /// What the dialogs that change the model share: they are window-modal, Enter goes from field to
-/// field and applies in the last one, no button takes Enter by itself, and a refusal shows, is
-/// logged, selects and focuses.
+/// field and applies in the last one, Shift+Enter applies in each and goes on to the next row, no
+/// button takes Enter by itself, and a refusal shows, is logged, selects and focuses.
 ///
 /// A form sets its own captions, then calls `equip` once. The common buttons are found by name:
 /// `SSCommand3` Apply, `SSCommand29` Cancel, and where rows can go, `SSCommand2` Delete.
@@ -41,7 +44,20 @@ protected:
     /// Enter goes from each of @p fields to the next, and applies in the last.
     void chainEnter(const QList<QWidget *> &fields);
 
+    /// Makes a place over the buttons, which close the form, for what `note` says.
+    void equipNote();
+    /// Says @p text there for a moment; a screen reader has it with the field of the focus.
+    void note(const std::string &text);
+    /// The same of what was done, unless it is nothing, and in the log. Typing goes on in @p field,
+    /// from which Enter only goes on: so nothing is done twice by one key more.
+    void showDone(const std::string &text, QWidget *field);
+
+    /// Has @p last follow when @p first comes to exceed it.
+    void keepInOrder(NumberList *first, NumberList *last);
+
     virtual void apply() = 0;
+    /// Shift+Enter; a dialog of rows goes on to the next.
+    virtual void applyAndGoOn() { apply(); }
     virtual void remove() {}
     /// Lists the rows that there are.
     virtual void fillLists() = 0;
@@ -69,11 +85,15 @@ protected:
     static void modelChanged();
 
 private:
-    void pressApply();
+    void press(void (ModelDialog::*applies)());
+    void forgetNote();
     void pressDelete();
     void pressEnter(QWidget *field, QWidget *next);
 
     QHash<QWidget *, QWidget *> next_; ///< by field; none behind the last
+    QLabel *note_ = nullptr;
+    QTimer *noteTimer_ = nullptr;
+    QPointer<QWidget> noted_; ///< the field whose description the note is
 };
 
 /// @name What is said where the number in a list is missing, or no row has it

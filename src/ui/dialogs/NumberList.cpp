@@ -51,7 +51,9 @@ void NumberList::showNumber(std::optional<int> number)
 double NumberList::number() const
 {
     const std::string text = plainText(currentText());
-    return breaksOffAtSeparator(text) ? 0 : Val(text);
+    // "2-20" is a load that was typed behind the number, and no wish for row 2.
+    const bool hasSign = text.find('+') != text.npos || text.find('-', 1) != text.npos;
+    return hasSign || breaksOffAtSeparator(text) ? 0 : Val(text);
 }
 
 std::optional<int> NumberList::row() const

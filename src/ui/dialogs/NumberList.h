@@ -20,7 +20,7 @@ public:
     /// Shows @p number, or nothing. No signal.
     void showNumber(std::optional<int> number);
 
-    /// The number that the text begins with; 0 without one, or where a separator cuts it.
+    /// The number that the text begins with; 0 without one, or where a separator or a sign cuts it.
     double number() const;
     /// The same if it is one of the list.
     std::optional<int> row() const;

@@ -25,6 +25,8 @@ frmDiairesi::frmDiairesi(QWidget *parent)
     for (NumberList *list : {ui_->Combo1, ui_->Combo2})
         list->showNumber(1);
     equip();
+    equipNote();
+    keepInOrder(ui_->Combo1, ui_->Combo2);
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1});
     focusAndSelect(ui_->Combo1);
 }
@@ -70,10 +72,10 @@ void frmDiairesi::apply()
     for (int e = *first; e <= *last; ++e)
         divideElement(e, static_cast<int>(segments));
     fillLists();
-    Grammi_Log(Metafrasi(410, "Elements divided: #") + numberText(*first) + " "
-                   + Metafrasi(411, "to #") + numberText(*last) + " " + Metafrasi(412, "into") + " "
-                   + numberText(segments) + " " + Metafrasi(413, "segments each."),
-               logColour::navy);
+    showDone(Metafrasi(410, "Elements divided: #") + numberText(*first) + " "
+                 + Metafrasi(411, "to #") + numberText(*last) + " " + Metafrasi(412, "into") + " "
+                 + numberText(segments) + " " + Metafrasi(413, "segments each."),
+             ui_->Combo1);
     Katastasi_Provolis = view::model;
     Allagi_Montelou = true;
     emit divided();

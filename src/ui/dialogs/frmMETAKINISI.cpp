@@ -21,6 +21,8 @@ frmMETAKINISI::frmMETAKINISI(QWidget *parent)
     for (NumberList *list : {ui_->Combo1, ui_->Combo2})
         list->showNumber(1);
     equip();
+    equipNote();
+    keepInOrder(ui_->Combo1, ui_->Combo2);
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Text1, ui_->Text2});
     focusAndSelect(ui_->Combo1);
 }
@@ -52,9 +54,9 @@ void frmMETAKINISI::apply()
         return;
     }
     modelChanged();
-    Grammi_Log(Metafrasi(805, "Moved nodes: #") + numberText(*first) + " " + Metafrasi(806, "to #")
-                   + numberText(*last) + ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy),
-               logColour::navy);
+    showDone(Metafrasi(805, "Moved nodes: #") + numberText(*first) + " " + Metafrasi(806, "to #")
+                 + numberText(*last) + ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy),
+             ui_->Combo1);
 }
 
 } // namespace veskora

@@ -24,6 +24,7 @@ frmSigxonefsi::frmSigxonefsi(QWidget *parent)
     ui_->Check1->setChecked(true);
     fillLists();
     equip();
+    equipNote();
     chainEnter({ui_->Combo1, ui_->Combo2, ui_->Check1, ui_->Check2});
     focusAndSelect(ui_->Combo1);
 }
@@ -57,9 +58,9 @@ void frmSigxonefsi::apply()
         return;
     }
     mergeNodes(*a, *b, middle);
-    Grammi_Log(Metafrasi(1308, "Node #") + " " + numberText(*b) + " "
-                   + Metafrasi(1309, "merged in node #") + numberText(*a) + ".",
-               logColour::navy);
+    showDone(Metafrasi(1308, "Node #") + " " + numberText(*b) + " "
+                 + Metafrasi(1309, "merged in node #") + numberText(*a) + ".",
+             ui_->Combo1);
     if (isMoved) {
         // The B is the Greek capital, as it has always been in this line.
         Grammi_Log(Metafrasi(1310, "Node #") + " " + numberText(*a) + " "
@@ -69,6 +70,7 @@ void frmSigxonefsi::apply()
     if (ui_->Check1->isChecked()) {
         Diagrafi_Kombou(static_cast<std::int16_t>(*b));
         fillLists();
+        focusAndSelect(ui_->Combo1); // whose text is another now
     }
     modelChanged();
 }

@@ -71,7 +71,10 @@ void FileCommands::Button_Neo_arxeio()
         return;
     startEmptyModel();
     resetView();
+    const float step = kannab;
     Fortosi_Rithmiseon();
+    if (step == chosenGridStep)
+        kannab = step;
     emit modelReplaced();
     emit modelSettled();
     Grammi_Log(Metafrasi(55, "New file"), logColour::black, true);

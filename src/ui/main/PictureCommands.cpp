@@ -5,6 +5,7 @@
 #include "Desktop.h"
 #include "Files.h"
 #include "Findings.h"
+#include "Functions.h"
 #include "Hand.h"
 #include "Metablites.h"
 #include "MotionShape.h"
@@ -179,8 +180,8 @@ void PictureCommands::savePicture()
 {
     const std::string path =
         askSavePath(Metafrasi(1774, "Bitmap Files") + " (*.bmp)|*.bmp", "Picture", ".bmp");
-    if (!path.empty())
-        (void)writeImage(canvas_.Picture1->kanvas().image(), qtText(path), "bmp");
+    if (!path.empty() && writeImage(canvas_.Picture1->kanvas().image(), qtText(path), "bmp"))
+        Grammi_Log(Metafrasi(1726, "Picture:") + " " + path, logColour::black);
 }
 
 } // namespace veskora

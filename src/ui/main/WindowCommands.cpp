@@ -4,7 +4,6 @@
 #include "CoincidenceChecks.h"
 #include "Desktop.h"
 #include "frmAbout.h"
-#include "frmApotelesmata.h"
 #include "frmDiairesi.h"
 #include "frmElegxos.h"
 #include "frmEPIKOMBIO.h"
@@ -206,7 +205,7 @@ void WindowCommands::Button_Apotelesmata()
     if (results_ != nullptr && !results_->isActiveWindow() && results_->isUpToDate())
         return bringToFront(*results_); // it was only covered
     delete results_;
-    results_ = new frmApotelesmata;
+    results_ = new frmApotelesmata(resultsPlace_);
     results_->setAttribute(Qt::WA_DeleteOnClose);
     showBeside(results_, *canvas_.Picture1);
 }

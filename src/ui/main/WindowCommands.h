@@ -2,13 +2,14 @@
 /// @file
 /// The commands that open a window.
 
+#include "frmApotelesmata.h"
+
 #include <QPointer>
 #include <QWidget>
 
 namespace veskora {
 
 struct CanvasObjects;
-class frmApotelesmata;
 class frmElegxos;
 class Hand;
 class HTMLHelp;
@@ -57,6 +58,7 @@ private:
     Hand &hand_;
     PictureCommands &picture_;
     HTMLHelp &help_;
+    ResultsPlace resultsPlace_;
     /// @name Those that are open
     /// @{
     QPointer<frmApotelesmata> results_;

@@ -10,8 +10,8 @@ class QPagedPaintDevice;
 
 namespace veskora {
 
-/// Prints @p text, UTF-8 with CR LF line ends, on the system's default printer. Any failure, such
-/// as no printer, is reported to the user.
+/// Prints @p text, UTF-8 with CR LF line ends, on the system's default printer; where there is
+/// none, offers to write the same pages to a PDF file. Any failure is reported to the user.
 void Ektiposi(const std::string &text);
 
 /// Lays @p text on the pages of @p device: fixed pitch of 10 points, 2 cm free at the top and at

@@ -181,26 +181,31 @@ try {
 
 void openWorkbooks(const QStringList &paths, QWidget *window)
 {
-    const auto failed = [owner = QPointer(window), told = std::make_shared<bool>(false)] {
+    const auto failed = [owner = QPointer(window),
+                         told = std::make_shared<bool>(false)](const QStringList &left) {
         if (std::exchange(*told, true))
             return; // one sentence is enough for all of them
         const BoxOwner boxOwner(owner);
-        tellFailure();
+        showRefusal(
+            (left.size() == 1
+                 ? Metafrasi(1727, "Workbook written, but no program opens it:") + " "
+                 : Metafrasi(1728, "Workbooks written, but no program opens them:") + "\r\n")
+            + plainText(left.join("\r\n")));
     };
-    QProcess *query = run("xdg-mime", {"query", "default", workbookType}, true,
-                          [paths, failed](const std::optional<QByteArray> &program) {
-                              if (!program || program->trimmed().isEmpty())
-                                  return failed();
-                              constexpr int starting = 30000; // ms; what ends later has opened
-                              QElapsedTimer since;
-                              since.start();
-                              for (const QString &path : paths)
-                                  run("xdg-open", {path}, false,
-                                      [failed, since](const std::optional<QByteArray> &opened) {
-                                          if (!opened && !since.hasExpired(starting))
-                                              failed();
-                                      });
-                          });
+    QProcess *query =
+        run("xdg-mime", {"query", "default", workbookType}, true,
+            [paths, failed](const std::optional<QByteArray> &program) {
+                if (!program || program->trimmed().isEmpty())
+                    return failed(paths);
+                constexpr int starting = 30000; // ms; what ends later has opened
+                QElapsedTimer since;
+                since.start();
+                for (const QString &path : paths)
+                    run("xdg-open", {path}, false, [=](const std::optional<QByteArray> &opened) {
+                        if (!opened && !since.hasExpired(starting))
+                            failed({path});
+                    });
+            });
     constexpr int longest = 5000; // ms
     QTimer::singleShot(longest, query, &QProcess::kill);
 }

@@ -20,7 +20,8 @@ std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
                            const std::string &model);
 
 /// Opens workbooks in the desktop's spreadsheet program, each by itself, and does not wait for it.
-/// A failure, such as no such program, is reported over @p window, once for all of them.
+/// A failure, such as no such program, is reported over @p window, once for all of them; where one
+/// of them alone is not opened, with its path.
 void openWorkbooks(const QStringList &paths, QWidget *window);
 
 /// @p section as a workbook allows it for a sheet: no character that is kept for references, 31

@@ -23,12 +23,17 @@ QTreeWidgetItem *add(QTreeWidgetItem *parent, const std::string &text, const std
     return item;
 }
 
+QString keyOf(const QTreeWidgetItem *item)
+{
+    return item->data(0, treeKeyRole).toString();
+}
+
 /// "#3 Node" under @p parent, whose key behind the number is the new item's key.
 QTreeWidgetItem *addNumbered(QTreeWidgetItem *parent, int number, const std::string &word)
 {
     const std::string digits = numberText(number);
     return add(parent, std::string("#").append(digits).append(" ").append(word),
-               digits + plainText(parent->data(0, treeKeyRole).toString()));
+               digits + plainText(keyOf(parent)));
 }
 
 void addUnlessZero(QTreeWidgetItem *parent, const char *label, float value,
@@ -40,7 +45,16 @@ void addUnlessZero(QTreeWidgetItem *parent, const char *label, float value,
 
 } // namespace
 
-void Ftiakse_treeview(QTreeWidget &tree)
+OpenBranches openBranches(const QTreeWidget &tree)
+{
+    OpenBranches open;
+    for (QTreeWidgetItemIterator at(const_cast<QTreeWidget *>(&tree)); *at != nullptr; ++at)
+        if ((*at)->isExpanded())
+            open << keyOf(*at);
+    return open;
+}
+
+void Ftiakse_treeview(QTreeWidget &tree, const OpenBranches &open)
 {
     const RegionalNumbers number;
     // Items are hung into the tree when they are complete: it is told once and not of each.
@@ -94,7 +108,8 @@ void Ftiakse_treeview(QTreeWidget &tree)
         addUnlessZero(load, "Fy = ", Stoixeia(e, element::wy), number);
     }
     tree.addTopLevelItem(root);
-    root->setExpanded(true);
+    for (QTreeWidgetItemIterator at(&tree, QTreeWidgetItemIterator::HasChildren); *at; ++at)
+        (*at)->setExpanded(open.contains(keyOf(*at)));
     tree.scrollToItem(nodes);
 }
 

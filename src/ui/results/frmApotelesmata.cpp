@@ -8,7 +8,6 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
-#include "ModelTree.h"
 #include "QtColour.h"
 #include "QtDesktop.h"
 #include "ResultGrid.h"
@@ -22,6 +21,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QIcon>
+#include <QKeyEvent>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QTabBar>
@@ -97,8 +97,8 @@ frmApotelesmata::Pages frmApotelesmata::pages() const
     });
 }
 
-frmApotelesmata::frmApotelesmata()
-    : model_(Onoma_Arxeiou), ui_(std::make_unique<Ui::frmApotelesmata>())
+frmApotelesmata::frmApotelesmata(ResultsPlace &place)
+    : model_(Onoma_Arxeiou), place_(place), ui_(std::make_unique<Ui::frmApotelesmata>())
 {
     ui_->setupUi(this);
     setCaptions();
@@ -110,7 +110,7 @@ frmApotelesmata::frmApotelesmata()
     auto *lines = new LinedBranches;
     lines->setParent(ui_->TreeView1);
     ui_->TreeView1->setStyle(lines);
-    Ftiakse_treeview(*ui_->TreeView1);
+    Ftiakse_treeview(*ui_->TreeView1, place.open);
     showCounts();
     for (const Page &page : pages())
         page.view->present(page.filledGrid().release(), page.header);
@@ -118,10 +118,17 @@ frmApotelesmata::frmApotelesmata()
     setLeastSize();
     constexpr QSize usual(820, 600); // logical pixels
     resizeToScreen(this, usual);
-    ui_->TreeView1->setFocus();
+    ui_->SSTab1->setCurrentIndex(place.section);
+    if (place.section == 0)
+        ui_->TreeView1->setFocus();
+    else
+        pages().at(static_cast<std::size_t>(place.section)).view->setFocus();
 }
 
-frmApotelesmata::~frmApotelesmata() = default;
+frmApotelesmata::~frmApotelesmata()
+{
+    place_ = {ui_->SSTab1->currentIndex(), openBranches(*ui_->TreeView1)};
+}
 
 bool frmApotelesmata::isUpToDate() const
 {
@@ -261,6 +268,14 @@ void frmApotelesmata::resizeEvent(QResizeEvent *event)
 {
     QWidget::resizeEvent(event);
     arrange();
+}
+
+void frmApotelesmata::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Cancel))
+        close();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 /// The lengths in twips are the layout.

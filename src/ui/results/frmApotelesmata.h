@@ -3,6 +3,7 @@
 /// The results window: data and results of the model as grids and a tree, and their ways out.
 
 #include "Anafora.h"
+#include "ModelTree.h"
 
 #include <QWidget>
 
@@ -18,13 +19,21 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
+/// What a results window leaves to the next.
+struct ResultsPlace
+{
+    int section = 0;
+    OpenBranches open = {QString()};
+};
+
 /// A window of its own, filled once when it is made: what the model becomes later does not reach
 /// its grids and its tree. The report is made from the tables when it is asked for.
 class frmApotelesmata : public QWidget
 {
     Q_OBJECT
 public:
-    frmApotelesmata();
+    /// @param place  where it opens, and where it leaves what was in sight; outlives it
+    explicit frmApotelesmata(ResultsPlace &place);
     ~frmApotelesmata() override; // in the .cpp, where Ui::frmApotelesmata is complete
 
     /// Whether it shows what a new one would.
@@ -32,6 +41,7 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     struct Page;
@@ -53,6 +63,7 @@ private:
     void exportSections();
 
     const std::string model_; ///< the path of the model that is shown
+    ResultsPlace &place_;
     const std::unique_ptr<Ui::frmApotelesmata> ui_;
 };
 

@@ -5,6 +5,7 @@
 #include "frmXROMATA.h"
 #include "Functions.h"
 #include "MathFunc.h"
+#include "Metablites.h"
 #include "Mnemonics.h"
 #include "NumberField.h"
 #include "Text.h"
@@ -337,8 +338,11 @@ bool frmSXEDIASI::apply()
     Elegxos_An_Einai_OK(ok);
     if (!ok)
         return false;
+    const float step = kannab;
     for (const Row &row : rows_)
         takeOver(settingOf(row.setting), shown(row));
+    if (kannab != step)
+        chosenGridStep = kannab;
     emit applied();
     return true;
 }
@@ -351,6 +355,7 @@ void frmSXEDIASI::storeDefaults()
         return;
     for (const Row &row : rows_)
         storeAsDefault(settingOf(row.setting), shown(row));
+    chosenGridStep.reset(); // a new model takes the default from now on
     if (writeSettingsOrTell())
         Grammi_Log(Metafrasi(1650, "The options shown are the defaults of the program now."),
                    logColour::black);

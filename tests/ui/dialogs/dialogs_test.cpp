@@ -134,6 +134,9 @@ TEST_F(Dialogs, RefuseInTheirOrderAndStoreNothing)
              Case{Case::nodeLoads, "Text1=1 Text2=-1e39", large, "Text2"},
              Case{Case::nodeLoads, "Text1=1 Combo1=31", "There is no node #31.", "Combo1"},
              Case{Case::nodeLoads, "Text1=1 Combo1=-1", "There is no node #-1.", "Combo1"},
+             Case{Case::nodeLoads, "Text1=1 Combo1=2-20", "There is no node #2-20.", "Combo1"},
+             Case{Case::nodeLoads, "Text1=1 Combo1=+2", "There is no node #+2.", "Combo1"},
+             Case{Case::nodes, "Combo1=2-20 Text2=5", node, "Combo1"},
          }) {
         SCOPED_TRACE(c.entries);
         const auto talk = [&] {
@@ -411,6 +414,27 @@ TEST_F(Dialogs, ADirectionHasAConstraintOrASpring)
         EXPECT_EQ(shownIn(all), "o|o|o|||");
         EXPECT_EQ(pictures.size(), 8U);
     });
+}
+
+TEST_F(Dialogs, ShiftEnterAppliesAndGoesOnToTheNextRow)
+{
+    const auto goOn = [&](const char *field) {
+        key(field, Qt::Key_Return, Qt::ShiftModifier);
+        return focus() + " " + shown("Combo1");
+    };
+    buildModel("G 1 1 1; N 0 0; N 1 0; N 2 0; E 1 2 1; E 2 3 1 0 0 3 -5");
+    withRow<frmOMOIOMORFO>(1, [&] {
+        fill("Text2=-20");
+        EXPECT_EQ(goOn("Text2"), "Text1 2");
+        EXPECT_EQ(shownIn("Text1 Text2 Note"), "3|-5|New load on element #1, Fy= -20");
+        fill("Text1= Text2=-7");
+        EXPECT_EQ(goOn("Text1"), "Combo1 2"); // there is no third
+        fill("Combo1=2-20 Text1=");
+        EXPECT_EQ(shownIn("Combo1 Note"), "2|There is no element #2-20.");
+    });
+    withRow<frmKomboi>(1, [&] { EXPECT_EQ(goOn("TextKX"), "Text2 2"); });
+    EXPECT_EQ(model(), modelOf("G 1 1 1; N 0 0; N 1 0; N 2 0; E 1 2 1 0 0 0 -20;"
+                               "E 2 3 1 0 0 0 -7"));
 }
 
 // However the list is left: the row typed is the one that is shown, and Apply stores into it.

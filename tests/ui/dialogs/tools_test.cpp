@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QScreen>
 #include <QScrollArea>
+#include <QSignalSpy>
 
 #include <gmock/gmock.h>
 
@@ -65,6 +66,14 @@ TEST_F(Tools, MoveNodes)
         EXPECT_TRUE(form->isVisible());
         EXPECT_EQ(model(), moved);
         EXPECT_TRUE(Allagi_Montelou);
+        EXPECT_EQ(focus() + ": " + shown("Note"), "Combo1: Moved nodes: #2 to #3, dx=0.5, dy=0");
+        EXPECT_EQ(find("Combo1")->accessibleDescription().toStdString(), shown("Note"));
+        key("Combo1", Qt::Key_Return); // only goes on
+        EXPECT_EQ(focus(), "Combo2");
+        auto *moment = find<QTimer>("NoteTimer");
+        moment->start(0);
+        QSignalSpy(moment, &QTimer::timeout).wait();
+        EXPECT_EQ(shown("Note") + find("Combo1")->accessibleDescription().toStdString(), "");
         fill("Text1=0.0"); // nothing to do, nothing to say
         click("SSCommand3");
         fill("Combo1=3 Combo2=2 Text2=1"); // no node stands between them
@@ -74,6 +83,15 @@ TEST_F(Tools, MoveNodes)
                                           "Moved nodes: #3 to #2, dx=0, dy=1"));
     EXPECT_EQ(model(), moved);
     EXPECT_EQ(redraws(), 2);
+    for (const auto &[entries, run] : std::initializer_list<std::pair<const char *, const char *>>{
+             {"Combo2=2 Combo1=3!", "3|3"},
+             {"Combo2=2 Combo1=3", "3|3"}, // by Apply alone
+             {"Combo2=3 Combo1=2!", "2|3"}})
+        in<frmMETAKINISI>([&, entries = entries, run = run] {
+            fill(entries);
+            click("SSCommand3");
+            EXPECT_EQ(shownIn("Combo1 Combo2"), run) << entries;
+        });
 
     desktop.events.clear();
     buildModel("N 0 0; N 3e38 0");

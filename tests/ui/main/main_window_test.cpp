@@ -555,6 +555,7 @@ TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
         desktop.expectFileDialog(path(c.chosen));
         trigger("mnuEIKONA_arxeio_bmp_item");
         EXPECT_EQ(QImage(QString::fromStdString(path(c.written)), "bmp"), shown) << c.written;
+        EXPECT_EQ(log().last().toStdString(), " Picture: " + path(c.written));
     }
     EXPECT_EQ(desktop.fileQuestions.back().filter, "Bitmap Files (*.bmp)|*.bmp");
     EXPECT_EQ(desktop.fileQuestions.back().proposed, "Picture");
@@ -562,6 +563,7 @@ TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
     trigger("mnuEIKONA_arxeio_bmp_item");
     desktop.expectFileDialog(std::nullopt);
     trigger("mnuEIKONA_arxeio_bmp_item");
+    EXPECT_EQ(log().last().toStdString(), " Picture: " + path("c.BMP.bmp"));
 }
 
 TEST_F(MainWindow, CommandsWithoutRowsRefuseInTheBoxAndInRed)

@@ -216,6 +216,28 @@ TEST_F(Settings, ApplyShowsAndCancelDoesNot)
     });
 }
 
+TEST_F(Settings, ANewModelKeepsTheGridStepThatTheUserGave)
+{
+    enum What { nothing, opensAFile, setsADefault };
+    for (const auto &[typed, then, expected] : {std::tuple{"2", nothing, 2.F},
+                                                {"0.5", nothing, .5F},
+                                                {"0.5", opensAFile, 2.F},
+                                                {"0.5", setsADefault, 4.F}}) {
+        qtDesktop->storeSetting("Rithmiseis", "kannab", "2");
+        reopen();
+        start();
+        withOptions([&, typed = typed] { type("Text7", typed), press("SSCommand5"); });
+        if (then == opensAFile) {
+            desktop.expectFileDialog(TEST_DATA "/small.vsk");
+            trigger("Open");
+        } else if (then == setsADefault) {
+            withOptions([&] { type("Text7", "4"), press("SSCommand13"), press("SSCommand1"); });
+        }
+        trigger("New");
+        EXPECT_EQ(kannab, expected);
+    }
+}
+
 TEST_F(Settings, DefaultWritesTheStoreAlone)
 {
     start();
