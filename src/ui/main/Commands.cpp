@@ -177,6 +177,9 @@ constexpr Command menus[] = {
     {"mnuSXEDIASI", "mnusss5"},
     same("Rithmiseis", "mnuSXEDIASI", "mnuRITHMISEISitem", Phrase{32, "View options"}, "F8"),
 
+    {"menubar", "mnuANAFORES", Phrase{1617, "Report"}},
+    {"mnuANAFORES", "mnuELEGXOS_ANALYSIS_item", Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
+
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},
     {"mnuBOITHIA", "mnuVeskoraWEBitem", Phrase{35, "Kalvorn Veskora ML on the web"}, call<&openWebPage>},

@@ -46,7 +46,7 @@ frmMain::frmMain()
       files_(ui_->RichTextBox1),
       journal_(this, files_),
       undo_(this, canvas_, hand_, picture_),
-      windows_(this, canvas_, hand_, picture_),
+      windows_(this, canvas_, hand_, picture_, help_),
       rows_(canvas_, hand_),
       menus_(this, {*this, hand_, files_, undo_, picture_, windows_, rows_, *ui_->RichTextBox1,
                     *ui_->StatusBar1}),

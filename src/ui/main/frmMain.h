@@ -88,11 +88,11 @@ private:
     FileCommands files_;
     JournalKeeper journal_;
     UndoCommands undo_;
+    HTMLHelp help_;
     WindowCommands windows_;
     RowCommands rows_;
     Menus menus_;
     RecentMenu recent_;
-    HTMLHelp help_;
     KeyFilter keys_;
     ToolkitTexts toolkitTexts_;
     Hourglass hourglass_;

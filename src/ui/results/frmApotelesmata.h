@@ -38,9 +38,6 @@ public:
 
     /// Whether it shows what a new one would.
     bool isUpToDate() const;
-    /// Shows it where it leaves @p part of the main window in sight, if the screen has the room;
-    /// else where the desktop puts a window.
-    void showBeside(const QWidget &part);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
