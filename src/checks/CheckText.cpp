@@ -229,7 +229,7 @@ std::string textOf(Severity severity)
 
 std::string checkText(std::span<const Finding> findings)
 {
-    std::string text = paragraphs({Metafrasi(1699, "Check of the analysis"),
+    std::string text = paragraphs({Metafrasi(1618, "Check of the analysis"),
                                    std::filesystem::path(Onoma_Arxeiou).filename().string()});
     text += nl;
     for (const Finding &finding : findings) {

@@ -257,10 +257,15 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
 
 void Apothikefsi_Anaforas(const std::string &path)
 {
-    (void)writeAskedFile(reportFileText(Anafora),
+    saveReport(Anafora, path, "");
+}
+
+void saveReport(const std::string &report, const std::string &path, const std::string &suffix)
+{
+    (void)writeAskedFile(reportFileText(report),
                          filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                              + filterFor(Metafrasi(1773, "All files"), ".*"),
-                         path, reportExtension);
+                         withoutExtension(path) + suffix + reportExtension, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()

@@ -61,5 +61,7 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
 /// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
 /// file @p path is proposed, with .txt for its extension. A failure is reported.
 void Apothikefsi_Anaforas(const std::string &path);
+/// The same with the text @p report; behind the name of the model stands @p suffix.
+void saveReport(const std::string &report, const std::string &path, const std::string &suffix);
 
 } // namespace veskora

@@ -59,6 +59,9 @@ public:
     /// The model came from @p lost, which is this process's own from now on.
     void takeOver(LostJournal &lost);
 
+    /// The model's text when it was last settled; empty behind `takeOver`.
+    const std::string &settledText() const { return saved_; }
+
     /// Whether a change is on its way to the file, and may still be refused.
     bool isWriting() const { return writing_.valid(); }
     /// Until what is being written stands in its file.

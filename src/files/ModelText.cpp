@@ -130,6 +130,19 @@ public:
         return stage;
     }
 
+    /// Reads a line for a switch behind the section.
+    void readSwitch(ItemReader &reader, bool *variable)
+    {
+        const std::string item = reader.item();
+        values_.emplace_back(variable, ReadValue{reader, item}(variable));
+    }
+
+    /// What no line may come for.
+    void assume(const StoreVariable &variable, const SettingValue &value)
+    {
+        values_.emplace_back(variable, value);
+    }
+
     void takeOver() const
     {
         for (const auto &[variable, value] : values_)
@@ -284,12 +297,20 @@ void writeSprings(Lines &lines)
 struct LaterSection
 {
     const char *title;
-    void (*read)(ItemReader &);
+    void (*read)(ItemReader &, PendingSettings &);
     void (*write)(Lines &);
+    /// Whether the model has anything for it; none of a section that every file has. Those that may
+    /// be missing stand last, and a reader that knows none of them stops before.
+    bool (*isNeeded)() = nullptr;
 };
 
 constexpr std::array laterSections = std::to_array<LaterSection>({
-    {"Elatiria", readSprings, writeSprings},
+    {"Elatiria", [](ItemReader &reader, PendingSettings &) { readSprings(reader); }, writeSprings},
+    {"Small symbol of held rotation",
+     [](ItemReader &reader, PendingSettings &pending) {
+         pending.readSwitch(reader, &smallHeldRotation);
+     },
+     [](Lines &lines) { lines.written(+smallHeldRotation); }, [] { return smallHeldRotation; }},
 });
 
 void readSections(ItemReader &reader)
@@ -304,10 +325,13 @@ void readSections(ItemReader &reader)
     readElements(reader);
     reader.skip(); // the title Rithmiseis
     PendingSettings pending;
+    pending.assume(&smallHeldRotation, false);
     if (pending.read(reader) == settingLines.back().stage)
         for (const LaterSection &section : laterSections) {
-            reader.skip(); // its title
-            section.read(reader);
+            if (section.isNeeded != nullptr && !reader.follows(section.title))
+                break;     // what stands here is not looked at
+            reader.skip(); // its title, or the line's end behind it
+            section.read(reader, pending);
         }
     pending.takeOver();
 }
@@ -319,6 +343,7 @@ bool readModelText(ItemReader &reader)
     if (!hasBanner(reader))
         return false;
     ++modelsBegun;
+    drawnGroup = 1;
     readSections(reader);
     return true;
 }
@@ -338,10 +363,11 @@ std::string modelText()
             std::visit([&](const auto *value) { lines.written(+*value); }, *line.variable);
         else
             lines.written(0);
-    for (const LaterSection &section : laterSections) {
-        lines.printed(section.title);
-        section.write(lines);
-    }
+    for (const LaterSection &section : laterSections)
+        if (section.isNeeded == nullptr || section.isNeeded()) {
+            lines.printed(section.title);
+            section.write(lines);
+        }
     lines.printed(modelEndLine);
     return lines.text();
 }

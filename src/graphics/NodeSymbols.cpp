@@ -101,6 +101,16 @@ void heldRotation(const SymbolPen &pen, double s)
     strokes(pen, px + 0.2 * s, py + 0.5, 0, -0.1, 0.15 * s, -0.15);
 }
 
+/// A square around the joint, small enough to lie between the hinges of a truss.
+void smallHeldRotationMark(const SymbolPen &pen)
+{
+    constexpr double side = 0.16;
+    pen.line(-side / 2, -side / 2, side, 0);
+    pen.lineOn(0, side);
+    pen.lineOn(-side, 0);
+    pen.lineOn(0, -side);
+}
+
 void pin(const SymbolPen &pen, double s)
 {
     pen.line(0, 0, 0.25, 0.25 * s);
@@ -172,7 +182,10 @@ Point drawSupport(int n, const SymbolPen &pen)
         return {};
     }
     if (code == "oox") {
-        heldRotation(pen, sideX(direction));
+        if (smallHeldRotation)
+            smallHeldRotationMark(pen);
+        else
+            heldRotation(pen, sideX(direction));
         return {};
     }
     if (code == "xxo") {

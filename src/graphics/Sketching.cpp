@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
+#include "RowLines.h"
 #include "RowQueries.h"
 #include "Settings.h"
 #include "Sxediastika.h"
@@ -64,20 +65,23 @@ int sketchElement(int start, int end)
     if (Arithmos_Omadon == 0 || start < 1 || start > Arithmos_Kombon || start == end
         || Arithmos_Stoixeion >= maxElements || areJoined(start, end))
         return 0;
-    const int e = addElement(start, end, 1);
+    const int e = addElement(start, end, groupToDraw());
     Grammi_Log(Metafrasi(123, "New element #") + numberText(e) + ", " + Metafrasi(124, "Node i: #")
                    + numberText(start) + ", " + Metafrasi(125, "Node j: #") + numberText(end) + ", "
-                   + Metafrasi(126, "E,A,I Group: #") + numberText(1) + ", "
+                   + Metafrasi(126, "E,A,I Group: #") + numberText(groupOf(e)) + ", "
                    + Metafrasi(127, "P2 Type"),
                logColour::navy);
     return e;
 }
 
-void sketchSupport(const Point &at)
+int sketchSupport(const Point &at, bool backwards)
 {
     constexpr double near = 2; // centimetres
-    if (const int n = nearestNode(at.x, at.y, near))
-        stepSupport(n);
+    const int n = nearestNode(at.x, at.y, near);
+    if (n == 0 || !stepSupport(n, backwards))
+        return 0;
+    logNode(n, false);
+    return n;
 }
 
 } // namespace veskora

@@ -21,13 +21,14 @@ Point nodePlaceFor(const Point &at);
 /// the place, which the log then says
 int sketchNode(const Point &at);
 
-/// Defines an element of the main group from node @p start to node @p end.
+/// Defines an element of the group `groupToDraw` from node @p start to node @p end.
 /// @return its row; 0 without a group, with a full table, where @p start is no node or the same as
 /// @p end, and where an element joins the two already
 int sketchElement(int start, int end);
 
 /// Steps the support of the node that is nearest to @p at, and nearer than 2 cm, along
 /// `restraintRing`.
-void sketchSupport(const Point &at);
+/// @return the node; 0 where none is near, or its restraints are none of the ring
+int sketchSupport(const Point &at, bool backwards = false);
 
 } // namespace veskora

@@ -64,6 +64,10 @@ void deleteGroup(int g)
     logDeletion({Metafrasi(913, "Group deleted: #"), Metafrasi(914, "Groups renumbered: #"),
                  Metafrasi(915, "to #")},
                 g, last);
+    if (drawnGroup == g)
+        drawnGroup = 1;
+    else if (drawnGroup > g)
+        --drawnGroup;
     --Arithmos_Omadon;
     Allagi_Montelou = true;
 }

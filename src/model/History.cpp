@@ -2,7 +2,6 @@
 
 #include "Functions.h"
 #include "MathFunc.h"
-#include "RowQueries.h"
 
 #include <algorithm>
 #include <cstring>
@@ -17,16 +16,6 @@ bool haveSameBytes(const T &a, const T &b)
 {
     static_assert(std::is_trivially_copyable_v<T>);
     return std::memcmp(&a, &b, sizeof a) == 0;
-}
-
-/// The first node whose restraints are not those of @p before, 0 for none.
-int firstNewSupport(const decltype(Komboi) &before)
-{
-    for (int n = 1; n <= Arithmos_Kombon; ++n)
-        for (int column = node::fixedX; column <= node::fixedRotation; ++column)
-            if (Komboi(n, column) != before(n, column))
-                return n;
-    return 0;
 }
 
 } // namespace
@@ -87,14 +76,7 @@ std::string History::changeText() const
     if (lines_ > 1)
         return line_ + " (" + Metafrasi(1826, "further lines:") + " " + numberText(lines_ - 1)
                + ")";
-    if (lines_ == 1)
-        return line_;
-    const int n = firstNewSupport(std::get<decltype(Komboi)>(steps_[now_].tables));
-    if (n == 0)
-        return Metafrasi(1827, "Model changed");
-    const std::string code = restraintText(n);
-    return Metafrasi(613, "* Node #") + numberText(n) + ", "
-           + (code.empty() ? Metafrasi(614, "Free") : Metafrasi(607, "Constraints:") + " " + code);
+    return lines_ == 1 ? line_ : Metafrasi(1827, "Model changed");
 }
 
 const std::string *History::undo()

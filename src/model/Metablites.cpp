@@ -44,6 +44,7 @@ Pinakas<double, 6> U_Stoixeiou_Topiko;
 
 bool Allagi_Montelou = true;
 int modelsBegun = 0;
+std::int16_t drawnGroup = 1;
 int analysesFinished = 0;
 bool Sfalma_Epilisis = false;
 bool hasResults = false;
@@ -132,6 +133,7 @@ void clearWorkingTables()
 void Katharismos_Montelou()
 {
     ++modelsBegun;
+    drawnGroup = 1;
     Arithmos_Kombon = Arithmos_Stoixeion = Arithmos_Omadon = 0;
     Akrotata.clear();
     Komboi.clear();

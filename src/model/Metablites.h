@@ -123,10 +123,13 @@ extern Pinakas<double, 6> U_Stoixeiou_Topiko; ///< end displacements, local axes
 
 /// @name State
 /// @{
-extern bool Allagi_Montelou;            ///< the model differs from what the last analysis saw
-extern int analysesFinished;            ///< counts up with each; the results are those of the last
-extern int modelsBegun;                 ///< counts up whenever another model takes the place of
-                                        ///< the one before, as by New and Open
+extern bool Allagi_Montelou; ///< the model differs from what the last analysis saw
+extern int analysesFinished; ///< counts up with each; the results are those of the last
+extern int modelsBegun;      ///< counts up whenever another model takes the place of
+                             ///< the one before, as by New and Open
+/// The group that the user wants elements drawn on the canvas to have; `groupToDraw` is the one
+/// that they get.
+extern std::int16_t drawnGroup;
 extern bool Sfalma_Epilisis;            ///< the last solve failed
 extern bool hasResults;                 ///< the result tables hold those of an analysis
 extern bool mechanismSuspected;         ///< the structure that the results are of can probably move

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 namespace veskora {
@@ -31,26 +32,83 @@ int addElement(int nodeI, int nodeJ, int group)
     return e;
 }
 
-bool stepSupport(int n)
+namespace {
+
+void writeSupport(int n, std::string_view code)
+{
+    for (int k = 0; k < 3; ++k)
+        Komboi(n, node::fixedX + k) = code[static_cast<std::size_t>(k)] == 'x' ? 1.0F : 0.0F;
+    Allagi_Montelou = true;
+}
+
+std::vector<int> changed(std::span<const int> rows, auto change)
+{
+    std::vector<int> result;
+    std::ranges::copy_if(rows, std::back_inserter(result), change);
+    if (!result.empty())
+        Allagi_Montelou = true;
+    return result;
+}
+
+} // namespace
+
+bool stepSupport(int n, bool backwards)
 {
     if (!areRestraintsValid(n))
         return false;
-    const std::string_view next = nextRestraint(restraintCode(n));
-    for (int k = 0; k < 3; ++k)
-        Komboi(n, node::fixedX + k) = next[static_cast<std::size_t>(k)] == 'x' ? 1.0F : 0.0F;
-    Allagi_Montelou = true;
+    writeSupport(n, (backwards ? previousRestraint : nextRestraint)(restraintCode(n)));
     return true;
 }
 
-int moveNodes(int first, int last, float dx, float dy)
+bool setSupport(int n, std::string_view code)
 {
-    for (int n = first; n <= last; ++n) {
+    const std::string before = restraintCode(n);
+    if (before == code && areRestraintsValid(n))
+        return false;
+    for (std::size_t k = 0; k < code.size(); ++k)
+        if (code[k] == 'x' && before[k] != 'x')
+            Elatiria(n, static_cast<int>(k) + 1) = 0;
+    writeSupport(n, code);
+    return true;
+}
+
+std::vector<int> holdRotations(std::span<const int> nodes)
+{
+    return changed(nodes, [](int n) {
+        std::string code = restraintCode(n);
+        code.back() = 'x';
+        return setSupport(n, code);
+    });
+}
+
+std::vector<int> hingeBothEnds(std::span<const int> elements)
+{
+    return changed(elements, [](int e) {
+        const bool was = std::exchange(Stoixeia(e, element::hingeI), 1.0F) == 1;
+        return std::exchange(Stoixeia(e, element::hingeJ), 1.0F) != 1 || !was;
+    });
+}
+
+std::vector<int> shareLoads(int e, std::span<const int> elements)
+{
+    const auto given = elementalLoads(e);
+    return changed(elements, [given](int other) {
+        const auto loads = elementalLoads(other);
+        const bool differ = !std::ranges::equal(given, loads);
+        std::ranges::copy(given, loads.begin());
+        return differ;
+    });
+}
+
+int moveNodes(std::span<const int> nodes, float dx, float dy)
+{
+    for (const int n : nodes) {
         if (!std::isfinite(Komboi(n, node::x) + dx))
             return node::x;
         if (!std::isfinite(Komboi(n, node::y) + dy))
             return node::y;
     }
-    for (int n = first; n <= last; ++n) {
+    for (const int n : nodes) {
         Komboi(n, node::x) += dx;
         Komboi(n, node::y) += dy;
         Allagi_Montelou = true;

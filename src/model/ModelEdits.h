@@ -5,6 +5,8 @@
 /// tests that.
 
 #include <optional>
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace veskora {
@@ -24,13 +26,29 @@ int addNode(float x, float y);
 /// @return its number
 int addElement(int nodeI, int nodeJ, int group);
 
-/// Gives node @p n the next support of `restraintRing`.
+/// Gives node @p n the next support of `restraintRing`, or the one before. Springs stay.
 /// @return false, and no change, for a row whose restraints are not 0 and 1
-bool stepSupport(int n);
+bool stepSupport(int n, bool backwards = false);
 
-/// Moves nodes @p first to @p last, all or none.
+/// Gives node @p n the support @p code. A direction that is restrained now loses its spring.
+/// @return false where it has that support already, and no change
+bool setSupport(int n, std::string_view code);
+
+/// @name What many rows need at a time
+/// They return the rows that were changed.
+/// @{
+
+/// Holds the rotation of each of @p nodes that can rotate.
+std::vector<int> holdRotations(std::span<const int> nodes);
+/// Gives each of @p elements hinges at both ends.
+std::vector<int> hingeBothEnds(std::span<const int> elements);
+/// Gives each of @p elements the loads of element @p e.
+std::vector<int> shareLoads(int e, std::span<const int> elements);
+/// @}
+
+/// Moves @p nodes, all or none.
 /// @return 0, or else `node::x` or `node::y`: the coordinate that a Single would not hold
-int moveNodes(int first, int last, float dx, float dy);
+int moveNodes(std::span<const int> nodes, float dx, float dy);
 
 /// The middle between two nodes; none where a Single cannot hold it.
 std::optional<Place> middleOf(int a, int b);

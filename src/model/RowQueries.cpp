@@ -67,6 +67,20 @@ int elementOfGroup(int g)
     return firstElement([g](int e) { return groupOf(e) == g; });
 }
 
+int groupToDraw()
+{
+    return drawnGroup <= Arithmos_Omadon ? drawnGroup : 1;
+}
+
+bool meetsOnlyHinges(int n)
+{
+    const auto isRigidAt = [n](int e) {
+        return (nodeOf(e, element::nodeI) == n && Stoixeia(e, element::hingeI) != 1)
+               || (nodeOf(e, element::nodeJ) == n && Stoixeia(e, element::hingeJ) != 1);
+    };
+    return elementAt(n) != 0 && firstElement(isRigidAt) == 0;
+}
+
 bool areJoined(int a, int b)
 {
     return elementBetween(a, b) != 0;
@@ -90,6 +104,13 @@ std::string_view nextRestraint(std::string_view code)
     const auto *at = std::ranges::find(restraintRing, code);
     return at == restraintRing.end() || at + 1 == restraintRing.end() ? restraintRing.front()
                                                                       : *(at + 1);
+}
+
+std::string_view previousRestraint(std::string_view code)
+{
+    const auto *at = std::ranges::find(restraintRing, code);
+    return at == restraintRing.begin() || at == restraintRing.end() ? restraintRing.back()
+                                                                    : *(at - 1);
 }
 
 std::string restraintCode(bool x, bool y, bool rotation)
@@ -175,6 +196,38 @@ int countRows(int rows, bool (*holds)(int))
     for (int row = 1; row <= rows; ++row)
         count += holds(row) ? 1 : 0;
     return count;
+}
+
+namespace {
+
+std::vector<int> rowsThat(int rows, auto holds)
+{
+    std::vector<int> result;
+    for (int row = 1; row <= rows; ++row)
+        if (holds(row))
+            result.push_back(row);
+    return result;
+}
+
+} // namespace
+
+std::vector<int> elementsOfGroup(int g)
+{
+    return rowsThat(Arithmos_Stoixeion, [g](int e) { return groupOf(e) == g; });
+}
+
+std::vector<int> nodesAtHeightOf(int n)
+{
+    // The farthest that nodes may lie apart and still be one to the check of coincident nodes.
+    constexpr float noise = 0.001F;
+    return rowsThat(Arithmos_Kombon, [y = Komboi(n, node::y)](int other) {
+        return std::abs(Komboi(other, node::y) - y) <= noise;
+    });
+}
+
+std::vector<int> nodesOfHinges()
+{
+    return rowsThat(Arithmos_Kombon, [](int n) { return meetsOnlyHinges(n) && !hasSpring(n, 3); });
 }
 
 } // namespace veskora

@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veskora {
 
@@ -32,7 +33,14 @@ bool areJoined(int a, int b);
 /// The first element of group @p g, 0 when there is none.
 int elementOfGroup(int g);
 
+/// The group of elements drawn on the canvas: the main one where the user has chosen none that
+/// exists.
+int groupToDraw();
+
 enum class ElementType { P2, hingeAtJ, hingeAtI, P1, none };
+
+/// Whether elements end at node @p n, all of them with a hinge: nothing there resists a rotation.
+bool meetsOnlyHinges(int n);
 
 /// The type that the two hinge columns name; `none` for a pair of other values than 0 and 1.
 ElementType elementType(int e);
@@ -45,8 +53,9 @@ ElementType elementType(int e);
 /// The order in which a support steps when it is clicked; "ooo" follows the last.
 inline constexpr std::array<std::string_view, 8> restraintRing = {"ooo", "xoo", "oxo", "oox",
                                                                   "xxo", "xox", "oxx", "xxx"};
-/// The code behind @p code in the ring.
+/// The code behind @p code in the ring, and the one before it.
 std::string_view nextRestraint(std::string_view code);
+std::string_view previousRestraint(std::string_view code);
 
 std::string restraintCode(bool x, bool y, bool rotation);
 /// The code of node @p n.
@@ -104,5 +113,14 @@ constexpr int componentOf(int freedom)
 
 /// How many of the rows 1 to @p rows are so.
 int countRows(int rows, bool (*holds)(int));
+
+/// @name Rows that belong together, in ascending order
+/// @{
+std::vector<int> elementsOfGroup(int g);
+/// The nodes as high as node @p n, but for what rounding leaves, @p n among them.
+std::vector<int> nodesAtHeightOf(int n);
+/// Those where only hinges meet and no spring holds the rotation.
+std::vector<int> nodesOfHinges();
+/// @}
 
 } // namespace veskora

@@ -51,6 +51,7 @@ constexpr std::array rows = std::to_array<Setting>({
     {"xroma_N", &xroma_N, "2852397"},
     {"Nai_Apolites_Sint", &Nai_Apolites_Sint, "False"},
     {"Nai_Sxetikes_Sint", &Nai_Sxetikes_Sint, "True"},
+    {"smallHeldRotation", &smallHeldRotation, "False"},
 });
 
 } // namespace

@@ -14,7 +14,8 @@ inline bool nai_sint_kombon, nai_springs, nai_stoixeia, nai_arithmisi_stoixeion,
 inline bool nai_omades, nai_miki, nai_fortiseis_si, nai_times_fortiseon_si, nai_fortiseis_om;
 inline bool nai_times_fortiseon_om, nai_times_M, nai_times_Q, nai_times_N;
 inline bool Q_sin_Ina, N_sin_Ina, M_sin_Tension, Nai_Apolites_Sint, Nai_Sxetikes_Sint;
-inline float kannab; ///< grid step, model units
+inline bool smallHeldRotation; ///< held rotation alone is a small mark, as at the joints of a truss
+inline float kannab;           ///< grid step, model units
 /// What 1 cm of paper stands for: moment, shear, axial force, and displacement in thousandths.
 inline float Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000;
 inline std::int16_t dekadika_M, dekadika_Q, dekadika_N; ///< decimals of the diagrams' values

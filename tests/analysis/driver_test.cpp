@@ -237,8 +237,9 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
     for (const auto &[model, lines, isSuspected] :
          {Case{beam + "oxo 0 -5", {none, silent}, true},
           {beam + "xxo 0 -5", {"Total time:  0 sec", none}, false},
-          {beam + "xxo 3 -4; N 3 2 ooo 21000; E 3 4 1; E 1 4 1; E 2 4 1",
-           {"Loads: x 21003, y -4; reactions: x -21003, y 4; largest displacement: .0 (node 4, x)"},
+          {"G 2.1e8 .01 1e-4; N 0 0 xxx; N 3 0 ooo 21000; E 1 2 1", // F L / EA
+           {"Loads: x 21000, y 0; reactions: x -21000, y 0; largest displacement: 0.03 (node "
+            "2, x)"},
            false},
           {beam + "oxo 5", {"u(1): node 1, x", "Loads: x 5", pointer}, true},
           {"G 2.1e8 .01 1e-4; N 0 0 oxo; N 4 0 oxo 5; E 1 2 1",

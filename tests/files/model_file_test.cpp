@@ -3,6 +3,7 @@
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "Refusals.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
@@ -143,6 +144,22 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
         variables.erase(name);
     }
     EXPECT_EQ(line, 98U);
+    variables.erase("smallHeldRotation"); // behind the springs, where it is on
+    const std::string section = "Small symbol of held rotation\r\n";
+    const std::string before = small.substr(0, small.find(modelEndLine));
+    const std::string end = std::string(modelEndLine) + "\r\n";
+    for (const auto &[behind, isOn] : {std::pair{section + "1\r\n" + end, true},
+                                       {end, false},
+                                       {section, true}, // is refused, and all settings stay
+                                       {section + "0\r\n", false},
+                                       {std::string(5000, 'S'), false}}) {
+        smallHeldRotation = !isOn || behind == section;
+        if (behind == section)
+            desktop.answerAnything = [] { return Answer::ok; };
+        read(before + behind);
+        EXPECT_EQ(smallHeldRotation, isOn) << behind;
+        EXPECT_EQ(modelText() == before + behind, behind.ends_with(end)) << behind;
+    }
     EXPECT_TRUE(variables.empty()) << variables.begin()->first << " is saved with no model";
 }
 

@@ -90,6 +90,7 @@ TEST_F(DeformedShape, TheFrameLiesBelowAndTheExtremesStandAbove)
     buildModel("N 0 0 ooo; N 3 4; E 1 2");
     Metatopiseis(1) = -0.003;
     Metatopiseis(5) = 0.0040004;
+    Allagi_Montelou = false;
     Sxedio_Paramorfosis();
     std::erase_if(kanvas.drawn,
                   [](const Primitive &p) { return p.pen.colour == xroma_paramorfosis; });
@@ -111,6 +112,7 @@ TEST_F(DeformedShape, WhatCannotBeComputedSpoilsNothingElse)
     buildModel("G 0 1 1; G 1 1 1; N 0 0; N 4 0; N 4 0; N 8 0;"
                "E 1 2 1 0 0 1 1; E 2 3 2 0 0 1 1; E 3 4 2 0 0 1 1; E 1 2 0 0 0 1 1");
     Metatopiseis(2) = Metatopiseis(5) = 0.5;
+    Allagi_Montelou = false;
     Sxedio_Paramorfosis();
     const auto chords = kanvas.linesOf(xroma_paramorfosis);
     ASSERT_EQ(chords.size(), 60U);

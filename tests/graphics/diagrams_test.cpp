@@ -28,6 +28,7 @@ protected:
     static void setEndForces(int e, const std::array<double, 6> &forces)
     {
         std::ranges::copy(forces, Entasi_Topiki.row(e).begin());
+        Allagi_Montelou = false;
     }
 };
 
@@ -190,7 +191,7 @@ TEST_F(Diagrams, TheHeadingTellsWhatTheCurveShowsBeyondItsEnds)
     };
     for (const auto &[model, lines, decimals] :
          {Case{clamps + "E 1 2 1 0 0 0 -10", "between the ends: 15, element 2, x = 3;"},
-          {clamps + "E 2 1 1 1 0 0 -10", "between the ends: 25.3125, element 2, x = 2.25;", 4},
+          {clamps + "E 2 1 1 1 0 0 -10", "between the ends: -25.3125, element 2, x = 2.25;", 4},
           {clamps + "E 1 2 1 1 1 0 -10; N 0 9 xxx; N 6 9 xxx; E 4 5 1 1 1 0 4",
            "between the ends: 45, element 2, x = 3;between the ends: -18, element 3, x = 3;"},
           {clamps + "N 0 9 xxx; N 4 9; E 4 5 1 0 0 0 -10", ""},

@@ -91,6 +91,10 @@ TEST_F(NodeSymbols, SupportsStandOnTheSideAwayFromTheStructure)
         node(c.code, c.dx, c.dy);
         EXPECT_EQ(drawn(), picture(c.symbol, c.signX, c.signY)) << c.code << c.dx << ' ' << c.dy;
     }
+    smallHeldRotation = true;
+    node("oox", 1, 0);
+    EXPECT_EQ(drawn(), picture("line -.08 -.08 .16 0; line .08 -.08 0 .16; line .08 .08 -.16 0;"
+                               "line -.08 .08 0 -.16"));
     node("xoo", 2, 0);
     putElement(1, putNode(-4, 2)); // in one line with the other: they cancel
     EXPECT_EQ(drawn(), picture(rollerX));

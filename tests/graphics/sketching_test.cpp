@@ -40,7 +40,10 @@ TEST_F(Sketching, AnElementNeedsAGroupTwoNodesAndRoom)
     EXPECT_TRUE(Allagi_Montelou);
     for (const auto &[from, to] : {std::pair{2, 1}, {1, 1}, {0, 3}, {4, 3}}) // joined, or no start
         EXPECT_EQ(sketchElement(from, to), 0) << from;
+    putGroup(2, 2, 2);
+    drawnGroup = 2;
     EXPECT_EQ(sketchElement(2, 3), 2);
+    EXPECT_EQ(groupOf(2), 2);
     while (Arithmos_Stoixeion < maxElements)
         putElement(1, 2);
     EXPECT_EQ(sketchElement(1, 3), 0);
@@ -55,9 +58,11 @@ TEST_F(Sketching, AnElementNeedsAGroupTwoNodesAndRoom)
 TEST_F(Sketching, TheSupportOfTheNearestNodeStepsWithinTwoCentimetres)
 {
     buildModel("N 0 0; N 5 0");
-    sketchSupport(at(4, 1));
-    sketchSupport(at(5, 2.1)); // too far
-    EXPECT_EQ(restraintCode(1) + restraintCode(2), "oooxoo");
+    EXPECT_EQ(sketchSupport(at(4, 1)), 2);
+    EXPECT_EQ(desktop.log.back().text, "* Node #2, x=5, y=0, Constraints: xoo");
+    EXPECT_EQ(sketchSupport(at(5, 2.1)), 0); // too far
+    EXPECT_EQ(sketchSupport(at(0, 0), true), 1);
+    EXPECT_EQ(restraintCode(1) + restraintCode(2), "xxxxoo");
 }
 
 } // namespace

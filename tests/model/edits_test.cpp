@@ -3,11 +3,15 @@
 #include "Diagrafes.h"
 #include "Files.h"
 #include "Metablites.h"
+#include "ModelEdits.h"
 #include "Models.h"
 #include "ModelText.h"
+#include "RowQueries.h"
 #include "ScriptedDesktop.h"
 
+#include <array>
 #include <functional>
+#include <numeric>
 
 namespace veskora {
 namespace {
@@ -17,6 +21,15 @@ using Edits = StoreTest;
 TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
 {
     const std::string frame = "G 1 1 1; G 2 2 2; N 0 0 xox 5; N 3 6; N 3e38 0; S 1 0 7;";
+    // Nothing but hinges meets at 3 and 5, where a spring holds the rotation; 4 has no element.
+    const std::string truss = "G 1 1 1; G 2 2 2; N 0 0 xxo; N 3 0; N 3 3; N 9 9; N 0 3; S 5 0 0 5;";
+    const std::string rigid = "E 1 2 1 0 0 0 -2; E 2 3 2 0 1; E 3 5 1 1 1 0 -2; E 1 5 1 0 1";
+    const std::string hinged = "E 1 2 1 1 1 0 -2; E 2 3 2 0 1; E 3 5 1 1 1 0 -2; E 1 5 1 1 1";
+    const std::string loaded = "E 1 2 1 1 1 0 -2; E 2 3 2 0 1; E 3 5 1 1 1 0 -2; E 1 5 1 1 1 0 -2";
+    const auto rows = [](const std::vector<int> &changed) { // 13 for rows 1 and 3
+        return std::accumulate(changed.begin(), changed.end(), 0,
+                               [](int digits, int row) { return 10 * digits + row; });
+    };
     const auto done = [](auto edit) { return [edit] { return edit(), 0; }; };
     const auto arc = [](bool closes) {
         return [closes] { return addArc({{1, 0}, {0, 1}, {-1, 0}}, closes, 2), 0; };
@@ -33,12 +46,37 @@ TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
              Case{"node", frame, [] { return addNode(1, 2); }, 4, frame + "N 1 2"},
              {"element", frame, [] { return addElement(3, 1, 2); }, 1, frame + "E 3 1 2"},
              {"support", "N 0 0 xox 5", [] { return stepSupport(1); }, 1, "N 0 0 oxx 5"},
+             {"support before", "N 0 0 oxx", [] { return stepSupport(1, true); }, 1, "N 0 0 xox"},
+             {"support before the first", "N 0 0", [] { return stepSupport(1, true); }, 1,
+              "N 0 0 xxx"},
+             {"a support for springs", "N 0 0 xoo; S 1 1 2 3", [] { return setSupport(1, "xxo"); },
+              1, "N 0 0 xxo; S 1 1 0 3"},
+             {"the same support", "N 0 0 xxo; S 1 1 2 3", [] { return setSupport(1, "xxo"); }, 0,
+              ""},
+             {"rotations at hinges", truss + rigid,
+              [rows] { return rows(holdRotations(nodesOfHinges())); }, 3,
+              "G 1 1 1; G 2 2 2; N 0 0 xxo; N 3 0; N 3 3 oox; N 9 9; N 0 3; S 5 0 0 5;" + rigid},
+             {"hinges of a group", truss + rigid,
+              [rows] { return rows(hingeBothEnds(elementsOfGroup(1))); }, 14, truss + hinged},
+             {"no new hinges", truss + hinged,
+              [rows] { return rows(hingeBothEnds(elementsOfGroup(1))); }, 0, ""},
+             {"loads of a group", truss + hinged,
+              [rows] { return rows(shareLoads(1, elementsOfGroup(1))); }, 4, truss + loaded},
+             {"a height", "N 0 1; N 0 2; N 5 1.0005", [rows] { return rows(nodesAtHeightOf(1)); },
+              13, ""},
              {"last support", "N 0 0 xxx", [] { return stepSupport(1); }, 1, "N 0 0"},
-             {"move", "N 0 0; N .1 1; N 16777216 3", [] { return moveNodes(2, 3, .5F, 0); }, 0,
-              "N 0 0; N .6 1; N 16777216 3"}, // a Single keeps no half
-             {"move none", frame, [] { return moveNodes(3, 2, 1, 1); }, 0, ""},
-             {"too far in x", frame, [] { return moveNodes(1, 3, 3e38F, 1); }, node::x, ""},
-             {"too far in y", "N 0 3e38", [] { return moveNodes(1, 1, 0, 3e38F); }, node::y, ""},
+             {"move", "N 0 0; N .1 1; N 16777216 3",
+              [] {
+                  return moveNodes(std::array{2, 3}, .5F, 0);
+              },
+              0, "N 0 0; N .6 1; N 16777216 3"}, // a Single keeps no half
+             {"too far in x", frame,
+              [] {
+                  return moveNodes(std::array{1, 3}, 3e38F, 1);
+              },
+              node::x, ""},
+             {"too far in y", "N 0 3e38", [] { return moveNodes(std::array{1}, 0, 3e38F); },
+              node::y, ""},
              {"merge", "G 1 1 1; N 0 0; N 2 0; N 4 2; E 1 2 1; E 3 1 1 1",
               done([] { mergeNodes(3, 1, middleOf(3, 1)); }), 0,
               "G 1 1 1; N 0 0; N 2 0; N 2 1; E 3 2 1; E 3 3 1 1"},
@@ -104,6 +142,18 @@ TEST_F(Edits, ADeletedRowMovesTheLaterOnesWithAllTheyHave)
         EXPECT_EQ(Stoixeia(Arithmos_Stoixeion + 1, element::group), 0);
         EXPECT_EQ(Omades(Arithmos_Omadon + 1, group::E), 0);
     }
+}
+
+TEST_F(Edits, ElementsAreDrawnInTheGroupThatWasChosenWhileItIsThere)
+{
+    buildModel("G 1 1 1; G 2 2 2; G 3 3 3; G 4 4 4");
+    drawnGroup = 3;
+    for (const auto &[gone, left] : {std::pair{4, 3}, {1, 2}, {2, 1}}) {
+        deleteGroup(gone);
+        EXPECT_EQ(groupToDraw(), left) << gone;
+    }
+    drawnGroup = 2; // whose making was taken back
+    EXPECT_EQ(groupToDraw(), 1);
 }
 
 // Dividing is not to change the structure: end forces at the old ends stay.

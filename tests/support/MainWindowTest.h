@@ -10,9 +10,11 @@
 
 #include <QAbstractButton>
 #include <QCoreApplication>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QTextEdit>
 #include <QTimer>
+#include <QWindow>
 
 #include <cstdlib>
 
@@ -103,7 +105,8 @@ protected:
     }
     void trigger(const char *action) { find<QAction>(action)->trigger(); }
     void click(const char *button) { find<QAbstractButton>(button)->click(); }
-    std::string caption() const { return window->windowTitle().toStdString(); }
+    /// As the desktop shows it.
+    std::string caption() const { return window->windowHandle()->title().toStdString(); }
     std::string panel(const char *name) { return find<QLabel>(name)->text().toStdString(); }
     QStringList log() { return find<QTextEdit>("RichTextBox1")->toPlainText().split('\n'); }
     CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
@@ -168,6 +171,14 @@ protected:
         click(x, y);
         mouse(QEvent::MouseButtonDblClick, Qt::LeftButton, canvasX(x), canvasY(y));
         release(x, y);
+    }
+
+    void chooseInMenu(double x, double y, const char *entry)
+    {
+        press(x, y, Qt::RightButton);
+        release(x, y, Qt::RightButton);
+        find<QMenu>("mnuAorato")->close();
+        trigger(entry);
     }
 
     const std::string small = contentOf(TEST_DATA "/small.vsk");

@@ -3,7 +3,6 @@
 /// A canvas that remembers what was drawn on it, primitive by primitive.
 
 #include "Kanvas.h"
-#include "Metablites.h"
 #include "ScriptedDesktop.h"
 
 #include <string>
@@ -95,11 +94,7 @@ std::string picture(const std::string &records, double signX = 1, double signY =
 class DrawingTest : public StoreTest
 {
 protected:
-    DrawingTest()
-    {
-        setPicture1(&kanvas);
-        Allagi_Montelou = false; // results that a test writes are those of its model
-    }
+    DrawingTest() { setPicture1(&kanvas); }
     ~DrawingTest() override { setPicture1(nullptr); }
 
     /// Puts the world's origin at a point of the canvas.

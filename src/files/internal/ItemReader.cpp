@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 #include "PrintableText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace veskora {
@@ -75,6 +76,13 @@ std::string ItemReader::item()
         commaLine_ = line_;
     endItem(c);
     return text;
+}
+
+bool ItemReader::follows(std::string_view text)
+{
+    beginItem();
+    return std::ranges::all_of(text,
+                               [this](char c) { return next() == static_cast<unsigned char>(c); });
 }
 
 std::string ItemReader::quotableItem()

@@ -22,6 +22,9 @@ public:
 
     std::string item();
     void skip() { (void)item(); }
+    /// Whether @p text begins the next item, and if so reads it; else it has read some of that. The
+    /// end of the file, and any item, however long, are a no and no fault.
+    bool follows(std::string_view text);
     /// Whether the last fault was that the item is longer than any that the program writes.
     bool isItemTooLong() const;
 

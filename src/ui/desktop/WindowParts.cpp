@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -12,6 +13,8 @@
 namespace veskora {
 
 namespace {
+
+constexpr QSize frameSize(8, 40); // logical pixels, about what a window manager adds
 
 class EnterPresses : public QObject
 {
@@ -72,6 +75,36 @@ void drawFocusFrame(QPainter &painter, const QWidget *focused, const QRect &fram
         return;
     painter.setPen(QPen(focused->palette().color(QPalette::Highlight), width));
     painter.drawRect(frame);
+}
+
+void resizeToScreen(QWidget *window, const QSize &usual)
+{
+    const QSize room = window->screen()->availableSize() - frameSize;
+    window->resize(usual.boundedTo(room).expandedTo(window->minimumSize()));
+}
+
+void showBeside(QWidget *window, const QWidget &part)
+{
+    const QRect area = part.screen()->availableGeometry();
+    const QRect taken(part.mapToGlobal(QPoint()), part.size());
+    const QSize least = window->minimumSize() + frameSize;
+    const QSize wished = window->size() + frameSize;
+    // Right and left of the other window, under and over the part; each as large as the screen is
+    // there.
+    const QRect other = part.window()->frameGeometry();
+    const int right = other.right() + 1, under = taken.bottom() + 1;
+    for (const QRect &room :
+         {QRect(right, area.top(), area.right() - right + 1, area.height()),
+          QRect(area.left(), area.top(), other.left() - area.left(), area.height()),
+          QRect(area.left(), under, area.width(), area.bottom() - under + 1),
+          QRect(area.left(), area.top(), area.width(), taken.top() - area.top())})
+        if (room.width() >= least.width() && room.height() >= least.height()) {
+            const QRect place(other.topLeft(), wished.boundedTo(room.size()));
+            window->resize(place.size() - frameSize);
+            window->move(placeWithin(room, place));
+            break;
+        }
+    window->show();
 }
 
 QPoint placeWithin(const QRect &area, const QRect &frame)

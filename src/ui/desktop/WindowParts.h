@@ -9,6 +9,7 @@ class QKeyEvent;
 class QPainter;
 class QPoint;
 class QRect;
+class QSize;
 class QString;
 class QToolBar;
 class QToolButton;
@@ -33,6 +34,14 @@ void pressButtonsByEnter(QWidget *window);
 
 /// Draws @p frame while @p focused has the focus, which many styles show hardly or not at all.
 void drawFocusFrame(QPainter &painter, const QWidget *focused, const QRect &frame, int width);
+
+/// Makes @p window as large as @p usual, but no larger than its screen nor less than its least
+/// size.
+void resizeToScreen(QWidget *window, const QSize &usual);
+
+/// Shows @p window where it leaves @p part of another one in sight, if the screen has the room;
+/// else where the desktop puts a window.
+void showBeside(QWidget *window, const QWidget &part);
 
 /// Where @p frame is to begin so that it lies in @p area; its beginning does in any case.
 QPoint placeWithin(const QRect &area, const QRect &frame);

@@ -1,6 +1,5 @@
 #include "LoadDialog.h"
 
-#include "Functions.h"
 #include "MathFunc.h"
 #include "NumberList.h"
 #include "RowQueries.h"
@@ -12,7 +11,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <array>
 
 namespace veskora {
 
@@ -101,16 +99,6 @@ void LoadDialog::listLoadedRows()
     caption_->setText(captionText_ + ' ' + QString::number(loadedRows_->count()));
 }
 
-std::string LoadDialog::valuesText(std::span<const float> values)
-{
-    static constexpr std::array<const char *, 3> names = {", Fx= ", ", Fy= ", ", M= "};
-    std::string text;
-    for (std::size_t i = 0; i < values.size(); ++i)
-        if (values[i] != 0)
-            text += names[i] + numberText(values[i]);
-    return text;
-}
-
 void LoadDialog::apply()
 {
     store(loaded(), numbers());
@@ -137,13 +125,7 @@ void LoadDialog::store(int next, QWidget *field)
     const bool wasLoaded = isLoaded(values);
     for (qsizetype i = 0; i < fields_.size(); ++i)
         values[static_cast<std::size_t>(i)] = typedSingle(fields_[i]).value();
-    const std::string number = numberText(loaded());
-    std::string done;
-    if (isLoaded(values))
-        done = (wasLoaded ? texts_.changed : texts_.isNew) + number + valuesText(values);
-    else if (wasLoaded)
-        done = texts_.erased + number;
-    finish(done, next, field);
+    finish(loadsLine(texts_.lines, loaded(), values, wasLoaded), next, field);
 }
 
 void LoadDialog::remove()
@@ -154,7 +136,7 @@ void LoadDialog::remove()
         return;
     }
     std::ranges::fill(values, 0.0F);
-    finish(texts_.erased + numberText(loaded()), loaded(), numbers());
+    finish(loadsLine(texts_.lines, loaded(), values, true), loaded(), numbers());
 }
 
 void LoadDialog::finish(const std::string &done, int next, QWidget *field)

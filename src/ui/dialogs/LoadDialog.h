@@ -1,6 +1,7 @@
 #pragma once
 
 #include "NumberedDialog.h"
+#include "RowLines.h"
 
 #include <span>
 
@@ -24,7 +25,9 @@ protected:
     /// The dialog's own sentences; a row number goes behind all but the first.
     struct Texts
     {
-        std::string loadedRows, isNew, changed, erased, nothingToDelete;
+        std::string loadedRows;
+        LoadWords lines;
+        std::string nothingToDelete;
     };
 
     /// To be called once the form stands. @p fields are those of the components Fx, Fy and M, as
@@ -48,7 +51,6 @@ private:
     void listLoadedRows();
     void store(int next, QWidget *field);
     void finish(const std::string &done, int next, QWidget *field);
-    static std::string valuesText(std::span<const float> values);
 
     QListWidget *loadedRows_ = nullptr;
     QLabel *caption_ = nullptr;

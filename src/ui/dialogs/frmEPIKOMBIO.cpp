@@ -17,8 +17,9 @@ frmEPIKOMBIO::frmEPIKOMBIO(QWidget *parent)
     ui_->Label2->setText(qtText(Metafrasi(503, "Force")));
     ui_->Label3->setText(qtText(Metafrasi(504, "Moment")));
     equipLoads({ui_->Text1, ui_->Text2, ui_->Text3}, ui_->Label4,
-               {Metafrasi(505, "Nodes with loads on:"), Metafrasi(506, "New loads on node #"),
-                Metafrasi(507, "* Loads on node #"), Metafrasi(508, "Loads deleted on node #"),
+               {Metafrasi(505, "Nodes with loads on:"),
+                {Metafrasi(506, "New loads on node #"), Metafrasi(507, "* Loads on node #"),
+                 Metafrasi(508, "Loads deleted on node #")},
                 Metafrasi(509, "There is no load to delete on node #")});
 }
 

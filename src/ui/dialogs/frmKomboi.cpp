@@ -6,6 +6,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberList.h"
+#include "RowLines.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmKomboi.h"
@@ -23,17 +24,6 @@ std::unique_ptr<Ui::frmKomboi> built(QDialog *dialog)
     auto ui = std::make_unique<Ui::frmKomboi>();
     ui->setupUi(dialog);
     return ui;
-}
-
-/// ", Kx= 5, Kz= 7" for the springs that node @p n has.
-std::string springsText(int n)
-{
-    static constexpr std::array<const char *, 3> names = {", Kx= ", ", Ky= ", ", Kz= "};
-    std::string text;
-    for (int k = 1; k <= 3; ++k)
-        if (hasSpring(n, k))
-            text += names.at(static_cast<std::size_t>(k - 1)) + numberText(Elatiria(n, k));
-    return text;
 }
 
 } // namespace
@@ -174,14 +164,7 @@ void frmKomboi::store(int n, bool isNew)
     }
     if (isNew)
         ++Arithmos_Kombon;
-
-    const std::string support = code();
-    const std::string constraints =
-        support == "ooo" ? Metafrasi(614, "Free") : Metafrasi(607, "Constraints:") + " " + support;
-    Grammi_Log((isNew ? Metafrasi(612, "New node #") : Metafrasi(613, "* Node #")) + numberText(n)
-                   + ", x=" + numberText(Komboi(n, node::x))
-                   + ", y=" + numberText(Komboi(n, node::y)) + ", " + constraints + springsText(n),
-               logColour::navy);
+    logNode(n, isNew);
 }
 
 std::string frmKomboi::nothingToDelete(const std::string &number) const
@@ -190,6 +173,11 @@ std::string frmKomboi::nothingToDelete(const std::string &number) const
 }
 
 bool frmKomboi::deleteRow(int n)
+{
+    return deleteNode(n);
+}
+
+bool deleteNode(int n)
 {
     if (elementAt(n) != 0) {
         const std::string text =

@@ -4,8 +4,13 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
+#include "RowLines.h"
 #include "Text.h"
 #include "ui_frmMETAKINISI.h"
+
+#include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace veskora {
 
@@ -35,11 +40,48 @@ void frmMETAKINISI::fillLists()
         list->fill(Arithmos_Kombon);
 }
 
-void frmMETAKINISI::apply()
+void frmMETAKINISI::openFor(std::vector<int> nodes)
 {
+    nodes_ = std::move(nodes);
+    for (QWidget *list : {static_cast<QWidget *>(ui_->Combo1), static_cast<QWidget *>(ui_->Combo2),
+                          static_cast<QWidget *>(ui_->Label3)})
+        list->hide();
+    QStringList numbers;
+    for (const int n : nodes_)
+        numbers << '#' + QString::number(n);
+    ui_->Label2->setBuddy(nullptr);
+    ui_->Label2->setText(numbers.join(", "));
+    ui_->Label2->setWordWrap(true);
+    focusAndSelect(ui_->Text1);
+    exec();
+}
+
+void frmMETAKINISI::refill()
+{
+    if (nodes_.empty())
+        fillLists();
+    else
+        reject();
+}
+
+/// None where one of the lists names no row.
+std::optional<std::vector<int>> frmMETAKINISI::nodesToMove() const
+{
+    if (!nodes_.empty())
+        return nodes_;
     const auto first = rowOrRefuse(ui_->Combo1, noSuchNode);
     const auto last = first ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!last)
+        return std::nullopt;
+    std::vector<int> nodes(static_cast<std::size_t>(std::max(0, *last - *first + 1)));
+    std::iota(nodes.begin(), nodes.end(), *first);
+    return nodes;
+}
+
+void frmMETAKINISI::apply()
+{
+    const auto nodes = nodesToMove();
+    if (!nodes)
         return;
     const auto dx = typedSingle(ui_->Text1);
     const auto dy = typedSingle(ui_->Text2);
@@ -49,14 +91,22 @@ void frmMETAKINISI::apply()
     }
     if (*dx == 0 && *dy == 0)
         return;
-    if (const int tooLarge = moveNodes(*first, *last, *dx, *dy)) {
+    if (const int tooLarge = moveNodes(*nodes, *dx, *dy)) {
         refuseOverflow(tooLarge == node::x ? ui_->Text1 : ui_->Text2);
         return;
     }
     modelChanged();
-    showDone(Metafrasi(805, "Moved nodes: #") + numberText(*first) + " " + Metafrasi(806, "to #")
-                 + numberText(*last) + ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy),
-             ui_->Combo1);
+    const std::string by = ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy);
+    if (nodes_.empty()) {
+        showDone(Metafrasi(805, "Moved nodes: #") + numberText(*ui_->Combo1->row()) + " "
+                     + Metafrasi(806, "to #") + numberText(*ui_->Combo2->row()) + by,
+                 ui_->Combo1);
+        return;
+    }
+    for (const int n : nodes_)
+        logNode(n, false);
+    focusAndSelect(ui_->Text1);
+    note(plainText(ui_->Label2->text()) + by);
 }
 
 } // namespace veskora

@@ -17,9 +17,7 @@ frmOMOIOMORFO::frmOMOIOMORFO(QWidget *parent)
     ui_->Label1->setText(qtText(Metafrasi(1002, "On element")));
     ui_->Label2->setText(qtText(Metafrasi(1003, "Force")));
     equipLoads({ui_->Text1, ui_->Text2}, ui_->Label4,
-               {Metafrasi(1004, "Elements with loads on:"),
-                Metafrasi(1005, "New load on element #"), Metafrasi(1006, "* Loads on element #"),
-                Metafrasi(1007, "Loads deleted on element #"),
+               {Metafrasi(1004, "Elements with loads on:"), elementalLoadWords(),
                 Metafrasi(1008, "There is no load to be deleted on element #")});
     const auto explanation = [] {
         return Metafrasi(1009, "Elemental loads must be given as force / length of the element. "

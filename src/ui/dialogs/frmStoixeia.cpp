@@ -5,6 +5,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "NumberList.h"
+#include "RowLines.h"
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmStoixeia.h"
@@ -14,14 +15,6 @@
 namespace veskora {
 
 namespace {
-
-std::string typeText(bool hingeI, bool hingeJ)
-{
-    if (hingeI)
-        return hingeJ ? Metafrasi(1413, "P1 Type: Hinges at both ends i,j")
-                      : Metafrasi(1412, "P2' Type: Hinge at end i");
-    return hingeJ ? Metafrasi(1411, "P2' Type: Hinge at end j") : Metafrasi(1410, "P2 Type");
-}
 
 std::string singleText(float value)
 {
@@ -178,23 +171,14 @@ bool frmStoixeia::elegxos_stoixeion()
 
 void frmStoixeia::store(int e, bool isNew)
 {
-    const bool hingeI = ui_->ssCheck3->isChecked();
-    const bool hingeJ = ui_->ssCheck6->isChecked();
     Stoixeia(e, element::nodeI) = static_cast<float>(ui_->Combo3->number());
     Stoixeia(e, element::nodeJ) = static_cast<float>(ui_->Combo4->number());
     Stoixeia(e, element::group) = static_cast<float>(ui_->Combo2->number());
-    Stoixeia(e, element::hingeI) = hingeI ? 1 : 0;
-    Stoixeia(e, element::hingeJ) = hingeJ ? 1 : 0;
+    Stoixeia(e, element::hingeI) = ui_->ssCheck3->isChecked() ? 1 : 0;
+    Stoixeia(e, element::hingeJ) = ui_->ssCheck6->isChecked() ? 1 : 0;
     if (isNew)
         ++Arithmos_Stoixeion;
-    // The star makes the caption the beginning of the line: "* Element #".
-    Grammi_Log((isNew ? Metafrasi(1415, "New element #") : "* " + Metafrasi(1404, "Element") + " #")
-                   + numberText(e) + ", " + Metafrasi(1416, "Node i: #")
-                   + numberText(Stoixeia(e, element::nodeI)) + ", " + Metafrasi(1417, "Node j: #")
-                   + numberText(Stoixeia(e, element::nodeJ)) + ", "
-                   + Metafrasi(1418, "E,A,I Group: #") + numberText(Stoixeia(e, element::group))
-                   + ", " + typeText(hingeI, hingeJ),
-               logColour::navy);
+    logElement(e, isNew);
 }
 
 std::string frmStoixeia::nothingToDelete(const std::string &number) const

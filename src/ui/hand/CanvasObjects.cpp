@@ -1,9 +1,11 @@
 #include "CanvasObjects.h"
 
 #include "Colours.h"
+#include "Functions.h"
 #include "QtColour.h"
 #include "Settings.h"
 #include "Sxediastika.h"
+#include "Text.h"
 
 #include <QTimer>
 
@@ -26,26 +28,36 @@ QPushButton *button(CanvasWidget *canvas, const char *name, const char *caption)
 
 } // namespace
 
-InstantMessage::InstantMessage(QWidget *canvas, const QString &name) : CanvasLabel(canvas, name)
+PassingLabel::PassingLabel(QWidget *canvas, const QString &name, const QString &timer, int shown)
+    : CanvasLabel(canvas, name)
 {
-    setMargin(6);
-    constexpr int shown = 5000; // ms
-    auto *timer = new QTimer(this);
-    timer->setObjectName("Timer1");
-    timer->setSingleShot(true);
-    timer->setInterval(shown);
-    connect(timer, &QTimer::timeout, this, &QWidget::hide);
+    auto *end = new QTimer(this);
+    end->setObjectName(timer);
+    end->setSingleShot(true);
+    end->setInterval(shown);
+    connect(end, &QTimer::timeout, this, &QWidget::hide);
 }
 
-void InstantMessage::tell(const QString &text)
+void PassingLabel::tell(const QString &text)
 {
     setOwnColours(this, qtColour(xroma_stoixeion), qtColour(xroma_background));
     setText(text);
     adjustSize();
-    move((parentWidget()->width() - width()) / 2, y());
     show();
     raise();
     findChild<QTimer *>()->start();
+}
+
+InstantMessage::InstantMessage(QWidget *canvas, const QString &name)
+    : PassingLabel(canvas, name, "Timer1", 5000)
+{
+    setMargin(6);
+}
+
+void InstantMessage::tell(const QString &text)
+{
+    PassingLabel::tell(text);
+    move((parentWidget()->width() - width()) / 2, y());
 }
 
 CanvasObjects::CanvasObjects(CanvasWidget *picture)
@@ -54,6 +66,7 @@ CanvasObjects::CanvasObjects(CanvasWidget *picture)
       Line1(new CanvasOverlay(picture, "Line1")),
       Shape1(new CanvasOverlay(picture, "Shape1")),
       Label2(new CanvasLabel(picture, "Label2")),
+      supportCode(new PassingLabel(picture, "SupportCode", "SupportCodeTimer", 1000)),
       Label1(new InstantMessage(picture, "Label1")),
       Command1(button(picture, "Command1", "+")),
       Command2(button(picture, "Command2", "-"))
@@ -82,6 +95,12 @@ void CanvasObjects::showSketch()
 {
     Sxedio_Grigoro();
     Picture1->update();
+}
+
+void CanvasObjects::tellWhyNot(const std::string &text) const
+{
+    Label1->tell(qtText(text));
+    Grammi_Log(text, logColour::red);
 }
 
 } // namespace veskora

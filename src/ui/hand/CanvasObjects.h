@@ -10,8 +10,18 @@
 
 namespace veskora {
 
+/// A text that goes after a time.
+class PassingLabel : public CanvasLabel
+{
+    Q_OBJECT
+public:
+    /// @param timer  name of what ends it after @p shown ms
+    PassingLabel(QWidget *canvas, const QString &name, const QString &timer, int shown);
+    void tell(const QString &text);
+};
+
 /// The instant message at the top of the canvas: it goes after five seconds.
-class InstantMessage : public CanvasLabel
+class InstantMessage : public PassingLabel
 {
     Q_OBJECT
 public:
@@ -29,15 +39,18 @@ struct CanvasObjects
     void arrange();
     /// Shows the view while a drag moves it.
     void showSketch();
+    /// Says in an instant message, and in red in the log, why nothing comes of a command.
+    void tellWhyNot(const std::string &text) const;
 
     CanvasWidget *const Picture1;
     Highlights highlights;
-    CanvasOverlay *const Line1;   ///< the rubber band
-    CanvasOverlay *const Shape1;  ///< the zoom window's frame
-    CanvasLabel *const Label2;    ///< coordinates beside the rubber band
-    InstantMessage *const Label1; ///< above the others
-    QPushButton *const Command1;  ///< "+", enlarges the diagram
-    QPushButton *const Command2;  ///< "-"
+    CanvasOverlay *const Line1;      ///< the rubber band
+    CanvasOverlay *const Shape1;     ///< the zoom window's frame
+    CanvasLabel *const Label2;       ///< coordinates beside the rubber band
+    PassingLabel *const supportCode; ///< "xxo" beside the pointer that has changed a support
+    InstantMessage *const Label1;    ///< above the others
+    QPushButton *const Command1;     ///< "+", enlarges the diagram
+    QPushButton *const Command2;     ///< "-"
 };
 
 } // namespace veskora

@@ -5,6 +5,7 @@
 #include "Units.h"
 #include "WindowParts.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 
@@ -17,6 +18,11 @@ CanvasWidget::CanvasWidget(QWidget *parent) : QWidget(parent), kanvas_(QSize(1, 
     setAttribute(Qt::WA_OpaquePaintEvent);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
+    constexpr int settling = 150; // ms; a press comes right behind the activation that it causes
+    activation_.setObjectName("ActivationTimer");
+    activation_.setSingleShot(true);
+    activation_.setInterval(settling);
+    connect(&activation_, &QTimer::timeout, this, &CanvasWidget::settleActivation);
 }
 
 void CanvasWidget::paintEvent(QPaintEvent *event)
@@ -46,6 +52,8 @@ void CanvasWidget::resizeEvent(QResizeEvent *)
 
 bool CanvasWidget::event(QEvent *event)
 {
+    if (event->type() == QEvent::WindowActivate || event->type() == QEvent::WindowDeactivate)
+        activation_.start();
     // Another screen may have another resolution.
     if (event->type() == QEvent::ScreenChangeInternal || event->type() == QEvent::Show)
         fitImage();
@@ -79,8 +87,26 @@ Point CanvasWidget::placeAt(const QPointF &screenPlace) const
     return canvasPlace(mapFromGlobal(screenPlace));
 }
 
+/// A dialog of this window that closes leaves no window active for a moment.
+void CanvasWidget::settleActivation()
+{
+    isBehind_ = !isActiveWindow() && QApplication::activeModalWidget() == nullptr;
+}
+
+/// Some desktops activate a window before they pass on the press, some behind it. Where one does
+/// neither, only the first press is lost.
+bool CanvasWidget::onlyBringsToFront(Qt::MouseButton button)
+{
+    if (button != Qt::LeftButton || !std::exchange(isBehind_, false))
+        return false;
+    activateWindow();
+    return true;
+}
+
 void CanvasWidget::mousePressEvent(QMouseEvent *event)
 {
+    if (onlyBringsToFront(event->button()))
+        return;
     held_ = event->buttons();
     hasPress_ = true;
     emit pressed(event->button(), canvasPlace(event->position()));
@@ -109,7 +135,7 @@ void CanvasWidget::mouseDoubleClickEvent(QMouseEvent *event)
     held_ = event->buttons();
     if (event->button() == Qt::LeftButton) {
         if (std::exchange(hasPress_, false)) // else it was for a box that has gone
-            emit doubleClicked();
+            emit doubleClicked(event->modifiers());
     } else
         emit pressed(event->button(), canvasPlace(event->position()));
 }

@@ -4,6 +4,7 @@
 
 #include "ImageKanvas.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <optional>
@@ -16,6 +17,7 @@ namespace veskora {
 
 /// Shows the retained image of its `ImageKanvas` and tells mouse events in centimetres. A double
 /// click of the left button comes as press, release, double click, release, without a second press.
+/// A press of that button which only brings the window to the front is not told.
 class CanvasWidget : public QWidget
 {
     Q_OBJECT
@@ -34,7 +36,7 @@ signals:
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);
     void released(Qt::MouseButton button, const Point &at);
-    void doubleClicked();
+    void doubleClicked(Qt::KeyboardModifiers with);
     /// @param clicks  away from the user; fine wheels and touchpads tell parts of one
     void wheelTurned(const Point &at, double clicks);
     /// @param factor  how much farther apart the fingers are than when it was last told
@@ -58,11 +60,15 @@ protected:
 
 private:
     void fitImage();
+    void settleActivation();
+    bool onlyBringsToFront(Qt::MouseButton button);
     void pinch(const QNativeGestureEvent &event);
 
     ImageKanvas kanvas_;
     Qt::MouseButtons held_ = Qt::NoButton;
-    bool hasPress_ = false;       ///< the first press of what may become a double click was here
+    bool isBehind_ = false;   ///< the next press may be there only to bring the window to the front
+    QTimer activation_{this}; ///< runs while the active window has just changed
+    bool hasPress_ = false;   ///< the first press of what may become a double click was here
     std::optional<double> pinch_; ///< of the pinch that goes on: how far the fingers are apart
 };
 

@@ -7,6 +7,9 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "ModelEdits.h"
+#include "RowLines.h"
+#include "RowQueries.h"
 #include "Settings.h"
 #include "Sketching.h"
 #include "Text.h"
@@ -69,12 +72,33 @@ void DrawingTool::takeBack()
     emit edited();
 }
 
-void DrawingTool::doubleClick(const Point &at)
+void DrawingTool::doubleClick(const Point &at, bool withCtrl)
 {
     if (Katastasi_Provolis != view::model)
         return;
-    sketchSupport(at);
+    if (const int n = sketchSupport(at, withCtrl))
+        tellSupport(n);
     emit edited();
+}
+
+void DrawingTool::setSupport(const char *code)
+{
+    if (Katastasi_Provolis != view::model || !under_.Pano_Se_Kombo())
+        return;
+    const int n = under_.Kombos_Deikti;
+    if (veskora::setSupport(n, code)) {
+        logNode(n, false);
+        emit edited();
+    }
+    tellSupport(n);
+}
+
+/// Beside the pointer, as the eye is there and the symbols of some supports are much alike.
+void DrawingTool::tellSupport(int n)
+{
+    constexpr double right = 0.4, below = 0.2; // of the pointer, centimetres
+    canvas_.supportCode->tell(qtText(restraintCode(n)));
+    canvas_.supportCode->place(under_.Teleftaio_X + right, under_.Teleftaio_Y + below, 0);
 }
 
 QCursor DrawingTool::pointer(double) const

@@ -9,7 +9,7 @@ class UnderPointer;
 
 /// Draws the model: a drag defines an element, and the nodes at its ends where there are none. It
 /// is what the left button does while no other tool is taken, in the model view only. A double
-/// click steps a support.
+/// click steps a support, with Ctrl back.
 class DrawingTool : public Tool
 {
     Q_OBJECT
@@ -22,8 +22,11 @@ public:
     void release(const Point &at) override;
     void cancel() override;
     void takeBack() override;
-    void doubleClick(const Point &at) override;
+    void doubleClick(const Point &at, bool withCtrl) override;
     QCursor pointer(double scale) const override;
+
+    /// Gives the node under the pointer, if there is one, the support @p code.
+    void setSupport(const char *code);
 
 signals:
     void groupWanted(); ///< the user wants to define the main group now
@@ -32,6 +35,7 @@ private:
     int defineNode(const Point &at);
     void defineElementTo(const Point &at);
     void offerMainGroup();
+    void tellSupport(int n);
     void showRubberBand(const Point &at);
     void hideRubberBand();
 

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QShortcut>
 
 #include <utility>
 
@@ -40,6 +41,7 @@ Hand::Hand(CanvasObjects &canvas)
     connect(picture, &CanvasWidget::resized, this, &Hand::showPointer);
     connect(&drawing_, &Tool::edited, this, &Hand::edited);
     connect(&drawing_, &DrawingTool::groupWanted, this, &Hand::groupWanted);
+    equipSupportKeys();
     qApp->installEventFilter(this);
     showPointer();
 }
@@ -168,9 +170,31 @@ void Hand::endDrag()
         emit viewMoved();
 }
 
-void Hand::doubleClicked()
+void Hand::doubleClicked(Qt::KeyboardModifiers with)
 {
-    tool().doubleClick({under_.Teleftaio_X, under_.Teleftaio_Y});
+    tool().doubleClick({under_.Teleftaio_X, under_.Teleftaio_Y},
+                       with.testFlag(Qt::ControlModifier));
+}
+
+/// They belong to the canvas while it has the focus, as letters are typed elsewhere. Shortcuts find
+/// them on keyboards of other scripts too.
+void Hand::equipSupportKeys()
+{
+    struct Support
+    {
+        const char *keys, *code;
+    };
+    for (const auto &[keys, code] :
+         {Support{"F", "xxx"}, Support{"P", "xxo"}, Support{"R", "oxo"}, Support{"0", "ooo"}}) {
+        auto *shortcut = new QShortcut(QKeySequence(keys), canvas_.Picture1);
+        shortcut->setContext(Qt::WidgetShortcut);
+        shortcut->setAutoRepeat(false);
+        connect(shortcut, &QShortcut::activated, this, [this, code = code] {
+            run_.end();
+            if (pointerOnCanvas_ && isDrawing())
+                drawing_.setSupport(code);
+        });
+    }
 }
 
 // -------------------------------------------------------------------------- what lies under it

@@ -93,7 +93,8 @@ private:
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);
     void released(Qt::MouseButton button, const Point &at);
-    void doubleClicked();
+    void doubleClicked(Qt::KeyboardModifiers with);
+    void equipSupportKeys();
     void pointerLeft();
     void menuClosed();
     void giveUpDrag();

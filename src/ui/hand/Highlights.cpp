@@ -4,6 +4,8 @@
 #include "ElementLine.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "QtColour.h"
+#include "RowMarks.h"
 #include "RowQueries.h"
 #include "Text.h"
 
@@ -12,9 +14,6 @@
 namespace veskora {
 
 namespace {
-
-const QColor nodeColour(255, 128, 0);
-const QColor elementColour(Qt::red);
 
 constexpr double labelMargin = 0.2; // centimetres, beyond the height of the text
 
@@ -27,9 +26,9 @@ Highlights::Highlights(CanvasWidget *canvas)
       labelElement_(new CanvasLabel(canvas, "Label_Stoixeio")),
       canvas_(canvas)
 {
-    lineElement_->setPen(QPen(elementColour, 1));
-    setOwnColours(labelNode_, nodeColour, Qt::transparent);
-    setOwnColours(labelElement_, elementColour, Qt::transparent);
+    lineElement_->setPen(QPen(qtColour(markColour::element), 1));
+    setOwnColours(labelNode_, qtColour(markColour::node), Qt::transparent);
+    setOwnColours(labelElement_, qtColour(markColour::element), Qt::transparent);
 }
 
 void Highlights::showNode(int n, double x, double y)
@@ -39,7 +38,7 @@ void Highlights::showNode(int n, double x, double y)
     const bool onNode = n != 0;
     const double half = (onNode ? nodeSide : markSide) / 2;
     if (std::exchange(node_, n) != n) {
-        shapeNode_->setPen(QPen(nodeColour, onNode ? 2 : 1));
+        shapeNode_->setPen(QPen(qtColour(markColour::node), onNode ? 2 : 1));
         shapeNode_->setForm(onNode ? CanvasOverlay::Form::circle
                                    : CanvasOverlay::Form::roundedSquare);
         labelNode_->setText(qtText(numberText(n)));

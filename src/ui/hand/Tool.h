@@ -27,7 +27,7 @@ public:
     /// The user gives the drag up: nothing is left of it, as if it had never begun.
     virtual void takeBack() = 0;
     /// Its second press is not told.
-    virtual void doubleClick([[maybe_unused]] const Point &at) {}
+    virtual void doubleClick([[maybe_unused]] const Point &at, [[maybe_unused]] bool withCtrl) {}
     /// Its pointer picture. @p scale is device pixels of one logical pixel.
     virtual QCursor pointer(double scale) const = 0;
 

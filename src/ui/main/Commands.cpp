@@ -9,6 +9,8 @@
 #include "Metablites.h"
 #include "OutsidePrograms.h"
 #include "PictureCommands.h"
+#include "RowCommands.h"
+#include "RowQueries.h"
 #include "Settings.h"
 #include "UndoCommands.h"
 #include "WindowCommands.h"
@@ -67,11 +69,17 @@ constexpr Command label(const char *name, Phrase caption, bool *setting)
             Clears::nothing,         setting};
 }
 
-/// Of the pop-up about what lies under the pointer.
-constexpr Command entry(const char *name, Phrase caption, void (*run)(Rooms &, int), About about)
+int itself(int row)
 {
-    return {commandPlace::rowMenu, name,    caption, run, nullptr, nullptr,
-            Clears::nothing,       nullptr, about};
+    return row;
+}
+
+/// Of the pop-up about what lies under the pointer.
+constexpr Command entry(const char *name, Phrase caption, void (*run)(Rooms &, int), About about,
+                        int (*numbered)(int) = nullptr)
+{
+    return {commandPlace::rowMenu, name,    caption, run,     nullptr, nullptr,
+            Clears::nothing,       nullptr, about,   numbered};
 }
 
 constexpr auto tools = Clears::tools;
@@ -169,6 +177,9 @@ constexpr Command menus[] = {
     {"mnuSXEDIASI", "mnusss5"},
     same("Rithmiseis", "mnuSXEDIASI", "mnuRITHMISEISitem", Phrase{32, "View options"}, "F8"),
 
+    {"menubar", "mnuANAFORES", Phrase{1617, "Report"}},
+    {"mnuANAFORES", "mnuELEGXOS_ANALYSIS_item", Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
+
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},
     {"mnuBOITHIA", "mnuVeskoraWEBitem", Phrase{35, "Kalvorn Veskora ML on the web"}, call<&openWebPage>},
@@ -184,11 +195,21 @@ constexpr Command menus[] = {
     {commandPlace::toolMenu, "mnuPREVIOUSitem", Phrase{40, "Zoom Previous"}, call<&PictureCommands::Button_Zoom_Previous>, nullptr, "Alt+Left"},
     {commandPlace::toolMenu, "mnuEXTENDSitem", Phrase{41, "Zoom Extends"}, call<&PictureCommands::Button_Zoom_Best_Fit>, nullptr, "Ctrl+0"},
 
-    entry("mnu1item", Phrase{137, "Node #"}, call<&WindowCommands::openNode>, About::node),
-    entry("mnu3item", Phrase{132, "Loads on node #"}, call<&WindowCommands::openNodeLoads>, About::node),
+    entry("mnu1item", Phrase{137, "Node #"}, call<&WindowCommands::openNode>, About::node, itself),
+    entry("mnu3item", Phrase{132, "Loads on node #"}, call<&WindowCommands::openNodeLoads>, About::node, itself),
     {.place = commandPlace::rowMenu, .name = "mnusss77", .about = About::both},
-    entry("mnu2item", Phrase{133, "Element #"}, call<&WindowCommands::openElement>, About::element),
-    entry("mnu4item", Phrase{134, "Loads on element #"}, call<&WindowCommands::openElementLoads>, About::element),
+    entry("mnu2item", Phrase{133, "Element #"}, call<&WindowCommands::openElement>, About::element, itself),
+    entry("mnu4item", Phrase{134, "Loads on element #"}, call<&WindowCommands::openElementLoads>, About::element, itself),
+    {commandPlace::rowMenu, "RowSeparatorEdits"},
+    entry("HoldRotation", Phrase{1705, "Hold the rotation"}, call<&RowCommands::holdRotation>, About::node),
+    entry("HoldRotationsOfHinges", Phrase{1706, "Hold the rotation of all nodes where only hinges meet"}, call<&RowCommands::holdRotationsOfHinges>, About::node),
+    entry("MoveHeight", Phrase{1707, "Move all nodes at this height"}, call<&WindowCommands::openMoveHeight>, About::node),
+    entry("DeleteNode", Phrase{1708, "Delete node #"}, call<&RowCommands::deleteNode>, About::node, itself),
+    {.place = commandPlace::rowMenu, .name = "RowSeparatorElement", .about = About::both},
+    entry("HingeBothEnds", Phrase{1709, "Hinges at both ends"}, call<&RowCommands::hingeBothEnds>, About::element),
+    entry("HingeGroup", Phrase{1710, "Hinges at both ends for all elements of this group"}, call<&RowCommands::hingeGroup>, About::element),
+    entry("ShareLoads", Phrase{1711, "Same loads for all elements of this group"}, call<&RowCommands::shareLoads>, About::element),
+    entry("DrawInGroup", Phrase{1712, "Draw new elements in group #"}, call<&RowCommands::drawInGroup>, About::element, groupOf),
 
     label("mnuArithmisi_kombon_item", Phrase{42, "Nodes numbering"}, &nai_arithmisi_kombon),
     label("mnuSintet_kombon_item", Phrase{43, "Node coordinates"}, &nai_sint_kombon),

@@ -14,13 +14,14 @@ class frmMain;
 class Hand;
 class MessageLog;
 class PictureCommands;
+class RowCommands;
 class StatusBar;
 class UndoCommands;
 class WindowCommands;
 
 /// What a command may be a routine of.
 using Rooms = std::tuple<frmMain &, Hand &, FileCommands &, UndoCommands &, PictureCommands &,
-                         WindowCommands &, MessageLog &, StatusBar &>;
+                         WindowCommands &, RowCommands &, MessageLog &, StatusBar &>;
 
 /// What goes before a command runs.
 enum class Clears {
@@ -29,8 +30,7 @@ enum class Clears {
     tools       ///< these, and the tool at hand
 };
 
-/// The row under the pointer that an entry is about: its number stands behind the caption, and
-/// without one the entry does not show.
+/// The row under the pointer that an entry is about: without one the entry does not show.
 enum class About { nothing, node, element, both };
 
 /// Object names of what others than the table ask for.
@@ -57,6 +57,8 @@ struct Command
     Clears clears = Clears::nothing;
     bool *setting = nullptr; ///< has a check mark; the command flips it
     About about = About::nothing;
+    int (*numbered)(int row) =
+        nullptr; ///< the number behind the caption, of a row that it is about
 };
 
 /// All commands, in the order in which they stand.

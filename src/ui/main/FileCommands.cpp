@@ -17,9 +17,14 @@
 
 namespace veskora {
 
+bool FileCommands::isSaved()
+{
+    return Onoma_Arxeiou.empty() ? isModelEmpty() : Idio_Me_To_Arxeio();
+}
+
 bool FileCommands::mayLeave(bool closing)
 {
-    if (!Onoma_Arxeiou.empty() ? Idio_Me_To_Arxeio() : isModelEmpty())
+    if (isSaved())
         return true;
     const std::string name = Onoma_Arxeiou.empty() ? "Untitled.vsk" : Onoma_Arxeiou;
     const Answer answer = desktop().message(

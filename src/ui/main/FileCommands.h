@@ -37,6 +37,8 @@ public:
     /// The first model of this run: an empty one, or that of the command line.
     void start(const std::string &commandLine);
 
+    /// Whether nothing would be lost if the model were left.
+    static bool isSaved();
     /// The save question before the model is left.
     /// @return whether the command goes on
     bool mayLeave(bool closing);

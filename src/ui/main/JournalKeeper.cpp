@@ -3,25 +3,58 @@
 #include "Desktop.h"
 #include "FileCommands.h"
 #include "Functions.h"
+#include "Metablites.h"
+#include "ModelText.h"
+
+#include <QEvent>
+#include <QWidget>
 
 #include <filesystem>
 #include <utility>
 
 namespace veskora {
 
-JournalKeeper::JournalKeeper(QObject *window, FileCommands &files) : QObject(window), files_(files)
+JournalKeeper::JournalKeeper(QWidget *window, FileCommands &files)
+    : QObject(window), window_(window), files_(files)
 {
     using namespace std::chrono_literals;
     timer_.setObjectName("JournalTimer");
     connect(&timer_, &QTimer::timeout, this, &JournalKeeper::look);
-    connect(&files, &FileCommands::modelSettled, this, [this] { journal_.settle(); });
+    connect(&files, &FileCommands::modelSettled, this, [this] {
+        journal_.settle();
+        marked_.clear();
+        markUnsaved();
+    });
+    window->installEventFilter(this);
     timer_.start(1s);
+}
+
+/// Who comes back may have changed the file elsewhere.
+bool JournalKeeper::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        marked_.clear();
+    return QObject::eventFilter(watched, event);
+}
+
+/// The save question reads the file, which may lie far away: it is asked only where the model is
+/// what it was when it and the file were the same.
+void JournalKeeper::markUnsaved()
+{
+    const std::string text = modelText();
+    std::string present = Onoma_Arxeiou + '\n' + text;
+    if (present == marked_)
+        return;
+    marked_ = std::move(present);
+    const bool differs = !Onoma_Arxeiou.empty() && text != journal_.settledText();
+    window_->setWindowModified(differs || !FileCommands::isSaved());
 }
 
 void JournalKeeper::look()
 {
     std::string refusal;
     try {
+        markUnsaved();
         journal_.look();
     } catch (const std::exception &error) {
         refusal = error.what();

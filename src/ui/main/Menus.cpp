@@ -137,9 +137,13 @@ void Menus::popUpRows(int node, int element)
             continue;
         }
         const int row = command.about == About::node ? node : element;
-        entry->setText(qtText(command.caption.text() + numberText(row)));
-        entry->setData(row);
         entry->setVisible(row != 0);
+        if (row == 0)
+            continue;
+        const std::string number =
+            command.numbered == nullptr ? "" : numberText(command.numbered(row));
+        entry->setText(qtText(command.caption.text() + number));
+        entry->setData(row);
     }
     QMenu *popup = menu(commandPlace::rowMenu);
     assignMnemonics(popup->actions());

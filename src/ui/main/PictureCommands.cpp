@@ -5,9 +5,12 @@
 #include "Desktop.h"
 #include "DiagramOutline.h"
 #include "Files.h"
+#include "Findings.h"
 #include "Functions.h"
 #include "Hand.h"
 #include "Metablites.h"
+#include "MotionShape.h"
+#include "RowMarks.h"
 #include "Settings.h"
 #include "StatusBar.h"
 #include "Sxediastika.h"
@@ -71,6 +74,21 @@ void PictureCommands::Button_N()
 void PictureCommands::Button_Deform()
 {
     showResults(view::deformed);
+}
+
+void PictureCommands::showFinding(const Finding &finding)
+{
+    hand_.endViewRun();
+    const auto *motion = std::get_if<Motion>(&finding.facts);
+    if (motion == nullptr && finding.nodes.empty() && finding.elements.empty())
+        return desktop().redraw();
+    setMode(view::model);
+    Ananeosi_Sxediou();
+    if (motion != nullptr)
+        drawMotion(motion->displacements);
+    else
+        markRows(finding.nodes, finding.elements);
+    canvas_.Picture1->update();
 }
 
 void PictureCommands::resizeDiagram(void (*change)())

@@ -9,6 +9,7 @@
 namespace veskora {
 
 struct CanvasObjects;
+struct Finding;
 class Hand;
 class StatusBar;
 
@@ -29,6 +30,10 @@ public:
     void Button_N();
     void Button_Deform();
     /// @}
+
+    /// Shows over the model what @p finding concerns, until the picture is made anew: how the
+    /// structure moves, or the rows. One that concerns none leaves the view that there is.
+    void showFinding(const Finding &finding);
 
     void Button_Zoom_Previous();
     void Button_Zoom_Best_Fit();

@@ -4,6 +4,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "RowQueries.h"
 #include "Settings.h"
 #include "StatusPanel.h"
 #include "Text.h"
@@ -79,6 +80,11 @@ StatusBar::StatusBar(QWidget *parent) : QStatusBar(parent)
     mode_ = new ElidedLabel(contents);
     mode_->setObjectName("Panel7");
     row->addWidget(mode_, 1);
+    group_ = new QLabel(contents);
+    group_->setObjectName("DrawnGroup");
+    group_->setTextFormat(Qt::PlainText);
+    group_->hide();
+    row->addWidget(group_);
 
     StatusPanel *sint = panel("sint");
     connect(sint, &QPushButton::clicked, this, [this, sint] {
@@ -131,6 +137,13 @@ void StatusBar::showMode()
 {
     const auto mode = static_cast<std::size_t>(Katastasi_Provolis);
     mode_->setText(" " + qtText(modes.at(mode).text()));
+}
+
+void StatusBar::showGroup()
+{
+    const int group = groupToDraw();
+    group_->setText(qtText(Metafrasi(1714, "New elements: group #") + numberText(group)));
+    group_->setVisible(group != 1);
 }
 
 } // namespace veskora

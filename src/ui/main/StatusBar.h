@@ -26,6 +26,8 @@ public:
     /// Shows the model coordinates of a place on the canvas, unless they are switched off.
     void showPlace(const Point &at);
     void showMode();
+    /// Tells the group of new elements where it is not the main one.
+    void showGroup();
 
 signals:
     void settingChanged();                  ///< the picture is to be made anew
@@ -37,6 +39,7 @@ private:
     QLabel *x_ = nullptr;
     QLabel *y_ = nullptr;
     QLabel *mode_ = nullptr;
+    QLabel *group_ = nullptr;
 };
 
 } // namespace veskora

@@ -8,7 +8,6 @@
 #include "ModelDialog.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
-#include "Text.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -127,11 +126,12 @@ void UndoCommands::go(const std::string *(History::*way)(), const std::string &w
 {
     // A drag can have led to a dialog.
     if (isActionRunning())
-        return tell(Metafrasi(1828, "This can be done when the action that goes on has ended."));
+        return canvas_.tellWhyNot(
+            Metafrasi(1828, "This can be done when the action that goes on has ended."));
     history_.takeStep();
     const std::string *change = (history_.*way)();
     if (change == nullptr)
-        return tell(nothing);
+        return canvas_.tellWhyNot(nothing);
     hand_.forgetPointed(); // rows may have other numbers now
     for (ModelDialog *dialog : window_->findChildren<ModelDialog *>())
         dialog->refill();
@@ -140,12 +140,6 @@ void UndoCommands::go(const std::string *(History::*way)(), const std::string &w
     else
         desktop().redraw();
     Grammi_Log(went + *change, logColour::black);
-}
-
-void UndoCommands::tell(const std::string &text) const
-{
-    canvas_.Label1->tell(qtText(text));
-    Grammi_Log(text, logColour::red);
 }
 
 } // namespace veskora

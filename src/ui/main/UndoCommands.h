@@ -45,7 +45,6 @@ private:
     bool pressesInDialog(const QObject *watched, const QEvent &event) const;
     void go(const std::string *(History::*way)(), const std::string &went,
             const std::string &nothing);
-    void tell(const std::string &text) const;
 
     QWidget *const window_;
     const CanvasObjects &canvas_;

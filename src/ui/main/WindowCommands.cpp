@@ -5,6 +5,7 @@
 #include "Desktop.h"
 #include "frmAbout.h"
 #include "frmDiairesi.h"
+#include "frmElegxos.h"
 #include "frmEPIKOMBIO.h"
 #include "frmKomboi.h"
 #include "frmKykliko.h"
@@ -16,9 +17,12 @@
 #include "frmSXEDIASI.h"
 #include "Functions.h"
 #include "Hand.h"
+#include "HTMLHelp.h"
 #include "Metablites.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
+#include "RowQueries.h"
+#include "WindowParts.h"
 
 namespace veskora {
 
@@ -41,13 +45,14 @@ bool refuseWithoutElements()
 } // namespace
 
 WindowCommands::WindowCommands(QWidget *window, CanvasObjects &canvas, Hand &hand,
-                               PictureCommands &picture)
-    : window_(window), canvas_(canvas), hand_(hand), picture_(picture)
+                               PictureCommands &picture, HTMLHelp &help)
+    : window_(window), canvas_(canvas), hand_(hand), picture_(picture), help_(help)
 {}
 
 WindowCommands::~WindowCommands()
 {
     delete results_;
+    delete check_;
 }
 
 /// Looks anew afterwards at what lies under the pointer.
@@ -127,6 +132,13 @@ void WindowCommands::openElementLoads(int e)
         showDialog<frmOMOIOMORFO>([e](frmOMOIOMORFO &dialog) { dialog.openRow(e); });
 }
 
+void WindowCommands::openMoveHeight(int n)
+{
+    if (n <= Arithmos_Kombon)
+        showDialog<frmMETAKINISI>(
+            [n](frmMETAKINISI &dialog) { dialog.openFor(nodesAtHeightOf(n)); });
+}
+
 // ------------------------------------------------------------------------------------------ tools
 
 void WindowCommands::openMove()
@@ -203,7 +215,29 @@ void WindowCommands::Button_Apotelesmata()
     delete results_;
     results_ = new frmApotelesmata(resultsPlace_);
     results_->setAttribute(Qt::WA_DeleteOnClose);
-    results_->showBeside(*canvas_.Picture1);
+    showBeside(results_, *canvas_.Picture1);
+}
+
+void WindowCommands::openCheck()
+{
+    if (refuseWithoutNodes())
+        return;
+    if (check_ != nullptr) {
+        check_->refresh();
+        return bringToFront(*check_);
+    }
+    check_ = new frmElegxos(window_);
+    check_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(check_, &frmElegxos::picked, &picture_, &PictureCommands::showFinding);
+    QObject::connect(check_, &frmElegxos::refreshWanted, check_, [this] { openCheck(); });
+    QObject::connect(check_, &frmElegxos::helpWanted, check_,
+                     [this] { help_.showTopicOf(check_); });
+    check_->refresh();
+    // Where the screen has no room beside the drawing it covers the right end of it, not the
+    // middle.
+    const QWidget &drawing = *canvas_.Picture1;
+    check_->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(check_->width(), 0));
+    showBeside(check_, *canvas_.Picture1);
 }
 
 void WindowCommands::lookAgain()

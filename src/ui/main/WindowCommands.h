@@ -10,16 +10,19 @@
 namespace veskora {
 
 struct CanvasObjects;
+class frmElegxos;
 class Hand;
+class HTMLHelp;
 class PictureCommands;
 
-/// Opens the dialogs of the model, the view options, the results and the about box. Where a dialog
-/// would have no rows to work on, it is refused with a word.
+/// Opens the dialogs of the model, the view options, the results, the check and the about box.
+/// Where a dialog would have no rows to work on, it is refused with a word.
 class WindowCommands
 {
 public:
-    WindowCommands(QWidget *window, CanvasObjects &canvas, Hand &hand, PictureCommands &picture);
-    ~WindowCommands(); // closes the results
+    WindowCommands(QWidget *window, CanvasObjects &canvas, Hand &hand, PictureCommands &picture,
+                   HTMLHelp &help);
+    ~WindowCommands(); // closes the windows that are open
 
     void Button_EAI();
     void Button_Komboi();
@@ -32,6 +35,7 @@ public:
     void openNodeLoads(int n);
     void openElement(int e);
     void openElementLoads(int e);
+    void openMoveHeight(int n); ///< moves all nodes as high as that
     /// @}
 
     void openMove();
@@ -43,6 +47,7 @@ public:
 
     void Button_Rithmiseis();
     void Button_Apotelesmata();
+    void openCheck(); ///< where it is open already, it checks anew
     void showAbout();
 
     /// To be called when model or results may have changed.
@@ -56,8 +61,13 @@ private:
     CanvasObjects &canvas_;
     Hand &hand_;
     PictureCommands &picture_;
+    HTMLHelp &help_;
     ResultsPlace resultsPlace_;
-    QPointer<frmApotelesmata> results_; ///< the one that is open, if any
+    /// @name Those that are open
+    /// @{
+    QPointer<frmApotelesmata> results_;
+    QPointer<frmElegxos> check_;
+    /// @}
 };
 
 } // namespace veskora

@@ -46,8 +46,9 @@ frmMain::frmMain()
       files_(ui_->RichTextBox1),
       journal_(this, files_),
       undo_(this, canvas_, hand_, picture_),
-      windows_(this, canvas_, hand_, picture_),
-      menus_(this, {*this, hand_, files_, undo_, picture_, windows_, *ui_->RichTextBox1,
+      windows_(this, canvas_, hand_, picture_, help_),
+      rows_(canvas_, hand_),
+      menus_(this, {*this, hand_, files_, undo_, picture_, windows_, rows_, *ui_->RichTextBox1,
                     *ui_->StatusBar1}),
       recent_(menus_.menu(commandPlace::recentMenu), files_),
       keys_(hand_, help_)
@@ -253,7 +254,8 @@ void frmMain::insertLog(const std::string &text, std::uint32_t colour, bool bold
 
 void frmMain::setCaption(const std::string &text)
 {
-    setWindowTitle(qtText(text).replace("[*]", "[*][*]")); // one of them stands for "modified"
+    // One stands for the mark of unsaved changes, two for itself.
+    setWindowTitle("[*]" + qtText(text).replace("[*]", "[*][*]"));
 }
 
 void frmMain::setPointer(Pointer pointer)
@@ -282,6 +284,7 @@ void frmMain::redraw()
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();
+    ui_->StatusBar1->showGroup();
     hand_.lookAgain();
     windows_.lookAgain();
 }

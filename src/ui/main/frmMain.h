@@ -13,6 +13,7 @@
 #include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "RecentMenu.h"
+#include "RowCommands.h"
 #include "ToolkitTexts.h"
 #include "UndoCommands.h"
 #include "WindowCommands.h"
@@ -87,10 +88,11 @@ private:
     FileCommands files_;
     JournalKeeper journal_;
     UndoCommands undo_;
+    HTMLHelp help_;
     WindowCommands windows_;
+    RowCommands rows_;
     Menus menus_;
     RecentMenu recent_;
-    HTMLHelp help_;
     KeyFilter keys_;
     ToolkitTexts toolkitTexts_;
     Hourglass hourglass_;

@@ -23,7 +23,6 @@
 #include <QIcon>
 #include <QKeyEvent>
 #include <QProxyStyle>
-#include <QScreen>
 #include <QStyleFactory>
 #include <QTabBar>
 #include <QToolButton>
@@ -34,8 +33,6 @@
 namespace veskora {
 
 namespace {
-
-constexpr QSize frame(8, 40); // logical pixels, about what a window manager adds
 
 constexpr int edge = 4; // logical pixels, around the tabs and inside them
 constexpr int gap = 2;  // over and under what stands over a grid
@@ -126,7 +123,7 @@ frmApotelesmata::frmApotelesmata(ResultsPlace &place)
     showWarnings();
     setLeastSize();
     constexpr QSize usual(820, 600); // logical pixels
-    resize(usual.boundedTo(screen()->availableSize() - frame).expandedTo(minimumSize()));
+    resizeToScreen(this, usual);
     ui_->SSTab1->setCurrentIndex(place.section);
     if (place.section == 0)
         ui_->TreeView1->setFocus();
@@ -170,29 +167,6 @@ void frmApotelesmata::showWarnings()
     ui_->resultWarnings->setText(lines.join('\n'));
     ui_->resultWarnings->setVisible(!lines.isEmpty());
     arrange();
-}
-
-void frmApotelesmata::showBeside(const QWidget &part)
-{
-    const QRect area = part.screen()->availableGeometry();
-    const QRect taken(part.mapToGlobal(QPoint()), part.size());
-    const QSize least = minimumSize() + frame;
-    const QSize wished = size() + frame;
-    // Right and left of the window, under and over the part; each as large as the screen is there.
-    const QRect window = part.window()->frameGeometry();
-    const int right = window.right() + 1, under = taken.bottom() + 1;
-    for (const QRect &room :
-         {QRect(right, area.top(), area.right() - right + 1, area.height()),
-          QRect(area.left(), area.top(), window.left() - area.left(), area.height()),
-          QRect(area.left(), under, area.width(), area.bottom() - under + 1),
-          QRect(area.left(), area.top(), area.width(), taken.top() - area.top())})
-        if (room.width() >= least.width() && room.height() >= least.height()) {
-            const QRect place(window.topLeft(), wished.boundedTo(room.size()));
-            resize(place.size() - frame);
-            move(placeWithin(room, place));
-            break;
-        }
-    show();
 }
 
 void frmApotelesmata::setCaptions()

@@ -43,9 +43,6 @@ public:
     /// Tells what must be told of the results shown, over the tabs; anew after each change of the
     /// model.
     void showWarnings();
-    /// Shows it where it leaves @p part of the main window in sight, if the screen has the room;
-    /// else where the desktop puts a window.
-    void showBeside(const QWidget &part);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

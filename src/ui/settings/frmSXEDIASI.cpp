@@ -128,6 +128,8 @@ std::vector<frmSXEDIASI::Row> frmSXEDIASI::rows() const
         {&nai_desmefseis, ui.Check6, Phrase{1523, "Constraints"}},
         {&nai_graf_stir, ui.SSOption1, Phrase{1521, "Graphically"}, ui.Check6},
         {&nai_graf_stir, ui.SSOption2, Phrase{1522, "Symbolically (x/o)"}, ui.Check6, {}, false},
+        {&smallHeldRotation, ui.SmallHeldRotation, Phrase{1717, "Small symbol of held rotation"},
+         ui.Check6},
         {&nai_sint_kombon, ui.Check7, Phrase{1524, "Coordinates"}},
         {&nai_springs, ui.Check3, Phrase{1573, "Springs"}},
         {&nai_stoixeia, ui.Check8, Phrase{1526, "Elements"}},

@@ -299,7 +299,7 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
 
 TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
 {
-    const auto headingInk = [&](const std::vector<std::string> &options) {
+    const auto bottomOfHeading = [&](const std::vector<std::string> &options) {
         std::ostringstream out, err;
         std::vector<std::string> arguments = {"--pictures", "--out", path("s")};
         arguments.insert(arguments.end(), options.begin(), options.end());
@@ -316,19 +316,24 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
             for (int x = edge.left(); x <= edge.right(); ++x)
                 coloured += QColor(picture.pixel(x, y)).saturation() > 100 ? 1 : 0;
         EXPECT_EQ(coloured > 0, isCut);
-        int ink = 0; // of the heading
-        for (int y = 0; y < 60; ++y)
-            for (int x = 0; x < 20; ++x)
-                ink += qGray(picture.pixel(x, y)) < 80 ? 1 : 0;
-        return ink;
+        const auto isLight = [&](int y) {
+            for (int x = 0; x < 30; ++x)
+                if (qGray(picture.pixel(x, y)) < 120)
+                    return false;
+            return true;
+        };
+        int bottom = 10; // of the heading's letter
+        while (!isLight(bottom))
+            ++bottom;
+        return bottom;
     };
     buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4; N 8 4; N 8 0 xxx; E 1 2 1; E 2 3 1 0 0 0 -900;"
                "E 3 4 1");
     std::string model = path("large.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    headingInk({});
-    const int usual = headingInk({"--fit", "--size", "640x480"});
-    EXPECT_GT(headingInk({"--fit", "--size", "640x480", "--label-scale", "2"}), 2 * usual);
+    bottomOfHeading({});
+    const int usual = bottomOfHeading({"--fit", "--size", "640x480"});
+    EXPECT_GT(bottomOfHeading({"--fit", "--size", "640x480", "--label-scale", "2"}), usual + 8);
 
     buildModel("G 2e8 .01 1e-4; N 0 0; N 0 4; E 1 2 1");
     model = path("loose.vsk");

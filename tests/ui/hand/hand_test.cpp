@@ -122,6 +122,104 @@ TEST_F(CanvasTools, AClickDefinesANodeAndADoubleClickItsRestraint)
     EXPECT_EQ(Komboi(2, node::fixedX), .5F);
 }
 
+TEST_F(CanvasTools, SupportsAreSetByKeysOverANodeAndSteppedBack)
+{
+    putNode(2, 3, "oxo");
+    Elatiria(1, 1) = 5;
+    window->activateWindow();
+    auto *letters = find<QLabel>("SupportCode");
+    for (const auto &[key, next, line] :
+         {std::tuple{Qt::Key_F, "xxx", " * Node #1, x=2, y=3, Constraints: xxx"},
+          {Qt::Key_P, "xxo", " * Node #1, x=2, y=3, Constraints: xxo"},
+          {Qt::Key_R, "oxo", " * Node #1, x=2, y=3, Constraints: oxo"},
+          {Qt::Key_0, "ooo", " * Node #1, x=2, y=3, Free"}}) {
+        moveTo(2, 3);
+        for (const char *elsewhere : {"RichTextBox1", "Picture1"}) {
+            find<QWidget>(elsewhere)->setFocus();
+            QTest::keyClick(QApplication::focusWidget(), key);
+            EXPECT_EQ(code(1) == next, elsewhere == std::string("Picture1")) << next;
+        }
+        EXPECT_EQ(log().last(), line);
+        EXPECT_EQ(letters->text(), next);
+        const auto lines = log().size();
+        QTest::keyClick(&canvas(), key); // is so already
+        moveTo(5, 3);
+        QTest::keyClick(&canvas(), Qt::Key_F); // over no node
+        EXPECT_EQ(code(1), next);
+        EXPECT_EQ(log().size(), lines);
+    }
+    EXPECT_EQ(Elatiria(1, 1), 0); // as in the dialog
+    EXPECT_TRUE(letters->isVisible());
+    QMetaObject::invokeMethod(find<QTimer>("SupportCodeTimer"), "timeout");
+    EXPECT_FALSE(letters->isVisible());
+    click(2, 3);
+    const QPointF place = QPointF(canvasX(2), canvasY(3)) * 96 / 2.54;
+    QTest::mouseDClick(&canvas(), Qt::LeftButton, Qt::ControlModifier, place.toPoint());
+    EXPECT_EQ(code(1), "xxx");
+}
+
+TEST_F(CanvasTools, APressThatBringsTheWindowToTheFrontMakesNothing)
+{
+    const auto settle = [this] {
+        QCoreApplication::processEvents();
+        QMetaObject::invokeMethod(find<QTimer>("ActivationTimer"), "timeout");
+    };
+    const auto makesNode = [this] {
+        const int before = Arithmos_Kombon;
+        click(2 + before, 3);
+        return Arithmos_Kombon > before;
+    };
+    QWidget other;
+    other.show();
+    struct Case
+    {
+        bool isSettledBehind, isActivatedFirst, isSettledInFront, makes;
+    };
+    for (const Case &c : {Case{true, false, false, false},
+                          {true, true, false, false},
+                          {true, true, true, true},      // by a key
+                          {false, true, false, true}}) { // a dialog has closed
+        other.activateWindow();
+        QCoreApplication::processEvents();
+        if (c.isSettledBehind)
+            settle();
+        if (c.isActivatedFirst) {
+            window->activateWindow();
+            QCoreApplication::processEvents();
+        }
+        if (c.isSettledInFront)
+            settle();
+        EXPECT_EQ(makesNode(), c.makes);
+        EXPECT_TRUE(makesNode()); // one press at most
+        settle();
+    }
+}
+
+TEST_F(CanvasTools, TheMenuMovesAHeightAndChoosesTheGroup)
+{
+    buildModel("G 1 1 1; G 2 2 2; N 0 0; N 4 3; N 8 0; E 1 3 2; E 1 2 1");
+    QTimer::singleShot(0, window.get(), [] {
+        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
+        EXPECT_EQ(dialog->findChild<QLabel *>("Label2")->text(), "#1, #3");
+        dialog->findChild<QLineEdit *>("Text2")->setText("1");
+        dialog->findChild<QAbstractButton *>("SSCommand3")->click();
+        dialog->reject();
+    });
+    chooseInMenu(8, 0, "MoveHeight");
+    EXPECT_EQ(Komboi(1, node::y) + Komboi(2, node::y) + Komboi(3, node::y), 1 + 3 + 1);
+    EXPECT_EQ(log().last(), " * Node #3, x=8, y=1, Free");
+    chooseInMenu(6, 1, "DrawInGroup");
+    EXPECT_EQ(panel("DrawnGroup"), "New elements: group #2");
+    EXPECT_TRUE(shown("DrawnGroup"));
+    dragModel(4, 3, 8, 1);
+    EXPECT_TRUE(log().last().endsWith("E,A,I Group: #2, P2 Type"));
+    buildModel("G 1 1 1; N 0 0; N 4 0; E 1 2 1");
+    window->redraw();
+    EXPECT_FALSE(shown("DrawnGroup"));
+    chooseInMenu(2, 0, "ShareLoads");
+    EXPECT_EQ(log().last(), " Nothing has changed: it is so already.");
+}
+
 TEST_F(CanvasTools, WithoutTheGridTheLowestNodeNearThePointerIsTaken)
 {
     nai_grid = false;

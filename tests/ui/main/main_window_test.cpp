@@ -7,6 +7,7 @@
 #include "Files.h"
 #include "MainWindowTest.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "QtColour.h"
 #include "Settings.h"
 #include "StatusPanel.h"
@@ -28,6 +29,7 @@
 #include <gmock/gmock.h>
 
 #include <csignal>
+#include <functional>
 #include <set>
 #include <sstream>
 #include <unistd.h>
@@ -802,7 +804,7 @@ TEST_F(MainWindow, AWrongBannerOnTheCommandLineLeavesAnUntitledModel)
     end.movePosition(QTextCursor::End);
     EXPECT_EQ(end.charFormat().fontWeight(), QFont::Bold);
     window->setCaption("a[*]b");
-    EXPECT_EQ(window->windowTitle(), "a[*][*]b");
+    EXPECT_EQ(window->windowTitle(), "[*]a[*][*]b");
 }
 
 TEST_F(MainWindow, AModelThatCanBeKeptNowhereIsNotLeft)
@@ -945,12 +947,56 @@ TEST_F(MainWindow, TheJournalGoesWhenTheModelIsSavedOrLeft)
     }
 }
 
+TEST_F(MainWindow, TheTitleIsMarkedWhileTheSaveQuestionWouldCome)
+{
+    write(path("m.vsk"), small);
+    std::string oldStage = small; // whose stage ends before the springs: it is never as it is saved
+    oldStage.replace(oldStage.find("Elatiria") - 6, std::string::npos, std::string(modelEndLine));
+    write(path("old.vsk"), oldStage);
+    start(path("m.vsk"));
+    desktop.answerAnything = [] { return Answer::no; };
+    const auto open = [this](const char *name) {
+        desktop.expectFileDialog(path(name));
+        trigger("Open");
+    };
+    struct Case
+    {
+        const char *name;
+        std::function<void()> act;
+        bool isMarked;
+    };
+    for (const Case &c : {
+             Case{"opened", [] {}, false},
+             {"edited", [] { putNode(9, 9); }, true},
+             {"taken back", [] { --Arithmos_Kombon; }, false},
+             {"view", [] { Klimaka = 77; }, true},
+             {"saved", [this] { trigger("Save"); }, false},
+             {"emptied", [] { Katharismos_Montelou(); }, true},
+             {"new", [this] { trigger("New"); }, false},
+             {"unnamed", [] { putNode(1, 1); }, true},
+             {"of an earlier stage", [&] { open("old.vsk"); }, true},
+             {"of this one", [&] { open("m.vsk"); }, false},
+             {"gone",
+              [this] {
+                  fs::remove(path("m.vsk"));
+                  QEvent back(QEvent::WindowActivate);
+                  QCoreApplication::sendEvent(window.get(), &back);
+              },
+              true},
+         }) {
+        c.act();
+        QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
+        EXPECT_EQ(caption().starts_with('*'), c.isMarked) << c.name;
+        EXPECT_EQ(FileCommands::isSaved(), !c.isMarked) << c.name;
+    }
+}
+
 TEST_F(MainWindow, AJournalOpenedAsAFileGivesNoPlaceToSaveIn)
 {
     write(path("j.vsk"), small + "Journal of the model\r\n");
     start(path("j.vsk"));
     EXPECT_GT(Arithmos_Kombon, 0);
-    EXPECT_EQ(Onoma_Arxeiou + caption(), title + " - Untitled.vsk");
+    EXPECT_EQ(Onoma_Arxeiou + caption(), "*" + title + " - Untitled.vsk"); // it is unsaved
 }
 
 TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)

@@ -89,13 +89,27 @@ protected:
         const auto in = [this](const char *command, const char *entries) {
             return [=, this] { inDialog(command, entries); };
         };
+        const auto fromMenu = [this](double x, double y, const char *entry) {
+            return [=, this] { chooseInMenu(x, y, entry); };
+        };
         return {
             {"New node #4, x=9, y=1, Free", [this] { click(9, 1); }},
             {"New element #3, Node i: #4, Node j: #3, E,A,I Group: #1, P2 Type (further lines: 1)",
              [this] { dragModel(2, 2, 6, 0); }},
-            {"* Node #2, Constraints: xoo", [this] { doubleClick(3, 0); }},
-            {"* Node #1, Free", [this] { doubleClick(0, 0); }},
-            {"New node #4, x=8, y=4, Free", [this] { doubleClick(8, 4); }},
+            {"* Node #2, x=3, y=0, Constraints: xoo", [this] { doubleClick(3, 0); }},
+            {"* Node #1, x=0, y=0, Free", [this] { doubleClick(0, 0); }},
+            {"* Node #4, x=8, y=4, Constraints: xoo (further lines: 1)",
+             [this] { doubleClick(8, 4); }},
+            {"* Node #2, x=3, y=0, Constraints: oox", fromMenu(3, 0, "HoldRotation")},
+            {"Node deleted: #2. Nodes renumbered: #3. (further lines: 2)",
+             fromMenu(3, 0, "DeleteNode")},
+            {"* Element #1, Node i: #1, Node j: #2, E,A,I Group: #1, P1 Type: Hinges at both ends "
+             "i,j",
+             fromMenu(1, 0, "HingeBothEnds")},
+            {"* Element #2, Node i: #2, Node j: #3, E,A,I Group: #1, P1 Type: Hinges at both ends "
+             "i,j (further lines: 1)",
+             fromMenu(1, 0, "HingeGroup")},
+            {"New load on element #2, Fy= -2", fromMenu(1, 0, "ShareLoads")},
             {"New group #2, E= 5, A= 6, I= 7", in("EAI", "Text1=5 Text2=6 Text3=7 SSCommand3")},
             {"New node #4, x=1, y=7, Constraints: xoo, Ky= 8",
              in("Komboi", "Text2=1 Text3=7 SSCheck1=x TextKY=8 SSCommand3")},

@@ -151,6 +151,7 @@ const std::map<std::string, std::string> controls = {
     {"xroma_N", "Label19"},
     {"Nai_Apolites_Sint", "CheckApol"},
     {"Nai_Sxetikes_Sint", "CheckSxet"},
+    {"smallHeldRotation", "SmallHeldRotation"},
 };
 
 // Each control alone changes the running value of its own setting, and no other, nor the store.
