@@ -310,11 +310,9 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
         EXPECT_NE(isCut, isFitted) << err.str();
         const QImage picture(QString::fromStdString(path("s/large_M.png")));
         EXPECT_EQ(picture.size(), isFitted ? QSize(640, 480) : QSize(1280, 800));
-        const QRect edge(picture.width() - 3, 0, 3, picture.height());
-        int coloured = 0; // dots of the grid are grey
-        for (int y = edge.top(); y <= edge.bottom(); ++y)
-            for (int x = edge.left(); x <= edge.right(); ++x)
-                coloured += QColor(picture.pixel(x, y)).saturation() > 100 ? 1 : 0;
+        int coloured = 0; // at the edge; dots of the grid are grey
+        for (int y = 0; y < picture.height(); ++y)
+            coloured += QColor(picture.pixel(picture.width() - 1, y)).saturation() > 100 ? 1 : 0;
         EXPECT_EQ(coloured > 0, isCut);
         const auto isLight = [&](int y) {
             for (int x = 0; x < 30; ++x)
