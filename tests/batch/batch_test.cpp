@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <map>
+#include <set>
 #include <sstream>
 
 namespace fs = std::filesystem;
@@ -36,16 +37,17 @@ protected:
 
 TEST_F(Batch, EveryExampleIsAnalysedAndWrittenAsTheProgramWritesIt)
 {
-    std::vector<std::string> arguments = {"--out", path("reports/new")};
+    const std::set<fs::path> faulty = {"empty", "unstable_portal"};
+    std::vector<std::string> arguments = {"--check", "--out", path("reports/new")};
     for (const auto &entry : fs::directory_iterator(EXAMPLES))
-        if (entry.path().extension() == ".vsk" && entry.path().stem() != "empty")
+        if (entry.path().extension() == ".vsk" && !faulty.contains(entry.path().stem()))
             arguments.push_back(entry.path());
     ASSERT_GE(arguments.size(), 10U);
     EXPECT_EQ(run(arguments), batchStatus::allAnalysed) << err.str();
     EXPECT_THAT(err.str(), testing::Not(HasSubstr("mechanism")));
     EXPECT_THAT(err.str(), testing::Not(HasSubstr("not connected")));
     setDesktop(&desktop);
-    for (auto model = arguments.begin() + 2; model != arguments.end(); ++model) {
+    for (auto model = arguments.begin() + 3; model != arguments.end(); ++model) {
         EXPECT_GT(fs::file_size(path("reports/new/" + fs::path(*model).stem().string() + ".txt")),
                   1000U);
         std::string name = *model, copy = path("copy.vsk");

@@ -303,6 +303,7 @@ TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
     Ena_cm_posa_KNm_M = 10; // 8 cm under the beam, which stands 4.1 cm above the edge
     Ena_cm_posa_KN_N = 1000;
     Ena_cm_posa_m_epi_1000 = 1;
+    xroma_paramorfosis = 8; // not that of supports
     const auto draw = [this](std::int16_t mode, std::size_t lines) {
         Katastasi_Provolis = mode;
         Ananeosi_Sxediou();
