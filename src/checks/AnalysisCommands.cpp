@@ -96,28 +96,50 @@ void logFirstMotion()
         Grammi_Log(textOf(first).title, logColour::red);
 }
 
-/// Tells what the analysis has left unsaid, and where more is said.
+/// Leads on from what the analysis has told by itself.
+void leadToCheck()
+{
+    Grammi_Log(Metafrasi(1701, "See Report, Check of the analysis: it tells whether parts of the "
+                               "structure can move, which ones, and how."),
+               logColour::red);
+}
+
+/// Tells what the analysis has left unsaid of its results, and where more is said.
 void pointToCheck()
 {
-    const int freedom = Sfalma_Epilisis ? 0 : excessiveFreedom();
-    const bool isTold = Sfalma_Epilisis || freedom != 0;
-    if (!Sfalma_Epilisis)
-        mechanismSuspected = isTold || canMoveFreely();
+    const int freedom = excessiveFreedom();
+    const FreeMotion motion = quickTest();
+    mechanismSuspected = freedom != 0 || motion != FreeMotion::none;
     if (freedom != 0)
         Grammi_Log("u(" + numberText(freedom) + "): " + freedomText(freedom), logColour::red);
-    if (!Sfalma_Epilisis)
-        logSummary();
-    if (isTold)
-        Grammi_Log(Metafrasi(1701,
-                             "See Report, Check of the analysis: it tells whether parts of the "
-                             "structure can move, which ones, and how."),
-                   logColour::red);
-    else if (mechanismSuspected)
+    logSummary();
+    if (freedom != 0)
+        leadToCheck();
+    else if (motion == FreeMotion::unloaded)
         Grammi_Log(Metafrasi(1702, "The structure can move freely although its loads do not move "
                                    "it: see Report, Check of the analysis."),
                    logColour::red);
-    if (Sfalma_Epilisis)
+    else if (motion == FreeMotion::loaded)
+        Grammi_Log(Metafrasi(1703, "The structure can move freely, and rounding alone holds it "
+                                   "against its loads: see Report, Check of the analysis."),
+                   logColour::red);
+}
+
+/// Analyses, and leads to the check whatever comes of it.
+void analyse()
+{
+    try {
+        Epilisi();
+    } catch (const Fault &) {
+        leadToCheck();
+        throw;
+    }
+    if (Sfalma_Epilisis) {
+        leadToCheck();
         logFirstMotion();
+    } else {
+        pointToCheck();
+    }
 }
 
 /// "Nodes 8 to 12 are now 7 to 11." when node @p n of @p last was deleted.
@@ -152,8 +174,7 @@ void Button_Epilisi()
         logNewNumbers(n, Arithmos_Kombon + 1);
         desktop().redraw();
     }
-    Epilisi();
-    pointToCheck();
+    analyse();
     if (!Sfalma_Epilisis && Katastasi_Provolis != view::model)
         desktop().redraw(); // the picture shown is then that of the new results
 }

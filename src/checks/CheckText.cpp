@@ -24,6 +24,12 @@ FindingText titled(const std::string &text, const std::vector<std::string> &valu
     return {filled(part(text, 0), values), filled(part(text, 1), values)};
 }
 
+double numberOf(const Finding &finding)
+{
+    const double *number = std::get_if<double>(&finding.facts);
+    return number ? *number : 0;
+}
+
 FindingText noFreeMotionText(const Finding &finding)
 {
     const double *eigenvalue = std::get_if<double>(&finding.facts);
@@ -55,9 +61,9 @@ FindingText equilibriumText(const Finding &finding)
             ? Metafrasi(1679,
                         "Loads and reactions are in equilibrium|All loads and reactions, those "
                         "of springs too, add up to 0 but for rounding:")
-            : Metafrasi(1680,
-                        "Loads and reactions are not in equilibrium|Do not use these results. "
-                        "Mend what else is told here, analyze again, and compare the sums:"));
+            : Metafrasi(1680, "The forces are not in equilibrium|Do not use these results. "
+                              "Stiffnesses far apart, or a motion that is nearly free, are the "
+                              "usual cause."));
     const std::string sums =
         Metafrasi(1681, "Along x: loads %1, reactions %2, together %3 (relative %4)|"
                         "Along y: loads %1, reactions %2, together %3 (relative %4)|"
@@ -137,23 +143,28 @@ FindingText slipText(const Finding &finding)
     case FindingKind::nodesWithoutElement:
         return titled(nodesWithoutElementText());
     case FindingKind::nodesOnElements:
-        return titled(Metafrasi(1689,
-                                "Nodes on elements that pass them by|They look joined and are "
-                                "not. If they should be, divide the element (%1) and make one "
-                                "node of the two (%2)."),
-                      {divide, merge});
+        return titled(
+            Metafrasi(1689,
+                      "Nodes on elements that pass them by|They look joined and are not. If they "
+                      "should be, divide the element (%1; its "
+                      "parts are equal) and make one node of the two (%2): A keeps its place."),
+            {divide, merge});
     case FindingKind::crossings:
-        return titled(Metafrasi(1690,
-                                "Elements that cross without a common node|They pass each "
-                                "other, as crossing diagonals often should. If they should be "
-                                "joined, divide both (%1) and make one node of the new ones "
-                                "(%2)."),
-                      {divide, merge});
+        return titled(
+            Metafrasi(1690,
+                      "Elements that cross without a common node|They pass each "
+                      "other, as crossing diagonals often should. If they should be "
+                      "joined, divide both (%1; the parts are equal) and make one node of the new "
+                      "ones (%2)."),
+            {divide, merge});
     case FindingKind::coincidentNodes:
         return {
             Metafrasi(23, "Coincident nodes"),
-            filled(Metafrasi(1691, "They stand at one place without being one node: the frame is "
-                                   "cut there. Make one of them (%1)."),
+            filled(Metafrasi(
+                       1691,
+                       "They stand at one place without being one node: the frame is "
+                       "cut there. Make one of them (%1): A keeps its support, springs and loads, "
+                       "those of B go."),
                    {merge})};
     case FindingKind::coincidentElements:
         return {Metafrasi(24, "Coincident elements"),
@@ -164,18 +175,20 @@ FindingText slipText(const Finding &finding)
         return titled(Metafrasi(1693,
                                 "Loads along held freedoms|They go straight into the support "
                                 "and strain nothing. Are support and load at the right nodes?"));
+    case FindingKind::rotationsHeldAlone:
+        return titled(Metafrasi(1641, "Rotations held without another support|Rigid ends meet "
+                                      "there, so each holds a moment like a clamp in mid-air. If "
+                                      "you do not mean that, free the rotation."));
     case FindingKind::unusedGroups:
         return titled(Metafrasi(1694,
                                 "Groups that no element uses|They do no harm. Do all elements "
                                 "have the group that you mean?"));
-    case FindingKind::stiffnessRange: {
-        const double *ratio = std::get_if<double>(&finding.facts);
+    case FindingKind::stiffnessRange:
         return titled(Metafrasi(1695,
                                 "Stiffnesses far apart|The stiffest element is %1 times as "
                                 "stiff as the softest, and digits are lost. Look at the units "
                                 "of E, A and I; for a rigid part a thousand times is enough."),
-                      {roundedText(ratio ? *ratio : 0, 2)});
-    }
+                      {roundedText(numberOf(finding), 2)});
     case FindingKind::shortElements:
         return titled(Metafrasi(1696,
                                 "Very short elements|They are shorter than a thousandth of the "
@@ -211,9 +224,22 @@ FindingText textOf(const Finding &finding)
                       {Metafrasi(25, "Analyze")});
     case FindingKind::digitsUnknown:
         return titled(Metafrasi(1686,
-                                "How many digits are right cannot be told|A second computation "
-                                "gives no answer: no number is right where the structure can "
-                                "move freely. Mend that, analyze, and check again."));
+                                "How many digits are right cannot be told|No number is sure where "
+                                "the structure can move freely, or where a second computation "
+                                "finds no single answer. Mend that, analyze, and check again."));
+    case FindingKind::noNodes:
+        return {Metafrasi(97, "No nodes have been defined yet."), ""};
+    case FindingKind::analysisFailed:
+        return titled(Metafrasi(1699, "Equilibrium and digits are not checked|The analysis of this "
+                                      "model fails, so there are no results. Mend what is told "
+                                      "here. If nothing else is: numbers may be far too large or "
+                                      "too small, or nothing may be left free."));
+    case FindingKind::excessiveDisplacement:
+        return titled(Metafrasi(1704,
+                                "A displacement of %1 at node %2|Nothing can move freely, yet "
+                                "a displacement is beyond all measure. Look at the units of "
+                                "E, A, I and the loads."),
+                      {roundedText(numberOf(finding), 3), numberText(finding.nodes.front())});
     default:
         break;
     }

@@ -9,6 +9,7 @@
 
 namespace veskora {
 
+/// The worst first.
 enum class Severity {
     fault,   ///< the structure does not stand
     warning, ///< the numbers, or the model, are probably not what was meant
@@ -29,9 +30,14 @@ enum class FindingKind {
     // Facts: CorrectDigits.
     digits, ///< good or warning
 
-    // No facts: why the last two are missing.
-    notAnalysed,   ///< there are no results of this model as it stands
-    digitsUnknown, ///< no numbers can be told right where the structure can move freely
+    // No facts: why others are missing.
+    notAnalysed,    ///< there are no results of this model as it stands
+    noNodes,        ///< there is nothing to check
+    analysisFailed, ///< and there will be none: the last analysis failed, or has to
+    digitsUnknown,  ///< no numbers can be told right where the structure can move freely
+
+    // Facts: double, the displacement; the node with it.
+    excessiveDisplacement, ///< beyond all measure, although nothing moves freely
 
     // Slips of modelling. Facts: none, or Pairs.
     brokenElements, ///< no length, or a node or group that is not there; left out of the check
@@ -41,6 +47,7 @@ enum class FindingKind {
     coincidentNodes,    ///< Pairs: nodes
     coincidentElements, ///< Pairs: elements
     loadsOnSupports,    ///< nodes with a load along a held freedom
+    rotationsHeldAlone, ///< nodes where rigid ends meet and nothing but the rotation is held
     unusedGroups,
     stiffnessRange, ///< elements: the stiffest and the softest. Facts: double, their ratio
     shortElements,
@@ -62,8 +69,8 @@ struct Motion
         noStiffness, ///< members of `groups` are strained, and E, A or I is 0
         noSupport,   ///< all that hangs together moves
         hinges,      ///< `elements` turn in their hinges
-        softness,    ///< held, but far too softly beside the rest: only of nearly free motions
-        negative     ///< `groups` or springs of the nodes are negative: only of unstable ones
+        softness,    ///< held, but far too softly beside the rest, by `elements` and `springs`
+        negative     ///< the stiffness of `elements` or of `springs` is negative
     };
     enum class Way { alongX, alongY, oblique, turns };
     struct Move
@@ -77,10 +84,11 @@ struct Motion
     /// Independent motions that this one stands for: what many nodes do each by itself is told
     /// once.
     int count = 1;
-    double eigenvalue = 0;   ///< of the stiffness scaled to a unit diagonal; the smallest of them
-    std::vector<Move> moves; ///< largest first
-    double x = 0, y = 0;     ///< of a shift its direction, of length 1; of a turn its centre
-    int centre = 0;          ///< of a turn the node that stands there, 0 where none does
+    double eigenvalue = 0;    ///< of the stiffness scaled to a unit diagonal; the smallest of them
+    std::vector<Move> moves;  ///< largest first
+    double x = 0, y = 0;      ///< of a shift its direction, of length 1; of a turn its centre
+    int centre = 0;           ///< of a turn the node that stands there, 0 where none does
+    std::vector<int> springs; ///< nodes whose springs are the cause
     /// At `freedomOf(n, k) - 1`, model axes; the largest translation is 1, of a mere turning the
     /// rotations are. Signs mean nothing: it goes both ways.
     std::vector<double> displacements;

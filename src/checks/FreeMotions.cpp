@@ -17,17 +17,29 @@ namespace {
 using Eigen::Index;
 using Eigen::MatrixXd;
 using Eigen::VectorXd;
+using std::abs;
 
-/// The eigenvectors that are no sound ones, by what they are.
+/// Eigenvectors of one kind, and the smallest of their eigenvalues.
+struct Space
+{
+    MatrixXd vectors;
+    double smallest = 1;
+};
+
 struct Spaces
 {
-    MatrixXd free, nearlyFree, unstable;
+    Space free, nearlyFree, unstable;
     double smallest = 1; ///< eigenvalue of the sound ones
 };
 
-MatrixXd columns(const MatrixXd &matrix, const std::vector<Index> &chosen)
+/// How large an eigenvalue may become by the rounding of coordinates alone.
+double roundingLimit(const ScaledStiffness &stiffness)
 {
-    return matrix(Eigen::all, chosen);
+    double limit = 0;
+    for (const auto &member : stiffness.members())
+        limit = std::max(limit, static_cast<double>(coordinateRounding(member) / member.length));
+    constexpr double several = 4;
+    return several * limit * limit;
 }
 
 Spaces eigenspaces(const ScaledStiffness &stiffness)
@@ -36,28 +48,35 @@ Spaces eigenspaces(const ScaledStiffness &stiffness)
     Eigen::SelfAdjointEigenSolver<MatrixXd> solver(K, Eigen::EigenvaluesOnly);
     Spaces spaces;
     spaces.smallest = solver.eigenvalues()(0);
-    if (spaces.smallest >= doubtfulBelow)
+    const double doubtful = std::max(doubtfulBelow, roundingLimit(stiffness));
+    if (spaces.smallest >= doubtful)
         return spaces; // vectors cost four times the values
 
     solver.compute(K);
     std::vector<Index> free, nearlyFree, unstable;
+    const auto keep = [](Space &space, std::vector<Index> &columns, Index k, double value) {
+        space.smallest = std::min(space.smallest, value);
+        columns.push_back(k);
+    };
     spaces.smallest = 1;
     for (Index k = 0; k < K.cols(); ++k) {
         double value = solver.eigenvalues()(k);
-        if (value < doubtfulBelow)
-            value = static_cast<double>(stiffness.quotient(solver.eigenvectors().col(k)));
+        const VectorXd vector = solver.eigenvectors().col(k);
+        if (value < doubtful)
+            value = static_cast<double>(stiffness.quotient(vector));
         if (value <= -freeBelow)
-            unstable.push_back(k);
+            keep(spaces.unstable, unstable, k, value);
         else if (value < freeBelow)
-            free.push_back(k);
-        else if (value < nearlyFreeBelow)
-            nearlyFree.push_back(k);
+            keep(spaces.free, free, k, value);
+        else if (value < nearlyFreeBelow
+                 || (value < doubtful && stiffness.isStrainedByRounding(vector)))
+            keep(spaces.nearlyFree, nearlyFree, k, value);
         else
             spaces.smallest = std::min(spaces.smallest, value);
     }
-    spaces.free = columns(solver.eigenvectors(), free);
-    spaces.nearlyFree = columns(solver.eigenvectors(), nearlyFree);
-    spaces.unstable = columns(solver.eigenvectors(), unstable);
+    spaces.free.vectors = solver.eigenvectors()(Eigen::all, free);
+    spaces.nearlyFree.vectors = solver.eigenvectors()(Eigen::all, nearlyFree);
+    spaces.unstable.vectors = solver.eigenvectors()(Eigen::all, unstable);
     return spaces;
 }
 
@@ -154,20 +173,14 @@ public:
         }
     }
 
-    void addLocal(FindingKind kind, const MatrixXd &space)
+    void addLocal(FindingKind kind, const Space &space)
     {
-        for (const VectorXd &motion : localMotions(space, stiffness_.freedoms()))
-            add(described(kind, motion));
-    }
-
-    /// Those of an indefinite stiffness share no eigenspace: the first stands for all.
-    void addUnstable(const MatrixXd &space)
-    {
-        if (space.cols() == 0)
+        if (space.vectors.cols() == 1) {
+            add(described(kind, space.vectors.col(0), space.smallest));
             return;
-        Finding finding = described(FindingKind::unstable, space.col(0));
-        std::get<Motion>(finding.facts).count = static_cast<int>(space.cols());
-        findings_.push_back(std::move(finding));
+        }
+        for (const VectorXd &motion : localMotions(space.vectors, stiffness_.freedoms()))
+            add(described(kind, motion, space.smallest));
     }
 
     /// Where many are of one shape and cause, no list of them would be read.
@@ -188,12 +201,11 @@ public:
     }
 
 private:
-    Finding described(FindingKind kind, const VectorXd &scaled) const
+    Finding described(FindingKind kind, const VectorXd &scaled, double eigenvalue) const
     {
         Finding finding =
             describedMotion(kind, stiffness_.displacements(scaled), stiffness_.members());
-        std::get<Motion>(finding.facts).eigenvalue =
-            static_cast<double>(stiffness_.quotient(scaled));
+        std::get<Motion>(finding.facts).eigenvalue = eigenvalue;
         return finding;
     }
 
@@ -212,6 +224,25 @@ private:
     std::vector<Finding> findings_;
 };
 
+/// Whether the loads do work on a motion that strains nothing: along its elements it is linear.
+bool doLoadsWork(const ExtendedVector &u, const std::vector<Member<Extended>> &members)
+{
+    Extended work = 0, size = 0;
+    const auto add = [&](Extended load, Extended displacement) {
+        work += load * displacement;
+        size += abs(Extended(load * displacement));
+    };
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int k = 1; k <= 3; ++k)
+            add(Komboi(n, node::Fx - 1 + k), u(freedomOf(n, k) - 1));
+    for (const auto &member : members)
+        for (int k = 1; k <= 2; ++k)
+            add(member.length / 2 * Extended(Stoixeia(member.e, element::wx - 1 + k)),
+                u(freedomOf(member.nodeI, k) - 1) + u(freedomOf(member.nodeJ, k) - 1));
+    constexpr double rounding = 1e-9;
+    return abs(work) > Extended(rounding) * size;
+}
+
 } // namespace
 
 std::vector<Finding> findMotions()
@@ -221,9 +252,10 @@ std::vector<Finding> findMotions()
     motions.addLoose();
     Finding sound = {FindingKind::noFreeMotion, Severity::good, {}, {}, {}, {}};
     if (stiffness.size() > 0) {
-        const Spaces spaces = eigenspaces(stiffness);
-        motions.addLocal(FindingKind::freeMotion, refined(spaces.free, stiffness));
-        motions.addUnstable(spaces.unstable);
+        Spaces spaces = eigenspaces(stiffness);
+        spaces.free.vectors = refined(spaces.free.vectors, stiffness);
+        motions.addLocal(FindingKind::freeMotion, spaces.free);
+        motions.addLocal(FindingKind::unstable, spaces.unstable);
         motions.addLocal(FindingKind::nearlyFree, spaces.nearlyFree);
         sound.facts = spaces.smallest;
     }
@@ -231,23 +263,28 @@ std::vector<Finding> findMotions()
     return found.empty() ? std::vector{sound} : found;
 }
 
-bool canMoveFreely()
+FreeMotion quickTest()
 {
     const ScaledStiffness stiffness;
-    if (!stiffness.loose().empty())
-        return true;
-    if (stiffness.size() == 0)
-        return false;
-    // Inverse iteration about -1e-13: a free motion grows a thousand times as fast as any that is
-    // not at least nearly free.
-    const auto K = shifted<double>(stiffness.matrix(), freeBelow);
-    const Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> factors(K);
-    if (factors.info() != Eigen::Success) { // a pivot of exactly 0, which may mean nothing
-        const std::vector<Finding> found = findMotions();
-        return std::any_of(found.begin(), found.end(), [](const Finding &finding) {
-            return finding.kind == FindingKind::freeMotion;
-        });
+    FreeMotion found = FreeMotion::none;
+    for (const std::size_t freedom : stiffness.loose()) {
+        ExtendedVector u = ExtendedVector::Zero(3 * Arithmos_Kombon);
+        u(static_cast<Index>(freedom)) = 1;
+        found = std::max(found, doLoadsWork(u, stiffness.members()) ? FreeMotion::loaded
+                                                                    : FreeMotion::unloaded);
     }
+    if (stiffness.size() == 0)
+        return found;
+    // Inverse iteration about -1e-13: a free motion grows a thousand times as fast as any that is
+    // not in doubt. A pivot of exactly 0, as negative stiffnesses may leave, is moved off.
+    double shift = freeBelow;
+    Eigen::SimplicialLDLT<Eigen::SparseMatrix<double>> factors;
+    do {
+        factors.compute(shifted<double>(stiffness.matrix(), shift));
+        shift *= 1.5;
+    } while (factors.info() != Eigen::Success && shift < 10 * freeBelow);
+    if (factors.info() != Eigen::Success)
+        return found;
     std::mt19937 random(1);
     VectorXd x(stiffness.size());
     for (double &entry : x)
@@ -255,8 +292,11 @@ bool canMoveFreely()
     constexpr int steps = 4;
     for (int step = 0; step < steps; ++step)
         x = factors.solve(x).eval().normalized();
-    const auto value = static_cast<double>(stiffness.quotient(x));
-    return std::abs(value) < freeBelow;
+    if (abs(stiffness.quotient(x)) < Extended(freeBelow))
+        found = std::max(found, doLoadsWork(stiffness.displacements(x), stiffness.members())
+                                    ? FreeMotion::loaded
+                                    : FreeMotion::unloaded);
+    return found;
 }
 
 } // namespace veskora

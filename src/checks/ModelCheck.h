@@ -8,7 +8,7 @@ namespace veskora {
 
 /// Looks at model and results as they stand and changes nothing. Equilibrium and digits are those
 /// of the last analysis, where it saw this model.
-/// @return free motions first, then equilibrium, digits and slips; at least one of each
+/// @return the worst first; among equals free motions, then equilibrium, digits and slips
 std::vector<Finding> checkModel();
 
 /// Whether @p findings tell of a structure that can move freely.

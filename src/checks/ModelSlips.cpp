@@ -132,6 +132,17 @@ bool hasLoadOnSupport(int n)
     return false;
 }
 
+bool isRotationHeldAlone(int n)
+{
+    if (restraintCode(n) != restraintCode(false, false, true))
+        return false;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        if ((nodeOf(e, element::nodeI) == n && Stoixeia(e, element::hingeI) == 0)
+            || (nodeOf(e, element::nodeJ) == n && Stoixeia(e, element::hingeJ) == 0))
+            return true;
+    return false;
+}
+
 Pairs nodesOn(const std::vector<Segment> &all)
 {
     Pairs pairs;
@@ -259,6 +270,7 @@ std::vector<Finding> findSlips()
         ofPairs(ofElements(coincidentElements, warning, rowsOf(sameElements, {first, second})),
                 sameElements),
         ofNodes(loadsOnSupports, note, rowsWhere(Arithmos_Kombon, hasLoadOnSupport)),
+        ofNodes(rotationsHeldAlone, note, rowsWhere(Arithmos_Kombon, isRotationHeldAlone)),
         {unusedGroups, note, {}, {}, unused, {}},
         rangeOfStiffness(all),
         ofElements(shortElements, warning, elementsTooShort(all))};

@@ -30,12 +30,13 @@ struct Curve
     std::array<Point, chords + 1> places, moves;
 };
 
-/// The end rotations of an element that its hinges leave, its ends displaced across it by @p vi and
-/// @p vj.
 struct EndRotations
 {
     double i, j;
 };
+
+/// Those of an element whose hinged ends bear no moment.
+/// @param chord  rotation of the line between its ends
 EndRotations endRotations(ElementType type, double chord, double nodeI, double nodeJ)
 {
     switch (type) {
@@ -181,6 +182,9 @@ void MotionShape::draw() const
     kanvas.setPenWidth(2);
     if (scale_ > 0)
         for (const Curve &curve : curves_) {
+            if (std::all_of(curve.moves.begin(), curve.moves.end(),
+                            [this](Point by) { return sizeOf(by) * scale_ <= visible; }))
+                continue;
             std::array<Point, Curve::chords + 1> places;
             std::transform(curve.places.begin(), curve.places.end(), curve.moves.begin(),
                            places.begin(), [this](Point p, Point by) { return moved(p, by); });

@@ -70,6 +70,16 @@ const std::map<std::string, std::pair<std::string, std::string>> cases = {
     {"columns without inertia",
      {"G 2e8 0.01 0; N 0 0 xxx; N 0 3; N 4 3; N 4 0 xxx; E 1 2 2; E 2 3; E 3 4 2",
       "1 shift: no stiffness, 2 3"}},
+    {"frame hinged to its clamped foot",
+     {"N 0 0 xxx; N 0 3; N 4 3; E 1 2 1 1 0; E 2 3", "1 turn: hinges, 2 3"}},
+    {"truss on one pin",
+     {"N 0 0 xxx; N 2 0 oox; N 1 1 oox; E 1 2 1 1 1; E 1 3 1 1 1; E 3 2 1 1 1",
+      "1 turn: no support, 2 3"}},
+    {"two parts pushed by springs",
+     {"N 0 0 oxo; N 4 0 oxo; E 1 2; N 0 9 oxo; N 4 9 oxo; E 3 4; S 1 -100; S 3 -50",
+      "unstable 1 linkage: negative, 1 2; unstable 1 linkage: negative, 3 4"}},
+    {"spring that cancels the beam",
+     {"N 0 0 xxx; N 4 0; E 1 2; S 2 -525000", "1 shift: negative, 2"}},
     {"held by a spring", {"N 0 0 oxo; N 4 0 oxo; E 1 2; S 1 100", ""}},
     {"held by a spring far too soft",
      {"N 0 0 oxo; N 4 0 oxo; E 1 2; S 1 1e-5", "nearly 1 shift: softness, 1 2"}},
@@ -79,6 +89,12 @@ const std::map<std::string, std::pair<std::string, std::string>> cases = {
     {"three hinges on an inclined line",
      {"N 0.1 0.1 xxx; N 1.4 0.7 oox; N 2.7 1.3 xxx; E 1 2 1 1 1; E 2 3 1 1 1",
       "1 shift: hinges, 2"}},
+    {"the same far from the origin",
+     {"N 1000.1 0.1 xxx; N 1001.4 0.7 oox; N 1002.7 1.3 xxx; E 1 2 1 1 1; E 2 3 1 1 1",
+      "nearly 1 shift: hinges, 2"}},
+    {"slender cantilever far from the origin",
+     {"G 2.1e8 .01 1e-9; N 1000 0 xxx; N 1000 1; N 1000 2; N 1000 3; E 1 2 2; E 2 3 2; E 3 4 2",
+      ""}},
     {"beam 1e8 times as stiff as its columns",
      {"G 2.1e16 0.01 1e-4; N 0 0 xxx; N 0 4; N 6 4; N 6 0 xxx; E 1 2; E 2 3 2; E 3 4", ""}},
 };
@@ -93,7 +109,7 @@ TEST(FreeMotions, AreToldWithTheirCause)
             if (Stoixeia(e, element::group) == 0)
                 Stoixeia(e, element::group) = 1;
         EXPECT_EQ(told(findMotions()), model.second);
-        EXPECT_EQ(canMoveFreely(), !model.second.empty() && model.second[0] < 'a');
+        EXPECT_EQ(quickTest() != FreeMotion::none, !model.second.empty() && model.second[0] < 'a');
     }
 }
 
@@ -218,7 +234,7 @@ TEST(FreeMotions, AreAsManyAsTheExactRankLeaves)
             if (finding.kind == FindingKind::freeMotion)
                 count += std::get<Motion>(finding.facts).count;
         ASSERT_EQ(count, expected) << "trial " << trial;
-        ASSERT_EQ(canMoveFreely(), expected > 0) << "trial " << trial;
+        ASSERT_EQ(quickTest() != FreeMotion::none, expected > 0) << "trial " << trial;
     }
     EXPECT_GT(std::min(frames[0], frames[1]), 50);
 }

@@ -64,7 +64,7 @@ TEST_F(MotionShape, ArrowsShowWhatTheShapeDoesNot)
         {line + "0 0", {1, 0, noise, 1, 0, -noise}, 1, 2, 0},        // shift
         {line + "0 0", {0, 0, .1, noise, 1, .1}, 1, 1, 1},           // turn about node 1
         {line + "0 0", {0, 0, 1, 0, noise, 0}, 1, 0, 1},             // strained by rotations
-        {line + "0 0; N 5 5", {0, 0, 0, 0, 0, 0, 0, 1, 0}, 1, 1, 0}, // joined to nothing
+        {line + "0 0; N 5 5", {0, 0, 0, 0, 0, 0, 0, 1, 0}, 0, 1, 0}, // joined to nothing
         {"N 0 0", {0, 0, 1}, 0, 0, 1},                               // all alone
         {line + "0 0; E 2 1; E 1 9", {1, 0, 0, 1, 0, 0}, 2, 2, 0},   // an element without its node
     };

@@ -228,8 +228,7 @@ std::vector<VectorXd> localMotions(const MatrixXd &space, const std::vector<std:
         for (const VectorXd &local : Part(projector, rows, freedoms).localMotions()) {
             VectorXd motion = VectorXd::Zero(projector.rows());
             motion(rows) = local;
-            const double limit = 1e-9 * motion.cwiseAbs().maxCoeff();
-            all.push_back((motion.array().abs() > limit).select(motion, 0));
+            all.push_back(motion);
         }
     return all;
 }

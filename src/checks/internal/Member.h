@@ -68,6 +68,14 @@ struct Member
         return strain;
     }
 
+    /// Twice the strain energy under displacements @p u of all freedoms.
+    Real energy(const auto &u) const
+    {
+        const auto [elongation, atI, atJ] = strain(u);
+        return axial * elongation * elongation + momentII * atI * atI
+               + Real(2) * momentIJ * atI * atJ + momentJJ * atJ * atJ;
+    }
+
     /// In global axes.
     std::array<Row, 6> stiffness() const
     {

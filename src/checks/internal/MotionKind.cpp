@@ -108,7 +108,7 @@ private:
         for (const Motion::Move &move : motion_.moves)
             moving.push_back(move.node);
         if (!moves(moving.front()))
-            motion_.shape = turning;
+            motion_.shape = moving.size() == 1 ? turning : linkage;
         else if (moving.size() == 1 && setTurn(withNeighbours(moving)))
             motion_.shape = turn;
         else if (setShift(moving))
@@ -195,33 +195,40 @@ private:
     {
         using enum Motion::Cause;
         const auto &moved = motion_.moves;
-        if (kind_ == FindingKind::unstable) {
-            motion_.cause = negative;
-            collectStrained([](Extended stiffness) { return stiffness < 0; });
-            return;
-        }
         if (std::all_of(moved.begin(), moved.end(),
-                        [](const auto &move) { return elementAt(move.node) == 0; })) {
+                        [](const auto &move) { return elementAt(move.node) == 0; })
+            && kind_ != FindingKind::unstable) {
             motion_.cause = noElement;
             return;
         }
-        collectStrained([](Extended stiffness) { return stiffness == 0; });
+        collectStrained([](const auto &stiffness) { return stiffness == 0; });
         if (!groups_.empty()) {
             motion_.cause = noStiffness;
             return;
         }
-        if (motion_.shape == Motion::Shape::turning) {
-            motion_.cause = kind_ == FindingKind::freeMotion ? onlyHinges : softness;
+        collectStrained([](const auto &stiffness) { return stiffness < 0; });
+        collectSprings([](float stiffness) { return stiffness < 0; });
+        if (kind_ == FindingKind::unstable || !groups_.empty() || !motion_.springs.empty()) {
+            motion_.cause = negative;
             return;
         }
-        if (isWhole()) {
-            motion_.cause = kind_ == FindingKind::freeMotion ? noSupport : softness;
+        if (motion_.shape == Motion::Shape::turning && kind_ == FindingKind::freeMotion) {
+            motion_.cause = onlyHinges;
             return;
         }
+        const bool whole = isWhole();
         for (const auto &member : members_)
-            if (turnsInHinge(member))
+            if (turnsInHinge(member) && (!whole || isHingedToSupport(member)))
                 elements_.insert(member.e);
-        motion_.cause = elements_.empty() ? softness : hinges;
+        collectSprings([](float stiffness) { return stiffness > 0; });
+        if (!elements_.empty())
+            motion_.cause = hinges;
+        else if (whole && motion_.springs.empty() && kind_ == FindingKind::freeMotion)
+            motion_.cause = noSupport;
+        else {
+            motion_.cause = softness;
+            collectResisting();
+        }
     }
 
     bool isStrained(Extended strain) const { return std::abs(static_cast<double>(strain)) > still; }
@@ -241,6 +248,35 @@ private:
                 groups_.insert(groupOf(member.e));
             }
         }
+    }
+
+    /// Nodes whose springs are so and stretched.
+    void collectSprings(auto isSo)
+    {
+        motion_.springs.clear();
+        for (int n = 1; n <= Arithmos_Kombon; ++n)
+            if ((isSo(Elatiria(n, 1)) && std::abs(at(n, 1)) > still)
+                || (isSo(Elatiria(n, 2)) && std::abs(at(n, 2)) > still)
+                || (isSo(Elatiria(n, 3)) && turns(n)))
+                motion_.springs.push_back(n);
+    }
+
+    /// The elements that have a share in what resists the motion.
+    void collectResisting()
+    {
+        std::vector<double> works;
+        double most = 0;
+        for (const auto &member : members_) {
+            works.push_back(
+                std::abs(static_cast<double>(member.energy(motion_.displacements.data()))));
+            most = std::max(most, works.back());
+        }
+        constexpr double share = 0.1;
+        for (std::size_t m = 0; m < members_.size(); ++m)
+            if (works[m] > share * most) {
+                elements_.insert(members_[m].e);
+                groups_.insert(groupOf(members_[m].e));
+            }
     }
 
     /// Whether all that hangs together with what moves does so as one, but for a node that it turns
@@ -268,6 +304,20 @@ private:
             if (moving.contains(root(n)) && standsStill(n))
                 return false;
         return true;
+    }
+
+    /// Whether the member is hinged to the node that all turns about, and that node is clamped:
+    /// then it is the hinge that lets it turn. The bars of a truss are hinged to any support.
+    bool isHingedToSupport(const Member<Extended> &member) const
+    {
+        const int n = motion_.centre;
+        if (n == 0 || Komboi(n, node::fixedRotation) != 1)
+            return false;
+        const bool isRod = !member.isRigidAtI() && !member.isRigidAtJ();
+        const auto others = std::count_if(members_.begin(), members_.end(), [n](const auto &other) {
+            return other.nodeI == n || other.nodeJ == n;
+        });
+        return (member.nodeI == n || member.nodeJ == n) && (!isRod || others == 1);
     }
 
     /// Whether a hinged end turns otherwise than its node.

@@ -3,6 +3,7 @@
 #include "FreeMotions.h"
 #include "Functions.h"
 #include "MathFunc.h"
+#include "Metablites.h"
 #include "Sentences.h"
 
 #include <algorithm>
@@ -111,33 +112,42 @@ std::string motionTitle(const Motion &motion)
 
 std::string noSupportText(const Motion &motion)
 {
-    const std::string tools = Metafrasi(17, "Tools") + ", ";
+    const auto moving = static_cast<int>(motion.moves.size());
+    const bool isAll = moving + (motion.centre > 0 ? 1 : 0) >= Arithmos_Kombon;
+    const std::size_t parts = motion.count > 1 ? 2 : motion.moves.size() > 1 ? 1 : 0;
     return paragraphs(
         {motion.shape == Motion::Shape::shift
-             ? forRows(Metafrasi(1668,
-                                 "Nothing holds it in this direction. Hold it by a support or "
-                                 "a spring.|Nothing holds them in this direction. Hold one of "
-                                 "them by a support or a spring."),
-                       motion.moves.size())
-             : Metafrasi(1669, "The supports do not hold this part. It needs at least three held "
-                               "directions or springs that are not all parallel and do not all "
-                               "meet in one point; a held rotation counts as one."),
-         filled(
-             Metafrasi(1670,
-                       "If this part looks joined to the rest, two nodes may stand at one place: "
-                       "find them by %1, join them by %2."),
-             {tools + Metafrasi(22, "Check") + ", " + Metafrasi(23, "Coincident nodes"),
-              tools + Metafrasi(19, "Merge nodes")})});
+             ? part(Metafrasi(1668,
+                              "Nothing holds it in this direction. Hold it by a support or a "
+                              "spring.|Nothing holds them in this direction. Hold one of them by a "
+                              "support or a spring.|Nothing holds these parts in this direction. "
+                              "Hold one node of each part by a support or a spring."),
+                    parts)
+             : Metafrasi(1669,
+                         "The supports do not hold what turns. Each part needs at least three "
+                         "held directions or springs that are not all parallel and do not "
+                         "all meet in one point; a held rotation counts as one."),
+         isAll ? ""
+               : Metafrasi(1670, "If this part looks joined to the rest, see what else is told "
+                                 "here: coincident nodes, and nodes on elements that pass them "
+                                 "by.")});
 }
 
 std::string hingesText(const std::vector<int> &elements)
 {
     return paragraphs(
-        {Metafrasi(1671, "The hinges let this motion pass without straining anything. Make an end "
-                         "rigid, or add a diagonal or a support."),
+        {Metafrasi(1671,
+                   "The hinges let this motion pass without straining anything. Make a corner "
+                   "rigid (rigid ends at a node whose rotation is free), or add a diagonal "
+                   "or a support."),
          elements.empty() ? ""
                           : filled(Metafrasi(1672, "Elements that turn in their hinges: %1."),
                                    {rowList(elements)})});
+}
+
+std::string springsText(const std::vector<int> &nodes)
+{
+    return nodes.empty() ? "" : filled(Metafrasi(1640, "Springs of: %1."), {nodesText(nodes)});
 }
 
 /// Why the motion is possible, and the likely cures.
@@ -211,8 +221,11 @@ std::string groupsText(const std::vector<int> &rows)
 
 std::string eigenvalueText(double eigenvalue)
 {
-    return filled(Metafrasi(1675, "Smallest eigenvalue of the scaled stiffness: %1 (a free motion "
-                                  "below %2, nearly one below %3)."),
+    return filled(part(Metafrasi(1675, "Smallest eigenvalue of the scaled stiffness: %1 (a free "
+                                       "motion below %2, nearly one below %3).|Smallest "
+                                       "eigenvalue of the scaled stiffness: %1. Where it is "
+                                       "negative, nothing balances the structure."),
+                       eigenvalue <= -freeBelow ? 1 : 0),
                   {roundedText(eigenvalue, 2), numberText(freeBelow), numberText(nearlyFreeBelow)});
 }
 
@@ -223,9 +236,8 @@ FindingText motionText(const Finding &finding)
     std::string verdict;
     if (finding.kind == FindingKind::nearlyFree) {
         const std::string text =
-            Metafrasi(1663, "Nearly a mechanism: %1|Next to nothing resists this motion, and "
-                            "rounding decides what the analysis makes of it. Do not trust its "
-                            "numbers.");
+            Metafrasi(1663, "Nearly a mechanism: %1|Next to nothing resists this motion. Rounding "
+                            "may spoil the numbers: see how many digits are right.");
         title = filled(part(text, 0), {title});
         verdict = part(text, 1);
     }
@@ -238,16 +250,17 @@ FindingText motionText(const Finding &finding)
     const bool isCounted =
         motion.count > 1 && motion.cause != Cause::noElement
         && (motion.shape != Motion::Shape::turning || motion.cause == Cause::negative);
-    return {title, paragraphs({verdict, isListed ? nodesText(nodesOf(motion.moves)) : "",
-                               causeText(motion, finding), groupsText(finding.groups),
-                               motion.cause == Cause::hinges ? "" : elementsText(finding.elements),
-                               isCounted ? filled(Metafrasi(1676, "%1 independent motions are told "
-                                                                  "here as one."),
-                                                  {numberText(motion.count)})
-                                         : "",
-                               finding.kind == FindingKind::freeMotion
-                                   ? ""
-                                   : eigenvalueText(motion.eigenvalue)})};
+    return {
+        title,
+        paragraphs(
+            {verdict, isListed ? nodesText(nodesOf(motion.moves)) : "", causeText(motion, finding),
+             springsText(motion.springs), groupsText(finding.groups),
+             motion.cause == Cause::hinges ? "" : elementsText(finding.elements),
+             isCounted ? filled(Metafrasi(1676, "%1 independent motions are told "
+                                                "here as one."),
+                                {numberText(motion.count)})
+                       : "",
+             finding.kind == FindingKind::freeMotion ? "" : eigenvalueText(motion.eigenvalue)})};
 }
 
 } // namespace veskora

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace veskora {
 
@@ -20,10 +21,9 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
         for (int k = 1; k <= 3; ++k)
             springs_(freedomOf(n, k) - 1) = Elatiria(n, k);
 
-    // The largest entry of each row: the diagonal one, unless negative stiffnesses cancel there.
     const std::vector<std::size_t> free = freeFreedoms();
     std::vector<Eigen::Triplet<Extended>> entries;
-    ExtendedVector diagonal = springs_, largest = springs_.cwiseAbs();
+    ExtendedVector diagonal = springs_, parts = springs_.cwiseAbs(); // what adds up to it, unsigned
     for (const auto &member : members_) {
         const auto K = member.stiffness();
         const auto at = member.freedoms();
@@ -33,9 +33,10 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
                     const auto row = static_cast<Eigen::Index>(at[r]);
                     const auto column = static_cast<Eigen::Index>(at[c]);
                     entries.emplace_back(row, column, K[r][c]);
-                    if (row == column)
+                    if (row == column) {
                         diagonal(row) += K[r][c];
-                    largest(row) = std::max(largest(row), Extended(abs(K[r][c])));
+                        parts(row) += abs(K[r][c]);
+                    }
                 }
     }
 
@@ -43,13 +44,15 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
     std::vector<Eigen::Index> place(static_cast<std::size_t>(all), none);
     for (const std::size_t freedom : free) {
         const auto row = static_cast<Eigen::Index>(freedom);
-        if (largest(row) == 0) {
+        if (parts(row) == 0) {
             loose_.push_back(freedom);
             continue;
         }
         place[freedom] = size();
         freedoms_.push_back(freedom);
-        scale_(row) = 1 / sqrt(diagonal(row) != 0 ? Extended(abs(diagonal(row))) : largest(row));
+        // Where negative stiffnesses cancel, the rest is rounding and no scale.
+        const Extended size = abs(diagonal(row)), cancelled = parts(row) * Extended(1e-12);
+        scale_(row) = 1 / sqrt(size > cancelled ? size : parts(row));
     }
     std::vector<Eigen::Triplet<Extended>> scaled;
     scaled.reserve(entries.size() + freedoms_.size());
@@ -81,12 +84,38 @@ Extended ScaledStiffness::quotient(const Eigen::VectorXd &scaled) const
 {
     const ExtendedVector u = displacements(scaled);
     Extended energy = (springs_.array() * u.array() * u.array()).sum();
-    for (const auto &member : members_) {
-        const auto [elongation, atI, atJ] = member.strain(u);
-        energy += member.axial * elongation * elongation + member.momentII * atI * atI
-                  + 2 * member.momentIJ * atI * atJ + member.momentJJ * atJ * atJ;
-    }
+    for (const auto &member : members_)
+        energy += member.energy(u.data());
     return energy / scaled.cast<Extended>().squaredNorm();
+}
+
+Extended coordinateRounding(const Member<Extended> &member)
+{
+    float largest = 0;
+    for (const int n : {member.nodeI, member.nodeJ})
+        for (const int column : {node::x, node::y})
+            largest = std::max(largest, std::abs(Komboi(n, column)));
+    return Extended(static_cast<double>(largest) * std::numeric_limits<float>::epsilon());
+}
+
+bool ScaledStiffness::isStrainedByRounding(const Eigen::VectorXd &scaled) const
+{
+    using std::abs, std::sqrt;
+    const ExtendedVector u = displacements(scaled);
+    const Extended still = u.cwiseAbs().maxCoeff() * Extended(1e-6);
+    for (Eigen::Index freedom = 0; freedom < u.size(); ++freedom)
+        if (springs_(freedom) != 0 && abs(u(freedom)) > still)
+            return false;
+    return std::all_of(members_.begin(), members_.end(), [&u](const auto &member) {
+        const Extended x = u(freedomOf(member.nodeJ, 1) - 1) - u(freedomOf(member.nodeI, 1) - 1);
+        const Extended y = u(freedomOf(member.nodeJ, 2) - 1) - u(freedomOf(member.nodeI, 2) - 1);
+        // A rounded end turns the member, and so much of what its ends move strains it.
+        const Extended limit = 2 * coordinateRounding(member) / member.length * sqrt(x * x + y * y);
+        const auto [elongation, atI, atJ] = member.strain(u.data());
+        const auto isSmall = [&](const Extended &way) { return abs(way) <= limit; };
+        return isSmall(elongation) && (!member.isRigidAtI() || isSmall(atI * member.length))
+               && (!member.isRigidAtJ() || isSmall(atJ * member.length));
+    });
 }
 
 } // namespace veskora

@@ -15,6 +15,9 @@ namespace veskora {
 
 using ExtendedVector = Eigen::Matrix<Extended, Eigen::Dynamic, 1>;
 
+/// The last place of the Singles that the coordinates of a member's ends are held in.
+Extended coordinateRounding(const Member<Extended> &member);
+
 /// Coordinates are taken as exact as they stand: rounded projections would give a loop of elements
 /// a small resistance to what moves it freely.
 class ScaledStiffness
@@ -35,6 +38,9 @@ public:
     /// The Rayleigh quotient of a scaled vector, from the strain of members and springs: for a
     /// rigid motion nothing cancels there.
     Extended quotient(const Eigen::VectorXd &scaled) const;
+    /// Whether the members are strained by no more than the rounding of their coordinates may do,
+    /// and no spring is.
+    bool isStrainedByRounding(const Eigen::VectorXd &scaled) const;
 
 private:
     std::vector<std::size_t> loose_, freedoms_;

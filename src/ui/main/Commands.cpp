@@ -131,7 +131,7 @@ constexpr Command menus[] = {
     same("Open", "mnuARXEIO", "mnuANAGNOSIitem", Phrase{3, "Open"}, "Ctrl+O"),
     {"mnuARXEIO", commandPlace::recentMenu, Phrase{1852, "Open recent"}},
     {commandPlace::recentMenu, "mnuRECENT_none_item", Phrase{1849, "No file has been opened or saved yet."}, call<&FileCommands::sayNoneRecent>},
-    same("Save", "mnuARXEIO", "mnuAPOTHIKEFSIitem", Phrase{4, "Save"}, "Ctrl+S"),
+    same("Save", "mnuARXEIO", commandPlace::save, Phrase{4, "Save"}, "Ctrl+S"),
     {"mnuARXEIO", "mnuAPOTHIKEFSIOSitem", Phrase{5, "Save As..."}, call<&FileCommands::saveAs>, nullptr, "Ctrl+Shift+S"},
     {"mnuARXEIO", "mnuSSS1"},
     {"mnuARXEIO", "mnuEXPORT", Phrase{6, "Export..."}},
@@ -142,8 +142,8 @@ constexpr Command menus[] = {
     {"mnuARXEIO", "mnuEKSODOSitem", Phrase{10, "Exit"}, call<&frmMain::exit>, nullptr, "Ctrl+Q"},
 
     {"menubar", commandPlace::editMenu, Phrase{1819, "Edit"}},
-    {commandPlace::editMenu, "mnuUNDOitem", Phrase{1820, "Undo"}, call<&UndoCommands::undo>, nullptr, "Ctrl+Z"},
-    {commandPlace::editMenu, "mnuREDOitem", Phrase{1821, "Redo"}, call<&UndoCommands::redo>, nullptr, "Ctrl+Shift+Z; Ctrl+Y"},
+    {commandPlace::editMenu, commandPlace::undo, Phrase{1820, "Undo"}, call<&UndoCommands::undo>, nullptr, "Ctrl+Z"},
+    {commandPlace::editMenu, commandPlace::redo, Phrase{1821, "Redo"}, call<&UndoCommands::redo>, nullptr, "Ctrl+Shift+Z; Ctrl+Y"},
 
     {"menubar", "mnuFOREAS", Phrase{11, "Model"}},
     same("EAI", "mnuFOREAS", "mnuOMADESitem", Phrase{12, "E,A,I Element Groups"}),
@@ -164,7 +164,7 @@ constexpr Command menus[] = {
     {"mnuELEGXOSitem", "mnuSIMP_KOMBitem", Phrase{23, "Coincident nodes"}, call<&WindowCommands::checkNodes>},
     {"mnuELEGXOSitem", "mnuSIMP_STOIXitem", Phrase{24, "Coincident elements"}, call<&WindowCommands::checkElements>},
     {"mnuERGALEIA", "mnusss3"},
-    same("Epilisi", "mnuERGALEIA", "mnuEPILISIitem", Phrase{25, "Analyze"}, "F5"),
+    same("Epilisi", "mnuERGALEIA", commandPlace::analyze, Phrase{25, "Analyze"}, "F5"),
     {"mnuERGALEIA", "mnusss24"},
     {"mnuERGALEIA", "mnuIPOLOGISTISitem", Phrase{26, "Calculator"}, call<&startCalculator>},
 
@@ -178,7 +178,7 @@ constexpr Command menus[] = {
     same("Rithmiseis", "mnuSXEDIASI", "mnuRITHMISEISitem", Phrase{32, "View options"}, "F8"),
 
     {"menubar", "mnuANAFORES", Phrase{1617, "Report"}},
-    {"mnuANAFORES", "mnuELEGXOS_ANALYSIS_item", Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
+    {"mnuANAFORES", commandPlace::check, Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
 
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},

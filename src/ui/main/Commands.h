@@ -40,6 +40,11 @@ inline constexpr const char *recentMenu = "mnuRECENT";
 inline constexpr const char *toolbar = "Toolbar2";
 inline constexpr const char *toolMenu = "mnuZoomakia";
 inline constexpr const char *rowMenu = "mnuAorato";
+inline constexpr const char *save = "mnuAPOTHIKEFSIitem";
+inline constexpr const char *undo = "mnuUNDOitem";
+inline constexpr const char *redo = "mnuREDOitem";
+inline constexpr const char *analyze = "mnuEPILISIitem";
+inline constexpr const char *check = "mnuELEGXOS_ANALYSIS_item";
 inline constexpr const char *labelMenu = "mnu_Aorato_Times";
 } // namespace commandPlace
 

@@ -79,15 +79,16 @@ void PictureCommands::Button_Deform()
 void PictureCommands::showFinding(const Finding &finding)
 {
     hand_.endViewRun();
+    hand_.hideMarks(); // of what lies under the pointer
     const auto *motion = std::get_if<Motion>(&finding.facts);
     if (motion == nullptr && finding.nodes.empty() && finding.elements.empty())
         return desktop().redraw();
     setMode(view::model);
     Ananeosi_Sxediou();
+    // Rings round all that moves would hide where it goes.
+    markRows(motion == nullptr ? finding.nodes : std::vector<int>{}, finding.elements);
     if (motion != nullptr)
         drawMotion(motion->displacements);
-    else
-        markRows(finding.nodes, finding.elements);
     canvas_.Picture1->update();
 }
 

@@ -2,6 +2,7 @@
 
 #include "AnalysisCommands.h"
 #include "CoincidenceChecks.h"
+#include "Commands.h"
 #include "Desktop.h"
 #include "frmAbout.h"
 #include "frmDiairesi.h"
@@ -23,6 +24,8 @@
 #include "QtDesktop.h"
 #include "RowQueries.h"
 #include "WindowParts.h"
+
+#include <QAction>
 
 namespace veskora {
 
@@ -232,6 +235,10 @@ void WindowCommands::openCheck()
     QObject::connect(check_, &frmElegxos::refreshWanted, check_, [this] { openCheck(); });
     QObject::connect(check_, &frmElegxos::helpWanted, check_,
                      [this] { help_.showTopicOf(check_); });
+    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
+                             commandPlace::save, commandPlace::check})
+        check_->addAction(
+            window_->findChild<QAction *>(name)); // what mends needs no change of window
     check_->refresh();
     // Where the screen has no room beside the drawing it covers the right end of it, not the
     // middle.

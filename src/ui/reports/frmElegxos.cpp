@@ -84,8 +84,11 @@ void frmElegxos::connectParts()
 
 void frmElegxos::refresh()
 {
-    auto check =
-        std::make_unique<Check>(Onoma_Arxeiou, modelTables(), analysesFinished, checkModel());
+    auto check = std::make_unique<Check>();
+    check->path = Onoma_Arxeiou;
+    check->tables = modelTables();
+    check->analyses = analysesFinished;
+    check->findings = checkModel();
     check->document = checkText(check->findings);
     {
         const QSignalBlocker quiet(ui_->Findings); // the first is picked below

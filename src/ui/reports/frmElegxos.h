@@ -54,7 +54,7 @@ private:
     {
         std::string path; ///< of the model
         ModelTables tables;
-        int analyses; ///< `analysesFinished`
+        int analyses = 0; ///< `analysesFinished`
         std::vector<Finding> findings;
         std::vector<FindingText> texts; ///< of each
         std::string document;           ///< all of them
