@@ -24,7 +24,9 @@ def put(lines, section, row, place, value):
 def analyse(batch, folder, models):
     """All models in one run, their reports beside them; the rows of the summary."""
     summary = folder / "summary.csv"
-    subprocess.run([batch, "--out", folder, "--summary", summary, "--", *models], stderr=subprocess.DEVNULL, check=True)
+    run = subprocess.run([batch, "--out", folder, "--summary", summary, "--", *models], stderr=subprocess.PIPE, text=True)
+    if run.returncode != 0:
+        sys.stderr.write(run.stderr)  # the log of all of them; the table says which
     with open(summary, newline="") as table:
         return list(csv.DictReader(table))
 
@@ -41,12 +43,17 @@ def main(batch, folder):
         variants[factor] = folder / f"columns_{factor}.vsk"
         variants[factor].write_text("\n".join(lines))
     print("I columns     largest M  element       x     smallest M  element       x")
-    for factor, row in zip(variants, analyse(batch, folder, variants.values())):
-        print(f"{factor:9.1f}", *(f"{float(row[m]):14.3f} {row[m + '_element']:>8} {float(row[m + '_x']):7.3f}"
-                                  for m in ("max_M", "min_M")))
+    rows = analyse(batch, folder, variants.values())
+    for factor, row in zip(variants, rows):
+        if row["status"] == "ok":
+            print(f"{factor:9.1f}", *(f"{float(row[m]):14.3f} {row[m + '_element']:>8} {float(row[m + '_x']):7.3f}"
+                                      for m in ("max_M", "min_M")))
+        else:
+            print(f"{factor:9.1f} {row['status']}")
+    return 0 if all(row["status"] == "ok" for row in rows) else 1
 
 
 if __name__ == "__main__":
     if len(sys.argv) != 3:
         sys.exit(__doc__)
-    main(*sys.argv[1:])
+    sys.exit(main(*sys.argv[1:]))

@@ -4,6 +4,9 @@
 #include "Fault.h"
 #include "Functions_Bres_Megista.h"
 
+#include <algorithm>
+#include <cmath>
+
 namespace veskora {
 
 std::optional<double> AlongElement::placeOfExtremeM() const
@@ -22,9 +25,7 @@ AlongElement alongElement(int e)
             wx * c + wy * s, -wx * s + wy * c};
 }
 
-namespace {
-
-std::optional<SpanMoment> extremeOfSpan(int e)
+std::optional<SpanMoment> extremeBetweenEnds(int e)
 try {
     const AlongElement along = alongElement(e);
     const std::optional<double> x = along.placeOfExtremeM();
@@ -33,16 +34,20 @@ try {
     return std::nullopt;
 }
 
-} // namespace
+bool isLarger(double M, double other)
+{
+    constexpr double rounding = 1e-9;
+    return M - other > rounding * std::max(std::abs(M), std::abs(other));
+}
 
 SpanMoments spanMoments()
 {
     SpanMoments found;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (const std::optional<SpanMoment> extreme = extremeOfSpan(e)) {
-            if (!found.greatest || extreme->M > found.greatest->M)
+        if (const std::optional<SpanMoment> extreme = extremeBetweenEnds(e)) {
+            if (!found.greatest || isLarger(extreme->M, found.greatest->M))
                 found.greatest = extreme;
-            if (!found.least || extreme->M < found.least->M)
+            if (!found.least || isLarger(found.least->M, extreme->M))
                 found.least = extreme;
         }
     return found;

@@ -43,4 +43,11 @@ struct SpanMoments
 };
 SpanMoments spanMoments();
 
+/// The extreme of M between the ends of element @p e; none where there is none or the element
+/// cannot be computed.
+std::optional<SpanMoment> extremeBetweenEnds(int e);
+
+/// Whether a moment is larger than another by more than rounding: of equal ones the first is told.
+bool isLarger(double M, double other);
+
 } // namespace veskora

@@ -36,6 +36,8 @@ public:
         : order_(order), out_(out), err_(err), desktop_(err)
     {
         setDesktop(&desktop_);
+        for (const std::string &model : order.models)
+            models_.insert(canonical(model));
     }
     ~BatchRun() { setDesktop(nullptr); }
     BatchRun(const BatchRun &) = delete;
@@ -53,7 +55,12 @@ public:
         if (!isDone)
             warnOfOldFiles(model);
         if (!order_.summary.empty())
-            summary_.push_back(summaryRow(model, status));
+            isDone = succeeds(model,
+                              [&] {
+                                  summary_.push_back(summaryRow(model, status));
+                                  return std::string();
+                              })
+                     && isDone;
         return isDone;
     }
 
@@ -84,6 +91,7 @@ private:
 
     void tell(const std::string &subject, const std::string &what)
     {
+        desktop_.finishLine();
         err_ << "Veskora_batch: " << subject << ": " << what << std::endl;
     }
 
@@ -135,6 +143,8 @@ private:
             return target + " was written in this run already";
         if (isModelOfRun(target))
             return target + " is a model of this run and no place for results";
+        if (holdsModel(target))
+            return target + " holds a model and is no place for results";
         try {
             writeWholeFile(target, content, Durability::onDisk);
         } catch (const Fault &fault) {
@@ -164,17 +174,14 @@ private:
 
     bool isModelOfRun(const std::string &target) const
     {
-        return std::ranges::any_of(order_.models, [&](const std::string &model) {
-            std::error_code ignored;
-            return fs::equivalent(model, target, ignored);
-        });
+        return models_.contains(canonical(target));
     }
 
     const Order &order_;
     std::ostream &out_;
     std::ostream &err_;
     BatchDesktop desktop_;
-    std::set<std::string> written_; ///< canonical
+    std::set<std::string> models_, written_; ///< canonical
     CsvTable summary_ = {summaryHeader()};
 };
 

@@ -21,11 +21,12 @@ inline constexpr int wrongUsage = 2;
 bool wantsPictures(const std::vector<std::string> &arguments);
 
 /// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
-/// and writes its report, and its check when ordered, even where the analysis fails. Every model
-/// starts from a fresh store with the default settings, and a failure of one does not keep the next
-/// from its turn. An unconnected node is reported and kept.
+/// and writes what is ordered: report, check, tables, pictures; check and model picture even where
+/// the analysis fails. Every model starts from a fresh store with the default settings, and a
+/// failure of one does not keep the next from its turn. The summary of all comes last. An
+/// unconnected node is reported and kept.
 ///
-/// @param out  where "-" prints the reports
+/// @param out  where "-" prints the reports, and "--summary -" the summary
 /// @param err  what the message log would say, and why a model failed
 /// @return one of `batchStatus`
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err);

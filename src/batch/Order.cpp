@@ -26,7 +26,8 @@ const char *const usage =
     "             and MODEL_nodes.csv (displacements and reactions) too; not with -\n"
     "  --summary FILE\n"
     "             write a row for each model: how the analysis ended, extremes of M and\n"
-    "             of the displacements, sums of loads and reactions; - prints it\n"
+    "             of the displacements, sums of loads and reactions; - prints it;\n"
+    "             DIR does not count for it\n"
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
@@ -61,19 +62,24 @@ constexpr auto flags = std::to_array<Flag>({
     {"-h", &Order::help},
 });
 
+/// A forgotten name must not make the option behind it, or the first model, the place.
+bool isName(const std::string &value)
+{
+    return !value.empty() && !value.starts_with('-');
+}
+
 bool takeFolder(Order &order, const std::string &value)
 {
     const bool isFirst = order.folder.empty();
     order.folder = value;
-    return isFirst;
+    return isFirst && isName(value);
 }
 
-/// A forgotten name must not make the first model the place of the summary.
 bool takeSummary(Order &order, const std::string &value)
 {
     const bool isFirst = order.summary.empty();
     order.summary = value;
-    return isFirst && !value.empty() && !value.ends_with(modelExtension);
+    return isFirst && (value == "-" || isName(value)) && !value.ends_with(modelExtension);
 }
 
 bool takeSize(Order &order, const std::string &value)

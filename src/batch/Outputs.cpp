@@ -15,10 +15,7 @@ namespace {
 
 Made report(const Order &)
 {
-    std::string text;
-    for (const ReportSection &section : reportSections)
-        text += section.text();
-    return {reportFileText(underWarnings(text)), {}, {}};
+    return {reportFileText(reportOf([](const ReportSection &) { return true; })), {}, {}};
 }
 
 Made check(const Order &)

@@ -24,20 +24,13 @@ CsvRow endRow(int e, const char *name, int nodeColumn, double (StressResultant::
     return row;
 }
 
-std::optional<SpanMoment> extremeOfSpan(int e)
-{
-    const AlongElement along = alongElement(e);
-    const auto x = along.placeOfExtremeM();
-    return x ? std::optional(SpanMoment{e, *x, along.M(*x)}) : std::nullopt;
-}
-
 /// At the ends and, where there is one, at the extreme between them.
 std::vector<SpanMoment> allMoments()
 {
     std::vector<SpanMoment> moments;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
         moments.push_back({e, 0, resultantM.atI(e)});
-        if (const auto between = extremeOfSpan(e))
+        if (const auto between = extremeBetweenEnds(e))
             moments.push_back(*between);
         moments.push_back({e, alongElement(e).length, resultantM.atJ(e)});
     }
@@ -49,14 +42,19 @@ std::vector<SpanMoment> allMoments()
 void appendMoments(CsvRow &row)
 {
     const std::vector<SpanMoment> moments = allMoments();
-    const auto byM = [](const SpanMoment &a, const SpanMoment &b) { return a.M < b.M; };
-    for (const auto place : {std::max_element(moments.begin(), moments.end(), byM),
-                             std::min_element(moments.begin(), moments.end(), byM)}) {
-        if (place == moments.end())
-            row.resize(row.size() + 3);
-        else
-            row.insert(row.end(), {csvNumber(place->M), numberText(place->e), csvNumber(place->x)});
+    if (moments.empty()) {
+        row.resize(row.size() + 6);
+        return;
     }
+    SpanMoment largest = moments.front(), smallest = largest;
+    for (const SpanMoment &moment : moments) {
+        if (isLarger(moment.M, largest.M))
+            largest = moment;
+        if (isLarger(smallest.M, moment.M))
+            smallest = moment;
+    }
+    for (const SpanMoment &extreme : {largest, smallest})
+        row.insert(row.end(), {csvNumber(extreme.M), numberText(extreme.e), csvNumber(extreme.x)});
 }
 
 double displacementOf(int n)
@@ -107,7 +105,7 @@ CsvTable spansTable()
 {
     CsvTable table = {{"element", "x", "M"}};
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (const auto extreme = extremeOfSpan(e))
+        if (const auto extreme = extremeBetweenEnds(e))
             table.push_back({numberText(e), csvNumber(extreme->x), csvNumber(extreme->M)});
     return table;
 }

@@ -79,7 +79,7 @@ void logSummary()
     };
     const int freedom = largestTranslation();
     Grammi_Log(filled(Metafrasi(1838, "Loads: x %1, y %2; reactions: x %3, y %4; largest "
-                                      "displacement: %5"),
+                                      "displacement of a node: %5"),
                       {sum(found.x.loads), sum(found.y.loads), sum(found.x.reactions),
                        sum(found.y.reactions),
                        freedom == 0 ? "0"
@@ -92,8 +92,11 @@ void logSummary()
 void logFirstMotion()
 {
     const Finding first = findMotions().front();
-    if (first.severity == Severity::fault)
-        Grammi_Log(textOf(first).title, logColour::red);
+    if (first.severity != Severity::fault)
+        return;
+    const FindingText text = textOf(first);
+    Grammi_Log(text.title + ". " + text.explanation.substr(0, text.explanation.find("\r\n")),
+               logColour::red);
 }
 
 /// Leads on from what the analysis has told by itself.

@@ -270,14 +270,21 @@ std::string Anafora_Keimenou(int kind)
     return place < reportSections.size() ? reportSections[place].text() : "";
 }
 
-std::string underWarnings(const std::string &sections)
+std::string reportOf(const std::function<bool(const ReportSection &)> &isIn)
 {
-    if (sections.empty())
-        return {};
+    std::string text;
+    bool hasResultsIn = false;
+    for (const ReportSection &section : reportSections)
+        if (isIn(section)) {
+            text += section.text();
+            hasResultsIn = hasResultsIn || section.chosen != &Nai_Dedomena;
+        }
+    if (!hasResultsIn)
+        return text;
     std::string head;
     for (const ResultWarning warning : resultWarnings())
         head.append(textOf(warning)).append(nl);
-    return head.empty() ? sections : head.append(nl) + sections;
+    return head.empty() ? text : head.append(nl) + text;
 }
 
 std::string reportFileText(const std::string &report)

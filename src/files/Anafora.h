@@ -8,6 +8,7 @@
 #include "Functions.h"
 
 #include <array>
+#include <functional>
 #include <string>
 
 namespace veskora {
@@ -32,9 +33,9 @@ extern const std::array<ReportSection, 4> reportSections;
 /// The text of section @p kind, counted from 1; empty for any other value.
 std::string Anafora_Keimenou(int kind);
 
-/// The @p sections of a report, joined, under the lines that must be told of the results; nothing
-/// of nothing.
-std::string underWarnings(const std::string &sections);
+/// Those of `reportSections` that @p isIn, joined; where results are among them, under the lines
+/// that must be told of them.
+std::string reportOf(const std::function<bool(const ReportSection &)> &isIn);
 
 /// What a report file holds for the text @p report: the text and one more line end.
 std::string reportFileText(const std::string &report);

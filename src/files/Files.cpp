@@ -206,6 +206,14 @@ bool openJournal(const std::string &journal, const std::string &model)
     return true;
 }
 
+bool holdsModel(const std::string &path)
+try {
+    ItemReader reader(path);
+    return hasBanner(reader);
+} catch (const Fault &) {
+    return false;
+}
+
 bool isModelFile(const std::string &path)
 try {
     InputFile file(path);

@@ -40,6 +40,9 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 /// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
 bool isModelFile(const std::string &path);
 
+/// Whether the file @p path begins as a model's does, whatever it is called. Says nothing.
+bool holdsModel(const std::string &path);
+
 /// Whether the model in memory would write a file equal to the one named by `Onoma_Arxeiou`: it is
 /// written to a scratch file and the two are compared item by item, view state included. Where no
 /// scratch file can be written the answer is no.

@@ -160,18 +160,6 @@ private:
     std::vector<std::pair<StoreVariable, SettingValue>> values_;
 };
 
-bool hasBanner(ItemReader &reader)
-try {
-    // All five are read before the comparison: a file too short for a banner is a failed read.
-    std::array<std::string, banner.size()> items;
-    std::ranges::generate(items, [&] { return reader.item(); });
-    return std::ranges::equal(items, banner);
-} catch (const Fault &) {
-    if (!reader.isItemTooLong())
-        throw;
-    return false; // no more one of ours than any other text
-}
-
 /// Reads a section's title, its count, and the empty line behind it.
 std::int16_t readHead(ItemReader &reader, const char *rows, int most)
 {
@@ -337,6 +325,18 @@ void readSections(ItemReader &reader)
 }
 
 } // namespace
+
+bool hasBanner(ItemReader &reader)
+try {
+    // All five are read before the comparison: a file too short for a banner is a failed read.
+    std::array<std::string, banner.size()> items;
+    std::ranges::generate(items, [&] { return reader.item(); });
+    return std::ranges::equal(items, banner);
+} catch (const Fault &) {
+    if (!reader.isItemTooLong())
+        throw;
+    return false; // no more one of ours than any other text
+}
 
 bool readModelText(ItemReader &reader)
 {

@@ -165,13 +165,10 @@ void clamp(const SymbolPen &pen, Ground ground)
     }
 }
 
-/// Draws the support of node @p n.
+/// Draws the symbol of a support at node @p n.
 /// @return how far the node's label moves aside
-Point drawSupport(int n, const SymbolPen &pen)
+Point drawSupport(int n, const std::string &code, const SymbolPen &pen)
 {
-    const std::string code = restraintText(n);
-    if (code.empty() || !areRestraintsValid(n))
-        return {}; // most nodes: the search for their elements is saved
     const Point direction = structureDirection(n);
     if (code == "xoo") {
         rollerX(pen, sideX(direction));
@@ -182,10 +179,7 @@ Point drawSupport(int n, const SymbolPen &pen)
         return {};
     }
     if (code == "oox") {
-        if (smallHeldRotation)
-            smallHeldRotationMark(pen);
-        else
-            heldRotation(pen, sideX(direction));
+        heldRotation(pen, sideX(direction));
         return {};
     }
     if (code == "xxo") {
@@ -203,6 +197,20 @@ Point drawSupport(int n, const SymbolPen &pen)
     const Ground ground = groundOfClamp(direction);
     clamp(pen, ground);
     return {0, ground == Ground::below ? 0.1 : 0};
+}
+
+Point drawSupport(int n, const SymbolPen &pen)
+{
+    std::string code = restraintText(n);
+    if (code.empty() || !areRestraintsValid(n))
+        return {}; // most nodes: the search for their elements is saved
+    // At a truss's joint the rotation is held for the analysis's sake: its supports are those of
+    // the directions.
+    if (smallHeldRotation && code[2] == 'x' && (code == "oox" || meetsOnlyHinges(n))) {
+        smallHeldRotationMark(pen);
+        code[2] = 'o';
+    }
+    return code == "ooo" ? Point() : drawSupport(n, code, pen);
 }
 
 void drawSprings(int n, const SymbolPen &pen)

@@ -227,7 +227,8 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
     const std::string pointer = "See Report, Check of the analysis: it tells whether parts of the "
                                 "structure can move, which ones, and how.";
     const std::string beam = "G 2.1e8 .01 1e-4; N 0 0 oxo; N .7 0; E 1 2 1; E 2 3 1; N 3 0 ";
-    const std::string none = "Loads: x 0, y -5; reactions: x 0, y 5; largest displacement: 0";
+    const std::string none =
+        "Loads: x 0, y -5; reactions: x 0, y 5; largest displacement of a node: 0";
     struct Case
     {
         std::string model;
@@ -238,7 +239,8 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
          {Case{beam + "oxo 0 -5", {none, silent}, true},
           {beam + "xxo 0 -5", {"Total time:  0 sec", none}, false},
           {"G 2.1e8 .01 1e-4; N 0 0 xxx; N 3 0 ooo 21000; E 1 2 1", // F L / EA
-           {"Loads: x 21000, y 0; reactions: x -21000, y 0; largest displacement: 0.03 (node "
+           {"Loads: x 21000, y 0; reactions: x -21000, y 0; largest displacement of a node: 0.03 "
+            "(node "
             "2, x)"},
            false},
           {beam + "oxo 5", {"u(1): node 1, x", "Loads: x 5", pointer}, true},

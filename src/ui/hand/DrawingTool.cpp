@@ -1,5 +1,7 @@
 #include "DrawingTool.h"
 
+#include "HitTest.h"
+
 #include "CanvasObjects.h"
 #include "Desktop.h"
 #include "Diagrafes.h"
@@ -83,9 +85,15 @@ void DrawingTool::doubleClick(const Point &at, bool withCtrl)
 
 void DrawingTool::setSupport(const char *code)
 {
-    if (Katastasi_Provolis != view::model || !under_.Pano_Se_Kombo())
+    if (Katastasi_Provolis != view::model)
         return;
-    const int n = under_.Kombos_Deikti;
+    // With the grid on, what lies off it is not pointed at, but a double click reaches it too.
+    constexpr double near = 0.5; // centimetres
+    const int n = under_.Pano_Se_Kombo()
+                      ? under_.Kombos_Deikti
+                      : nearestNode(under_.Teleftaio_X, under_.Teleftaio_Y, near);
+    if (n == 0)
+        return;
     if (veskora::setSupport(n, code)) {
         logNode(n, false);
         emit edited();

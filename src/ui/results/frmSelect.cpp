@@ -39,14 +39,9 @@ frmSelect::~frmSelect() = default;
 
 void frmSelect::accept()
 {
-    answer_.emplace();
-    for (std::size_t i = 0; i < checks_.size(); ++i) {
-        const ReportSection &section = reportSections[i];
-        *section.chosen = checks_[i]->isChecked();
-        if (*section.chosen)
-            *answer_ += section.text();
-    }
-    answer_ = underWarnings(*answer_);
+    for (std::size_t i = 0; i < checks_.size(); ++i)
+        *reportSections[i].chosen = checks_[i]->isChecked();
+    answer_ = reportOf([](const ReportSection &section) { return *section.chosen; });
     sectionsChosen = true;
     QDialog::accept();
 }
