@@ -237,6 +237,8 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
                                                       {"--out", path("x")},
                                                       {"--csv", "-", small},
                                                       {"--summary", small, small},
+                                                      {"--summary", "--csv", small},
+                                                      {"--out", "--check", small},
                                                       {"--summary", "-", "-", small},
                                                       {"--fit", small},
                                                       {"--label-scale", "2", small},
@@ -260,6 +262,10 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     fs::copy_file(small, path("a/small.vsk"));
     EXPECT_EQ(run({"--out", path(""), small, path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small.txt was written in this run already"));
+
+    fs::copy_file(small, path("A.VSK")); // no model of the run, as its name has gone astray
+    EXPECT_EQ(run({"--out", path(""), "--summary", path("A.VSK"), small}), batchStatus::someFailed);
+    EXPECT_EQ(contentOf(path("A.VSK")), contentOf(small));
 
     fs::copy_file(small, path("mod.txt"));
     EXPECT_EQ(run({"--out", path(""), path("mod.txt")}), batchStatus::someFailed);
