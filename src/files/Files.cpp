@@ -265,15 +265,16 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
 
 void Apothikefsi_Anaforas(const std::string &path)
 {
-    saveReport(Anafora, path, "");
+    (void)saveReport(Anafora, path, "");
 }
 
-void saveReport(const std::string &report, const std::string &path, const std::string &suffix)
+std::string saveReport(const std::string &report, const std::string &path,
+                       const std::string &suffix)
 {
-    (void)writeAskedFile(reportFileText(report),
-                         filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
-                             + filterFor(Metafrasi(1773, "All files"), ".*"),
-                         withoutExtension(path) + suffix + reportExtension, reportExtension);
+    return writeAskedFile(reportFileText(report),
+                          filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
+                              + filterFor(Metafrasi(1773, "All files"), ".*"),
+                          withoutExtension(path) + suffix + reportExtension, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()

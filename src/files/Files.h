@@ -65,6 +65,8 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
 /// file @p path is proposed, with .txt for its extension. A failure is reported.
 void Apothikefsi_Anaforas(const std::string &path);
 /// The same with the text @p report; behind the name of the model stands @p suffix.
-void saveReport(const std::string &report, const std::string &path, const std::string &suffix);
+/// @return the path written, empty where none was
+std::string saveReport(const std::string &report, const std::string &path,
+                       const std::string &suffix);
 
 } // namespace veskora

@@ -144,7 +144,9 @@ void frmElegxos::copy()
 void frmElegxos::save()
 {
     const BoxOwner owner(this);
-    saveReport(check_->document, check_->path, "_check");
+    if (const std::string path = saveReport(check_->document, check_->path, "_check");
+        !path.empty())
+        Grammi_Log(Metafrasi(1642, "Text file:") + " " + path, logColour::black);
 }
 
 /// What was shown on the canvas goes with the window.
