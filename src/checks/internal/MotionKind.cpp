@@ -266,6 +266,9 @@ private:
     {
         std::vector<double> works;
         double most = 0;
+        for (const int n : motion_.springs)
+            for (int k = 1; k <= 3; ++k)
+                most = std::max(most, std::abs(Elatiria(n, k) * at(n, k) * at(n, k)));
         for (const auto &member : members_) {
             works.push_back(
                 std::abs(static_cast<double>(member.energy(motion_.displacements.data()))));
