@@ -307,6 +307,7 @@ TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
     const auto draw = [this](std::int16_t mode, std::size_t lines) {
         Katastasi_Provolis = mode;
         Ananeosi_Sxediou();
+        reportCutDiagram();
         EXPECT_EQ(std::exchange(desktop.log, {}).size(), lines) << mode;
     };
     Zoom_Best_Fit();
@@ -355,6 +356,7 @@ TEST_F(View, NoViewAndNoModelEndsADrawing)
                     Ena_cm_posa_KNm_M = Ena_cm_posa_m_epi_1000 = step - 1;
                     Katastasi_Provolis = mode;
                     EXPECT_NO_THROW(Ananeosi_Sxediou());
+                    EXPECT_NO_THROW(reportCutDiagram());
                     EXPECT_NO_THROW(Sxedio_Grigoro());
                     EXPECT_LT(kanvas.drawn.size(), 5000U);
                 }
