@@ -314,6 +314,9 @@ TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
     draw(view::M, 1);
     draw(view::N, 0);
     draw(view::deformed, 1);
+    nai_stoixeia = false; // what is not drawn is not cut
+    EXPECT_FALSE(isDiagramCut());
+    nai_stoixeia = true;
     draw(view::M, 0); // told already
     const CanvasView fitted = currentView();
     Arxi_X += 9; // nodes are out of the view too
