@@ -76,13 +76,10 @@ Made drawPicture(std::int16_t shown, const Order &order)
         made.note = fitPicture(order.labelScale);
     else
         Zoom_Best_Fit();
-    if (isDiagramCut()) {
+    if (isDiagramCut())
         made.note = order.fit
                         ? "the diagram leaves the picture"
                         : "the diagram leaves the picture; --fit chooses a scale that holds it";
-        // What the drawing itself would say is of a window's commands.
-        cutReportedFor.at(static_cast<std::size_t>(shown)) = currentView();
-    }
     Ananeosi_Sxediou();
 
     QByteArray content;

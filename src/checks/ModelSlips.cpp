@@ -13,7 +13,6 @@ namespace veskora {
 
 namespace {
 
-constexpr double atOnePlace = 0.001; ///< as the commands that look for coincidences have it
 constexpr double farApart = 1e8;     ///< stiffnesses
 constexpr double shortShare = 0.001; ///< of the model's diagonal
 
@@ -103,15 +102,6 @@ bool doCross(const Segment &s, const Segment &t)
 {
     return !s.endsAt(t.i) && !s.endsAt(t.j) && s.isNear(t) && s.parts(t.a, t.b) && t.parts(s.a, s.b)
            && s.isClearOf(t) && t.isClearOf(s);
-}
-
-std::vector<int> rowsWhere(int rows, bool (*holds)(int))
-{
-    std::vector<int> found;
-    for (int row = 1; row <= rows; ++row)
-        if (holds(row))
-            found.push_back(row);
-    return found;
 }
 
 std::vector<int> rowsOf(const Pairs &pairs, std::initializer_list<int RowPair::*> sides)

@@ -156,7 +156,7 @@ template <typename Take>
 void forDeformedElements(Take take)
 {
     Station station;
-    for (int e = 1; e <= Arithmos_Stoixeion && nai_stoixeia; ++e)
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         skipFaults([&, e] {
             const ElementLine line = elementLine(e);
             if (line.length == 0)
@@ -172,6 +172,14 @@ void forDeformedElements(Take take)
         });
 }
 
+/// The same for the picture, which has the shapes only with the lines of the elements.
+template <typename Take>
+void forDrawnElements(Take take)
+{
+    if (nai_stoixeia)
+        forDeformedElements(take);
+}
+
 } // namespace
 
 void Sxedio_Paramorfosis()
@@ -184,7 +192,7 @@ void Sxedio_Paramorfosis()
     Sxedio_Kombon();
     kanvas.setPenColour(xroma_paramorfosis);
     kanvas.setPenWidth(2);
-    forDeformedElements([&](const ElementLine &, const auto &places) { kanvas.polyline(places); });
+    forDrawnElements([&](const ElementLine &, const auto &places) { kanvas.polyline(places); });
     ShownValues shown(displacementDecimals);
     printHeading("D");
     printExtreme("max.= ", shown(Bres_Max_U()));
@@ -198,7 +206,7 @@ void Sxedio_Paramorfosis()
 std::vector<Reach> displacementReaches()
 {
     std::vector<Reach> all;
-    forDeformedElements([&](const ElementLine &line, const auto &places) {
+    forDrawnElements([&](const ElementLine &line, const auto &places) {
         for (std::size_t k = 0; k <= chords; ++k) {
             const double t = static_cast<double>(k) / chords;
             const Point foot = toCanvas({line.i.x + t * line.dx, line.i.y + t * line.dy});

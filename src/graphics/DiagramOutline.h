@@ -5,8 +5,9 @@
 
 namespace veskora {
 
-/// Says in the log that the picture of results in view is cut off at the canvas's edge; once for
-/// each view of each, and only where all nodes are inside, as otherwise the user has chosen a part.
+/// Says in the log of the window that the picture of results in view is cut off at the canvas's
+/// edge; once for each view of each, and only where all nodes are inside, as otherwise the user has
+/// chosen a part.
 void reportCutDiagram();
 
 /// What is to stay free at the edges of the canvas, centimetres.

@@ -2,7 +2,6 @@
 
 #include "Sxediastika.h"
 
-#include "DiagramOutline.h"
 #include "ElementLine.h"
 #include "Functions.h"
 #include "Kanvas.h"
@@ -148,7 +147,6 @@ void Ananeosi_Sxediou()
             return drawModel();
         }
     });
-    reportCutDiagram();
 }
 
 void DrawRotatedText(const std::string &text, double x, double y, const std::string &fontName,

@@ -64,6 +64,9 @@ void divideElement(int e, int segments);
 /// @name Coincidences
 /// Each pair once, @p i before @p j.
 /// @{
+/// The farthest that nodes may lie apart and still be said to coincide, world units.
+inline constexpr double atOnePlace = 0.001;
+
 struct NodePair
 {
     int i, j;

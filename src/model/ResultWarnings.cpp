@@ -5,12 +5,18 @@
 
 namespace veskora {
 
-std::vector<ResultWarning> resultWarnings()
+ResultState ResultState::ofStore()
+{
+    return {Allagi_Montelou, veskora::hasResults, mechanismSuspected};
+}
+
+std::vector<ResultWarning> resultWarnings(const ResultState &state)
 {
     std::vector<ResultWarning> warnings;
-    if (Allagi_Montelou)
-        warnings.push_back(hasResults ? ResultWarning::modelChanged : ResultWarning::notAnalysed);
-    if (mechanismSuspected)
+    if (state.isModelChanged)
+        warnings.push_back(state.hasResults ? ResultWarning::modelChanged
+                                            : ResultWarning::notAnalysed);
+    if (state.isMechanism)
         warnings.push_back(ResultWarning::mechanism);
     return warnings;
 }

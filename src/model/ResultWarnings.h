@@ -13,8 +13,17 @@ enum class ResultWarning {
     mechanism     ///< the structure that they are of can probably move
 };
 
+/// What results are judged by.
+struct ResultState
+{
+    bool isModelChanged; ///< since the analysis that they are of
+    bool hasResults, isMechanism;
+
+    static ResultState ofStore();
+};
+
 /// Mostly none. The pictures of results, the report, workbooks and the results window tell them.
-std::vector<ResultWarning> resultWarnings();
+std::vector<ResultWarning> resultWarnings(const ResultState &state = ResultState::ofStore());
 
 /// One line.
 std::string textOf(ResultWarning warning);

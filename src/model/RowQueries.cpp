@@ -1,6 +1,7 @@
 #include "RowQueries.h"
 
 #include "Metablites.h"
+#include "ModelEdits.h"
 
 #include <algorithm>
 #include <cmath>
@@ -198,9 +199,7 @@ int countRows(int rows, bool (*holds)(int))
     return count;
 }
 
-namespace {
-
-std::vector<int> rowsThat(int rows, auto holds)
+std::vector<int> rowsWhere(int rows, const std::function<bool(int)> &holds)
 {
     std::vector<int> result;
     for (int row = 1; row <= rows; ++row)
@@ -209,25 +208,22 @@ std::vector<int> rowsThat(int rows, auto holds)
     return result;
 }
 
-} // namespace
-
 std::vector<int> elementsOfGroup(int g)
 {
-    return rowsThat(Arithmos_Stoixeion, [g](int e) { return groupOf(e) == g; });
+    return rowsWhere(Arithmos_Stoixeion, [g](int e) { return groupOf(e) == g; });
 }
 
 std::vector<int> nodesAtHeightOf(int n)
 {
-    // The farthest that nodes may lie apart and still be one to the check of coincident nodes.
-    constexpr float noise = 0.001F;
-    return rowsThat(Arithmos_Kombon, [y = Komboi(n, node::y)](int other) {
+    constexpr auto noise = static_cast<float>(atOnePlace);
+    return rowsWhere(Arithmos_Kombon, [y = Komboi(n, node::y)](int other) {
         return std::abs(Komboi(other, node::y) - y) <= noise;
     });
 }
 
 std::vector<int> nodesOfHinges()
 {
-    return rowsThat(Arithmos_Kombon, [](int n) { return meetsOnlyHinges(n) && !hasSpring(n, 3); });
+    return rowsWhere(Arithmos_Kombon, [](int n) { return meetsOnlyHinges(n) && !hasSpring(n, 3); });
 }
 
 } // namespace veskora

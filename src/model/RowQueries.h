@@ -7,6 +7,7 @@
 /// the forms bring no others into the tables.
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
@@ -113,6 +114,8 @@ constexpr int componentOf(int freedom)
 
 /// How many of the rows 1 to @p rows are so.
 int countRows(int rows, bool (*holds)(int));
+/// Those of the rows 1 to @p rows that are so, in ascending order.
+std::vector<int> rowsWhere(int rows, const std::function<bool(int)> &holds);
 
 /// @name Rows that belong together, in ascending order
 /// @{

@@ -307,12 +307,16 @@ TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
     const auto draw = [this](std::int16_t mode, std::size_t lines) {
         Katastasi_Provolis = mode;
         Ananeosi_Sxediou();
+        reportCutDiagram();
         EXPECT_EQ(std::exchange(desktop.log, {}).size(), lines) << mode;
     };
     Zoom_Best_Fit();
     draw(view::M, 1);
     draw(view::N, 0);
     draw(view::deformed, 1);
+    nai_stoixeia = false; // what is not drawn is not cut
+    EXPECT_FALSE(isDiagramCut());
+    nai_stoixeia = true;
     draw(view::M, 0); // told already
     const CanvasView fitted = currentView();
     Arxi_X += 9; // nodes are out of the view too
@@ -355,6 +359,7 @@ TEST_F(View, NoViewAndNoModelEndsADrawing)
                     Ena_cm_posa_KNm_M = Ena_cm_posa_m_epi_1000 = step - 1;
                     Katastasi_Provolis = mode;
                     EXPECT_NO_THROW(Ananeosi_Sxediou());
+                    EXPECT_NO_THROW(reportCutDiagram());
                     EXPECT_NO_THROW(Sxedio_Grigoro());
                     EXPECT_LT(kanvas.drawn.size(), 5000U);
                 }

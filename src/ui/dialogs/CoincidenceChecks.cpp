@@ -25,7 +25,7 @@ void report(const std::string &text)
 std::optional<double> askTolerance()
 {
     // The texts have always called the standard 10E-5, and models have always been checked by 1E-5.
-    constexpr double standard = 0.00001, largest = 0.001;
+    constexpr double standard = 0.00001;
     std::string answer = desktop().askText(
         Metafrasi(81, "Give the value for tolerance (Max. distance for which two nodes are "
                       "considered to coincide).")
@@ -44,9 +44,9 @@ std::optional<double> askTolerance()
         desktop().message(Metafrasi(84, "Tolerance = 0 (Minimum value)."), Icon::none);
         return 0;
     }
-    if (tolerance > largest) {
+    if (tolerance > atOnePlace) {
         desktop().message(Metafrasi(85, "Tolerance = 0.001 (Maximum value)."), Icon::none);
-        return largest;
+        return atOnePlace;
     }
     return tolerance;
 }

@@ -1,10 +1,9 @@
 #include "frmKomboi.h"
 
-#include "Desktop.h"
-#include "Diagrafes.h"
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
+#include "NodeDeletion.h"
 #include "NumberList.h"
 #include "RowLines.h"
 #include "RowQueries.h"
@@ -174,25 +173,7 @@ std::string frmKomboi::nothingToDelete(const std::string &number) const
 
 bool frmKomboi::deleteRow(int n)
 {
-    return deleteNode(n);
-}
-
-bool deleteNode(int n)
-{
-    if (elementAt(n) != 0) {
-        const std::string text =
-            Metafrasi(624, "There are elements connected to the node, that must also be deleted.");
-        Grammi_Log(text, logColour::red);
-        if (desktop().message(text + "\r\n"
-                                  + Metafrasi(625, "Do you want the deletion process to proceed?"),
-                              Icon::exclamation, Buttons::okCancel)
-            != Answer::ok)
-            return false;
-    }
-    while (const int e = elementAt(n))
-        Diagrafi_Stoixeiou(static_cast<std::int16_t>(e));
-    Diagrafi_Kombou(static_cast<std::int16_t>(n));
-    return true;
+    return deleteNodeWithElements(n);
 }
 
 } // namespace veskora

@@ -45,8 +45,4 @@ private:
     const std::array<QCheckBox *, 3> checks_;  ///< these are
 };
 
-/// Deletes node @p n, and after a question the elements that end there.
-/// @return whether it was deleted
-bool deleteNode(int n);
-
 } // namespace veskora

@@ -40,35 +40,8 @@ void frmMETAKINISI::fillLists()
         list->fill(Arithmos_Kombon);
 }
 
-void frmMETAKINISI::openFor(std::vector<int> nodes)
-{
-    nodes_ = std::move(nodes);
-    for (QWidget *list : {static_cast<QWidget *>(ui_->Combo1), static_cast<QWidget *>(ui_->Combo2),
-                          static_cast<QWidget *>(ui_->Label3)})
-        list->hide();
-    QStringList numbers;
-    for (const int n : nodes_)
-        numbers << '#' + QString::number(n);
-    ui_->Label2->setBuddy(nullptr);
-    ui_->Label2->setText(numbers.join(", "));
-    ui_->Label2->setWordWrap(true);
-    focusAndSelect(ui_->Text1);
-    exec();
-}
-
-void frmMETAKINISI::refill()
-{
-    if (nodes_.empty())
-        fillLists();
-    else
-        reject();
-}
-
-/// None where one of the lists names no row.
 std::optional<std::vector<int>> frmMETAKINISI::nodesToMove() const
 {
-    if (!nodes_.empty())
-        return nodes_;
     const auto first = rowOrRefuse(ui_->Combo1, noSuchNode);
     const auto last = first ? rowOrRefuse(ui_->Combo2, noSuchNode) : std::nullopt;
     if (!last)
@@ -96,17 +69,44 @@ void frmMETAKINISI::apply()
         return;
     }
     modelChanged();
-    const std::string by = ", dx=" + numberText(*dx) + ", dy=" + numberText(*dy);
-    if (nodes_.empty()) {
-        showDone(Metafrasi(805, "Moved nodes: #") + numberText(*ui_->Combo1->row()) + " "
-                     + Metafrasi(806, "to #") + numberText(*ui_->Combo2->row()) + by,
-                 ui_->Combo1);
-        return;
-    }
+    tellMoved(", dx=" + numberText(*dx) + ", dy=" + numberText(*dy));
+}
+
+void frmMETAKINISI::tellMoved(const std::string &by)
+{
+    showDone(Metafrasi(805, "Moved nodes: #") + numberText(*ui_->Combo1->row()) + " "
+                 + Metafrasi(806, "to #") + numberText(*ui_->Combo2->row()) + by,
+             ui_->Combo1);
+}
+
+// -------------------------------------------------------------------------------- for given nodes
+
+void MoveGivenNodes::openFor(std::vector<int> nodes)
+{
+    nodes_ = std::move(nodes);
+    for (QWidget *part : std::initializer_list<QWidget *>{ui_->Combo1, ui_->Combo2, ui_->Label3})
+        part->hide();
+    ui_->Label2->setBuddy(nullptr);
+    ui_->Label2->setText(qtText(numbersShown()));
+    ui_->Label2->setWordWrap(true);
+    focusAndSelect(ui_->Text1);
+    exec();
+}
+
+std::string MoveGivenNodes::numbersShown() const
+{
+    std::string numbers;
+    for (const int n : nodes_)
+        numbers += (numbers.empty() ? "#" : ", #") + numberText(n);
+    return numbers;
+}
+
+void MoveGivenNodes::tellMoved(const std::string &by)
+{
     for (const int n : nodes_)
         logNode(n, false);
     focusAndSelect(ui_->Text1);
-    note(plainText(ui_->Label2->text()) + by);
+    note(numbersShown() + by);
 }
 
 } // namespace veskora

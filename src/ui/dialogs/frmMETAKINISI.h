@@ -3,6 +3,8 @@
 #include "ModelDialog.h"
 
 #include <memory>
+#include <optional>
+#include <string>
 #include <vector>
 
 QT_BEGIN_NAMESPACE
@@ -13,7 +15,7 @@ QT_END_NAMESPACE
 
 namespace veskora {
 
-/// Moves a run of nodes, or those that it was opened for, by (dx, dy).
+/// Moves a run of nodes by (dx, dy).
 class frmMETAKINISI : public ModelDialog
 {
     Q_OBJECT
@@ -21,18 +23,35 @@ public:
     explicit frmMETAKINISI(QWidget *parent = nullptr);
     ~frmMETAKINISI() override; // in the .cpp, where Ui::frmMETAKINISI is complete
 
-    /// Shows @p nodes in place of the lists.
-    void openFor(std::vector<int> nodes);
-    /// The numbers of the rows that it was opened for may be those of others now.
-    void refill() override;
+protected:
+    const std::unique_ptr<Ui::frmMETAKINISI> ui_;
 
 private:
     void apply() override;
     void fillLists() final;
-    std::optional<std::vector<int>> nodesToMove() const;
+    /// None where it has refused what is entered.
+    virtual std::optional<std::vector<int>> nodesToMove() const;
+    /// Says that they were moved; @p by is ", dx=1, dy=0".
+    virtual void tellMoved(const std::string &by);
+};
 
-    const std::unique_ptr<Ui::frmMETAKINISI> ui_;
-    std::vector<int> nodes_; ///< that it was opened for, if it was
+/// Moves the nodes that it was opened for, which it shows in place of the lists.
+class MoveGivenNodes : public frmMETAKINISI
+{
+    Q_OBJECT
+public:
+    using frmMETAKINISI::frmMETAKINISI;
+
+    void openFor(std::vector<int> nodes);
+    /// Goes: the numbers of its nodes may be those of others now.
+    void refill() override { reject(); }
+
+private:
+    std::optional<std::vector<int>> nodesToMove() const override { return nodes_; }
+    void tellMoved(const std::string &by) override;
+    std::string numbersShown() const;
+
+    std::vector<int> nodes_;
 };
 
 } // namespace veskora

@@ -2,12 +2,12 @@
 
 #include "CanvasObjects.h"
 #include "Desktop.h"
-#include "frmKomboi.h"
 #include "Functions.h"
 #include "Hand.h"
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
+#include "NodeDeletion.h"
 #include "RowLines.h"
 #include "RowQueries.h"
 
@@ -53,7 +53,7 @@ void RowCommands::holdRotationsOfHinges()
 void RowCommands::deleteNode(int n)
 {
     hand_.hideMarks();
-    if (veskora::deleteNode(n))
+    if (deleteNodeWithElements(n))
         desktop().redraw();
 }
 

@@ -138,8 +138,8 @@ void WindowCommands::openElementLoads(int e)
 void WindowCommands::openMoveHeight(int n)
 {
     if (n <= Arithmos_Kombon)
-        showDialog<frmMETAKINISI>(
-            [n](frmMETAKINISI &dialog) { dialog.openFor(nodesAtHeightOf(n)); });
+        showDialog<MoveGivenNodes>(
+            [n](MoveGivenNodes &dialog) { dialog.openFor(nodesAtHeightOf(n)); });
 }
 
 // ------------------------------------------------------------------------------------------ tools

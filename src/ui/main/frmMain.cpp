@@ -1,5 +1,6 @@
 #include "frmMain.h"
 
+#include "DiagramOutline.h"
 #include "FileType.h"
 #include "frmWelcome.h"
 #include "Functions.h"
@@ -281,6 +282,7 @@ void frmMain::repaintLog()
 void frmMain::redraw()
 {
     Ananeosi_Sxediou();
+    reportCutDiagram();
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();

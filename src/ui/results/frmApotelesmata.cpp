@@ -99,8 +99,7 @@ frmApotelesmata::Pages frmApotelesmata::pages() const
 
 frmApotelesmata::frmApotelesmata(ResultsPlace &place)
     : model_(Onoma_Arxeiou),
-      hasResults_(hasResults),
-      isMechanism_(mechanismSuspected),
+      results_(ResultState::ofStore()),
       place_(place),
       ui_(std::make_unique<Ui::frmApotelesmata>())
 {
@@ -150,13 +149,9 @@ bool frmApotelesmata::showsTables() const
 /// What is shown is of one moment, so it is held against the tables as they stand.
 std::vector<ResultWarning> frmApotelesmata::warnings() const
 {
-    using enum ResultWarning;
-    std::vector<ResultWarning> told;
-    if (Allagi_Montelou || !showsTables())
-        told.push_back(hasResults_ ? modelChanged : notAnalysed);
-    if (isMechanism_)
-        told.push_back(mechanism);
-    return told;
+    ResultState state = results_;
+    state.isModelChanged = Allagi_Montelou || !showsTables();
+    return resultWarnings(state);
 }
 
 void frmApotelesmata::showWarnings()

@@ -70,8 +70,8 @@ private:
     void print();
     void exportSections();
 
-    const std::string model_;             ///< the path of the model that is shown
-    const bool hasResults_, isMechanism_; ///< of what is shown
+    const std::string model_;   ///< the path of the model that is shown
+    const ResultState results_; ///< of what is shown, when it was filled
     ResultsPlace &place_;
     const std::unique_ptr<Ui::frmApotelesmata> ui_;
 };

@@ -299,39 +299,38 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
 
 TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
 {
-    const auto bottomOfHeading = [&](const std::vector<std::string> &options) {
-        std::ostringstream out, err;
-        std::vector<std::string> arguments = {"--pictures", "--out", path("s")};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        arguments.push_back(path("large.vsk"));
-        EXPECT_EQ(runBatch(arguments, out, err), batchStatus::allAnalysed) << err.str();
-        const bool isCut = err.str().find("large_M.png: the diagram leaves") != std::string::npos;
-        const bool isFitted = !options.empty();
-        EXPECT_NE(isCut, isFitted) << err.str();
-        const QImage picture(QString::fromStdString(path("s/large_M.png")));
-        EXPECT_EQ(picture.size(), isFitted ? QSize(640, 480) : QSize(1280, 800));
-        int coloured = 0; // at the edge; dots of the grid are grey
-        for (int y = 0; y < picture.height(); ++y)
-            coloured += QColor(picture.pixel(picture.width() - 1, y)).saturation() > 100 ? 1 : 0;
-        EXPECT_EQ(coloured > 0, isCut);
-        const auto isLight = [&](int y) {
-            for (int x = 0; x < 30; ++x)
-                if (qGray(picture.pixel(x, y)) < 120)
-                    return false;
-            return true;
-        };
-        int bottom = 10; // of the heading's letter
-        while (!isLight(bottom))
-            ++bottom;
-        return bottom;
+    const auto has = [](const QImage &part, bool (*holds)(const QColor &)) {
+        for (int y = 0; y < part.height(); ++y)
+            for (int x = 0; x < part.width(); ++x)
+                if (holds(part.pixelColor(x, y)))
+                    return true;
+        return false;
     };
     buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4; N 8 4; N 8 0 xxx; E 1 2 1; E 2 3 1 0 0 0 -900;"
                "E 3 4 1");
     std::string model = path("large.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    bottomOfHeading({});
-    const int usual = bottomOfHeading({"--fit", "--size", "640x480"});
-    EXPECT_GT(bottomOfHeading({"--fit", "--size", "640x480", "--label-scale", "2"}), usual + 8);
+    using Options = std::vector<std::string>;
+    for (const auto &[options, size, isCut, labelScale] :
+         {std::tuple{Options{}, QSize(1280, 800), true, 1},
+          {Options{"--fit", "--size", "640x480"}, QSize(640, 480), false, 1},
+          {Options{"--fit", "--size", "640x480", "--label-scale", "2"}, QSize(640, 480), false,
+           2}}) {
+        Options arguments = {"--pictures", "--out", path("s"), model};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        std::ostringstream out, err;
+        EXPECT_EQ(runBatch(arguments, out, err), batchStatus::allAnalysed) << err.str();
+        EXPECT_EQ(err.str().find("large_M.png: the diagram leaves") != std::string::npos, isCut);
+        const QImage picture(QString::fromStdString(path("s/large_M.png")));
+        ASSERT_EQ(picture.size(), size);
+        const QImage edge = picture.copy(size.width() - 1, 0, 1, size.height()); // the grid is grey
+        EXPECT_EQ(has(edge, [](const QColor &c) { return c.saturation() > 100; }), isCut);
+        int bottom = 10; // of the heading's letter
+        const auto isDark = [](const QColor &c) { return qGray(c.rgb()) < 120; };
+        while (has(picture.copy(0, bottom, 30, 1), isDark))
+            ++bottom;
+        EXPECT_NEAR(bottom, 16 * labelScale, 4); // pixels of 12 points
+    }
 
     buildModel("G 2e8 .01 1e-4; N 0 0; N 0 4; E 1 2 1");
     model = path("loose.vsk");

@@ -203,6 +203,7 @@ TEST_F(CanvasTools, TheMenuMovesAHeightAndChoosesTheGroup)
         EXPECT_EQ(dialog->findChild<QLabel *>("Label2")->text(), "#1, #3");
         dialog->findChild<QLineEdit *>("Text2")->setText("1");
         dialog->findChild<QAbstractButton *>("SSCommand3")->click();
+        EXPECT_EQ(dialog->findChild<QLabel *>("Note")->text(), "#1, #3, dx=0, dy=1");
         dialog->reject();
     });
     chooseInMenu(8, 0, "MoveHeight");

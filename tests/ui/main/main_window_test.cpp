@@ -538,6 +538,8 @@ TEST_F(MainWindow, AnalyzesAndShowsTheResults)
     EXPECT_FALSE(currentView() == nodes || isDiagramCut());
     trigger("ZoomBestFit");
     EXPECT_EQ(currentView(), nodes);
+    EXPECT_EQ(log().filter("The diagram goes beyond the edge").size(),
+              2); // as often as it came to be cut
     trigger("Foreas");
     EXPECT_FALSE(find<QWidget>("Command2")->isVisible());
     EXPECT_EQ(panel("Panel7"), " Model");
