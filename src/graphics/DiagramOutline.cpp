@@ -91,13 +91,14 @@ void reportCutDiagram()
 {
     if (!showsResults())
         return;
-    std::optional<CanvasView> &reported =
+    std::optional<CutDiagram> &reported =
         cutReportedFor.at(static_cast<std::size_t>(Katastasi_Provolis));
     if (!isDiagramCut())
         return reported.reset();
-    if (reported == currentView() || !nodeBox().isInside(Picture1()))
+    const CutDiagram cut{currentView(), analysesFinished};
+    if (reported == cut || !nodeBox().isInside(Picture1()))
         return;
-    reported = currentView();
+    reported = cut;
     if (!fitsAt(coarsestScale))
         return reportNoRoom();
     Grammi_Log(Metafrasi(1834, "The diagram goes beyond the edge of the picture. Zoom Extents, "

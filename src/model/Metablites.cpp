@@ -74,7 +74,7 @@ std::int16_t Thesi_Istorikou = 0;
 bool denseGridReported = false;
 std::int16_t gridPosition = 0;
 std::optional<RoundedPicture> roundingReportedFor;
-std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
+std::array<std::optional<CutDiagram>, view::deformed + 1> cutReportedFor;
 std::optional<float> chosenGridStep;
 
 CanvasView currentView()

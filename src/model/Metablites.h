@@ -194,8 +194,15 @@ struct CanvasView
 };
 CanvasView currentView();
 void setView(const CanvasView &shown);
-/// Of each picture of `view` the view in which its diagram was last said to be cut off.
-extern std::array<std::optional<CanvasView>, view::deformed + 1> cutReportedFor;
+/// Of which results, in which view.
+struct CutDiagram
+{
+    CanvasView view;
+    int analysis; ///< `analysesFinished`
+    bool operator==(const CutDiagram &) const = default;
+};
+/// Of each picture of `view` what was last said to be cut off.
+extern std::array<std::optional<CutDiagram>, view::deformed + 1> cutReportedFor;
 
 /// The grid step that the user has given in this run, which New keeps while it is in force.
 extern std::optional<float> chosenGridStep;

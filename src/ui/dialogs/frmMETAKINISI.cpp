@@ -105,7 +105,7 @@ void MoveGivenNodes::tellMoved(const std::string &by)
 {
     for (const int n : nodes_)
         logNode(n, false);
-    focusAndSelect(ui_->Text1);
+    ui_->SSCommand29->setFocus(); // Enter must not move them again
     note(numbersShown() + by);
 }
 

@@ -119,6 +119,8 @@ void GridView::copySelection() const
         last = std::max(last, index.column());
     }
     QStringList lines;
+    if (!notice_.isEmpty())
+        lines << notice_;
     for (auto &[row, cells] : rows) {
         QStringList texts;
         for (int column = first; column <= last; ++column)

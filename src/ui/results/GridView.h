@@ -21,10 +21,14 @@ public:
     /// Takes @p grid, filled, as a child.
     void present(ResultGrid *grid, Header header);
     const ResultGrid &grid() const;
+    /// What must be told of the cells, also where they are copied; lines, mostly none.
+    void setNotice(const QString &notice) { notice_ = notice; }
 
 private:
     void sizeColumns();
     void copySelection() const;
+
+    QString notice_;
 };
 
 } // namespace veskora

@@ -161,6 +161,9 @@ void frmApotelesmata::showWarnings()
         lines << qtText(textOf(warning));
     ui_->resultWarnings->setText(lines.join('\n'));
     ui_->resultWarnings->setVisible(!lines.isEmpty());
+    for (const Page &page : pages())
+        if (page.view != ui_->FLEXgrd3) // the data are no results
+            page.view->setNotice(lines.join('\n'));
     arrange();
 }
 

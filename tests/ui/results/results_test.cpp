@@ -370,6 +370,9 @@ TEST_F(Results, SelectedCellsAreCopiedAsText)
     };
     select(1, 1, 2, 3);
     EXPECT_EQ(copied(), "1.1\t1.2\t1.3\n2.5\t21\t");
+    grid->setNotice("Beware.");
+    EXPECT_EQ(copied(), "Beware.\n1.1\t1.2\t1.3\n2.5\t21\t");
+    grid->setNotice({});
     select(4, 2, 4, 2);
     EXPECT_EQ(copied(), "1.1\t1.2\t1.3\n2.5\t21\t\n\t5.2\t");
 }
