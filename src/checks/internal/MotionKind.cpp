@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
-#include <optional>
 #include <set>
-#include <tuple>
 
 namespace veskora {
 
