@@ -12,7 +12,7 @@
 namespace veskora {
 namespace {
 
-void quickTest(benchmark::State &state)
+void test(benchmark::State &state)
 {
     const BenchDesktop desktop;
     buildStoreyFrame();
@@ -40,7 +40,7 @@ void checkOfMechanism(benchmark::State &state)
         benchmark::DoNotOptimize(checkModel().data());
 }
 
-BENCHMARK(quickTest)->Name("quick_test/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK(test)->Name("quick_test/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK(check)->Name("check/limit")->Unit(benchmark::kMicrosecond);
 BENCHMARK(checkOfMechanism)->Name("check/limit_without_supports")->Unit(benchmark::kMicrosecond);
 
