@@ -18,7 +18,8 @@ void resultsWindow(benchmark::State &state)
     buildStoreyFrame();
     Epilisi();
     for (auto _ : state) {
-        frmApotelesmata window;
+        ResultsPlace place;
+        frmApotelesmata window(place);
         window.show();
         QCoreApplication::processEvents();
         window.grab(); // painted, not only asked for
