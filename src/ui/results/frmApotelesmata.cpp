@@ -100,6 +100,7 @@ frmApotelesmata::Pages frmApotelesmata::pages() const
 frmApotelesmata::frmApotelesmata(ResultsPlace &place)
     : model_(Onoma_Arxeiou),
       results_(ResultState::ofStore()),
+      analyses_(analysesFinished),
       place_(place),
       ui_(std::make_unique<Ui::frmApotelesmata>())
 {
@@ -146,11 +147,11 @@ bool frmApotelesmata::showsTables() const
         pages(), [](const Page &page) { return page.view->grid().hasCellsOf(*page.filledGrid()); });
 }
 
-/// What is shown is of one moment, so it is held against the tables as they stand.
+/// What is shown is of one moment; an analysis since then may have given the same again.
 std::vector<ResultWarning> frmApotelesmata::warnings() const
 {
     ResultState state = results_;
-    state.isModelChanged = Allagi_Montelou || !showsTables();
+    state.isModelChanged = Allagi_Montelou || (analyses_ != analysesFinished && !showsTables());
     return resultWarnings(state);
 }
 

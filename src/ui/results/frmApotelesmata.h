@@ -72,6 +72,7 @@ private:
 
     const std::string model_;   ///< the path of the model that is shown
     const ResultState results_; ///< of what is shown, when it was filled
+    const int analyses_;        ///< `analysesFinished` then
     ResultsPlace &place_;
     const std::unique_ptr<Ui::frmApotelesmata> ui_;
 };
