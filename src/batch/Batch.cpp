@@ -162,7 +162,7 @@ private:
             std::error_code ignored;
             if (isOrdered(output) && !(order_.print && output.isPrinted)
                 && !written_.contains(canonical(target)) && fs::exists(target, ignored)
-                && !isModelOfRun(target))
+                && !isModelOfRun(target) && !holdsModel(target))
                 err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
         }
     }
@@ -210,6 +210,11 @@ int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::
             err << "Veskora_batch: " << order.folder << ": " << error.message() << "\n";
             return batchStatus::someFailed;
         }
+    }
+    if (holdsModel(order.summary)) { // told before the work that would be lost
+        err << "Veskora_batch: " << order.summary
+            << " holds a model and is no place for a summary\n";
+        return batchStatus::wrongUsage;
     }
     BatchRun run(order, out, err);
     bool allAnalysed = true;

@@ -5,7 +5,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <charconv>
+#include <filesystem>
 #include <string_view>
 
 namespace veskora {
@@ -42,7 +44,8 @@ const char *const usage =
     "  --help     this text\n"
     "\n"
     "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
-    "--check or --strict found that one can move freely, 2 wrong usage.\n";
+    "--check or --strict found that one can move freely, or --check that one is\n"
+    "unstable, 2 wrong usage.\n";
 
 namespace {
 
@@ -79,7 +82,10 @@ bool takeSummary(Order &order, const std::string &value)
 {
     const bool isFirst = order.summary.empty();
     order.summary = value;
-    return isFirst && (value == "-" || isName(value)) && !value.ends_with(modelExtension);
+    std::string ending = std::filesystem::path(value).extension().string();
+    std::ranges::transform(ending, ending.begin(),
+                           [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    return isFirst && (value == "-" || isName(value)) && ending != modelExtension;
 }
 
 bool takeSize(Order &order, const std::string &value)

@@ -21,8 +21,11 @@ Made report(const Order &)
 Made check(const Order &)
 {
     const std::vector<Finding> findings = checkModel();
-    return {
-        checkText(findings), {}, hasFreeMotion(findings) ? "the structure can move freely" : ""};
+    return {checkText(findings),
+            {},
+            hasFreeMotion(findings) ? "the structure can move freely"
+            : isUnstable(findings)  ? "the structure is unstable"
+                                    : ""};
 }
 
 template <CsvTable (*table)()>

@@ -112,7 +112,8 @@ void pointToCheck()
 {
     const int freedom = excessiveFreedom();
     const FreeMotion motion = quickTest();
-    mechanismSuspected = freedom != 0 || motion != FreeMotion::none;
+    mechanismSuspected =
+        freedom != 0 || motion == FreeMotion::unloaded || motion == FreeMotion::loaded;
     if (freedom != 0)
         Grammi_Log("u(" + numberText(freedom) + "): " + freedomText(freedom), logColour::red);
     logSummary();
@@ -121,6 +122,10 @@ void pointToCheck()
     else if (motion == FreeMotion::unloaded)
         Grammi_Log(Metafrasi(1702, "The structure can move freely although its loads do not move "
                                    "it: see Report, Check of the analysis."),
+                   logColour::red);
+    else if (motion == FreeMotion::unstable)
+        Grammi_Log(Metafrasi(1643, "The structure is unstable, by negative springs or stiffnesses: "
+                                   "see Report, Check of the analysis."),
                    logColour::red);
     else if (motion == FreeMotion::loaded)
         Grammi_Log(Metafrasi(1703, "The structure can move freely, and rounding alone holds it "

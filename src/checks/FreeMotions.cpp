@@ -2,6 +2,7 @@
 
 #include "LocalMotions.h"
 #include "MotionKind.h"
+#include "Relative.h"
 #include "ScaledStiffness.h"
 
 #include <algorithm>
@@ -224,22 +225,28 @@ private:
 };
 
 /// Whether the loads do work on a motion that strains nothing: along its elements it is linear.
+/// Beside the whole motion its noise across the loads is nothing.
 bool doLoadsWork(const ExtendedVector &u, const std::vector<Member<Extended>> &members)
 {
+    const Extended length = longest(members);
+    Extended farthest = 0; // what turns counts by what it moves at a member's length
+    for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
+        farthest = std::max(
+            farthest, Extended(abs(u(freedom - 1)) * (componentOf(freedom) == 3 ? length : 1)));
     Extended work = 0, size = 0;
-    const auto add = [&](Extended load, Extended displacement) {
+    const auto add = [&](int k, Extended load, Extended displacement) {
         work += load * displacement;
-        size += abs(Extended(load * displacement));
+        size += abs(load) * farthest / (k == 3 ? length : 1);
     };
     for (int n = 1; n <= Arithmos_Kombon; ++n)
         for (int k = 1; k <= 3; ++k)
-            add(Komboi(n, node::Fx - 1 + k), u(freedomOf(n, k) - 1));
+            add(k, Komboi(n, node::Fx - 1 + k), u(freedomOf(n, k) - 1));
     for (const auto &member : members)
         for (int k = 1; k <= 2; ++k)
-            add(member.length / 2 * Extended(Stoixeia(member.e, element::wx - 1 + k)),
-                u(freedomOf(member.nodeI, k) - 1) + u(freedomOf(member.nodeJ, k) - 1));
-    constexpr double rounding = 1e-9;
-    return abs(work) > Extended(rounding) * size;
+            add(k, member.length * Extended(Stoixeia(member.e, element::wx - 1 + k)),
+                (u(freedomOf(member.nodeI, k) - 1) + u(freedomOf(member.nodeJ, k) - 1)) / 2);
+    constexpr double noise = 1e-9;
+    return abs(work) > Extended(noise) * size;
 }
 
 } // namespace
@@ -284,6 +291,8 @@ FreeMotion quickTest()
     } while (factors.info() != Eigen::Success && shift < 10 * freeBelow);
     if (factors.info() != Eigen::Success)
         return found;
+    // As many negative pivots as eigenvalues (Sylvester).
+    const bool isUnstable = (factors.vectorD().array() < 0).any();
     std::mt19937 random(1);
     VectorXd x(stiffness.size());
     for (double &entry : x)
@@ -295,7 +304,7 @@ FreeMotion quickTest()
         found = std::max(found, doLoadsWork(stiffness.displacements(x), stiffness.members())
                                     ? FreeMotion::loaded
                                     : FreeMotion::unloaded);
-    return found;
+    return found == FreeMotion::none && isUnstable ? FreeMotion::unstable : found;
 }
 
 } // namespace veskora

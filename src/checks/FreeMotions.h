@@ -23,9 +23,11 @@ inline constexpr double doubtfulBelow = 1e-10;
 /// and one `noFreeMotion` where there is none.
 std::vector<Finding> findMotions();
 
-/// Whether `findMotions` would tell of a free motion, at a fortieth of its cost.
+/// Whether `findMotions` would tell of a free motion, or else of an unstable one, at a fortieth of
+/// its cost.
 enum class FreeMotion {
     none,
+    unstable,
     unloaded, ///< the loads do no work on it, and the analysis may not have noticed
     loaded
 };

@@ -78,10 +78,24 @@ std::vector<Finding> checkModel()
     return findings;
 }
 
+namespace {
+
+bool hasKind(const std::vector<Finding> &findings, FindingKind kind)
+{
+    return std::any_of(findings.begin(), findings.end(),
+                       [kind](const Finding &finding) { return finding.kind == kind; });
+}
+
+} // namespace
+
 bool hasFreeMotion(const std::vector<Finding> &findings)
 {
-    return std::ranges::any_of(
-        findings, [](const Finding &finding) { return finding.kind == FindingKind::freeMotion; });
+    return hasKind(findings, FindingKind::freeMotion);
+}
+
+bool isUnstable(const std::vector<Finding> &findings)
+{
+    return hasKind(findings, FindingKind::unstable);
 }
 
 } // namespace veskora

@@ -13,5 +13,7 @@ std::vector<Finding> checkModel();
 
 /// Whether @p findings tell of a structure that can move freely.
 bool hasFreeMotion(const std::vector<Finding> &findings);
+/// Or of one that does not stand for negative stiffnesses.
+bool isUnstable(const std::vector<Finding> &findings);
 
 } // namespace veskora

@@ -124,7 +124,7 @@ bool hasLoadOnSupport(int n)
 
 bool isRotationHeldAlone(int n)
 {
-    if (restraintCode(n) != restraintCode(false, false, true))
+    if (restraintCode(n) != restraintCode(false, false, true) || hasSpring(n, 1) || hasSpring(n, 2))
         return false;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         if ((nodeOf(e, element::nodeI) == n && Stoixeia(e, element::hingeI) == 0)

@@ -227,6 +227,9 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
     const std::string pointer = "See Report, Check of the analysis: it tells whether parts of the "
                                 "structure can move, which ones, and how.";
     const std::string beam = "G 2.1e8 .01 1e-4; N 0 0 oxo; N .7 0; E 1 2 1; E 2 3 1; N 3 0 ";
+    const std::string folding =
+        "G 2.1e8 .01 1e-4; N 0 0 xxo; N 0 4.5; N 5 4.5; N 10 4.5; E 1 2 1 0 1; "
+        "E 2 3 1 0 0 0 -20; E 3 4 1 0 0 0 -20; E 4 5 1 1; ";
     const std::string none =
         "Loads: x 0, y -5; reactions: x 0, y 5; largest displacement of a node: 0";
     struct Case
@@ -244,6 +247,14 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
             "2, x)"},
            false},
           {beam + "oxo 5", {"u(1): node 1, x", "Loads: x 5", pointer}, true},
+          // A portal that folds sideways, which its load does not stir; what a tiny spring holds.
+          {folding + "N 10 0 xxo", {silent}, true},
+          {"G 2.1e8 .01 1e-4; N 0 0 oxo 1e-6; N 4 0 oxo; E 1 2 1; S 1 1e-8",
+           {"The structure can move freely, and rounding alone"},
+           true},
+          {"G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; E 1 2 1; S 2 0 -5000",
+           {"The structure is unstable"},
+           false},
           {"G 2.1e8 .01 1e-4; N 0 0 oxo; N 4 0 oxo 5; E 1 2 1",
            {pointer, "Nodes 1 and 2 move"},
            false}}) {

@@ -238,6 +238,7 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
                                                       {"--csv", "-", small},
                                                       {"--summary", small, small},
                                                       {"--summary", "--csv", small},
+                                                      {"--summary", path("new.VSK"), small},
                                                       {"--out", "--check", small},
                                                       {"--summary", "-", "-", small},
                                                       {"--fit", small},
@@ -263,9 +264,9 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     EXPECT_EQ(run({"--out", path(""), small, path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small.txt was written in this run already"));
 
-    fs::copy_file(small, path("A.VSK")); // no model of the run, as its name has gone astray
-    EXPECT_EQ(run({"--out", path(""), "--summary", path("A.VSK"), small}), batchStatus::someFailed);
-    EXPECT_EQ(contentOf(path("A.VSK")), contentOf(small));
+    fs::copy_file(small, path("b.csv")); // no model of the run, as its name has gone astray
+    EXPECT_EQ(run({"--out", path(""), "--summary", path("b.csv"), small}), batchStatus::wrongUsage);
+    EXPECT_EQ(contentOf(path("b.csv")), contentOf(small));
 
     fs::copy_file(small, path("mod.txt"));
     EXPECT_EQ(run({"--out", path(""), path("mod.txt")}), batchStatus::someFailed);
@@ -279,7 +280,7 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     EXPECT_EQ(run({"--csv", "--out", path(""), small, path("small_nodes.csv")}),
               batchStatus::someFailed);
     EXPECT_EQ(run({"--summary", path("mod.txt"), "--out", path("b"), path("mod.txt")}),
-              batchStatus::someFailed);
+              batchStatus::wrongUsage);
     EXPECT_EQ(run({"--summary", path("b/./small.txt"), "--out", path("b"), small}),
               batchStatus::someFailed);
     EXPECT_THAT(contentOf(path("b/small.txt")), testing::StartsWith("Data"));
@@ -291,6 +292,7 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
     write(path("a/small.vsk"), "broken");
     EXPECT_EQ(run({"--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small.txt is from an earlier run"));
+    write(path("small_check.txt"), "Check of the analysis");
     EXPECT_EQ(run({"--check", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
     EXPECT_THAT(err.str(), HasSubstr("small_check.txt is from an earlier run"));
     EXPECT_EQ(run({"--csv", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);

@@ -147,11 +147,15 @@ bool frmApotelesmata::showsTables() const
         pages(), [](const Page &page) { return page.view->grid().hasCellsOf(*page.filledGrid()); });
 }
 
-/// What is shown is of one moment; an analysis since then may have given the same again.
+/// What is shown is of one moment; an analysis since then may have given the same again, and then
+/// it is of that one.
 std::vector<ResultWarning> frmApotelesmata::warnings() const
 {
+    const bool isAnotherAnalysis = analyses_ != analysesFinished;
+    if (isAnotherAnalysis && showsTables())
+        return resultWarnings();
     ResultState state = results_;
-    state.isModelChanged = Allagi_Montelou || (analyses_ != analysesFinished && !showsTables());
+    state.isModelChanged = Allagi_Montelou || isAnotherAnalysis;
     return resultWarnings(state);
 }
 
@@ -403,7 +407,8 @@ void frmApotelesmata::exportSections()
         if (!*section.chosen)
             continue;
         const std::string path =
-            ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_, told);
+            ExportFlexGrid(tabs[i].view->grid(), section.name.text(), model_,
+                           i == 0 ? std::vector<std::string>() : told); // data are no results
         if (!path.empty())
             workbooks << qtText(path);
     }
