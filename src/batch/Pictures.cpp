@@ -10,31 +10,9 @@
 
 #include <QBuffer>
 
-#include <algorithm>
-
 namespace veskora {
 
 namespace {
-
-/// Shares of the shorter side of the picture.
-constexpr double longestOrdinate = 0.15;
-constexpr double widestMargin = 0.3;
-
-/// Takes the canvas away again on every way out.
-struct CanvasInUse
-{
-    explicit CanvasInUse(Kanvas &kanvas) { setPicture1(&kanvas); }
-    ~CanvasInUse() { setPicture1(nullptr); }
-    CanvasInUse(const CanvasInUse &) = delete;
-    CanvasInUse &operator=(const CanvasInUse &) = delete;
-};
-
-/// For a value printed to the right of its place and below it.
-EdgeRoom roomForValues(double labelScale)
-{
-    constexpr double edge = 0.2, width = 1.5, height = 0.4;
-    return {edge, edge, width * labelScale, height * labelScale};
-}
 
 std::string scaleShown()
 {
@@ -51,17 +29,6 @@ std::string scaleShown()
     }
 }
 
-/// Brings model and diagram into the picture.
-/// @return the scale that was chosen, empty where none was
-std::string fitPicture(double labelScale)
-{
-    const EdgeRoom room = roomForValues(labelScale);
-    const double shorter = std::min(Picture1().width(), Picture1().height());
-    const double longest = longestOrdinate * shorter;
-    fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter));
-    return fitDiagramScale(longest, room) ? scaleShown() : "";
-}
-
 } // namespace
 
 Made drawPicture(std::int16_t shown, const Order &order)
@@ -73,7 +40,7 @@ Made drawPicture(std::int16_t shown, const Order &order)
     Katastasi_Provolis = shown;
     Made made;
     if (order.fit)
-        made.note = fitPicture(order.labelScale);
+        made.note = fitPicture(order.labelScale) ? scaleShown() : "";
     else
         Zoom_Best_Fit();
     if (isDiagramCut())

@@ -4,6 +4,7 @@
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "Reach.h"
+#include "Zoom.h"
 
 #include <algorithm>
 #include <cmath>
@@ -83,6 +84,30 @@ bool fitDiagramScale(double longest, const EdgeRoom &room)
     }
     shown->setting = static_cast<float>(finest); // what leaves the canvas is to be read at least
     return true;
+}
+
+namespace {
+
+/// Shares of the shorter side of the picture.
+constexpr double longestOrdinate = 0.15;
+constexpr double widestMargin = 0.3;
+
+/// For a value printed to the right of its place and below it.
+EdgeRoom roomForValues(double labelScale)
+{
+    constexpr double edge = 0.2, width = 1.5, height = 0.4;
+    return {edge, edge, width * labelScale, height * labelScale};
+}
+
+} // namespace
+
+bool fitPicture(double labelScale)
+{
+    const EdgeRoom room = roomForValues(labelScale);
+    const double shorter = std::min(Picture1().width(), Picture1().height());
+    const double longest = longestOrdinate * shorter;
+    fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter));
+    return fitDiagramScale(longest, room);
 }
 
 } // namespace veskora

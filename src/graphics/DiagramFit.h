@@ -13,4 +13,9 @@ namespace veskora {
 /// @return whether the scale was chosen
 bool fitDiagramScale(double longest, const EdgeRoom &room);
 
+/// Brings the whole model into view, and the diagram in view to a scale as `fitDiagramScale`
+/// chooses it, with room for values at the edges that are @p labelScale times as large as usual.
+/// @return whether the diagram's scale was chosen
+bool fitPicture(double labelScale);
+
 } // namespace veskora

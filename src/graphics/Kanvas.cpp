@@ -39,6 +39,16 @@ void setPicture1(Kanvas *kanvas)
     current = kanvas;
 }
 
+CanvasInUse::CanvasInUse(Kanvas &kanvas) : before_(current)
+{
+    setPicture1(&kanvas);
+}
+
+CanvasInUse::~CanvasInUse()
+{
+    setPicture1(before_);
+}
+
 void Kanvas::clear()
 {
     doClear();

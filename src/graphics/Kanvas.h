@@ -123,4 +123,17 @@ private:
 Kanvas &Picture1();
 void setPicture1(Kanvas *kanvas);
 
+/// Makes a canvas the one in use until the end of the scope, which gives back the one before it.
+class CanvasInUse
+{
+public:
+    explicit CanvasInUse(Kanvas &kanvas);
+    ~CanvasInUse();
+    CanvasInUse(const CanvasInUse &) = delete;
+    CanvasInUse &operator=(const CanvasInUse &) = delete;
+
+private:
+    Kanvas *before_;
+};
+
 } // namespace veskora
