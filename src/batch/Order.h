@@ -13,7 +13,9 @@ struct Order
     bool print = false;
     bool check = false;
     bool csv = false;
-    bool pictures = false;
+    bool pngPictures = false;
+    bool svgPictures = false;
+    bool pdfPictures = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
@@ -24,6 +26,8 @@ struct Order
     double labelScale = 1;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
+
+    bool wantsPictures() const { return pngPictures || svgPictures || pdfPictures; }
 };
 
 Order parse(const std::vector<std::string> &arguments);
