@@ -189,7 +189,8 @@ private:
 
 bool wantsPictures(const std::vector<std::string> &arguments)
 {
-    return parse(arguments).wantsPictures();
+    const Order order = parse(arguments);
+    return order.wantsPictures() || order.steps;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

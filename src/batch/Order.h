@@ -2,6 +2,8 @@
 /// @file
 /// The command line of the batch runner.
 
+#include "Steps.h"
+
 #include <string>
 #include <vector>
 
@@ -16,6 +18,7 @@ struct Order
     bool pngPictures = false;
     bool svgPictures = false;
     bool pdfPictures = false;
+    bool steps = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
@@ -24,6 +27,7 @@ struct Order
     int width = 1280;    ///< of a picture, pixels
     int height = 800;
     double labelScale = 1;
+    steps::Choice shownSteps;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
 
