@@ -13,7 +13,7 @@ void drawStepPicture(const Picture &picture)
     if (picture.kind == Picture::Kind::element)
         return drawEndForces(picture.element, picture.endForces);
     const CanvasView before = currentView();
-    constexpr double margin = 2.2; // for the arrows of nodes at the edge
+    constexpr double margin = 1.8; // for the arrows of nodes at the edge
     fitModel(margin);
     Sxedio_Stoixeion();
     Sxedio_Kombon();

@@ -38,6 +38,7 @@ td[title] { cursor: help; }
 .widest { font-size: 10px; } .widest td, .widest th { padding: 1px 3px; }
 figure { margin: 1em 0; break-inside: avoid; } figcaption { color: #5b656e; font-size: 14px; }
 figure img { max-width: 100%; height: auto; }
+sub, sup { line-height: 0; }
 h2, h3 { break-after: avoid; } p.formula, p.lead { break-after: avoid; }
 @page { margin: 14mm; }
 @media print { body { margin: 0; font-size: 10pt; } nav { position: static; width: auto; border: 0; }

@@ -124,6 +124,7 @@ std::vector<Line> definedSymbols()
             "c, s",
             symbol("T"),
             symbol("k") + ", " + symbol("K", "e"),
+            scalar("w", "x") + ", " + scalar("w", "y"),
             "n, q",
             symbol("f", "", "0") + ", " + symbol("F", "e", "0"),
             symbol("u") + ", " + symbol("U", "e"),
