@@ -14,6 +14,7 @@
 #include "frmOmades.h"
 #include "frmOMOIOMORFO.h"
 #include "frmSigxonefsi.h"
+#include "frmSteps.h"
 #include "frmStoixeia.h"
 #include "frmSXEDIASI.h"
 #include "Functions.h"
@@ -56,6 +57,7 @@ WindowCommands::~WindowCommands()
 {
     delete results_;
     delete check_;
+    delete steps_;
 }
 
 /// Looks anew afterwards at what lies under the pointer.
@@ -221,6 +223,14 @@ void WindowCommands::Button_Apotelesmata()
     showBeside(results_, *canvas_.Picture1);
 }
 
+/// What mends and what looks anew needs no change of window.
+void WindowCommands::addModelKeys(QWidget *opened)
+{
+    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
+                             commandPlace::save, commandPlace::check, commandPlace::steps})
+        opened->addAction(window_->findChild<QAction *>(name));
+}
+
 void WindowCommands::openCheck()
 {
     if (refuseWithoutNodes())
@@ -235,16 +245,30 @@ void WindowCommands::openCheck()
     QObject::connect(check_, &frmElegxos::refreshWanted, check_, [this] { openCheck(); });
     QObject::connect(check_, &frmElegxos::helpWanted, check_,
                      [this] { help_.showTopicOf(check_); });
-    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
-                             commandPlace::save, commandPlace::check})
-        check_->addAction(
-            window_->findChild<QAction *>(name)); // what mends needs no change of window
+    addModelKeys(check_);
     check_->refresh();
     // Where the screen has no room beside the drawing it covers the right end of it, not the
     // middle.
     const QWidget &drawing = *canvas_.Picture1;
     check_->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(check_->width(), 0));
     showBeside(check_, *canvas_.Picture1);
+}
+
+void WindowCommands::openSteps()
+{
+    if (refuseWithoutNodes())
+        return;
+    if (steps_ != nullptr) {
+        steps_->refresh();
+        return bringToFront(*steps_);
+    }
+    steps_ = new frmSteps(window_);
+    steps_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(steps_, &frmSteps::refreshWanted, steps_, [this] { openSteps(); });
+    QObject::connect(steps_, &frmSteps::helpWanted, steps_, [this] { help_.showTopicOf(steps_); });
+    addModelKeys(steps_);
+    steps_->refresh();
+    showBeside(steps_, *canvas_.Picture1);
 }
 
 void WindowCommands::lookAgain()

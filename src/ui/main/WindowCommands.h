@@ -11,12 +11,14 @@ namespace veskora {
 
 struct CanvasObjects;
 class frmElegxos;
+class frmSteps;
 class Hand;
 class HTMLHelp;
 class PictureCommands;
 
-/// Opens the dialogs of the model, the view options, the results, the check and the about box.
-/// Where a dialog would have no rows to work on, it is refused with a word.
+/// Opens the dialogs of the model, the view options, the results, the check, the steps of the
+/// analysis and the about box. Where a dialog would have no rows to work on, it is refused with a
+/// word.
 class WindowCommands
 {
 public:
@@ -48,6 +50,7 @@ public:
     void Button_Rithmiseis();
     void Button_Apotelesmata();
     void openCheck(); ///< where it is open already, it checks anew
+    void openSteps(); ///< where they are open already, they are shown anew
     void showAbout();
 
     /// To be called when model or results may have changed.
@@ -56,6 +59,7 @@ public:
 private:
     template <typename Dialog, typename Open>
     void showDialog(Open open);
+    void addModelKeys(QWidget *opened);
 
     QWidget *const window_;
     CanvasObjects &canvas_;
@@ -67,6 +71,7 @@ private:
     /// @{
     QPointer<frmApotelesmata> results_;
     QPointer<frmElegxos> check_;
+    QPointer<frmSteps> steps_;
     /// @}
 };
 
