@@ -329,9 +329,9 @@ void Writer::writeTable(const Grid &grid, const QFont &font)
     QTextTable *table = cursor_.insertTable(static_cast<int>(grid.rows.size()) + header,
                                             static_cast<int>(grid.columns.size()) + first, format);
     cursor_.movePosition(QTextCursor::End);
-    QTextBlockFormat behind;
-    behind.setLineHeight(1, QTextBlockFormat::FixedHeight);
-    cursor_.setBlockFormat(behind);
+    QTextCharFormat small; // the block behind, which may stay empty, takes hardly any room
+    small.setFontPointSize(1);
+    cursor_.setBlockCharFormat(small);
     isFree_ = true;
     if (named != 0)
         writeName(*table, grid, font);

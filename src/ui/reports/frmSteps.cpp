@@ -14,6 +14,7 @@
 #include "WindowParts.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QGuiApplication>
 #include <QLocale>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -45,6 +46,14 @@ QPageSize usualPaper()
     const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
     return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
 }
+
+struct WaitPointer
+{
+    WaitPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~WaitPointer() { QGuiApplication::restoreOverrideCursor(); }
+    WaitPointer(const WaitPointer &) = delete;
+    WaitPointer &operator=(const WaitPointer &) = delete;
+};
 
 } // namespace
 
@@ -148,19 +157,6 @@ std::optional<steps::Choice> frmSteps::wished()
 {
     steps::Choice choice;
     choice.digits = ui_->Digits->value();
-    const auto take = [this](QLineEdit *field, int last, std::vector<int> &rows,
-                             const std::string &refusal) {
-        const std::string text = field->text().trimmed().toStdString();
-        const auto given = text.empty() ? std::vector<int>() : rowsFromList(text, last);
-        if (!given) {
-            const BoxOwner owner(this);
-            showRefusal(filled(refusal, {text, numberText(last)}));
-            field->setFocus();
-            field->selectAll();
-        }
-        rows = given.value_or(std::vector<int>());
-        return given.has_value();
-    };
     if (take(ui_->Elements, Arithmos_Stoixeion, choice.elements,
              Metafrasi(2111, "These are no elements of the model: %1. Its elements are numbered "
                              "from 1 to %2; a list of them is typed as in 1-3, 7."))
@@ -169,6 +165,27 @@ std::optional<steps::Choice> frmSteps::wished()
                                 "1 to %2; a list of them is typed as in 1-3, 7.")))
         return choice;
     return std::nullopt;
+}
+
+/// @return whether @p field has a list of rows, or nothing
+bool frmSteps::take(QLineEdit *field, int last, std::vector<int> &rows, const std::string &refusal)
+{
+    constexpr std::size_t most = 40; // more take seconds, and nobody reads them
+    const std::string text = field->text().trimmed().toStdString();
+    const auto given = text.empty() ? std::vector<int>() : rowsFromList(text, last);
+    rows = given.value_or(std::vector<int>());
+    if (given && rows.size() <= most)
+        return true;
+    const BoxOwner owner(this);
+    showRefusal(given
+                    ? filled(Metafrasi(2121, "These are too many for one window: %1. Up to %2 "
+                                             "elements and up to %2 nodes can be shown in full at "
+                                             "a time."),
+                             {text, numberText(static_cast<int>(most))})
+                    : filled(refusal, {text, numberText(last)}));
+    field->setFocus();
+    field->selectAll();
+    return false;
 }
 
 void frmSteps::refresh()
@@ -183,6 +200,7 @@ void frmSteps::refresh()
         shown_ ? QString::fromStdString(
             shown_->steps.document.sections[static_cast<std::size_t>(section)].id)
                : QString();
+    const WaitPointer waiting;
     auto shown = std::make_unique<Shown>();
     shown->steps = drawn(steps::stepsOfAnalysis(*choice));
     shown->html = stepsFile(shown->steps.document);
@@ -203,12 +221,13 @@ void frmSteps::showChoice(const steps::Choice &shown)
 {
     ui_->Elements->setPlaceholderText(listText(shown.elements));
     ui_->Nodes->setPlaceholderText(listText(shown.nodes));
-    const bool isWhole = static_cast<int>(shown.elements.size()) == Arithmos_Stoixeion;
-    ui_->Told->setVisible(!isWhole);
-    ui_->Told->setText(qtText(filled(
-        Metafrasi(2113, "Of the %1 elements of this model, %2 are shown in full. For others, type "
-                        "the numbers of elements and nodes above, such as 1-3, 7."),
-        {numberText(Arithmos_Stoixeion), numberText(static_cast<int>(shown.elements.size()))})));
+    const bool isPart = static_cast<int>(shown.elements.size()) < Arithmos_Stoixeion;
+    ui_->Told->setVisible(isPart && !shown.elements.empty());
+    ui_->Told->setText(qtText(
+        filled(Metafrasi(2113, "Of the %1 elements of this model these are shown in full: %2. For "
+                               "others, type the numbers of elements and nodes above, such as "
+                               "1-3, 7."),
+               {numberText(Arithmos_Stoixeion), rowList(shown.elements)})));
 }
 
 void frmSteps::fillContents()

@@ -11,6 +11,8 @@
 #include <optional>
 #include <string>
 
+class QLineEdit;
+
 QT_BEGIN_NAMESPACE
 namespace Ui {
 class frmSteps;
@@ -44,6 +46,7 @@ private:
     void connectKeys();
     void lookAtModel();
     std::optional<steps::Choice> wished();
+    bool take(QLineEdit *field, int last, std::vector<int> &rows, const std::string &refusal);
     void showChoice(const steps::Choice &shown);
     void fillContents();
     void goTo(int section);

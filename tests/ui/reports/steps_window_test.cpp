@@ -96,8 +96,8 @@ TEST_F(StepsWindow, WhatIsShownIsAskedForAndAWrongListChangesNothing)
                                    "numbered from 1 to 300; a list of them is typed as in 1-3, 7.";
     openOn(large);
     EXPECT_EQ(elementsShown(), std::vector{1});
-    EXPECT_THAT(line("Told"),
-                testing::StartsWith("Of the 300 elements of this model, 1 are shown"));
+    EXPECT_THAT(line("Told"), testing::StartsWith(
+                                  "Of the 300 elements of this model these are shown in full: 1."));
     const struct
     {
         const char *asked;
@@ -118,6 +118,11 @@ TEST_F(StepsWindow, WhatIsShownIsAskedForAndAWrongListChangesNothing)
         QTest::keyClick(field("Elements"), Qt::Key_Return);
         EXPECT_EQ(elementsShown(), shown);
     }
+    field("Elements")->setText("1-41");
+    desktop.expectMessage("These are too many for one window: 1-41. Up to 40 elements and up to 40 "
+                          "nodes can be shown in full at a time.");
+    click("ShowSteps");
+    field("Elements")->setText("");
     field("Nodes")->setText("x");
     desktop.expectMessage("These are no nodes of the model: x. Its nodes are numbered from 1 to "
                           "200; a list of them is typed as in 1-3, 7.");
@@ -187,7 +192,7 @@ TEST_F(StepsWindow, TheyLeaveWholeAndNoMatrixIsTornByAPage)
         output("pdftotext", {"-layout", file, "-"}).split('\f', Qt::SkipEmptyParts);
     ASSERT_GT(pages.size(), 3);
     const std::pair<const char *, const char *> rowsOfMatrices[] = {
-        {"1 361700 0 15660", "0 11660 19430 15660 -11660 85840"},     // K_ff
+        {"1 2 3 4 5 6 7 8 9 1 361700 0 15660", "0 11660 19430 15660 -11660 85840"}, // K_ff
         {" 354700 0 0 -354700 0 0", "0 11660 19430 0 -11660 38860"},  // k and K_e of the beams
         {" 695800 0 0 -695800 0 0", "0 15660 23490 0 -15660 46980"}}; // k of the columns
     int headings = 0, found = 0;
