@@ -187,9 +187,10 @@ private:
 
 } // namespace
 
-bool wantsPictures(const std::vector<std::string> &arguments)
+bool needsFonts(const std::vector<std::string> &arguments)
 {
-    return parse(arguments).pictures;
+    const Order order = parse(arguments);
+    return order.pictures || order.pdf;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

@@ -39,6 +39,13 @@ const char *const usage =
     "             given\n"
     "  --label-scale F\n"
     "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
+    "  --pdf      write MODEL_report.pdf too: a calculation report with the model, its\n"
+    "             data, diagrams and results, with --check its findings too; also of a\n"
+    "             model whose analysis fails, without results\n"
+    "  --paper A4|Letter\n"
+    "             of that report; by the region when not given\n"
+    "  --title TEXT, --author TEXT\n"
+    "             at the head of that report\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
@@ -59,6 +66,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"--check", &Order::check},
     {"--csv", &Order::csv},
     {"--pictures", &Order::pictures},
+    {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
     {"--help", &Order::help},
@@ -105,6 +113,20 @@ bool takeLabelScale(Order &order, const std::string &value)
     return order.labelScale >= 0.5 && order.labelScale <= 4;
 }
 
+bool takePaper(Order &order, const std::string &value)
+{
+    order.paper = value;
+    return value == "A4" || value == "Letter";
+}
+
+/// Any text.
+template <std::optional<std::string> Order::*text>
+bool takeText(Order &order, const std::string &value)
+{
+    order.*text = value;
+    return true;
+}
+
 /// An option that takes the argument behind it.
 struct Valued
 {
@@ -117,6 +139,9 @@ constexpr auto valued = std::to_array<Valued>({
     {"--summary", takeSummary, "one file that is no model"},
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
+    {"--paper", takePaper, "A4 or Letter"},
+    {"--title", takeText<&Order::title>, "a text"},
+    {"--author", takeText<&Order::author>, "a text"},
 });
 
 /// Takes the option at @p i and, where it has one, its value.
@@ -151,6 +176,8 @@ std::string contradiction(const Order &order)
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.pictures)
         return "--fit, --size and --label-scale need --pictures";
+    if ((order.paper || order.title || order.author) && !order.pdf)
+        return "--paper, --title and --author need --pdf";
     if (order.models.empty() || std::ranges::count(order.models, "") > 0)
         return "no model given";
     return {};

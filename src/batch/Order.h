@@ -2,6 +2,7 @@
 /// @file
 /// The command line of the batch runner.
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,6 +15,7 @@ struct Order
     bool check = false;
     bool csv = false;
     bool pictures = false;
+    bool pdf = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
@@ -22,6 +24,7 @@ struct Order
     int width = 1280;    ///< of a picture, pixels
     int height = 800;
     double labelScale = 1;
+    std::optional<std::string> paper, title, author; ///< of the calculation report
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
 };

@@ -1,6 +1,7 @@
 #include "Outputs.h"
 
 #include "Anafora.h"
+#include "CalculationReport.h"
 #include "CheckText.h"
 #include "Metablites.h"
 #include "ModelCheck.h"
@@ -40,6 +41,18 @@ Made picture(const Order &order)
     return drawPicture(shown, order);
 }
 
+Made calculation(const Order &order)
+{
+    const Paper usual = usualPaper(QLocale::system().territory());
+    const CalculationOptions options = {
+        .title = order.title.value_or(""),
+        .author = order.author.value_or(""),
+        .paper = order.paper ? (*order.paper == "A4" ? Paper::A4 : Paper::letter) : usual,
+        .withCheck = order.check};
+    return {
+        pdfOf(calculationDocument(options), options.paper, [](int, int) { return true; }), {}, {}};
+}
+
 } // namespace
 
 std::span<const Output> outputs()
@@ -55,6 +68,7 @@ std::span<const Output> outputs()
         {"_Q.png", &Order::pictures, true, false, picture<view::Q>},
         {"_N.png", &Order::pictures, true, false, picture<view::N>},
         {"_D.png", &Order::pictures, true, false, picture<view::deformed>},
+        {"_report.pdf", &Order::pdf, false, false, calculation},
     });
     return all;
 }

@@ -110,4 +110,10 @@ bool fitPicture(double labelScale)
     return fitDiagramScale(longest, room);
 }
 
+std::optional<double> quantityPerCentimetre()
+{
+    const auto shown = shownScale();
+    return shown ? std::optional(shown->setting / shown->divisor) : std::nullopt;
+}
+
 } // namespace veskora

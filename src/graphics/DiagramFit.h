@@ -4,6 +4,8 @@
 
 #include "DiagramOutline.h"
 
+#include <optional>
+
 namespace veskora {
 
 /// Gives the diagram or deformed shape in view the finest scale of 1, 2 or 5 times a power of
@@ -17,5 +19,9 @@ bool fitDiagramScale(double longest, const EdgeRoom &room);
 /// chooses it, with room for values at the edges that are @p labelScale times as large as usual.
 /// @return whether the diagram's scale was chosen
 bool fitPicture(double labelScale);
+
+/// What a centimetre of the diagram or deformed shape in view stands for, in the model's units;
+/// none of the model itself.
+std::optional<double> quantityPerCentimetre();
 
 } // namespace veskora
