@@ -190,7 +190,7 @@ private:
 bool needsFonts(const std::vector<std::string> &arguments)
 {
     const Order order = parse(arguments);
-    return order.pictures || order.pdf;
+    return order.wantsPictures() || order.pdf;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

@@ -33,10 +33,13 @@ const char *const usage =
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
+    "  --pictures=KIND[,KIND...]\n"
+    "             the same as png, svg or pdf; the last two have lines and texts in\n"
+    "             place of pixels, and labels moved apart where they would overlap\n"
     "  --fit      give each diagram of the pictures a round scale at which it can be\n"
     "             read and stays in the picture\n"
     "  --size WxH pixels of the pictures, each from 200 to 8000; 1280x800 when not\n"
-    "             given\n"
+    "             given; of svg and pdf 96 are an inch\n"
     "  --label-scale F\n"
     "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
     "  --pdf      write MODEL_report.pdf too: a calculation report with the model, its\n"
@@ -65,7 +68,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"-", &Order::print},
     {"--check", &Order::check},
     {"--csv", &Order::csv},
-    {"--pictures", &Order::pictures},
+    {"--pictures", &Order::pngPictures},
     {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
@@ -144,6 +147,26 @@ constexpr auto valued = std::to_array<Valued>({
     {"--author", takeText<&Order::author>, "a text"},
 });
 
+constexpr std::string_view pictureOption = "--pictures=";
+constexpr auto pictureKinds = std::to_array<Flag>(
+    {{"png", &Order::pngPictures}, {"svg", &Order::svgPictures}, {"pdf", &Order::pdfPictures}});
+
+/// Takes @p kinds, separated by commas.
+/// @return what is wrong, empty when nothing
+std::string takePictures(Order &order, std::string_view kinds)
+{
+    for (bool isLast = false; !isLast;) {
+        const std::size_t comma = kinds.find(',');
+        const auto *kind = std::ranges::find(pictureKinds, kinds.substr(0, comma), &Flag::name);
+        if (kind == pictureKinds.end())
+            return std::string(pictureOption) + " needs png, svg or pdf, or several with commas";
+        order.*kind->given = true;
+        isLast = comma == std::string_view::npos;
+        kinds.remove_prefix(isLast ? kinds.size() : comma + 1);
+    }
+    return {};
+}
+
 /// Takes the option at @p i and, where it has one, its value.
 /// @return what is wrong, empty when nothing
 std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
@@ -153,6 +176,8 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
         order.*flag->given = true;
         return {};
     }
+    if (name.starts_with(pictureOption))
+        return takePictures(order, std::string_view(name).substr(pictureOption.size()));
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
@@ -174,7 +199,7 @@ std::string contradiction(const Order &order)
         return "--csv and - exclude each other: three tables of a model are three files";
     if (order.print && order.summary == "-")
         return "--summary - and - exclude each other: both print";
-    if (shapesPictures && !order.pictures)
+    if (shapesPictures && !order.wantsPictures())
         return "--fit, --size and --label-scale need --pictures";
     if ((order.paper || order.title || order.author) && !order.pdf)
         return "--paper, --title and --author need --pdf";

@@ -14,7 +14,9 @@ struct Order
     bool print = false;
     bool check = false;
     bool csv = false;
-    bool pictures = false;
+    bool pngPictures = false;
+    bool svgPictures = false;
+    bool pdfPictures = false;
     bool pdf = false;
     bool fit = false;
     bool strict = false;
@@ -27,6 +29,8 @@ struct Order
     std::optional<std::string> paper, title, author; ///< of the calculation report
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
+
+    bool wantsPictures() const { return pngPictures || svgPictures || pdfPictures; }
 };
 
 Order parse(const std::vector<std::string> &arguments);

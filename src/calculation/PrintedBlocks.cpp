@@ -204,6 +204,7 @@ public:
         const double below = extremes_ ? extremes_->height(0, extremes_->parts()) : 0;
         const QRectF area(0, top, sheet_.width(), height_ - lines - below);
         PaperKanvas kanvas(painter, area, sheet_.cm(1));
+        kanvas.setForPrint();
         const std::string caption = drawReportPicture(shown_, kanvas);
         kanvas.finish();
         painter.setBrush(Qt::NoBrush);

@@ -106,7 +106,7 @@ void PrintedTable::paintHeader(QPainter &painter, double top) const
         cell.isNumber = false;
         paintCell(painter, cell, columns_[k], baseline);
     }
-    const double line = top + 0.95 * rowHeight_;
+    const double line = top + rowHeight_;
     painter.setPen(QPen(Qt::black, sheet_.cm(ruleWidth)));
     painter.drawLine(QPointF(0, line), QPointF(columns_.back().left + columns_.back().width, line));
 }
@@ -115,7 +115,7 @@ void PrintedTable::paint(QPainter &painter, double top, std::size_t first, std::
 {
     paintHeader(painter, top);
     painter.setFont(font_);
-    double y = top + rowHeight_;
+    double y = top + repeatedHeight();
     const double ascent = sheet_.metrics(font_).ascent();
     for (std::size_t part = first; part < end; ++part) {
         for (std::size_t row = groups_[part].first; row < groups_[part].end; ++row) {

@@ -17,7 +17,7 @@ public:
 
     std::size_t parts() const override { return groups_.size(); }
     double heightOf(std::size_t part) const override;
-    double repeatedHeight() const override { return rowHeight_; }
+    double repeatedHeight() const override { return 1.2 * rowHeight_; } ///< a line and its air
     double spaceAbove() const override { return rowHeight_ / 2; }
     std::size_t partsToBegin() const override { return 3; }
     void paint(QPainter &painter, double top, std::size_t first, std::size_t end) const override;

@@ -83,15 +83,12 @@ std::string drawAndTellOfLostValues()
            + " " + numberText(limit);
 }
 
-/// Makes the scale of the view a round one, no finer than it is; the middle stays.
+/// Leaves the scale of the view two digits, no finer than it is; the middle stays.
 void roundScale()
 {
-    const double power = std::pow(10, std::floor(std::log10(Klimaka)));
-    for (const double step : {1., 1.25, 1.5, 1.75, 2., 2.5, 3., 3.5, 4., 5., 6., 7., 8., 9., 10.})
-        if (step * power >= static_cast<double>(Klimaka)) {
-            zoomAbout(Picture1().width() / 2, Picture1().height() / 2, Klimaka / (step * power));
-            return;
-        }
+    const double step = std::pow(10, std::floor(std::log10(Klimaka)) - 1);
+    const double rounded = step * std::ceil(Klimaka / step);
+    zoomAbout(Picture1().width() / 2, Picture1().height() / 2, Klimaka / rounded);
 }
 
 std::string scaleText(bool hasDiagramScale)
