@@ -247,11 +247,14 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     return true;
 }
 
-std::string writeAskedFile(const std::string &content, const std::string &filter,
-                           const std::string &path, const std::string &extension)
+std::string writeAskedFile(const std::function<std::string()> &make, const std::string &filter,
+                           const std::string &path, const std::string &suffix,
+                           const std::string &extension)
 {
-    const std::string target = askSavePath(filter, withoutExtension(path) + extension, extension);
-    if (target.empty())
+    const std::string target =
+        askSavePath(filter, withoutExtension(path) + suffix + extension, extension);
+    const std::string content = target.empty() ? "" : make();
+    if (content.empty())
         return {};
     try {
         writeWholeFile(target, content, Durability::onDisk);
@@ -263,6 +266,12 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
     return target;
 }
 
+std::string writeAskedFile(const std::string &content, const std::string &filter,
+                           const std::string &path, const std::string &extension)
+{
+    return writeAskedFile([&] { return content; }, filter, path, "", extension);
+}
+
 void Apothikefsi_Anaforas(const std::string &path)
 {
     (void)saveReport(Anafora, path, "");
@@ -271,10 +280,10 @@ void Apothikefsi_Anaforas(const std::string &path)
 std::string saveReport(const std::string &report, const std::string &path,
                        const std::string &suffix)
 {
-    return writeAskedFile(reportFileText(report),
+    return writeAskedFile([&] { return reportFileText(report); },
                           filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                               + filterFor(Metafrasi(1773, "All files"), ".*"),
-                          withoutExtension(path) + suffix + reportExtension, reportExtension);
+                          path, suffix, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()
