@@ -18,8 +18,8 @@ Paper usualPaper(QLocale::Territory territory);
 /// What the user chooses of it.
 struct CalculationOptions
 {
-    std::string title; ///< empty: the document's own name
-    std::string author;
+    std::string title = {}; ///< empty: the document's own name
+    std::string author = {};
     Paper paper = Paper::A4;
     int digits = 6; ///< significant ones of all numbers; `RegionalNumbers::allDigits` for all
     bool withCheck = false;

@@ -169,19 +169,24 @@ private:
     std::vector<Entry> entries_;
 };
 
-/// Half a page with its heading, or a whole one where that shows the model clearly larger.
+/// Half a page with its heading; where more shows the model clearly larger as much as that takes,
+/// up to a whole one.
 double pictureHeight(const Sheet &sheet)
 {
     const double whole = sheet.height() - sheet.cm(2.4); // two headings
     const double half = whole / 2 - sheet.cm(0.9);
     const double below = sheet.cm(2.2); // caption and extremes
-    const auto size = [&](double height) {
-        const double shorter = std::min(sheet.width(), height - below);
-        const double margins = sheet.cm(3) + 0.2 * shorter; // for ordinates and their values
-        return std::min(sheet.width() - margins, (height - below - margins) / modelProportion());
+    const auto [width, height] = modelSize();
+    const auto margins = [&](double room) { // for ordinates and their values
+        return sheet.cm(3) + 0.2 * std::min(sheet.width(), room - below);
+    };
+    const auto scale = [&, w = width, h = height](double room) {
+        return std::min((sheet.width() - margins(room)) / w, (room - below - margins(room)) / h);
     };
     constexpr double clearly = 1.3;
-    return size(whole) > clearly * size(half) ? whole : half;
+    if (scale(whole) <= clearly * scale(half))
+        return half;
+    return std::min(whole, scale(whole) * height + margins(whole) + below);
 }
 
 class PrintedPicture : public PrintedBlock

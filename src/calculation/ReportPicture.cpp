@@ -127,7 +127,7 @@ std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas)
     return caption;
 }
 
-double modelProportion()
+ModelSize modelSize()
 {
     double left = Komboi(1, node::x), right = left, bottom = Komboi(1, node::y), top = bottom;
     for (int n = 2; n <= Arithmos_Kombon; ++n) {
@@ -136,7 +136,7 @@ double modelProportion()
         bottom = std::min<double>(bottom, Komboi(n, node::y));
         top = std::max<double>(top, Komboi(n, node::y));
     }
-    return (top - bottom) / (right - left);
+    return {right - left, top - bottom};
 }
 
 } // namespace veskora

@@ -15,7 +15,11 @@ class Kanvas;
 /// @return the picture's caption: its scales, and what must be told of it
 std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas);
 
-/// Height over width of the model; 0 where it has no width or no height to speak of.
-double modelProportion();
+/// Of the model, in its own units.
+struct ModelSize
+{
+    double width, height;
+};
+ModelSize modelSize();
 
 } // namespace veskora
