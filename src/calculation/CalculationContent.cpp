@@ -80,7 +80,7 @@ private:
             return;
         heading(2, title);
         if (!said.empty())
-            note(said);
+            add(Paragraph{said, Paragraph::Kind::lead});
         add(std::move(cells));
     }
 

@@ -31,7 +31,12 @@ struct Heading
 
 struct Paragraph
 {
-    enum class Kind { plain, bold, warning };
+    enum class Kind {
+        plain,
+        lead, ///< to what follows, from which no page parts it
+        bold, ///< the same
+        warning
+    };
 
     std::string text; ///< CR LF parts its lines
     Kind kind = Kind::plain;

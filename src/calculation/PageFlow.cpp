@@ -82,12 +82,12 @@ public:
     std::vector<Page> take() { return std::move(pages_); }
 
 private:
-    /// Of headings with the beginning of what they stand over.
+    /// With the beginning of what it leads on to.
     static double heightToBegin(const Blocks &blocks, std::size_t index)
     {
         const PrintedBlock &block = *blocks[index];
         const double begin = block.height(0, std::min(block.partsToBegin(), block.parts()));
-        if (!block.isHeading() || index + 1 == blocks.size())
+        if (!block.leadsOn() || index + 1 == blocks.size())
             return begin;
         return begin + blocks[index + 1]->spaceAbove() + heightToBegin(blocks, index + 1);
     }

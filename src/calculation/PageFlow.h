@@ -43,8 +43,8 @@ public:
     virtual double spaceAbove() const = 0;
     /// Parts that stay together where the block begins.
     virtual std::size_t partsToBegin() const { return 1; }
-    /// Whether it may not end a page.
-    virtual bool isHeading() const { return false; }
+    /// Whether it may not end a page, as a heading.
+    virtual bool leadsOn() const { return false; }
     /// Parts from @p first to before @p end, the top at @p top.
     virtual void paint(QPainter &painter, double top, std::size_t first, std::size_t end) const = 0;
 

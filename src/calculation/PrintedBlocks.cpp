@@ -22,14 +22,14 @@ class PrintedText : public PrintedBlock
 {
 public:
     PrintedText(const std::string &text, const QFont &font, QColor colour, double spaceAbove,
-                const Sheet &sheet, bool isHeading = false)
+                const Sheet &sheet, bool leadsOn = false)
         : font_(font),
           colour_(colour),
           lines_(sheet.wrapped(QString::fromStdString(text), font, sheet.width())),
           lineHeight_(1.1 * sheet.metrics(font).height()),
           ascent_(sheet.metrics(font).ascent()),
           spaceAbove_(spaceAbove),
-          isHeading_(isHeading)
+          leadsOn_(leadsOn)
     {}
 
     std::size_t parts() const override { return static_cast<std::size_t>(lines_.size()); }
@@ -40,7 +40,7 @@ public:
         constexpr std::size_t most = 12;
         return parts() <= most ? parts() : most / 2;
     }
-    bool isHeading() const override { return isHeading_; }
+    bool leadsOn() const override { return leadsOn_; }
     void paint(QPainter &painter, double top, std::size_t first, std::size_t end) const override
     {
         painter.setFont(font_);
@@ -54,7 +54,7 @@ private:
     QColor colour_;
     QStringList lines_;
     double lineHeight_, ascent_, spaceAbove_;
-    bool isHeading_;
+    bool leadsOn_;
 };
 
 class PrintedTitle : public PrintedBlock
@@ -183,7 +183,7 @@ double pictureHeight(const Sheet &sheet)
     const auto scale = [&, w = width, h = height](double room) {
         return std::min((sheet.width() - margins(room)) / w, (room - below - margins(room)) / h);
     };
-    constexpr double clearly = 1.3;
+    constexpr double clearly = 1.6;
     if (scale(whole) <= clearly * scale(half))
         return half;
     return std::min(whole, scale(whole) * height + margins(whole) + below);
@@ -266,7 +266,8 @@ struct Print
         return std::make_unique<PrintedText>(
             paragraph.text, sheet.font(textPoints, isBold || isWarning),
             isWarning ? qtColour(logColourWord(logColour::red)) : QColor(Qt::black),
-            sheet.cm(isBold ? 0.35 : 0.15), sheet, isBold);
+            sheet.cm(isBold ? 0.35 : 0.15), sheet,
+            isBold || paragraph.kind == Paragraph::Kind::lead);
     }
     Printed operator()(const TextTable &table) const
     {
