@@ -24,7 +24,7 @@ void pdfReport(benchmark::State &state)
             }).data());
 }
 
-BENCHMARK(pdfReport)->Name("pdf_report/limit")->Unit(benchmark::kMillisecond);
+BENCHMARK(pdfReport)->Name("pdf_report/limit")->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace veskora
