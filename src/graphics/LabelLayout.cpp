@@ -34,16 +34,14 @@ bool contains(const LabelBox &area, const LabelBox &box)
            && box.bottom <= area.bottom;
 }
 
-double distance(const LabelBox &box, Point to)
+double distance(Point a, Point b)
 {
-    return std::hypot(std::max({box.left - to.x, 0., to.x - box.right}),
-                      std::max({box.top - to.y, 0., to.y - box.bottom}));
+    return std::hypot(b.x - a.x, b.y - a.y);
 }
 
 bool endTogether(const ValueLabel &a, const ValueLabel &b)
 {
-    const Point p = a.ordinate.tip, q = b.ordinate.tip;
-    return std::hypot(p.x - q.x, p.y - q.y) <= onePlace * height(a.box);
+    return distance(a.ordinate.tip, b.ordinate.tip) <= onePlace * height(a.box);
 }
 
 /// The lengths over which something may move along a line.
@@ -121,11 +119,13 @@ private:
         return true;
     }
 
-    bool seemsItsOwn(const ValueLabel &label, const LabelBox &box) const
+    /// Whether no other ordinate ends nearer to where the label then begins.
+    bool seemsItsOwn(const ValueLabel &label, Point by) const
     {
-        const double own = distance(box, label.ordinate.tip);
+        const Point tip = label.ordinate.tip, now = {tip.x + by.x, tip.y + by.y};
         return std::all_of(labels_.begin(), labels_.end(), [&](const ValueLabel &other) {
-            return endTogether(label, other) || distance(box, other.ordinate.tip) > own;
+            return endTogether(label, other)
+                   || distance(now, other.ordinate.tip) > distance(now, tip);
         });
     }
 
@@ -162,13 +162,14 @@ private:
     {
         const ValueLabel &label = *written_[k];
         const auto &[node, foot, tip] = label.ordinate;
-        const double length = std::hypot(tip.x - foot.x, tip.y - foot.y);
+        const double length = distance(foot, tip);
         if (isFree(k, label.box) || length == 0)
             return label.box;
         const Point outwards = {(tip.x - foot.x) / length, (tip.y - foot.y) / length};
         for (const double way : ways(k, outwards, length)) {
-            const LabelBox box = moved(label.box, {way * outwards.x, way * outwards.y});
-            if (isFree(k, box) && seemsItsOwn(label, box)
+            const Point by = {way * outwards.x, way * outwards.y};
+            const LabelBox box = moved(label.box, by);
+            if (isFree(k, box) && seemsItsOwn(label, by)
                 && (contains(area_, box) || !contains(area_, label.box)))
                 return box;
         }

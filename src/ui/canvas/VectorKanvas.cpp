@@ -253,6 +253,7 @@ void VectorKanvas::doPrintValue(const std::string &text, float x, float y, const
           {.font = font(),
            .size = fontSize(),
            .corner = pixelPlace(x, y),
+           .hasHalo = true,
            .ordinate = Ordinate{ordinate.node, inPixels(ordinate.foot), inPixels(ordinate.tip)}});
 }
 
@@ -266,7 +267,11 @@ void VectorKanvas::doPrintRotated(const std::string &text, float x, float y,
     turned.setStrikeOut(asked.strikeout);
     // The height is that of ascent and descent together, not of the letter M.
     const double size = asked.height * textScale_ * em / QFontMetricsF(turned).height();
-    place(text, {.font = turned, .size = size, .corner = pixelPlace(x, y), .turn = angle / 10.0});
+    place(text, {.font = turned,
+                 .size = size,
+                 .corner = pixelPlace(x, y),
+                 .turn = angle / 10.0,
+                 .hasHalo = true});
 }
 
 double VectorKanvas::lineAdvance() const
@@ -304,7 +309,8 @@ void VectorKanvas::paintTexts()
                                 [this](const PlacedText &text) { return !isSeen(text); }),
                  texts_.end()); // nobody searches for what cannot be seen
     for (const PlacedText &text : texts_)
-        paintHalo(text, {ground(), 2 * haloWidth, false});
+        if (text.hasHalo)
+            paintHalo(text, {ground(), 2 * haloWidth, false});
     for (const PlacedText &text : texts_)
         paintText(text);
 }

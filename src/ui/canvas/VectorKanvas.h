@@ -64,6 +64,7 @@ protected:
         double turn = 0;   ///< counter-clockwise, degrees
         double ascent = 0; ///< from the corner to the base line, before it is turned
         QColor colour = {};
+        bool hasHalo = false; ///< what stands at a node has none: it would hide its symbols
         std::optional<Ordinate> ordinate = {}; ///< of a value; pixels
 
         /// From the font's own pixels, at the beginning of the base line, to those of the picture.
