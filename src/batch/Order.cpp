@@ -122,12 +122,13 @@ bool takePaper(Order &order, const std::string &value)
     return value == "A4" || value == "Letter";
 }
 
-/// Any text.
+/// A line or a few at the head of a page.
 template <std::optional<std::string> Order::*text>
 bool takeText(Order &order, const std::string &value)
 {
+    constexpr std::size_t longest = 200;
     order.*text = value;
-    return true;
+    return value.size() <= longest;
 }
 
 /// An option that takes the argument behind it.
@@ -143,8 +144,8 @@ constexpr auto valued = std::to_array<Valued>({
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
     {"--paper", takePaper, "A4 or Letter"},
-    {"--title", takeText<&Order::title>, "a text"},
-    {"--author", takeText<&Order::author>, "a text"},
+    {"--title", takeText<&Order::title>, "a text of at most 200 bytes"},
+    {"--author", takeText<&Order::author>, "a text of at most 200 bytes"},
 });
 
 constexpr std::string_view pictureOption = "--pictures=";

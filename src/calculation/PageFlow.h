@@ -20,7 +20,6 @@ public:
     double width() const { return width_; }
     double height() const { return height_; }
     double cm(double centimetres) const;
-    /// No smaller than can be read in print.
     QFont font(double points, bool isBold = false) const;
     QFontMetricsF metrics(const QFont &font) const { return {font, device_}; }
     QStringList wrapped(const QString &text, const QFont &font, double width) const;

@@ -117,7 +117,8 @@ std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas)
     nai_times_M = nai_times_Q = nai_times_N = true;
     xroma_background = white;
     kanvas.setBackground(white);
-    const bool hasDiagramScale = fitPicture(1);
+    constexpr double finest = 0.001; // small models too are to fill their place
+    const bool hasDiagramScale = fitPicture(1, finest);
     roundScale();
     std::string caption = scaleText(hasDiagramScale);
     if (isDiagramCut())

@@ -4,6 +4,7 @@
 #include "CalculationReport.h"
 #include "epilisi.h"
 #include "Files.h"
+#include "Metablites.h"
 #include "Models.h"
 #include "PageFlow.h"
 #include "Registry.h"
