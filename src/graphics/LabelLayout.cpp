@@ -39,6 +39,11 @@ double distance(Point a, Point b)
     return std::hypot(b.x - a.x, b.y - a.y);
 }
 
+double length(const Ordinate &ordinate)
+{
+    return distance(ordinate.foot, ordinate.tip);
+}
+
 bool endTogether(const ValueLabel &a, const ValueLabel &b)
 {
     return distance(a.ordinate.tip, b.ordinate.tip) <= onePlace * height(a.box);
@@ -76,6 +81,11 @@ public:
         for (const ValueLabel &label : labels)
             if (!isRepeated(label))
                 written_.push_back(&label);
+        // Of ordinates that end in one place the longer has its value further out.
+        std::stable_sort(written_.begin(), written_.end(),
+                         [](const ValueLabel *a, const ValueLabel *b) {
+                             return length(a->ordinate) > length(b->ordinate);
+                         });
         firstLabel_ = boxes_.size();
         for (const ValueLabel *label : written_)
             boxes_.push_back(label->box);
@@ -130,7 +140,7 @@ private:
     }
 
     /// How far label @p k may go to be clear of one box, outwards first, the nearest first.
-    std::vector<double> ways(std::size_t k, Point outwards, double length) const
+    std::vector<double> ways(std::size_t k, Point outwards, double whole) const
     {
         const LabelBox &box = written_[k]->box;
         const double limit =
@@ -148,7 +158,7 @@ private:
                 continue;
             if (stretch.to > 0 && stretch.to <= limit)
                 found.push_back(stretch.to);
-            if (stretch.from < 0 && -stretch.from <= std::min(limit, length))
+            if (stretch.from < 0 && -stretch.from <= std::min(limit, whole))
                 found.push_back(stretch.from);
         }
         std::sort(found.begin(), found.end(), [](double a, double b) {
@@ -162,11 +172,11 @@ private:
     {
         const ValueLabel &label = *written_[k];
         const auto &[node, foot, tip] = label.ordinate;
-        const double length = distance(foot, tip);
-        if (isFree(k, label.box) || length == 0)
+        const double whole = length(label.ordinate);
+        if (isFree(k, label.box) || whole == 0)
             return label.box;
-        const Point outwards = {(tip.x - foot.x) / length, (tip.y - foot.y) / length};
-        for (const double way : ways(k, outwards, length)) {
+        const Point outwards = {(tip.x - foot.x) / whole, (tip.y - foot.y) / whole};
+        for (const double way : ways(k, outwards, whole)) {
             const Point by = {way * outwards.x, way * outwards.y};
             const LabelBox box = moved(label.box, by);
             if (isFree(k, box) && seemsItsOwn(label, by)

@@ -41,6 +41,9 @@ TEST(LabelLayout, WritesOnceAndMovesAsLittleAsNeededAlongTheOrdinate)
              {"no further than twice its height", {a}, {stays}, {{50, 40, 60, 70}}},
              {"the first of two", {a, {"6", 2, 50, 52, 20}}, {2, stays}},
              {"not past another's end", {a, {"6", 2, 50, 48, 20}}, {-2, stays}},
+             {"the longer of two that end together is the outer one",
+              {{"5", 1, 50, 50.5, 20}, {"6", 1, 50, 50, 20.5}},
+              {stays, 3.5}},
              {"no direction", {{"0", 1, 50, 50, 0}}, {stays}, {{50, 53, 60, 60}}},
              {"not out of the picture", {{"5", 1, 50, 1, 20}}, {-2}, {{50, 0, 60, 3}}},
          }) {

@@ -67,10 +67,11 @@ std::vector<LabelBox> VectorKanvas::PlacedText::boxes() const
     const QRectF ink = QFontMetricsF(font).tightBoundingRect(text);
     const bool leans = std::fmod(turn, 90) != 0;
     const int parts = leans ? static_cast<int>(std::ceil(ink.width() / ink.height())) : 1;
-    const double width = ink.width() / parts;
+    constexpr double gap = em / 8.0; // on either side: side by side two values are not to be one
+    const double width = (ink.width() + 2 * gap) / parts;
     std::vector<LabelBox> boxes;
     for (int i = 0; i < parts; ++i) {
-        const QRectF part(ink.left() + i * width, ink.top(), width, ink.height());
+        const QRectF part(ink.left() - gap + i * width, ink.top(), width, ink.height());
         const QRectF box =
             place().mapRect(part).adjusted(-haloWidth, -haloWidth, haloWidth, haloWidth);
         boxes.push_back({box.left(), box.top(), box.right(), box.bottom()});
