@@ -101,8 +101,8 @@ private:
                                           "or its analysis failed."),
                           Paragraph::Kind::warning});
         note(Metafrasi(1942, "All numbers are in the units in which the model was entered. x runs "
-                             "to the right, y upward; rotations and moments are positive "
-                             "counter-clockwise."));
+                             "to the right, y upward; rotations and the moments of loads, "
+                             "element ends and reactions are positive counter-clockwise."));
         if (options_.digits != RegionalNumbers::allDigits)
             note(filled(Metafrasi(1947, "The numbers of tables are rounded to %1 significant "
                                         "digits."),
@@ -170,6 +170,11 @@ private:
     void diagrams()
     {
         heading(1, Metafrasi(1936, "Diagrams"));
+        add(Paragraph{Metafrasi(1943, "N is positive in tension, Q where it turns the element "
+                                      "clockwise, M with tension on the side of negative local y: "
+                                      "below in an element that runs to the right. x counts from "
+                                      "end i."),
+                      Paragraph::Kind::lead});
         diagram(Metafrasi(351, "Moment M"), view::M, forceExtremes("M", resultantM));
         diagram(Metafrasi(347, "Shear force") + " Q", view::Q, forceExtremes("Q", resultantQ));
         diagram(Metafrasi(346, "Axial force") + " N", view::N, forceExtremes("N", resultantN));

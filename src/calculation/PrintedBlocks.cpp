@@ -173,8 +173,8 @@ private:
 /// up to a whole one.
 double pictureHeight(const Sheet &sheet)
 {
-    const double whole = sheet.height() - sheet.cm(2.4); // two headings
-    const double half = whole / 2 - sheet.cm(0.9);
+    const double whole = sheet.height() - sheet.cm(3.4); // two headings and a note
+    const double half = whole / 2 - sheet.cm(0.7);
     const double below = sheet.cm(2.2); // caption and extremes
     const auto [width, height] = modelSize();
     const auto margins = [&](double room) { // for ordinates and their values
