@@ -183,7 +183,7 @@ double pictureHeight(const Sheet &sheet)
     const auto scale = [&, w = width, h = height](double room) {
         return std::min((sheet.width() - margins(room)) / w, (room - below - margins(room)) / h);
     };
-    constexpr double clearly = 1.6;
+    constexpr double clearly = 1.8;
     if (scale(whole) <= clearly * scale(half))
         return half;
     return std::min(whole, scale(whole) * height + margins(whole) + below);
