@@ -26,10 +26,16 @@ const char *const usage =
     "  --csv      write MODEL_ends.csv (N, Q, M and the end forces at both ends of each\n"
     "             element), MODEL_spans.csv (largest and smallest M between the ends)\n"
     "             and MODEL_nodes.csv (displacements and reactions) too; not with -\n"
+    "  --values [N]\n"
+    "             write MODEL_values.csv too: N, Q, M, deflection and displacements along\n"
+    "             each element at N equal parts, 1 to 100, 10 when not given, and at the\n"
+    "             extremes and zeros between; not with -\n"
     "  --summary FILE\n"
     "             write a row for each model: how the analysis ended, extremes of M and\n"
     "             of the displacements, sums of loads and reactions; - prints it;\n"
     "             DIR does not count for it\n"
+    "  --regional write all these tables with semicolons between cells and commas in\n"
+    "             numbers; changes nothing where your region has a decimal point\n"
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
@@ -58,6 +64,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"-", &Order::print},
     {"--check", &Order::check},
     {"--csv", &Order::csv},
+    {"--regional", &Order::regional},
     {"--pictures", &Order::pictures},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
@@ -119,6 +126,42 @@ constexpr auto valued = std::to_array<Valued>({
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
 });
 
+bool takeParts(Order &order, const std::string &value)
+{
+    const char *const end = value.data() + value.size();
+    const auto [rest, error] = std::from_chars(value.data(), end, order.parts);
+    return error == std::errc() && rest == end && order.parts >= 1 && order.parts <= maxParts;
+}
+
+/// An option that may have a value, behind "=" or as an argument that could be one.
+struct Optional
+{
+    std::string_view name;
+    bool Order::*given;
+    bool (*couldBe)(const std::string &);
+    bool (*take)(Order &, const std::string &);
+    const char *takes;
+};
+constexpr auto optional = std::to_array<Optional>({
+    {"--values", &Order::values,
+     [](const std::string &value) { return numberFromWholeText(value).has_value(); }, takeParts,
+     "a whole number from 1 to 100, or none"},
+});
+
+std::string takeOptional(const Optional &option, Order &order,
+                         const std::vector<std::string> &arguments, std::size_t &i)
+{
+    order.*option.given = true;
+    std::string value;
+    if (arguments[i].size() > option.name.size())
+        value = arguments[i].substr(option.name.size() + 1);
+    else if (i + 1 < arguments.size() && option.couldBe(arguments[i + 1]))
+        value = arguments[++i];
+    else
+        return {};
+    return option.take(order, value) ? "" : std::string(option.name) + " takes " + option.takes;
+}
+
 /// Takes the option at @p i and, where it has one, its value.
 /// @return what is wrong, empty when nothing
 std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
@@ -128,6 +171,10 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
         order.*flag->given = true;
         return {};
     }
+    const auto *withOptional = std::ranges::find(
+        optional, std::string_view(name).substr(0, name.find('=')), &Optional::name);
+    if (withOptional != optional.end())
+        return takeOptional(*withOptional, order, arguments, i);
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
@@ -147,6 +194,10 @@ std::string contradiction(const Order &order)
         return "--out and - exclude each other";
     if (order.print && order.csv)
         return "--csv and - exclude each other: three tables of a model are three files";
+    if (order.print && order.values)
+        return "--values and - exclude each other: the table of a model is a file";
+    if (order.regional && !order.csv && !order.values && order.summary.empty())
+        return "--regional needs --csv, --values or --summary";
     if (order.print && order.summary == "-")
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.pictures)

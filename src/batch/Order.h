@@ -2,6 +2,8 @@
 /// @file
 /// The command line of the batch runner.
 
+#include "AlongElement.h"
+
 #include <string>
 #include <vector>
 
@@ -13,13 +15,16 @@ struct Order
     bool print = false;
     bool check = false;
     bool csv = false;
+    bool values = false;
+    bool regional = false;
     bool pictures = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
-    std::string folder;  ///< empty: the working directory
-    std::string summary; ///< file of the summary, "-" for the standard output, empty for none
-    int width = 1280;    ///< of a picture, pixels
+    std::string folder;     ///< empty: the working directory
+    std::string summary;    ///< file of the summary, "-" for the standard output, empty for none
+    int parts = usualParts; ///< equal parts of an element for its values
+    int width = 1280;       ///< of a picture, pixels
     int height = 800;
     double labelScale = 1;
     std::vector<std::string> models;

@@ -29,9 +29,14 @@ Made check(const Order &)
 }
 
 template <CsvTable (*table)()>
-Made csv(const Order &)
+Made csv(const Order &order)
 {
-    return {csvText(table()), {}, {}};
+    return {csvText(table(), csvForm(order)), {}, {}};
+}
+
+Made values(const Order &order)
+{
+    return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
 }
 
 template <std::int16_t shown>
@@ -42,6 +47,11 @@ Made picture(const Order &order)
 
 } // namespace
 
+CsvForm csvForm(const Order &order)
+{
+    return order.regional ? CsvForm::regional : CsvForm::international;
+}
+
 std::span<const Output> outputs()
 {
     static constexpr auto all = std::to_array<Output>({
@@ -50,6 +60,7 @@ std::span<const Output> outputs()
         {"_ends.csv", &Order::csv, true, false, csv<endsTable>},
         {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
+        {"_values.csv", &Order::values, true, false, values},
         {"_model.png", &Order::pictures, false, false, picture<view::model>},
         {"_M.png", &Order::pictures, true, false, picture<view::M>},
         {"_Q.png", &Order::pictures, true, false, picture<view::Q>},
