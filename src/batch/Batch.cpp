@@ -190,7 +190,7 @@ private:
 
 bool wantsPictures(const std::vector<std::string> &arguments)
 {
-    return parse(arguments).pictures;
+    return parse(arguments).wantsPictures();
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

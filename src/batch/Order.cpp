@@ -39,10 +39,13 @@ const char *const usage =
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
+    "  --pictures=KIND[,KIND...]\n"
+    "             the same as png, svg or pdf; the last two have lines and texts in\n"
+    "             place of pixels, and labels moved apart where they would overlap\n"
     "  --fit      give each diagram of the pictures a round scale at which it can be\n"
     "             read and stays in the picture\n"
     "  --size WxH pixels of the pictures, each from 200 to 8000; 1280x800 when not\n"
-    "             given\n"
+    "             given; of svg and pdf 96 are an inch\n"
     "  --label-scale F\n"
     "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
@@ -65,7 +68,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"--check", &Order::check},
     {"--csv", &Order::csv},
     {"--regional", &Order::regional},
-    {"--pictures", &Order::pictures},
+    {"--pictures", &Order::pngPictures},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
     {"--help", &Order::help},
@@ -126,40 +129,45 @@ constexpr auto valued = std::to_array<Valued>({
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
 });
 
-bool takeParts(Order &order, const std::string &value)
+constexpr std::string_view pictureOption = "--pictures=";
+constexpr auto pictureKinds = std::to_array<Flag>(
+    {{"png", &Order::pngPictures}, {"svg", &Order::svgPictures}, {"pdf", &Order::pdfPictures}});
+
+/// Takes @p kinds, separated by commas.
+/// @return what is wrong, empty when nothing
+std::string takePictures(Order &order, std::string_view kinds)
 {
-    const char *const end = value.data() + value.size();
-    const auto [rest, error] = std::from_chars(value.data(), end, order.parts);
-    return error == std::errc() && rest == end && order.parts >= 1 && order.parts <= maxParts;
+    for (bool isLast = false; !isLast;) {
+        const std::size_t comma = kinds.find(',');
+        const auto *kind = std::ranges::find(pictureKinds, kinds.substr(0, comma), &Flag::name);
+        if (kind == pictureKinds.end())
+            return std::string(pictureOption) + " needs png, svg or pdf, or several with commas";
+        order.*kind->given = true;
+        isLast = comma == std::string_view::npos;
+        kinds.remove_prefix(isLast ? kinds.size() : comma + 1);
+    }
+    return {};
 }
 
-/// An option that may have a value, behind "=" or as an argument that could be one.
-struct Optional
-{
-    std::string_view name;
-    bool Order::*given;
-    bool (*couldBe)(const std::string &);
-    bool (*take)(Order &, const std::string &);
-    const char *takes;
-};
-constexpr auto optional = std::to_array<Optional>({
-    {"--values", &Order::values,
-     [](const std::string &value) { return numberFromWholeText(value).has_value(); }, takeParts,
-     "a whole number from 1 to 100, or none"},
-});
+constexpr std::string_view valuesOption = "--values";
 
-std::string takeOptional(const Optional &option, Order &order,
-                         const std::vector<std::string> &arguments, std::size_t &i)
+/// Takes the option at @p i and the number of parts, where one stands behind "=" or is the next
+/// argument.
+std::string takeValues(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
 {
-    order.*option.given = true;
-    std::string value;
-    if (arguments[i].size() > option.name.size())
-        value = arguments[i].substr(option.name.size() + 1);
-    else if (i + 1 < arguments.size() && option.couldBe(arguments[i + 1]))
-        value = arguments[++i];
+    order.values = true;
+    std::string parts;
+    if (arguments[i].size() > valuesOption.size())
+        parts = arguments[i].substr(valuesOption.size() + 1);
+    else if (i + 1 < arguments.size() && numberFromWholeText(arguments[i + 1]))
+        parts = arguments[++i];
     else
         return {};
-    return option.take(order, value) ? "" : std::string(option.name) + " takes " + option.takes;
+    const char *const end = parts.data() + parts.size();
+    const auto [rest, error] = std::from_chars(parts.data(), end, order.parts);
+    const bool isSane =
+        error == std::errc() && rest == end && order.parts >= 1 && order.parts <= maxParts;
+    return isSane ? "" : std::string(valuesOption) + " takes a whole number from 1 to 100, or none";
 }
 
 /// Takes the option at @p i and, where it has one, its value.
@@ -171,10 +179,10 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
         order.*flag->given = true;
         return {};
     }
-    const auto *withOptional = std::ranges::find(
-        optional, std::string_view(name).substr(0, name.find('=')), &Optional::name);
-    if (withOptional != optional.end())
-        return takeOptional(*withOptional, order, arguments, i);
+    if (name.starts_with(pictureOption))
+        return takePictures(order, std::string_view(name).substr(pictureOption.size()));
+    if (std::string_view(name).substr(0, name.find('=')) == valuesOption)
+        return takeValues(order, arguments, i);
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
@@ -200,7 +208,7 @@ std::string contradiction(const Order &order)
         return "--regional needs --csv, --values or --summary";
     if (order.print && order.summary == "-")
         return "--summary - and - exclude each other: both print";
-    if (shapesPictures && !order.pictures)
+    if (shapesPictures && !order.wantsPictures())
         return "--fit, --size and --label-scale need --pictures";
     if (order.models.empty() || std::ranges::count(order.models, "") > 0)
         return "no model given";

@@ -17,7 +17,9 @@ struct Order
     bool csv = false;
     bool values = false;
     bool regional = false;
-    bool pictures = false;
+    bool pngPictures = false;
+    bool svgPictures = false;
+    bool pdfPictures = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
@@ -29,6 +31,8 @@ struct Order
     double labelScale = 1;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
+
+    bool wantsPictures() const { return pngPictures || svgPictures || pdfPictures; }
 };
 
 Order parse(const std::vector<std::string> &arguments);

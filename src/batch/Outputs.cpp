@@ -39,10 +39,10 @@ Made values(const Order &order)
     return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
 }
 
-template <std::int16_t shown>
+template <std::int16_t shown, PictureForm form>
 Made picture(const Order &order)
 {
-    return drawPicture(shown, order);
+    return drawPicture(shown, form, order);
 }
 
 } // namespace
@@ -61,11 +61,21 @@ std::span<const Output> outputs()
         {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
         {"_values.csv", &Order::values, true, false, values},
-        {"_model.png", &Order::pictures, false, false, picture<view::model>},
-        {"_M.png", &Order::pictures, true, false, picture<view::M>},
-        {"_Q.png", &Order::pictures, true, false, picture<view::Q>},
-        {"_N.png", &Order::pictures, true, false, picture<view::N>},
-        {"_D.png", &Order::pictures, true, false, picture<view::deformed>},
+        {"_model.png", &Order::pngPictures, false, false, picture<view::model, PictureForm::png>},
+        {"_M.png", &Order::pngPictures, true, false, picture<view::M, PictureForm::png>},
+        {"_Q.png", &Order::pngPictures, true, false, picture<view::Q, PictureForm::png>},
+        {"_N.png", &Order::pngPictures, true, false, picture<view::N, PictureForm::png>},
+        {"_D.png", &Order::pngPictures, true, false, picture<view::deformed, PictureForm::png>},
+        {"_model.svg", &Order::svgPictures, false, false, picture<view::model, PictureForm::svg>},
+        {"_M.svg", &Order::svgPictures, true, false, picture<view::M, PictureForm::svg>},
+        {"_Q.svg", &Order::svgPictures, true, false, picture<view::Q, PictureForm::svg>},
+        {"_N.svg", &Order::svgPictures, true, false, picture<view::N, PictureForm::svg>},
+        {"_D.svg", &Order::svgPictures, true, false, picture<view::deformed, PictureForm::svg>},
+        {"_model.pdf", &Order::pdfPictures, false, false, picture<view::model, PictureForm::pdf>},
+        {"_M.pdf", &Order::pdfPictures, true, false, picture<view::M, PictureForm::pdf>},
+        {"_Q.pdf", &Order::pdfPictures, true, false, picture<view::Q, PictureForm::pdf>},
+        {"_N.pdf", &Order::pdfPictures, true, false, picture<view::N, PictureForm::pdf>},
+        {"_D.pdf", &Order::pdfPictures, true, false, picture<view::deformed, PictureForm::pdf>},
     });
     return all;
 }

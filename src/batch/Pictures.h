@@ -1,6 +1,6 @@
 #pragma once
 /// @file
-/// Pictures of a model and its results as PNG files.
+/// Pictures of a model and its results.
 
 #include "Outputs.h"
 
@@ -8,8 +8,10 @@
 
 namespace veskora {
 
+enum class PictureForm { png, svg, pdf };
+
 /// Draws the model in the store as @p shown, one of `view`, the whole of it in view. Notes what
 /// leaves the picture, and the scale where it was chosen.
-Made drawPicture(std::int16_t shown, const Order &order);
+Made drawPicture(std::int16_t shown, PictureForm form, const Order &order);
 
 } // namespace veskora

@@ -1,5 +1,6 @@
 #include "ImageKanvas.h"
 
+#include "Clip.h"
 #include "FileSystem.h"
 #include "QtColour.h"
 #include "Units.h"
@@ -19,35 +20,6 @@ namespace {
 /// Device pixels. An upright or level line is put on whole ones; one that leans more would be torn
 /// there, as would a flat curve.
 constexpr double straight = 0.01;
-
-/// Coordinates far outside the image say nothing to the eye but take a rasteriser long.
-constexpr double farOutside = 32000;
-
-/// Cuts a line to the square of `farOutside` around the origin.
-/// @return whether any of it is left
-bool clip(QPointF &from, QPointF &to)
-{
-    double begin = 0;
-    double end = 1;
-    const QPointF way = to - from;
-    const auto cut = [&](double start, double step) {
-        if (step == 0)
-            return std::abs(start) <= farOutside;
-        const double a = (-farOutside - start) / step;
-        const double b = (farOutside - start) / step;
-        begin = std::max(begin, std::min(a, b));
-        end = std::min(end, std::max(a, b));
-        return begin <= end;
-    };
-    if (!cut(from.x(), way.x()) || !cut(from.y(), way.y()))
-        return false;
-    const QPointF start = from;
-    if (begin > 0)
-        from = start + begin * way;
-    if (end < 1)
-        to = start + end * way;
-    return true;
-}
 
 } // namespace
 
@@ -256,33 +228,20 @@ void ImageKanvas::doPolyline(std::span<const Point> places)
     if (device(right.x - left.x) < straight || device(bottom.y - top.y) < straight)
         return doLine(static_cast<float>(left.x), static_cast<float>(top.y),
                       static_cast<float>(right.x), static_cast<float>(bottom.y));
-    QPainterPath path;
-    for (std::size_t i = 1; i < places.size(); ++i) {
-        QPointF from(device(places[i - 1].x), device(places[i - 1].y));
-        QPointF to(device(places[i].x), device(places[i].y));
-        if (!clip(from, to))
-            continue;
-        if (path.isEmpty() || path.currentPosition() != from)
-            path.moveTo(from);
-        path.lineTo(to);
-    }
+    QPolygonF line;
+    for (const Point &place : places)
+        line << QPointF(device(place.x), device(place.y));
     QPen pen = painter_->pen();
     pen.setCapStyle(Qt::RoundCap); // elements that meet at an angle close the corner
     pen.setJoinStyle(Qt::MiterJoin);
-    painter_->strokePath(path, pen);
-}
-
-bool ImageKanvas::reachesImage(double x, double y, double radius) const
-{
-    return x + radius >= 0 && y + radius >= 0 && x - radius <= image_.width()
-           && y - radius <= image_.height();
+    painter_->strokePath(clippedCurve(line), pen);
 }
 
 void ImageKanvas::doPoint(float x, float y)
 {
     const double side = penPixels();
     const QPointF centre = alignedPoint(x, y);
-    if (!reachesImage(centre.x(), centre.y(), side))
+    if (!reaches(image_.size(), centre, side))
         return;
     painter_->save();
     painter_->setPen(Qt::NoPen);
@@ -295,7 +254,7 @@ void ImageKanvas::doCircle(float x, float y, float radius)
 {
     const QPointF centre(device(x), device(y));
     const double deviceRadius = device(radius);
-    if (!reachesImage(centre.x(), centre.y(), deviceRadius) || deviceRadius > farOutside)
+    if (!reaches(image_.size(), centre, deviceRadius))
         return;
     painter_->setBrush(fillOn_ ? QBrush(fillColour_) : QBrush(Qt::NoBrush));
     painter_->drawEllipse(centre, deviceRadius, deviceRadius);
@@ -307,16 +266,13 @@ void ImageKanvas::doArc(float x, float y, float radius, double start, double end
     constexpr double whole = 2 * std::numbers::pi;
     constexpr double stepsPerRadian = 16 * 180 / std::numbers::pi;
     const double deviceRadius = device(radius);
-    if (!reachesImage(device(x), device(y), deviceRadius) || deviceRadius > farOutside)
+    if (!reaches(image_.size(), QPointF(device(x), device(y)), deviceRadius))
         return;
-    double span = std::fmod(end - start, whole);
-    if (span <= 0)
-        span += whole;
     const QRectF square(device(x) - deviceRadius, device(y) - deviceRadius, 2 * deviceRadius,
                         2 * deviceRadius);
     painter_->drawArc(square,
                       static_cast<int>(std::lround(std::fmod(start, whole) * stepsPerRadian)),
-                      static_cast<int>(std::lround(span * stepsPerRadian)));
+                      static_cast<int>(std::lround(arcSpan(start, end) * stepsPerRadian)));
 }
 
 void ImageKanvas::doPrint(const std::string &text, float x, float y)
@@ -358,7 +314,7 @@ void ImageKanvas::doPrintRotated(const std::string &text, float x, float y, cons
                                  int angle)
 {
     constexpr double reach = 2000; // device pixels, longer than any label
-    if (text.empty() || !reachesImage(device(x), device(y), reach))
+    if (text.empty() || !reaches(image_.size(), QPointF(device(x), device(y)), reach))
         return;
     painter_->setFont(rotatedFont(font));
     painter_->translate(std::round(device(x)), std::round(device(y)));

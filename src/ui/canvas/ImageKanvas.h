@@ -78,7 +78,6 @@ private:
     const QFont &rotatedFont(const RotatedFont &font);
     /// At the painter's origin.
     void printQuarterTurned(const QString &text, int degrees);
-    bool reachesImage(double x, double y, double radius) const;
 
     QSize size_;
     double scale_;

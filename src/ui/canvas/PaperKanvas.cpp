@@ -1,191 +1,104 @@
 #include "PaperKanvas.h"
 
-#include "QtColour.h"
 #include "Units.h"
 
-#include <QFontMetricsF>
-#include <QPainterPath>
+#include <QPen>
 
-#include <algorithm>
-#include <cmath>
 #include <numbers>
 
 namespace veskora {
 
 namespace {
 
-constexpr double centimetresPerPoint = 2.54 / 72;
+QPen penOf(const QColor &colour, double width, bool isDotted)
+{
+    QPen pen(colour, width);
+    pen.setCapStyle(isDotted ? Qt::FlatCap : Qt::RoundCap);
+    pen.setJoinStyle(Qt::RoundJoin);
+    if (isDotted)
+        pen.setDashPattern({1, 2});
+    return pen;
+}
 
 } // namespace
 
 PaperKanvas::PaperKanvas(QPainter &painter, const QRectF &area, double unitsPerCentimetre)
-    : painter_(painter), area_(area), units_(unitsPerCentimetre)
+    : VectorKanvas(area.size() / unitsPerCentimetre * pixelsPerCentimetre), painter_(painter)
 {
     painter_.save();
-    painter_.setClipRect(area_);
-    applyPen();
+    painter_.setClipRect(area);
+    painter_.translate(area.topLeft());
+    const double unitsPerPixel = unitsPerCentimetre / pixelsPerCentimetre;
+    painter_.scale(unitsPerPixel, unitsPerPixel);
 }
 
 void PaperKanvas::finish()
 {
+    paintTexts();
     painter_.restore();
 }
 
-double PaperKanvas::width() const
+void PaperKanvas::paintGround(const QColor &colour)
 {
-    return area_.width() / units_;
+    painter_.fillRect(QRectF(QPointF(), size()), colour);
 }
 
-double PaperKanvas::height() const
+void PaperKanvas::paintLine(const QPointF &from, const QPointF &to, const Stroke &stroke)
 {
-    return area_.height() / units_;
+    painter_.setPen(penOf(stroke.colour, stroke.width, stroke.isDotted));
+    painter_.drawLine(from, to);
 }
 
-QPointF PaperKanvas::place(double x, double y) const
+void PaperKanvas::paintPolyline(const QPolygonF &places, const Stroke &stroke)
 {
-    return area_.topLeft() + QPointF(x, y) * units_;
+    painter_.setPen(penOf(stroke.colour, stroke.width, stroke.isDotted));
+    painter_.drawPolyline(places);
 }
 
-void PaperKanvas::applyPen()
+void PaperKanvas::paintDisc(const QPointF &centre, double radius, const QColor &colour)
 {
-    QPen pen(penColour_, penWidth_ / pixelsPerCentimetre * units_);
-    pen.setCapStyle(Qt::RoundCap);
-    if (penStyle_ == PenStyle::dotted)
-        pen.setDashPattern({1, 2});
-    painter_.setPen(pen);
-}
-
-QFont PaperKanvas::font() const
-{
-    QFont font(QString::fromLatin1(canvasFontFace));
-    font.setStyleHint(QFont::SansSerif);
-    font.setBold(fontBold_);
-    font.setPixelSize(static_cast<int>(std::lround(fontSize_ * centimetresPerPoint * units_)));
-    return font;
-}
-
-void PaperKanvas::setBackground(double word)
-{
-    background_ = qtColour(word);
-}
-
-void PaperKanvas::setPenColour(double word)
-{
-    penColour_ = qtColour(word);
-    applyPen();
-}
-
-void PaperKanvas::setPenWidth(int devicePixels)
-{
-    penWidth_ = devicePixels;
-    applyPen();
-}
-
-void PaperKanvas::setPenStyle(PenStyle style)
-{
-    penStyle_ = style;
-    applyPen();
-}
-
-void PaperKanvas::setFillOn(bool on)
-{
-    fillOn_ = on;
-}
-
-void PaperKanvas::setFillColour(double word)
-{
-    fillColour_ = qtColour(word);
-}
-
-void PaperKanvas::setFontSize(int points)
-{
-    fontSize_ = points;
-}
-
-void PaperKanvas::setFontBold(bool bold)
-{
-    fontBold_ = bold;
-}
-
-void PaperKanvas::doClear()
-{
-    painter_.fillRect(area_, background_);
-}
-
-void PaperKanvas::doLine(float x1, float y1, float x2, float y2)
-{
-    painter_.drawLine(place(x1, y1), place(x2, y2));
-}
-
-void PaperKanvas::doPolyline(std::span<const Point> places)
-{
-    QPolygonF line;
-    for (const Point &at : places)
-        line << place(at.x, at.y);
-    painter_.drawPolyline(line);
-}
-
-void PaperKanvas::doPoint(float x, float y)
-{
-    const double radius = penWidth_ / pixelsPerCentimetre * units_ / 2;
-    painter_.save();
     painter_.setPen(Qt::NoPen);
-    painter_.setBrush(penColour_);
-    painter_.drawEllipse(place(x, y), radius, radius);
-    painter_.restore();
+    painter_.setBrush(colour);
+    painter_.drawEllipse(centre, radius, radius);
 }
 
-void PaperKanvas::doCircle(float x, float y, float radius)
+void PaperKanvas::paintCircle(const QPointF &centre, double radius, const Stroke &stroke,
+                              const QColor &fill)
 {
-    painter_.setBrush(fillOn_ ? QBrush(fillColour_) : QBrush(Qt::NoBrush));
-    painter_.drawEllipse(place(x, y), radius * units_, radius * units_);
-    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(penOf(stroke.colour, stroke.width, stroke.isDotted));
+    painter_.setBrush(fill.isValid() ? QBrush(fill) : QBrush(Qt::NoBrush));
+    painter_.drawEllipse(centre, radius, radius);
 }
 
-void PaperKanvas::doArc(float x, float y, float radius, double start, double end)
+void PaperKanvas::paintArc(const QPointF &centre, double radius, double start, double span,
+                           const Stroke &stroke)
 {
-    constexpr double whole = 2 * std::numbers::pi;
     constexpr double degrees = 180 / std::numbers::pi;
-    double span = std::fmod(end - start, whole);
-    if (span <= 0)
-        span += whole;
-    const double r = radius * units_;
-    const QPointF centre = place(x, y);
-    const QRectF square(centre.x() - r, centre.y() - r, 2 * r, 2 * r);
+    const QRectF square(centre.x() - radius, centre.y() - radius, 2 * radius, 2 * radius);
     QPainterPath path;
     path.arcMoveTo(square, start * degrees);
     path.arcTo(square, start * degrees, span * degrees);
-    painter_.drawPath(path);
+    painter_.strokePath(path, penOf(stroke.colour, stroke.width, stroke.isDotted));
 }
 
-void PaperKanvas::doPrint(const std::string &text, float x, float y)
+void PaperKanvas::paintHalo(const PlacedText &text, const Stroke &stroke)
 {
-    painter_.setFont(font());
-    const double ascent = QFontMetricsF(font(), painter_.device()).ascent();
-    painter_.drawText(place(x, y) + QPointF(0, ascent), QString::fromStdString(text));
+    QPainterPath letters, outline;
+    letters.addText(0, 0, text.font, text.text);
+    // As fine as pixels: a halo needs no finer curves, which would be most of a file.
+    for (const QPolygonF &part : letters.toSubpathPolygons(text.place()))
+        outline.addPolygon(part);
+    painter_.strokePath(outline, penOf(stroke.colour, stroke.width, false));
 }
 
-void PaperKanvas::doPrintRotated(const std::string &text, float x, float y,
-                                 const RotatedFont &asked, int angle)
+void PaperKanvas::paintText(const PlacedText &text)
 {
-    QFont turned(QString::fromStdString(asked.face));
-    turned.setStyleHint(QFont::SansSerif);
-    turned.setWeight(static_cast<QFont::Weight>(std::clamp(asked.weight, 1, 1000)));
-    turned.setPixelSize(
-        static_cast<int>(std::lround(asked.height * 0.87 / pixelsPerCentimetre * units_)));
     painter_.save();
-    painter_.setFont(turned);
-    painter_.translate(place(x, y));
-    painter_.rotate(-angle / 10.0);
-    painter_.drawText(QPointF(0, QFontMetricsF(turned, painter_.device()).ascent()),
-                      QString::fromStdString(text));
+    painter_.setTransform(text.place(), true);
+    painter_.setFont(text.font);
+    painter_.setPen(text.colour);
+    painter_.drawText(QPointF(), text.text);
     painter_.restore();
-}
-
-double PaperKanvas::lineAdvance() const
-{
-    const QFontMetricsF metrics(font(), painter_.device());
-    return (metrics.ascent() + metrics.descent()) / units_;
 }
 
 } // namespace veskora

@@ -281,7 +281,7 @@ void frmMain::repaintLog()
 
 void frmMain::redraw()
 {
-    Ananeosi_Sxediou();
+    picture_.paint();
     reportCutDiagram();
     canvas_.placeChosen();
     // At once and without the event loop: an analysis may follow.
