@@ -68,7 +68,8 @@ public:
     bool finish()
     {
         return order_.summary.empty() || succeeds("summary", [&] {
-                   return deliver(order_.summary, csvText(summary_), order_.summary == "-");
+                   return deliver(order_.summary, csvText(summary_, csvForm(order_)),
+                                  order_.summary == "-");
                });
     }
 

@@ -26,10 +26,16 @@ const char *const usage =
     "  --csv      write MODEL_ends.csv (N, Q, M and the end forces at both ends of each\n"
     "             element), MODEL_spans.csv (largest and smallest M between the ends)\n"
     "             and MODEL_nodes.csv (displacements and reactions) too; not with -\n"
+    "  --values [N]\n"
+    "             write MODEL_values.csv too: N, Q, M, deflection and displacements along\n"
+    "             each element at N equal parts, 1 to 100, 10 when not given, and at the\n"
+    "             extremes and zeros between; not with -\n"
     "  --summary FILE\n"
     "             write a row for each model: how the analysis ended, extremes of M and\n"
     "             of the displacements, sums of loads and reactions; - prints it;\n"
     "             DIR does not count for it\n"
+    "  --regional write all these tables with semicolons between cells and commas in\n"
+    "             numbers; changes nothing where your region has a decimal point\n"
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
@@ -68,6 +74,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"-", &Order::print},
     {"--check", &Order::check},
     {"--csv", &Order::csv},
+    {"--regional", &Order::regional},
     {"--pictures", &Order::pngPictures},
     {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
@@ -168,6 +175,27 @@ std::string takePictures(Order &order, std::string_view kinds)
     return {};
 }
 
+constexpr std::string_view valuesOption = "--values";
+
+/// Takes the option at @p i and the number of parts, where one stands behind "=" or is the next
+/// argument.
+std::string takeValues(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
+{
+    order.values = true;
+    std::string parts;
+    if (arguments[i].size() > valuesOption.size())
+        parts = arguments[i].substr(valuesOption.size() + 1);
+    else if (i + 1 < arguments.size() && numberFromWholeText(arguments[i + 1]))
+        parts = arguments[++i];
+    else
+        return {};
+    const char *const end = parts.data() + parts.size();
+    const auto [rest, error] = std::from_chars(parts.data(), end, order.parts);
+    const bool isSane =
+        error == std::errc() && rest == end && order.parts >= 1 && order.parts <= maxParts;
+    return isSane ? "" : std::string(valuesOption) + " takes a whole number from 1 to 100, or none";
+}
+
 /// Takes the option at @p i and, where it has one, its value.
 /// @return what is wrong, empty when nothing
 std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
@@ -179,6 +207,8 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
     }
     if (name.starts_with(pictureOption))
         return takePictures(order, std::string_view(name).substr(pictureOption.size()));
+    if (std::string_view(name).substr(0, name.find('=')) == valuesOption)
+        return takeValues(order, arguments, i);
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
@@ -198,6 +228,10 @@ std::string contradiction(const Order &order)
         return "--out and - exclude each other";
     if (order.print && order.csv)
         return "--csv and - exclude each other: three tables of a model are three files";
+    if (order.print && order.values)
+        return "--values and - exclude each other: the table of a model is a file";
+    if (order.regional && !order.csv && !order.values && order.summary.empty())
+        return "--regional needs --csv, --values or --summary";
     if (order.print && order.summary == "-")
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.wantsPictures())

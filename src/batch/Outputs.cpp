@@ -30,9 +30,14 @@ Made check(const Order &)
 }
 
 template <CsvTable (*table)()>
-Made csv(const Order &)
+Made csv(const Order &order)
 {
-    return {csvText(table()), {}, {}};
+    return {csvText(table(), csvForm(order)), {}, {}};
+}
+
+Made values(const Order &order)
+{
+    return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
 }
 
 template <std::int16_t shown, PictureForm form>
@@ -55,6 +60,11 @@ Made calculation(const Order &order)
 
 } // namespace
 
+CsvForm csvForm(const Order &order)
+{
+    return order.regional ? CsvForm::regional : CsvForm::international;
+}
+
 std::span<const Output> outputs()
 {
     static constexpr auto all = std::to_array<Output>({
@@ -63,6 +73,7 @@ std::span<const Output> outputs()
         {"_ends.csv", &Order::csv, true, false, csv<endsTable>},
         {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
+        {"_values.csv", &Order::values, true, false, values},
         {"_model.png", &Order::pngPictures, false, false, picture<view::model, PictureForm::png>},
         {"_M.png", &Order::pngPictures, true, false, picture<view::M, PictureForm::png>},
         {"_Q.png", &Order::pngPictures, true, false, picture<view::Q, PictureForm::png>},

@@ -19,6 +19,7 @@ namespace veskora {
 namespace {
 
 constexpr const char *reportExtension = ".txt";
+constexpr const char *tableExtension = ".csv";
 
 /// The folder of the last file used is where dialogs start.
 std::string dialogFolder()
@@ -307,6 +308,14 @@ std::string saveReport(const std::string &report, const std::string &path,
                           filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                               + filterFor(Metafrasi(1773, "All files"), ".*"),
                           path, suffix, reportExtension);
+}
+
+std::string saveTable(const std::string &table, const std::string &path, const std::string &suffix)
+{
+    return writeAskedFile(table,
+                          filterFor(Metafrasi(1855, "Comma-separated values"), tableExtension) + "|"
+                              + filterFor(Metafrasi(1773, "All files"), ".*"),
+                          withoutExtension(path) + suffix + tableExtension, tableExtension);
 }
 
 bool Idio_Me_To_Arxeio()

@@ -84,5 +84,7 @@ void Apothikefsi_Anaforas(const std::string &path);
 /// @return the path written, empty where none was
 std::string saveReport(const std::string &report, const std::string &path,
                        const std::string &suffix);
+/// The same with the comma-separated values @p table.
+std::string saveTable(const std::string &table, const std::string &path, const std::string &suffix);
 
 } // namespace veskora

@@ -36,6 +36,42 @@ void appendMoments(CsvRow &row)
         row.insert(row.end(), {csvNumber(M), numberText(e), csvNumber(x)});
 }
 
+std::string cellOf(const std::optional<double> &value)
+{
+    return value ? csvNumber(*value) : "";
+}
+
+std::string marksText(unsigned marks)
+{
+    std::string text;
+    for (const auto &[mark, name] : {std::pair{placeMark::extremeM, "M_extreme"},
+                                     {placeMark::extremeV, "deflection_extreme"},
+                                     {placeMark::zeroQ, "Q_zero"},
+                                     {placeMark::zeroM, "M_zero"}})
+        if ((marks & mark) != 0)
+            (text += text.empty() ? "" : " ") += name;
+    return text;
+}
+
+const CsvRow valuesHeader = {"element", "x",          "x/L", "N",  "Q",
+                             "M",       "deflection", "dx",  "dy", "place"};
+
+void appendValues(CsvTable &table, int parts, int e)
+{
+    const AlongElement along = alongElement(e);
+    for (const Station &station : stations(along, parts)) {
+        const StationValues at = valuesAt(along, station);
+        CsvRow &row = table.emplace_back();
+        row.reserve(valuesHeader.size());
+        row.push_back(numberText(e));
+        row.push_back(csvNumber(station.x));
+        row.push_back(csvNumber(station.x / along.length));
+        for (const auto &value : {at.N, at.Q, at.M, at.v, at.dx, at.dy})
+            row.push_back(cellOf(value));
+        row.push_back(marksText(station.marks));
+    }
+}
+
 const char *textOf(ModelStatus status)
 {
     switch (status) {
@@ -86,6 +122,21 @@ CsvTable nodesTable()
         }
         table.push_back(std::move(row));
     }
+    return table;
+}
+
+CsvTable valuesTable(int parts)
+{
+    CsvTable table = {valuesHeader};
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        appendValues(table, parts, e);
+    return table;
+}
+
+CsvTable valuesTable(int parts, int e)
+{
+    CsvTable table = {valuesHeader};
+    appendValues(table, parts, e);
     return table;
 }
 

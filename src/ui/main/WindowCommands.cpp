@@ -17,6 +17,7 @@
 #include "frmSigxonefsi.h"
 #include "frmStoixeia.h"
 #include "frmSXEDIASI.h"
+#include "frmValues.h"
 #include "Functions.h"
 #include "Hand.h"
 #include "HTMLHelp.h"
@@ -58,6 +59,7 @@ WindowCommands::~WindowCommands()
 {
     delete results_;
     delete check_;
+    delete values_;
 }
 
 /// Looks anew afterwards at what lies under the pointer.
@@ -237,16 +239,52 @@ void WindowCommands::openCheck()
     QObject::connect(check_, &frmElegxos::refreshWanted, check_, [this] { openCheck(); });
     QObject::connect(check_, &frmElegxos::helpWanted, check_,
                      [this] { help_.showTopicOf(check_); });
-    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
-                             commandPlace::save, commandPlace::check})
-        check_->addAction(
-            window_->findChild<QAction *>(name)); // what mends needs no change of window
     check_->refresh();
+    showReport(check_, commandPlace::check);
+}
+
+void WindowCommands::openValues()
+{
+    if (refuseWithoutElements())
+        return;
+    Erotisi_Epanepilisis();
+    if (!hasResults)
+        return showRefusal(Metafrasi(1854, "There are no results yet. Analyze the model; where "
+                                           "that fails, see Report, Check of the analysis."));
+    const auto pick = [this](bool isOn) {
+        if (hand_.isTaken<PickTool>() != isOn)
+            hand_.toggle<PickTool>();
+    };
+    if (values_ != nullptr) {
+        values_->lookAgain();
+        pick(true);
+        return bringToFront(*values_);
+    }
+    values_ = new frmValues(window_);
+    values_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(values_, &frmValues::chosen, values_, [this](int e) { canvas_.choose(e); });
+    QObject::connect(values_, &frmValues::pickWanted, values_, pick);
+    QObject::connect(values_, &frmValues::helpWanted, values_,
+                     [this] { help_.showTopicOf(values_); });
+    QObject::connect(&hand_, &Hand::elementPicked, values_, &frmValues::choose);
+    QObject::connect(&hand_, &Hand::toolChanged, values_,
+                     [this] { values_->showPicking(hand_.isTaken<PickTool>()); });
+    pick(true);
+    values_->choose(1);
+    showReport(values_, commandPlace::values);
+}
+
+/// What mends the model and what brought the window need no change of window.
+void WindowCommands::showReport(QWidget *report, const char *command)
+{
+    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
+                             commandPlace::save, command})
+        report->addAction(window_->findChild<QAction *>(name));
     // Where the screen has no room beside the drawing it covers the right end of it, not the
     // middle.
     const QWidget &drawing = *canvas_.Picture1;
-    check_->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(check_->width(), 0));
-    showBeside(check_, *canvas_.Picture1);
+    report->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(report->width(), 0));
+    showBeside(report, *canvas_.Picture1);
 }
 
 void WindowCommands::openCalculation()
@@ -264,6 +302,8 @@ void WindowCommands::lookAgain()
 {
     if (results_ != nullptr)
         results_->showWarnings();
+    if (values_ != nullptr)
+        values_->lookAgain();
 }
 
 void WindowCommands::showAbout()

@@ -11,6 +11,7 @@ namespace veskora {
 
 struct CanvasObjects;
 class frmElegxos;
+class frmValues;
 class Hand;
 class HTMLHelp;
 class PictureCommands;
@@ -49,6 +50,8 @@ public:
     void Button_Rithmiseis();
     void Button_Apotelesmata();
     void openCheck(); ///< where it is open already, it checks anew
+    /// Refused without results. Where it is open already, it comes to the front.
+    void openValues();
     void openCalculation();
     void showAbout();
 
@@ -58,6 +61,7 @@ public:
 private:
     template <typename Dialog, typename Open>
     void showDialog(Open open);
+    void showReport(QWidget *report, const char *command);
 
     QWidget *const window_;
     CanvasObjects &canvas_;
@@ -69,6 +73,7 @@ private:
     /// @{
     QPointer<frmApotelesmata> results_;
     QPointer<frmElegxos> check_;
+    QPointer<frmValues> values_;
     /// @}
 };
 

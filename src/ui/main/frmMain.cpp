@@ -283,6 +283,7 @@ void frmMain::redraw()
 {
     picture_.paint();
     reportCutDiagram();
+    canvas_.placeChosen();
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();
