@@ -64,8 +64,7 @@ constexpr const char *propped = "G 2 3 6; N 0 0 xxx; N 2 0; N 4 0 oxo; E 1 2 1 0
                                 "E 2 3 1 0 0 0 -8";
 // A bar of length 5 with E A / L = 10 in the direction (3, 4), its end on a spring of 3 under y.
 // [3.6 4.8; 4.8 6.4 + 3] u = [6; -9] has the solution (99.6, -61.2) / 10.8 and the bar 10.
-constexpr const char *inclined =
-    "G 10 5 1; N 0 0 xxx; N 3 4 oox 6 -9; E 1 2 1 1 1; S 2 0 3 0";
+constexpr const char *inclined = "G 10 5 1; N 0 0 xxx; N 3 4 oox 6 -9; E 1 2 1 1 1; S 2 0 3 0";
 // E A / L = 16, E I = 16, L = 4: 19 x + 6 r = 0, 19 y + 6 r = -6, 6 x + 6 y + 32 r = -4, of which
 // the last becomes 536 r = -40.
 constexpr const char *portal = "G 16 4 1; N 0 0 xxx; N 0 4; N 4 4 xxx; E 1 2 1;"
@@ -180,9 +179,8 @@ TEST_F(AnalysisSteps, HaveTheBitsOfThePlainLoopsAndChangeNothing)
         const literal::Table before = equations.ff;
         literal::Table x(600);
         ASSERT_TRUE(literal::eliminate(equations.ff, equations.loads, x, n));
-        expectBits(grid(document, "elimination", 0), n, 2, [&](int p, int column) {
-            return (column == 1 ? before : equations.ff)(p, p);
-        });
+        expectBits(grid(document, "elimination", 0), n, 2,
+                   [&](int p, int column) { return (column == 1 ? before : equations.ff)(p, p); });
         expectBits(grid(document, "elimination", 1), n, 1, x);
         for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
             const Grid back = grid(document, "forces-" + std::to_string(e), 0);
@@ -227,11 +225,11 @@ TEST_F(AnalysisSteps, ShowOfALargeModelWhatIsChosen)
     EXPECT_NE(find(document, "element-7"), nullptr);
     EXPECT_NE(find(document, "forces-300"), nullptr);
     EXPECT_EQ(find(document, "element-1"), nullptr);
-    // Node 7 is held, and node 15 above it has two columns and at most two beams.
+    // Node 7 is held; node 15 above it has two columns and at most two beams.
     const Grid stiffness = grid(document, "equations", 0);
     EXPECT_EQ(stiffness.rows.front().label.origin, "node 15, x");
-    EXPECT_LT(stiffness.columns.size(), 80U);
-    EXPECT_EQ(stiffness.rows.front().cells.size(), stiffness.columns.size());
+    EXPECT_EQ(stiffness.rows.size(), 3U);
+    EXPECT_LE(stiffness.columns.size(), 12U);
     Komboi(15, node::Fx) += 1;
     EXPECT_THAT(firstText(*find(stepsOfAnalysis(choice), "report")),
                 testing::HasSubstr(" others than those of the report"));

@@ -3,8 +3,8 @@
 #include "epilisi.h"
 #include "StepsRun.h"
 
+#include <algorithm>
 #include <cmath>
-#include <set>
 
 namespace veskora::steps {
 
@@ -77,15 +77,24 @@ void StepsRun::showPattern()
     add(pattern);
 }
 
-/// The rows of the chosen nodes, and the columns that are not 0 in all of them.
+/// Whole, or the rows of each chosen node with the columns in which they are not 0.
 void StepsRun::showStiffness()
 {
-    const std::vector<int> rows = shownRows();
-    std::set<int> columns;
-    for (const int p : rows)
-        for (int q = 1; q <= Eleftheroi_Vathmoi; ++q)
-            if (isWhole() || std::as_const(K_ff)(p, q) != 0)
-                columns.insert(q);
+    if (isWhole())
+        return showRows(shownRows());
+    for (const int n : choice_.nodes)
+        if (const std::vector<int> rows = freeRows(n); !rows.empty())
+            showRows(rows);
+}
+
+void StepsRun::showRows(const std::vector<int> &rows)
+{
+    std::vector<int> columns;
+    for (int q = 1; q <= Eleftheroi_Vathmoi; ++q)
+        if (isWhole() || std::any_of(rows.begin(), rows.end(), [q](int p) {
+                return std::as_const(K_ff)(p, q) != 0;
+            }))
+            columns.push_back(q);
     Grid grid{true, symbol("K", "ff") + " =", {}, {}, {}};
     for (const int q : columns)
         grid.columns.push_back(freedomCellAt(q));

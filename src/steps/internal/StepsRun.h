@@ -75,6 +75,7 @@ private:
     void noteOrigins(int e);
     void showPattern();
     void showStiffness();
+    void showRows(const std::vector<int> &rows);
     void showRightHandSide();
     void showPivots(int last);
     void showEndForces(int e, const std::array<double, 6> &product);
@@ -104,7 +105,8 @@ private:
     /// @}
 
     int positionOf(int freedom) const { return position_[static_cast<std::size_t>(freedom)]; }
-    /// Permuted numbers of the free freedoms of the chosen nodes.
+    /// Permuted numbers of the free freedoms of a node, and of all the chosen ones.
+    std::vector<int> freeRows(int n) const;
     std::vector<int> shownRows() const;
     bool isWhole() const { return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon; }
     std::string originOf(int row, int column) const;
