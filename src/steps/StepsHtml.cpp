@@ -42,7 +42,7 @@ sub, sup { line-height: 0; }
 h2, h3 { break-after: avoid; } p.formula, p.lead { break-after: avoid; }
 @page { margin: 14mm; } @page across { size: landscape; }
 @media print { body { margin: 0; font-size: 10pt; } nav { position: static; width: auto; border: 0; }
-  div.grid { overflow: visible; } div.across { page: across; } .wide { font-size: 7pt; } .widest { font-size: 5pt; } }
+  div.grid { overflow: visible; } div.across { page: across; } .wide { font-size: 7pt; } .widest { font-size: 6pt; } }
 )";
 
 std::string escaped(const std::string &text)

@@ -258,8 +258,9 @@ void StepsRun::compareWithReport()
         }
     for (const int e : choice_.elements)
         for (int k = 1; k <= 6; ++k)
-            put(symbol("f") + ", " + filled(Metafrasi(1988, "Element %1"), {numberText(e)}) + ", "
-                    + localFreedoms()[static_cast<std::size_t>(k - 1)],
+            put(symbol("f") + ", "
+                    + filled(part(Metafrasi(1999, "element %1|elements %1"), 0), {numberText(e)})
+                    + ", " + localFreedoms()[static_cast<std::size_t>(k - 1)],
                 Entasi_Topiki(e, k), kept_.endForces(e, k));
     for (const int n : choice_.nodes)
         for (int component = 1; component <= 3; ++component)

@@ -192,8 +192,9 @@ void StepsRun::solve()
     open("elimination", 1, Metafrasi(2011, "Elimination"));
     tell(Metafrasi(2013, "From each row of the equations such multiples of the rows above are "
                          "taken that only zeros stay before the diagonal. What then stands on it "
-                         "are the pivots. One that is 0 ends the elimination: something can move "
-                         "freely. A negative one tells of an unstable structure."));
+                         "are the pivots. One that is 0 ends the elimination, and one that is next "
+                         "to nothing beside the diagonal before is 0 but for rounding: something "
+                         "can move freely. A negative one tells of an unstable structure."));
     add(Formula{scalar("K", "ij") + " ← " + scalar("K", "ij") + " − (" + scalar("K", "ki") + " / "
                 + scalar("K", "kk") + ") " + scalar("K", "kj") + ",   " + scalar("p", "i") + " ← "
                 + scalar("p", "i") + " − (" + scalar("K", "ki") + " / " + scalar("K", "kk") + ") "
