@@ -52,6 +52,21 @@ std::string withoutExtension(const std::string &path)
                         : path.substr(0, path.size() - std::min<std::size_t>(4, path.size()));
 }
 
+/// @p name with one of @p extensions: that of the filter chosen, unless the user typed another than
+/// the first, which was proposed.
+std::string withExtension(const std::string &name, const std::vector<std::string> &extensions,
+                          const std::string &filter)
+{
+    const bool isOurs = std::find(extensions.begin(), extensions.end(), filter) != extensions.end();
+    const std::string &wanted = isOurs ? filter : extensions.front();
+    const auto typed = std::find_if(extensions.begin(), extensions.end(),
+                                    [&](const std::string &one) { return name.ends_with(one); });
+    if (typed == extensions.end())
+        return name + wanted;
+    return typed == extensions.begin() ? name.substr(0, name.size() - typed->size()) + wanted
+                                       : name;
+}
+
 bool exists(const std::string &path)
 {
     std::error_code ignored;
@@ -120,17 +135,22 @@ void nameModel(const std::string &path)
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension)
 {
+    return askSavePath(filter, proposed, std::vector{extension});
+}
+
+std::string askSavePath(const std::string &filter, const std::string &proposed,
+                        const std::vector<std::string> &extensions)
+{
     std::string name = proposed;
     for (;;) {
+        std::string pattern = "*" + extensions.front();
         const std::optional<std::string> chosen =
-            desktop().askSaveFile({filter, dialogFolder(), name});
+            desktop().askSaveFile({filter, dialogFolder(), name, &pattern});
         if (!chosen)
             return {};
-        if (chosen->ends_with(extension))
-            return *chosen;
-        name = *chosen + extension;
-        // The dialog asked about the shorter name.
-        if (!exists(name)
+        name = withExtension(*chosen, extensions, pattern.substr(1));
+        // The dialog asked about the name that was typed.
+        if (name == *chosen || !exists(name)
             || desktop().message(
                    name + Metafrasi(147, " already exists. Do you want to replace it?"),
                    Icon::exclamation, Buttons::noYes)
@@ -251,16 +271,19 @@ std::string writeAskedFile(const std::string &content, const std::string &filter
                            const std::string &path, const std::string &extension)
 {
     const std::string target = askSavePath(filter, withoutExtension(path) + extension, extension);
-    if (target.empty())
-        return {};
+    return !target.empty() && writeFileOrTell(target, content) ? target : std::string();
+}
+
+bool writeFileOrTell(const std::string &path, const std::string &content)
+{
     try {
-        writeWholeFile(target, content, Durability::onDisk);
+        writeWholeFile(path, content, Durability::onDisk);
     } catch (const Fault &fault) {
-        reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
-        return {};
+        reportFault(Metafrasi(152, "There was an error saving the file:"), path, fault);
+        return false;
     }
-    currentFolder = folderOf(target);
-    return target;
+    currentFolder = folderOf(path);
+    return true;
 }
 
 void Apothikefsi_Anaforas(const std::string &path)

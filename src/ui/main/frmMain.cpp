@@ -281,7 +281,7 @@ void frmMain::repaintLog()
 
 void frmMain::redraw()
 {
-    Ananeosi_Sxediou();
+    picture_.paint();
     reportCutDiagram();
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
