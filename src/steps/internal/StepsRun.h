@@ -108,7 +108,12 @@ private:
     /// Permuted numbers of the free freedoms of a node, and of all the chosen ones.
     std::vector<int> freeRows(int n) const;
     std::vector<int> shownRows() const;
-    bool isWhole() const { return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon; }
+    /// Whether the structure's matrix is shown as one: no more nodes than a row of elements has.
+    bool isWhole() const
+    {
+        return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon
+               && Arithmos_Kombon <= wholeUpTo + 1;
+    }
     std::string originOf(int row, int column) const;
     std::string originOfLoad(int freedom) const;
 
