@@ -187,10 +187,10 @@ private:
 
 } // namespace
 
-bool wantsPictures(const std::vector<std::string> &arguments)
+bool needsFonts(const std::vector<std::string> &arguments)
 {
     const Order order = parse(arguments);
-    return order.wantsPictures() || order.steps;
+    return order.wantsPictures() || order.pdf || order.steps;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

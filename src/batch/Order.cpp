@@ -50,6 +50,13 @@ const char *const usage =
     "             given; of svg and pdf 96 are an inch\n"
     "  --label-scale F\n"
     "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
+    "  --pdf      write MODEL_report.pdf too: a calculation report with the model, its\n"
+    "             data, diagrams and results, with --check its findings too; also of a\n"
+    "             model whose analysis fails, without results\n"
+    "  --paper A4|Letter\n"
+    "             of that report; by the region when not given\n"
+    "  --title TEXT, --author TEXT\n"
+    "             at the head of that report\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
@@ -71,6 +78,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"--csv", &Order::csv},
     {"--pictures", &Order::pngPictures},
     {"--steps", &Order::steps},
+    {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
     {"--help", &Order::help},
@@ -150,6 +158,21 @@ bool takeDigits(Order &order, const std::string &value)
     return true;
 }
 
+bool takePaper(Order &order, const std::string &value)
+{
+    order.paper = value;
+    return value == "A4" || value == "Letter";
+}
+
+/// A line or a few at the head of a page.
+template <std::optional<std::string> Order::*text>
+bool takeText(Order &order, const std::string &value)
+{
+    constexpr std::size_t longest = 200;
+    order.*text = value;
+    return value.size() <= longest;
+}
+
 /// An option that takes the argument behind it.
 struct Valued
 {
@@ -164,6 +187,9 @@ constexpr auto valued = std::to_array<Valued>({
     {"--digits", takeDigits, "a whole number from 1 to 15"},
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
+    {"--paper", takePaper, "A4 or Letter"},
+    {"--title", takeText<&Order::title>, "a text of at most 200 bytes"},
+    {"--author", takeText<&Order::author>, "a text of at most 200 bytes"},
 });
 
 constexpr std::string_view pictureOption = "--pictures=";
@@ -224,6 +250,8 @@ std::string contradiction(const Order &order)
         && (!order.shownSteps.elements.empty()
             || order.shownSteps.digits != steps::Choice().digits))
         return "--steps-elements and --digits need --steps";
+    if ((order.paper || order.title || order.author) && !order.pdf)
+        return "--paper, --title and --author need --pdf";
     if (order.models.empty() || std::ranges::count(order.models, "") > 0)
         return "no model given";
     return {};

@@ -4,6 +4,7 @@
 
 #include "Steps.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,7 @@ struct Order
     bool pngPictures = false;
     bool svgPictures = false;
     bool pdfPictures = false;
+    bool pdf = false;
     bool steps = false;
     bool fit = false;
     bool strict = false;
@@ -27,6 +29,7 @@ struct Order
     int width = 1280;    ///< of a picture, pixels
     int height = 800;
     double labelScale = 1;
+    std::optional<std::string> paper, title, author; ///< of the calculation report
     steps::Choice shownSteps;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage

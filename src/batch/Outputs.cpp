@@ -1,6 +1,7 @@
 #include "Outputs.h"
 
 #include "Anafora.h"
+#include "CalculationReport.h"
 #include "CheckText.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -51,6 +52,18 @@ Made picture(const Order &order)
     return drawPicture(shown, form, order);
 }
 
+Made calculation(const Order &order)
+{
+    const Paper usual = usualPaper(QLocale::system().territory());
+    const CalculationOptions options = {
+        .title = order.title.value_or(""),
+        .author = order.author.value_or(""),
+        .paper = order.paper ? (*order.paper == "A4" ? Paper::A4 : Paper::letter) : usual,
+        .withCheck = order.check};
+    return {
+        pdfOf(calculationDocument(options), options.paper, [](int, int) { return true; }), {}, {}};
+}
+
 } // namespace
 
 std::span<const Output> outputs()
@@ -77,6 +90,7 @@ std::span<const Output> outputs()
         {"_Q.pdf", &Order::pdfPictures, true, false, picture<view::Q, PictureForm::pdf>},
         {"_N.pdf", &Order::pdfPictures, true, false, picture<view::N, PictureForm::pdf>},
         {"_D.pdf", &Order::pdfPictures, true, false, picture<view::deformed, PictureForm::pdf>},
+        {"_report.pdf", &Order::pdf, false, false, calculation},
     });
     return all;
 }

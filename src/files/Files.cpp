@@ -267,11 +267,14 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     return true;
 }
 
-std::string writeAskedFile(const std::string &content, const std::string &filter,
-                           const std::string &path, const std::string &extension)
+std::string writeAskedFile(const std::function<std::string()> &make, const std::string &filter,
+                           const std::string &path, const std::string &suffix,
+                           const std::string &extension)
 {
-    const std::string target = askSavePath(filter, withoutExtension(path) + extension, extension);
-    return !target.empty() && writeFileOrTell(target, content) ? target : std::string();
+    const std::string target =
+        askSavePath(filter, withoutExtension(path) + suffix + extension, extension);
+    const std::string content = target.empty() ? "" : make();
+    return !content.empty() && writeFileOrTell(target, content) ? target : std::string();
 }
 
 bool writeFileOrTell(const std::string &path, const std::string &content)
@@ -286,6 +289,12 @@ bool writeFileOrTell(const std::string &path, const std::string &content)
     return true;
 }
 
+std::string writeAskedFile(const std::string &content, const std::string &filter,
+                           const std::string &path, const std::string &extension)
+{
+    return writeAskedFile([&] { return content; }, filter, path, "", extension);
+}
+
 void Apothikefsi_Anaforas(const std::string &path)
 {
     (void)saveReport(Anafora, path, "");
@@ -294,10 +303,10 @@ void Apothikefsi_Anaforas(const std::string &path)
 std::string saveReport(const std::string &report, const std::string &path,
                        const std::string &suffix)
 {
-    return writeAskedFile(reportFileText(report),
+    return writeAskedFile([&] { return reportFileText(report); },
                           filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                               + filterFor(Metafrasi(1773, "All files"), ".*"),
-                          withoutExtension(path) + suffix + reportExtension, reportExtension);
+                          path, suffix, reportExtension);
 }
 
 bool Idio_Me_To_Arxeio()

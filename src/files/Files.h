@@ -4,6 +4,7 @@
 ///
 /// What stands in a model file is the matter of `ModelText.h`. Paths and texts are UTF-8.
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,12 @@ bool writeFileOrTell(const std::string &path, const std::string &content);
 /// @return the path written, empty where nothing was
 std::string writeAskedFile(const std::string &content, const std::string &filter,
                            const std::string &path, const std::string &extension);
+
+/// The same of a content that takes its time: @p make is called when the name is settled, and what
+/// is empty is not written. Behind the name of the model stands @p suffix.
+std::string writeAskedFile(const std::function<std::string()> &make, const std::string &filter,
+                           const std::string &path, const std::string &suffix,
+                           const std::string &extension);
 
 /// Writes the report `Anafora` to a text file that the user is asked for. The name of the model
 /// file @p path is proposed, with .txt for its extension. A failure is reported.

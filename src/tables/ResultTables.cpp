@@ -2,12 +2,11 @@
 
 #include "AlongElement.h"
 #include "Equilibrium.h"
-#include "Functions_Bres_Megista.h"
+#include "Extremes.h"
 #include "MathFunc.h"
 #include "RowQueries.h"
 
-#include <algorithm>
-#include <cmath>
+#include <optional>
 
 namespace veskora {
 
@@ -24,53 +23,17 @@ CsvRow endRow(int e, const char *name, int nodeColumn, double (StressResultant::
     return row;
 }
 
-/// At the ends and, where there is one, at the extreme between them.
-std::vector<SpanMoment> allMoments()
-{
-    std::vector<SpanMoment> moments;
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        moments.push_back({e, 0, resultantM.atI(e)});
-        if (const auto between = extremeBetweenEnds(e))
-            moments.push_back(*between);
-        moments.push_back({e, alongElement(e).length, resultantM.atJ(e)});
-    }
-    return moments;
-}
-
-/// M, element and x of the largest and of the smallest moment, the first of equal ones; empty cells
-/// where there is no element.
+/// M, element and x of the largest and of the smallest moment; empty cells where there is no
+/// element.
 void appendMoments(CsvRow &row)
 {
-    const std::vector<SpanMoment> moments = allMoments();
-    if (moments.empty()) {
+    const std::optional<ForceRange> range = forceRange(resultantM);
+    if (!range) {
         row.resize(row.size() + 6);
         return;
     }
-    SpanMoment largest = moments.front(), smallest = largest;
-    for (const SpanMoment &moment : moments) {
-        if (isLarger(moment.M, largest.M))
-            largest = moment;
-        if (isLarger(smallest.M, moment.M))
-            smallest = moment;
-    }
-    for (const SpanMoment &extreme : {largest, smallest})
-        row.insert(row.end(), {csvNumber(extreme.M), numberText(extreme.e), csvNumber(extreme.x)});
-}
-
-double displacementOf(int n)
-{
-    const double x = Metatopiseis(freedomOf(n, 1));
-    const double y = Metatopiseis(freedomOf(n, 2));
-    return std::sqrt(x * x + y * y);
-}
-
-int nodeOfLargestDisplacement()
-{
-    int most = 1;
-    for (int n = 2; n <= Arithmos_Kombon; ++n)
-        if (displacementOf(n) > displacementOf(most))
-            most = n;
-    return most;
+    for (const auto &[e, x, M] : {range->largest, range->smallest})
+        row.insert(row.end(), {csvNumber(M), numberText(e), csvNumber(x)});
 }
 
 const char *textOf(ModelStatus status)

@@ -180,6 +180,7 @@ constexpr Command menus[] = {
     {"menubar", "mnuANAFORES", Phrase{1617, "Report"}},
     {"mnuANAFORES", commandPlace::check, Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
     {"mnuANAFORES", "mnuEIKONA_SVG_PDF_item", Phrase{1900, "Picture as SVG or PDF"}, call<&PictureCommands::saveVectorPicture>},
+    {"mnuANAFORES", "mnuCALCULATION_item", Phrase{1920, "Calculation report as PDF"}, call<&WindowCommands::openCalculation>, nullptr, "Ctrl+Shift+P"},
 
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},

@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "Desktop.h"
 #include "frmAbout.h"
+#include "frmCalculation.h"
 #include "frmDiairesi.h"
 #include "frmElegxos.h"
 #include "frmEPIKOMBIO.h"
@@ -20,6 +21,7 @@
 #include "Hand.h"
 #include "HTMLHelp.h"
 #include "Metablites.h"
+#include "OutsidePrograms.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
@@ -245,6 +247,17 @@ void WindowCommands::openCheck()
     const QWidget &drawing = *canvas_.Picture1;
     check_->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(check_->width(), 0));
     showBeside(check_, *canvas_.Picture1);
+}
+
+void WindowCommands::openCalculation()
+{
+    if (refuseWithoutNodes())
+        return;
+    Erotisi_Epanepilisis();
+    showDialog<frmCalculation>([](frmCalculation &dialog) {
+        QObject::connect(&dialog, &frmCalculation::openWanted, &dialog, openFile);
+        dialog.exec();
+    });
 }
 
 void WindowCommands::lookAgain()

@@ -15,7 +15,8 @@ class Hand;
 class HTMLHelp;
 class PictureCommands;
 
-/// Opens the dialogs of the model, the view options, the results, the check and the about box.
+/// Opens the dialogs of the model, the view options, the results, the check, the calculation
+/// report and the about box.
 /// Where a dialog would have no rows to work on, it is refused with a word.
 class WindowCommands
 {
@@ -48,6 +49,7 @@ public:
     void Button_Rithmiseis();
     void Button_Apotelesmata();
     void openCheck(); ///< where it is open already, it checks anew
+    void openCalculation();
     void showAbout();
 
     /// To be called when model or results may have changed.
