@@ -219,10 +219,11 @@ Equations assemble()
     for (int p = 1; p <= freedoms; ++p)
         for (int q = 1; q <= freedoms; ++q)
             permuted(p, q) = whole(static_cast<int>(order(p)), static_cast<int>(order(q)));
-    const auto cut = [&](Table &part, int rows, int columns, int below, int right) {
+    const auto cut = [&from = equations.permuted](Table &part, int rows, int columns, int below,
+                                                  int right) {
         for (int p = 1; p <= rows; ++p)
             for (int q = 1; q <= columns; ++q)
-                part(p, q) = permuted(below + p, right + q);
+                part(p, q) = from(below + p, right + q);
     };
     cut(ff, free, free, 0, 0);
     cut(fs, free, constrained, 0, free);
