@@ -145,16 +145,21 @@ int excessiveFreedom()
     return largest > excessive ? freedom : 0;
 }
 
+void solveFreeFreedoms()
+{
+    U_Eleftheroi.clear();
+    testFinite(K_sf, Desmevmenoi_Vathmoi);
+    testFinite(K_ss, Desmevmenoi_Vathmoi);
+    const auto freedoms = static_cast<std::size_t>(Eleftheroi_Vathmoi);
+    if (freedoms == 0)
+        subscriptFault(0, K_ff.rows, 0, K_ff.columns);
+    solveSymmetric(K_ff, {&P_Eleftheroi(1), freedoms}, {&U_Eleftheroi(1), freedoms});
+}
+
 void Epilisi_Systimatos()
 {
     try {
-        U_Eleftheroi.clear();
-        testFinite(K_sf, Desmevmenoi_Vathmoi);
-        testFinite(K_ss, Desmevmenoi_Vathmoi);
-        const auto freedoms = static_cast<std::size_t>(Eleftheroi_Vathmoi);
-        if (freedoms == 0)
-            subscriptFault(0, K_ff.rows, 0, K_ff.columns);
-        solveSymmetric(K_ff, {&P_Eleftheroi(1), freedoms}, {&U_Eleftheroi(1), freedoms});
+        solveFreeFreedoms();
     } catch (const Fault &) {
         Sfalma_Epilisis = true;
         Grammi_Log(", " + Metafrasi(144, "Termination:") + " " + desktop().timeOfDay().text,

@@ -83,6 +83,10 @@ void Dexi_Meli();
 /// A fault sets `Sfalma_Epilisis`, is logged and shown, and goes no further.
 void Epilisi_Systimatos();
 
+/// The same without a word: a fault goes on. On the diagonal of `K_ff` the pivots are left, up to
+/// and with the first that is 0.
+void solveFreeFreedoms();
+
 /// `R_Desmevmena` = `K_sf` * `U_Eleftheroi`. Nothing later reads it: the reactions come from the
 /// end forces.
 void Ipologismos_Antidraseon_Vathmon();

@@ -191,7 +191,7 @@ private:
 bool needsFonts(const std::vector<std::string> &arguments)
 {
     const Order order = parse(arguments);
-    return order.wantsPictures() || order.pdf;
+    return order.wantsPictures() || order.pdf || order.steps;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

@@ -2,11 +2,13 @@
 
 #include "Functions.h"
 #include "MathFunc.h"
+#include "Metablites.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <cmath>
 #include <filesystem>
 #include <string_view>
 
@@ -42,6 +44,13 @@ const char *const usage =
     "  --pictures=KIND[,KIND...]\n"
     "             the same as png, svg or pdf; the last two have lines and texts in\n"
     "             place of pixels, and labels moved apart where they would overlap\n"
+    "  --steps    write MODEL_steps.html too: the steps of the analysis with formulas and\n"
+    "             numbers, up to where it fails; all of a model of up to 8 elements\n"
+    "  --steps-elements LIST\n"
+    "             the elements to show there, such as 1-3,7; the first of a larger model\n"
+    "             when not given\n"
+    "  --steps-digits N\n"
+    "             significant digits there, from 1 to 15; 4 when not given\n"
     "  --fit      give each diagram of the pictures a round scale at which it can be\n"
     "             read and stays in the picture\n"
     "  --size WxH pixels of the pictures, each from 200 to 8000; 1280x800 when not\n"
@@ -76,6 +85,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"--csv", &Order::csv},
     {"--regional", &Order::regional},
     {"--pictures", &Order::pngPictures},
+    {"--steps", &Order::steps},
     {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
@@ -123,6 +133,39 @@ bool takeLabelScale(Order &order, const std::string &value)
     return order.labelScale >= 0.5 && order.labelScale <= 4;
 }
 
+/// "1-3,7"
+bool takeElements(Order &order, const std::string &value)
+{
+    const char *at = value.data();
+    const char *const end = at + value.size();
+    const auto take = [&](int &number) {
+        const auto [rest, fault] = std::from_chars(at, end, number);
+        at = rest;
+        return fault == std::errc() && number >= 1 && number <= maxElements;
+    };
+    order.shownSteps.elements.clear();
+    do {
+        int first = 0;
+        if (!take(first))
+            return false;
+        int last = first;
+        if (at != end && *at == '-' && (++at, !take(last) || last < first))
+            return false;
+        for (int e = first; e <= last; ++e)
+            order.shownSteps.elements.push_back(e);
+    } while (at != end && *at++ == ',');
+    return at == end && end[-1] != ',';
+}
+
+bool takeDigits(Order &order, const std::string &value)
+{
+    const std::optional<double> digits = numberFromWholeText(value);
+    if (!digits || *digits < 1 || *digits > steps::mostDigits || *digits != std::floor(*digits))
+        return false;
+    order.shownSteps.digits = static_cast<int>(*digits);
+    return true;
+}
+
 bool takePaper(Order &order, const std::string &value)
 {
     order.paper = value;
@@ -148,6 +191,8 @@ struct Valued
 constexpr auto valued = std::to_array<Valued>({
     {"--out", takeFolder, "one folder"},
     {"--summary", takeSummary, "one file that is no model"},
+    {"--steps-elements", takeElements, "numbers of elements from 1 to 300, as 1-3,7"},
+    {"--steps-digits", takeDigits, "a whole number from 1 to 15"},
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
     {"--paper", takePaper, "A4 or Letter"},
@@ -236,6 +281,10 @@ std::string contradiction(const Order &order)
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.wantsPictures())
         return "--fit, --size and --label-scale need --pictures";
+    if (!order.steps
+        && (!order.shownSteps.elements.empty()
+            || order.shownSteps.digits != steps::Choice().digits))
+        return "--steps-elements and --steps-digits need --steps";
     if ((order.paper || order.title || order.author) && !order.pdf)
         return "--paper, --title and --author need --pdf";
     if (order.models.empty() || std::ranges::count(order.models, "") > 0)

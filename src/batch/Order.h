@@ -3,6 +3,7 @@
 /// The command line of the batch runner.
 
 #include "AlongElement.h"
+#include "Steps.h"
 
 #include <optional>
 #include <string>
@@ -22,6 +23,7 @@ struct Order
     bool svgPictures = false;
     bool pdfPictures = false;
     bool pdf = false;
+    bool steps = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
@@ -32,6 +34,7 @@ struct Order
     int height = 800;
     double labelScale = 1;
     std::optional<std::string> paper, title, author; ///< of the calculation report
+    steps::Choice shownSteps;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
 

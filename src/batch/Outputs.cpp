@@ -3,10 +3,12 @@
 #include "Anafora.h"
 #include "CalculationReport.h"
 #include "CheckText.h"
+#include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelCheck.h"
 #include "Pictures.h"
 #include "ResultTables.h"
+#include "StepsFile.h"
 
 #include <array>
 
@@ -38,6 +40,15 @@ Made csv(const Order &order)
 Made values(const Order &order)
 {
     return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
+}
+
+Made stepsOf(const Order &order)
+{
+    std::vector<int> missing = order.shownSteps.elements;
+    std::erase_if(missing, [](int e) { return e <= Arithmos_Stoixeion; });
+    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)),
+            missing.empty() ? "" : "the model has no element " + numberText(missing.front()),
+            {}};
 }
 
 template <std::int16_t shown, PictureForm form>
@@ -74,6 +85,7 @@ std::span<const Output> outputs()
         {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
         {"_values.csv", &Order::values, true, false, values},
+        {"_steps.html", &Order::steps, false, false, stepsOf},
         {"_model.png", &Order::pngPictures, false, false, picture<view::model, PictureForm::png>},
         {"_M.png", &Order::pngPictures, true, false, picture<view::M, PictureForm::png>},
         {"_Q.png", &Order::pngPictures, true, false, picture<view::Q, PictureForm::png>},

@@ -42,16 +42,6 @@ Answer askToDelete(int n)
         Icon::question, Buttons::yesNoCancel);
 }
 
-/// "node 3, y"
-std::string freedomText(int freedom)
-{
-    const int k = componentOf(freedom);
-    return filled(Metafrasi(1836, "node %1, %2"),
-                  {numberText(nodeOfFreedom(freedom)), k == 1   ? "x"
-                                                       : k == 2 ? "y"
-                                                                : Metafrasi(1837, "rotation")});
-}
-
 /// The freedom of the largest translation, 0 where nothing moves.
 int largestTranslation()
 {

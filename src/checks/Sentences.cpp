@@ -2,6 +2,7 @@
 
 #include "Functions.h"
 #include "MathFunc.h"
+#include "RowQueries.h"
 
 #include <algorithm>
 
@@ -103,6 +104,15 @@ std::string rowList(const std::vector<int> &rows)
     const std::string last = entries.back();
     entries.pop_back();
     return filled(Metafrasi(1661, "%1 and %2"), {joined(entries, ", "), last});
+}
+
+std::string freedomText(int freedom)
+{
+    const int k = componentOf(freedom);
+    return filled(Metafrasi(1836, "node %1, %2"),
+                  {numberText(nodeOfFreedom(freedom)), k == 1   ? "x"
+                                                       : k == 2 ? "y"
+                                                                : Metafrasi(1837, "rotation")});
 }
 
 std::string itemList(const std::vector<std::string> &items, std::string_view separator,

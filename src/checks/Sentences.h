@@ -24,6 +24,9 @@ std::string forRows(const std::string &text, std::size_t rows);
 /// Rows in rising order as "1 to 12, 15 and 17". A long list ends with how many more there are.
 std::string rowList(const std::vector<int> &rows);
 
+/// "node 3, y"
+std::string freedomText(int freedom);
+
 /// @p items with @p separator between them, at most @p most; how many more are left is told.
 std::string itemList(const std::vector<std::string> &items, std::string_view separator,
                      std::size_t most);

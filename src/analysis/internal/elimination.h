@@ -21,7 +21,8 @@ namespace veskora {
 ///
 /// There is no pivot search: A need not be positive definite, and a small pivot passes.
 /// Faults: n = 0, a divisor that is exactly 0, a number that is infinite or not a number. When it
-/// faults, what @p A, @p b and @p x hold is of no use.
+/// faults, what @p A, @p b and @p x hold is of no use, but for the rows of @p A down to the first
+/// that brought the fault: they are as the loops leave them, each with its pivot on the diagonal.
 /// Source: W. McGuire, R. H. Gallagher, R. D. Ziemian, Matrix Structural Analysis, 2nd ed., ch. 11.
 void solveSymmetric(PinakasErgasias<maxDofs, maxDofs + 1> &A, std::span<double> b,
                     std::span<double> x);
