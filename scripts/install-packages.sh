@@ -7,7 +7,7 @@ declare -A packages=(
     qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite"
   [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales python3-openpyxl poppler-utils weston"
   [bench]="libbenchmark-dev python3"
-  [pictures]="xvfb openbox xdotool imagemagick x11-utils poppler-utils"
+  [pictures]="chromium xvfb openbox xdotool imagemagick x11-utils poppler-utils"
 )
 
 missing=()

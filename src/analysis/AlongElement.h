@@ -1,24 +1,42 @@
 #pragma once
 /// @file
-/// Stress resultants between the ends of an element, in closed form.
+/// Stress resultants and displacements between the ends of an element, in closed form.
 ///
-/// Signs are those of the diagrams; x is measured along the element from end i, in the model's
-/// units of length. Source: the equilibrium of the part from i to x.
+/// Signs are those of the diagrams and of the deformed shape; x is measured along the element from
+/// end i, in the model's units of length. Sources: the equilibrium of the part from i to x; the
+/// elastic line EI v'' = M and EA u' = N, integrated between the displacements of the ends
+/// (Timoshenko and Young, Theory of Structures, 2nd ed., chapter 6; Przemieniecki, Theory of Matrix
+/// Structural Analysis, chapter 5).
 
 #include <optional>
+#include <vector>
 
 namespace veskora {
 
-/// One element under its end forces and its uniform load, with q along local y, n along local x.
+/// One element under its end forces and its uniform load, with q along local y, n along local x,
+/// between the displacements of its nodes. Hinges need no case: where an end has one, its rotation
+/// is what the elastic line leaves there.
 struct AlongElement
 {
     double length;
-    double Ni, Qi, Mi; ///< at end i
-    double n, q;       ///< load per unit of length
+    double c, s;           ///< cosine and sine of the angle from global to local x
+    double Ni, Qi, Mi;     ///< at end i
+    double n, q;           ///< load per unit of length
+    double ui, uj;         ///< displacements of the ends along local x
+    double vi, vj;         ///< along local y, which points to the left, seen from i to j
+    double EA, EI;         ///< not a number where the element has no group
+    double leastQ, leastM; ///< what is not larger than these is 0 but for rounding
 
     double N(double x) const { return Ni - n * x; }
     double Q(double x) const { return Qi + q * x; }
     double M(double x) const { return Mi + Qi * x + q * x * x / 2; }
+
+    /// @name Displacements along the element and across it
+    /// None where they cannot be computed, as without a stiffness against what acts.
+    /// @{
+    std::optional<double> u(double x) const;
+    std::optional<double> v(double x) const;
+    /// @}
 
     /// Where M has its extreme between the ends; none where it is straight or has it at an end.
     std::optional<double> placeOfExtremeM() const;
@@ -27,6 +45,38 @@ struct AlongElement
 /// Of element @p e and the results in the store, which belong together.
 /// Fault: a node row outside 1 to count, zero length.
 AlongElement alongElement(int e);
+
+/// What a place along an element is, as bits.
+namespace placeMark {
+inline constexpr unsigned extremeM = 1;
+inline constexpr unsigned extremeV = 2; ///< of the displacement across the element
+inline constexpr unsigned zeroQ = 4;
+inline constexpr unsigned zeroM = 8;
+} // namespace placeMark
+
+/// Equal parts of an element: what is usual, and the most.
+inline constexpr int usualParts = 10, maxParts = 100;
+
+struct Station
+{
+    double x;
+    unsigned marks = 0;
+};
+
+/// The ends of @p parts equal parts of the element and every place with a mark, by x, each once.
+/// An extreme stands between the ends, a zero may stand at one. What is 0 all along, or turns
+/// without standing out from rounding, has no mark.
+std::vector<Station> stations(const AlongElement &along, int parts);
+
+/// All that is to be known at a station; none where it is not finite.
+struct StationValues
+{
+    std::optional<double> N, Q, M;
+    std::optional<double> v;      ///< across the element
+    std::optional<double> dx, dy; ///< along the global axes
+};
+/// Q and M are 0 at their zeros, where the closed form leaves a rest of rounding.
+StationValues valuesAt(const AlongElement &along, const Station &station);
 
 /// A moment between the ends of an element.
 struct SpanMoment

@@ -68,7 +68,8 @@ public:
     bool finish()
     {
         return order_.summary.empty() || succeeds("summary", [&] {
-                   return deliver(order_.summary, csvText(summary_), order_.summary == "-");
+                   return deliver(order_.summary, csvText(summary_, csvForm(order_)),
+                                  order_.summary == "-");
                });
     }
 
@@ -187,10 +188,10 @@ private:
 
 } // namespace
 
-bool wantsPictures(const std::vector<std::string> &arguments)
+bool needsFonts(const std::vector<std::string> &arguments)
 {
     const Order order = parse(arguments);
-    return order.wantsPictures() || order.steps;
+    return order.wantsPictures() || order.pdf || order.steps;
 }
 
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)

@@ -16,9 +16,9 @@ inline constexpr int someFailed =
 inline constexpr int wrongUsage = 2;
 } // namespace batchStatus
 
-/// Whether these arguments ask for pictures, which need Qt's fonts: a `QGuiApplication` must exist
-/// while `runBatch` runs.
-bool wantsPictures(const std::vector<std::string> &arguments);
+/// Whether these arguments ask for pictures, a PDF among them, which need Qt's fonts: a
+/// `QGuiApplication` must exist while `runBatch` runs.
+bool needsFonts(const std::vector<std::string> &arguments);
 
 /// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
 /// and writes what is ordered: report, check, tables, pictures; check and model picture even where

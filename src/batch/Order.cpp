@@ -28,10 +28,16 @@ const char *const usage =
     "  --csv      write MODEL_ends.csv (N, Q, M and the end forces at both ends of each\n"
     "             element), MODEL_spans.csv (largest and smallest M between the ends)\n"
     "             and MODEL_nodes.csv (displacements and reactions) too; not with -\n"
+    "  --values [N]\n"
+    "             write MODEL_values.csv too: N, Q, M, deflection and displacements along\n"
+    "             each element at N equal parts, 1 to 100, 10 when not given, and at the\n"
+    "             extremes and zeros between; not with -\n"
     "  --summary FILE\n"
     "             write a row for each model: how the analysis ended, extremes of M and\n"
     "             of the displacements, sums of loads and reactions; - prints it;\n"
     "             DIR does not count for it\n"
+    "  --regional write all these tables with semicolons between cells and commas in\n"
+    "             numbers; changes nothing where your region has a decimal point\n"
     "  --pictures write MODEL_model.png, MODEL_M.png, MODEL_Q.png, MODEL_N.png\n"
     "             and MODEL_D.png too, the whole model in view; the first also of a\n"
     "             model whose analysis fails\n"
@@ -43,13 +49,21 @@ const char *const usage =
     "  --steps-elements LIST\n"
     "             the elements to show there, such as 1-3,7; the first of a larger model\n"
     "             when not given\n"
-    "  --digits N significant digits there, from 1 to 15; 4 when not given\n"
+    "  --steps-digits N\n"
+    "             significant digits there, from 1 to 15; 4 when not given\n"
     "  --fit      give each diagram of the pictures a round scale at which it can be\n"
     "             read and stays in the picture\n"
     "  --size WxH pixels of the pictures, each from 200 to 8000; 1280x800 when not\n"
     "             given; of svg and pdf 96 are an inch\n"
     "  --label-scale F\n"
     "             make the texts of the pictures F times as large, F from 0.5 to 4\n"
+    "  --pdf      write MODEL_report.pdf too: a calculation report with the model, its\n"
+    "             data, diagrams and results, with --check its findings too; also of a\n"
+    "             model whose analysis fails, without results\n"
+    "  --paper A4|Letter\n"
+    "             of that report; by the region when not given\n"
+    "  --title TEXT, --author TEXT\n"
+    "             at the head of that report\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
@@ -69,8 +83,10 @@ constexpr auto flags = std::to_array<Flag>({
     {"-", &Order::print},
     {"--check", &Order::check},
     {"--csv", &Order::csv},
+    {"--regional", &Order::regional},
     {"--pictures", &Order::pngPictures},
     {"--steps", &Order::steps},
+    {"--pdf", &Order::pdf},
     {"--fit", &Order::fit},
     {"--strict", &Order::strict},
     {"--help", &Order::help},
@@ -133,6 +149,21 @@ bool takeDigits(Order &order, const std::string &value)
     return true;
 }
 
+bool takePaper(Order &order, const std::string &value)
+{
+    order.paper = value;
+    return value == "A4" || value == "Letter";
+}
+
+/// A line or a few at the head of a page.
+template <std::optional<std::string> Order::*text>
+bool takeText(Order &order, const std::string &value)
+{
+    constexpr std::size_t longest = 200;
+    order.*text = value;
+    return value.size() <= longest;
+}
+
 /// An option that takes the argument behind it.
 struct Valued
 {
@@ -144,9 +175,12 @@ constexpr auto valued = std::to_array<Valued>({
     {"--out", takeFolder, "one folder"},
     {"--summary", takeSummary, "one file that is no model"},
     {"--steps-elements", takeElements, "numbers of elements from 1 to 300, as 1-3,7"},
-    {"--digits", takeDigits, "a whole number from 1 to 15"},
+    {"--steps-digits", takeDigits, "a whole number from 1 to 15"},
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
+    {"--paper", takePaper, "A4 or Letter"},
+    {"--title", takeText<&Order::title>, "a text of at most 200 bytes"},
+    {"--author", takeText<&Order::author>, "a text of at most 200 bytes"},
 });
 
 constexpr std::string_view pictureOption = "--pictures=";
@@ -169,6 +203,27 @@ std::string takePictures(Order &order, std::string_view kinds)
     return {};
 }
 
+constexpr std::string_view valuesOption = "--values";
+
+/// Takes the option at @p i and the number of parts, where one stands behind "=" or is the next
+/// argument.
+std::string takeValues(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
+{
+    order.values = true;
+    std::string parts;
+    if (arguments[i].size() > valuesOption.size())
+        parts = arguments[i].substr(valuesOption.size() + 1);
+    else if (i + 1 < arguments.size() && numberFromWholeText(arguments[i + 1]))
+        parts = arguments[++i];
+    else
+        return {};
+    const char *const end = parts.data() + parts.size();
+    const auto [rest, error] = std::from_chars(parts.data(), end, order.parts);
+    const bool isSane =
+        error == std::errc() && rest == end && order.parts >= 1 && order.parts <= maxParts;
+    return isSane ? "" : std::string(valuesOption) + " takes a whole number from 1 to 100, or none";
+}
+
 /// Takes the option at @p i and, where it has one, its value.
 /// @return what is wrong, empty when nothing
 std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
@@ -180,6 +235,8 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
     }
     if (name.starts_with(pictureOption))
         return takePictures(order, std::string_view(name).substr(pictureOption.size()));
+    if (std::string_view(name).substr(0, name.find('=')) == valuesOption)
+        return takeValues(order, arguments, i);
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
@@ -199,6 +256,10 @@ std::string contradiction(const Order &order)
         return "--out and - exclude each other";
     if (order.print && order.csv)
         return "--csv and - exclude each other: three tables of a model are three files";
+    if (order.print && order.values)
+        return "--values and - exclude each other: the table of a model is a file";
+    if (order.regional && !order.csv && !order.values && order.summary.empty())
+        return "--regional needs --csv, --values or --summary";
     if (order.print && order.summary == "-")
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.wantsPictures())
@@ -206,7 +267,9 @@ std::string contradiction(const Order &order)
     if (!order.steps
         && (!order.shownSteps.elements.empty()
             || order.shownSteps.digits != steps::Choice().digits))
-        return "--steps-elements and --digits need --steps";
+        return "--steps-elements and --steps-digits need --steps";
+    if ((order.paper || order.title || order.author) && !order.pdf)
+        return "--paper, --title and --author need --pdf";
     if (order.models.empty() || std::ranges::count(order.models, "") > 0)
         return "no model given";
     return {};

@@ -2,8 +2,10 @@
 /// @file
 /// The command line of the batch runner.
 
+#include "AlongElement.h"
 #include "Steps.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,18 +17,23 @@ struct Order
     bool print = false;
     bool check = false;
     bool csv = false;
+    bool values = false;
+    bool regional = false;
     bool pngPictures = false;
     bool svgPictures = false;
     bool pdfPictures = false;
+    bool pdf = false;
     bool steps = false;
     bool fit = false;
     bool strict = false;
     bool help = false;
-    std::string folder;  ///< empty: the working directory
-    std::string summary; ///< file of the summary, "-" for the standard output, empty for none
-    int width = 1280;    ///< of a picture, pixels
+    std::string folder;     ///< empty: the working directory
+    std::string summary;    ///< file of the summary, "-" for the standard output, empty for none
+    int parts = usualParts; ///< equal parts of an element for its values
+    int width = 1280;       ///< of a picture, pixels
     int height = 800;
     double labelScale = 1;
+    std::optional<std::string> paper, title, author; ///< of the calculation report
     steps::Choice shownSteps;
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage

@@ -1,6 +1,7 @@
 #include "Outputs.h"
 
 #include "Anafora.h"
+#include "CalculationReport.h"
 #include "CheckText.h"
 #include "MathFunc.h"
 #include "Metablites.h"
@@ -31,9 +32,14 @@ Made check(const Order &)
 }
 
 template <CsvTable (*table)()>
-Made csv(const Order &)
+Made csv(const Order &order)
 {
-    return {csvText(table()), {}, {}};
+    return {csvText(table(), csvForm(order)), {}, {}};
+}
+
+Made values(const Order &order)
+{
+    return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
 }
 
 Made stepsOf(const Order &order)
@@ -51,7 +57,24 @@ Made picture(const Order &order)
     return drawPicture(shown, form, order);
 }
 
+Made calculation(const Order &order)
+{
+    const Paper usual = usualPaper(QLocale::system().territory());
+    const CalculationOptions options = {
+        .title = order.title.value_or(""),
+        .author = order.author.value_or(""),
+        .paper = order.paper ? (*order.paper == "A4" ? Paper::A4 : Paper::letter) : usual,
+        .withCheck = order.check};
+    return {
+        pdfOf(calculationDocument(options), options.paper, [](int, int) { return true; }), {}, {}};
+}
+
 } // namespace
+
+CsvForm csvForm(const Order &order)
+{
+    return order.regional ? CsvForm::regional : CsvForm::international;
+}
 
 std::span<const Output> outputs()
 {
@@ -61,6 +84,7 @@ std::span<const Output> outputs()
         {"_ends.csv", &Order::csv, true, false, csv<endsTable>},
         {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
+        {"_values.csv", &Order::values, true, false, values},
         {"_steps.html", &Order::steps, false, false, stepsOf},
         {"_model.png", &Order::pngPictures, false, false, picture<view::model, PictureForm::png>},
         {"_M.png", &Order::pngPictures, true, false, picture<view::M, PictureForm::png>},
@@ -77,6 +101,7 @@ std::span<const Output> outputs()
         {"_Q.pdf", &Order::pdfPictures, true, false, picture<view::Q, PictureForm::pdf>},
         {"_N.pdf", &Order::pdfPictures, true, false, picture<view::N, PictureForm::pdf>},
         {"_D.pdf", &Order::pdfPictures, true, false, picture<view::deformed, PictureForm::pdf>},
+        {"_report.pdf", &Order::pdf, false, false, calculation},
     });
     return all;
 }

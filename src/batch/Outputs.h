@@ -2,6 +2,7 @@
 /// @file
 /// The files that the batch runner makes of a model.
 
+#include "Csv.h"
 #include "Order.h"
 
 #include <span>
@@ -25,6 +26,9 @@ struct Output
     bool isPrinted;       ///< "-" prints it in place of the file
     Made (*make)(const Order &order);
 };
+
+/// How the tables of the run are written.
+CsvForm csvForm(const Order &order);
 
 /// In the order in which they are made.
 std::span<const Output> outputs();

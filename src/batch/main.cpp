@@ -12,7 +12,7 @@ int main(int argc, char **argv)
 try {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     std::optional<QGuiApplication> fonts;
-    if (veskora::wantsPictures(arguments)) {
+    if (veskora::needsFonts(arguments)) {
         ::setenv("QT_QPA_PLATFORM", "offscreen", 1); // no display is needed
         fonts.emplace(argc, argv);
         std::setlocale(LC_ALL, "C"); // Qt has taken over the user's; only the separator is wanted

@@ -5,9 +5,6 @@
 #include "RowQueries.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <cmath>
 
 namespace veskora {
 
@@ -132,16 +129,6 @@ std::string paragraphs(const std::vector<std::string> &texts)
     std::vector<std::string> filledOnes = texts;
     std::erase(filledOnes, "");
     return joined(filledOnes, nl);
-}
-
-std::string roundedText(double value, int digits)
-{
-    std::array<char, 32> text;
-    const char *end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                    std::chars_format::scientific, digits - 1)
-                          .ptr;
-    const std::string_view rounded(text.data(), static_cast<std::size_t>(end - text.data()));
-    return std::isfinite(value) ? numberText(Val(rounded)) : std::string(rounded);
 }
 
 std::string wrapped(std::string_view text, std::size_t width)

@@ -34,9 +34,6 @@ std::string itemList(const std::vector<std::string> &items, std::string_view sep
 /// The texts that are not empty, one below the other.
 std::string paragraphs(const std::vector<std::string> &texts);
 
-/// @p value with @p digits significant digits; "inf" and "nan" as they are.
-std::string roundedText(double value, int digits);
-
 /// @p text broken at blanks into lines of at most @p width characters; its line ends stay.
 std::string wrapped(std::string_view text, std::size_t width);
 

@@ -1,5 +1,8 @@
 #include "Csv.h"
 
+#include "MathFunc.h"
+
+#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -7,14 +10,19 @@ namespace veskora {
 
 namespace {
 
-std::string quoted(const std::string &cell)
+void append(std::string &text, const std::string &cell, char separator)
 {
-    if (cell.find_first_of(",\"\r\n") == std::string::npos)
-        return cell;
-    std::string text = "\"";
+    const bool isQuoted = std::any_of(cell.begin(), cell.end(), [separator](char c) {
+        return c == separator || c == '"' || c == '\r' || c == '\n';
+    });
+    if (!isQuoted) {
+        text += cell;
+        return;
+    }
+    text += '"';
     for (const char character : cell)
         text.append(character == '"' ? 2 : 1, character);
-    return text + '"';
+    text += '"';
 }
 
 } // namespace
@@ -26,12 +34,17 @@ std::string csvNumber(double value)
     return {digits.data(), std::to_chars(digits.begin(), digits.end(), number).ptr};
 }
 
-std::string csvText(const CsvTable &table)
+std::string csvText(const CsvTable &table, CsvForm form)
 {
+    const bool hasCommas = form == CsvForm::regional && regionalDecimalSeparator() == ",";
+    const char separator = hasCommas ? ';' : ',';
     std::string text;
     for (const CsvRow &row : table) {
-        for (const std::string &cell : row)
-            (text += quoted(cell)) += ',';
+        for (const std::string &cell : row) {
+            append(text, hasCommas && numberFromWholeText(cell) ? withSeparator(cell, ",") : cell,
+                   separator);
+            text += separator;
+        }
         text.back() = '\n';
     }
     return text;

@@ -19,6 +19,7 @@ namespace veskora {
 namespace {
 
 constexpr const char *reportExtension = ".txt";
+constexpr const char *tableExtension = ".csv";
 
 /// The folder of the last file used is where dialogs start.
 std::string dialogFolder()
@@ -50,6 +51,21 @@ std::string withoutExtension(const std::string &path)
 {
     return path.empty() ? "Untitled"
                         : path.substr(0, path.size() - std::min<std::size_t>(4, path.size()));
+}
+
+/// @p name with one of @p extensions: that of the filter chosen, unless the user typed another than
+/// the first, which was proposed.
+std::string withExtension(const std::string &name, const std::vector<std::string> &extensions,
+                          const std::string &filter)
+{
+    const bool isOurs = std::find(extensions.begin(), extensions.end(), filter) != extensions.end();
+    const std::string &wanted = isOurs ? filter : extensions.front();
+    const auto typed = std::find_if(extensions.begin(), extensions.end(),
+                                    [&](const std::string &one) { return name.ends_with(one); });
+    if (typed == extensions.end())
+        return name + wanted;
+    return typed == extensions.begin() ? name.substr(0, name.size() - typed->size()) + wanted
+                                       : name;
 }
 
 bool exists(const std::string &path)
@@ -120,17 +136,22 @@ void nameModel(const std::string &path)
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension)
 {
+    return askSavePath(filter, proposed, std::vector{extension});
+}
+
+std::string askSavePath(const std::string &filter, const std::string &proposed,
+                        const std::vector<std::string> &extensions)
+{
     std::string name = proposed;
     for (;;) {
+        std::string pattern = "*" + extensions.front();
         const std::optional<std::string> chosen =
-            desktop().askSaveFile({filter, dialogFolder(), name});
+            desktop().askSaveFile({filter, dialogFolder(), name, &pattern});
         if (!chosen)
             return {};
-        if (chosen->ends_with(extension))
-            return *chosen;
-        name = *chosen + extension;
-        // The dialog asked about the shorter name.
-        if (!exists(name)
+        name = withExtension(*chosen, extensions, pattern.substr(1));
+        // The dialog asked about the name that was typed.
+        if (name == *chosen || !exists(name)
             || desktop().message(
                    name + Metafrasi(147, " already exists. Do you want to replace it?"),
                    Icon::exclamation, Buttons::noYes)
@@ -254,16 +275,19 @@ std::string writeAskedFile(const std::function<std::string()> &make, const std::
     const std::string target =
         askSavePath(filter, withoutExtension(path) + suffix + extension, extension);
     const std::string content = target.empty() ? "" : make();
-    if (content.empty())
-        return {};
+    return !content.empty() && writeFileOrTell(target, content) ? target : std::string();
+}
+
+bool writeFileOrTell(const std::string &path, const std::string &content)
+{
     try {
-        writeWholeFile(target, content, Durability::onDisk);
+        writeWholeFile(path, content, Durability::onDisk);
     } catch (const Fault &fault) {
-        reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
-        return {};
+        reportFault(Metafrasi(152, "There was an error saving the file:"), path, fault);
+        return false;
     }
-    currentFolder = folderOf(target);
-    return target;
+    currentFolder = folderOf(path);
+    return true;
 }
 
 std::string writeAskedFile(const std::string &content, const std::string &filter,
@@ -284,6 +308,14 @@ std::string saveReport(const std::string &report, const std::string &path,
                           filterFor(Metafrasi(1772, "Text files"), reportExtension) + "|"
                               + filterFor(Metafrasi(1773, "All files"), ".*"),
                           path, suffix, reportExtension);
+}
+
+std::string saveTable(const std::string &table, const std::string &path, const std::string &suffix)
+{
+    return writeAskedFile(table,
+                          filterFor(Metafrasi(1855, "Comma-separated values"), tableExtension) + "|"
+                              + filterFor(Metafrasi(1773, "All files"), ".*"),
+                          withoutExtension(path) + suffix + tableExtension, tableExtension);
 }
 
 bool Idio_Me_To_Arxeio()

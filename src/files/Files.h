@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace veskora {
 
@@ -54,6 +55,14 @@ bool Idio_Me_To_Arxeio();
 /// @return the path, empty when cancelled
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::string &extension);
+/// The same where there are several. @p proposed has the first: a name that still has it, or none
+/// of them, gets that of the filter chosen.
+std::string askSavePath(const std::string &filter, const std::string &proposed,
+                        const std::vector<std::string> &extensions);
+
+/// Writes @p content to @p path; a failure is reported.
+/// @return whether it was written
+bool writeFileOrTell(const std::string &path, const std::string &content);
 
 /// Writes @p content, with @p extension, to a file that the user is asked for by @p filter. The
 /// name of the model file @p path is proposed, with that extension for its own. A failure is
@@ -75,5 +84,7 @@ void Apothikefsi_Anaforas(const std::string &path);
 /// @return the path written, empty where none was
 std::string saveReport(const std::string &report, const std::string &path,
                        const std::string &suffix);
+/// The same with the comma-separated values @p table.
+std::string saveTable(const std::string &table, const std::string &path, const std::string &suffix);
 
 } // namespace veskora

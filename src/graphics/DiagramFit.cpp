@@ -101,13 +101,19 @@ EdgeRoom roomForValues(double labelScale)
 
 } // namespace
 
-bool fitPicture(double labelScale)
+bool fitPicture(double labelScale, double finest)
 {
     const EdgeRoom room = roomForValues(labelScale);
     const double shorter = std::min(Picture1().width(), Picture1().height());
     const double longest = longestOrdinate * shorter;
-    fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter));
+    fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter), finest);
     return fitDiagramScale(longest, room);
+}
+
+std::optional<double> quantityPerCentimetre()
+{
+    const auto shown = shownScale();
+    return shown ? std::optional(shown->setting / shown->divisor) : std::nullopt;
 }
 
 } // namespace veskora

@@ -4,6 +4,8 @@
 
 #include "DiagramOutline.h"
 
+#include <optional>
+
 namespace veskora {
 
 /// Gives the diagram or deformed shape in view the finest scale of 1, 2 or 5 times a power of
@@ -15,7 +17,12 @@ bool fitDiagramScale(double longest, const EdgeRoom &room);
 
 /// Brings the whole model into view, and the diagram in view to a scale as `fitDiagramScale`
 /// chooses it, with room for values at the edges that are @p labelScale times as large as usual.
+/// @param finest  the model is shown no finer than 1:@p finest
 /// @return whether the diagram's scale was chosen
-bool fitPicture(double labelScale);
+bool fitPicture(double labelScale, double finest = 1);
+
+/// What a centimetre of the diagram or deformed shape in view stands for, in the model's units;
+/// none of the model itself.
+std::optional<double> quantityPerCentimetre();
 
 } // namespace veskora

@@ -87,18 +87,30 @@ void lineTo(Point to)
     Picture1().lineTo(to.x, Anastrofi_Y(to.y));
 }
 
-void printValue(double shown, Point at)
+/// That at @p end, i or j, on the canvas.
+Ordinate ordinateAt(char end, const Ordinates &o)
 {
-    printAt({at.x, Anastrofi_Y(at.y)}, shown);
+    const auto [i, j] = elementNodes(o.e);
+    const bool isI = end == 'i';
+    const Point foot = isI ? o.endI : o.endJ, tip = isI ? o.atI : o.atJ;
+    return {isI ? i : j, {foot.x, Anastrofi_Y(foot.y)}, {tip.x, Anastrofi_Y(tip.y)}};
+}
+
+void printValue(double shown, const Ordinate &ordinate)
+{
+    if (!isReachable(ordinate.tip))
+        return;
+    Picture1().moveTo(ordinate.tip.x, ordinate.tip.y);
+    Picture1().printValue(shown, ordinate);
 }
 
 /// Prints at the current point, which stays.
-void printValueHere(double shown)
+void printValueHere(double shown, const Ordinate &ordinate)
 {
     Kanvas &kanvas = Picture1();
     const double x = kanvas.currentX();
     const double y = kanvas.currentY();
-    kanvas.print(shown);
+    kanvas.printValue(shown, ordinate);
     kanvas.moveTo(x, y);
 }
 
@@ -107,10 +119,10 @@ void drawStraight(const Diagram &diagram, const Ordinates &o, ShownValues &shown
 {
     line(o.endI, o.atI);
     if (diagram.printsValues)
-        printValueHere(shown(o.valueI));
+        printValueHere(shown(o.valueI), ordinateAt('i', o));
     lineTo(o.atJ);
     if (diagram.printsValues)
-        printValueHere(shown(o.valueJ));
+        printValueHere(shown(o.valueJ), ordinateAt('j', o));
     lineTo(o.endJ);
 }
 
@@ -120,8 +132,8 @@ void drawStraightMoment(const Diagram &diagram, const Ordinates &o, ShownValues 
     line(o.endI, o.atI);
     lineTo(o.atJ);
     if (diagram.printsValues) {
-        printValue(shown(o.valueI), o.atI);
-        printValue(shown(o.valueJ), o.atJ);
+        printValue(shown(o.valueI), ordinateAt('i', o));
+        printValue(shown(o.valueJ), ordinateAt('j', o));
     }
     line(o.atJ, o.endJ);
 }
@@ -164,8 +176,8 @@ void drawParabola(const Diagram &diagram, const Ordinates &o, ShownValues &shown
         point.y = Anastrofi_Y(point.y);
     Picture1().polyline(points);
     if (diagram.printsValues) {
-        printValue(shown(o.valueI), o.atI);
-        printValue(shown(o.valueJ), o.atJ);
+        printValue(shown(o.valueI), ordinateAt('i', o));
+        printValue(shown(o.valueJ), ordinateAt('j', o));
     }
 }
 

@@ -74,6 +74,8 @@ void drawFreedoms(std::span<const int> numbers, int free)
         const Point place = toCanvas(nodePlace(n));
         for (int k = 1; k <= 3; ++k) {
             const int number = numbers[static_cast<std::size_t>(freedomOf(n, k)) - 1];
+            if (number == 0)
+                continue;
             kanvas.setPenColour(number <= free ? freeColour : heldColour);
             if (k == 3) {
                 drawTurn(place, start, sweep, radius, numberText(number));

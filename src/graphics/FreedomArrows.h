@@ -9,7 +9,7 @@ namespace veskora {
 
 /// Draws the freedoms of every node over the picture that there is, each with its number; those
 /// beyond @p free are held and grey.
-/// @param numbers  at `freedomOf(n, k) - 1`
+/// @param numbers  at `freedomOf(n, k) - 1`; 0 leaves one out
 void drawFreedoms(std::span<const int> numbers, int free);
 
 /// Draws element @p e alone across the canvas, at the angle that it has, with its local axes and

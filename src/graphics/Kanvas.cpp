@@ -144,6 +144,17 @@ void Kanvas::print(double number)
     print(printedNumber(number));
 }
 
+void Kanvas::printValue(double value, const Ordinate &ordinate)
+{
+    doPrintValue(printedNumber(value), currentX_, currentY_, ordinate);
+    moveTo(0, currentY_ + lineAdvance());
+}
+
+void Kanvas::doPrintValue(const std::string &text, float x, float y, const Ordinate &)
+{
+    doPrint(text, x, y);
+}
+
 void Kanvas::printRotated(const std::string &text, double x, double y, const RotatedFont &font,
                           int angle)
 {

@@ -21,6 +21,13 @@ struct Point
 
 inline constexpr const char *canvasFontFace = "Arial"; ///< where no other is asked for
 
+/// Of a diagram, at the end of an element.
+struct Ordinate
+{
+    int node;
+    Point foot, tip;
+};
+
 enum class PenStyle { solid, dotted };
 
 /// A font of its own for text at an angle.
@@ -82,6 +89,10 @@ public:
     void print(float number);
     void print(double number);
 
+    /// The value of @p ordinate, whose end is the current point or near to it: as `print`, but a
+    /// surface may move it along the ordinate, or leave it out where it is written already.
+    void printValue(double value, const Ordinate &ordinate);
+
     /// Text turned by @p angle, tenths of a degree, counter-clockwise around (x, y), its top left
     /// corner. The current point goes as with `print`.
     void printRotated(const std::string &text, double x, double y, const RotatedFont &font,
@@ -109,6 +120,7 @@ protected:
     virtual void doCircle(float x, float y, float radius) = 0;
     virtual void doArc(float x, float y, float radius, double start, double end) = 0;
     virtual void doPrint(const std::string &text, float x, float y) = 0;
+    virtual void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate);
     virtual void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                                 int angle) = 0;
     /// From one line of text to the next.

@@ -17,8 +17,6 @@ struct Extent
     double xmin, xmax, ymin, ymax;
 };
 
-constexpr double finestScale = 1;
-
 void placeByWidth(const Extent &extent, double margin)
 {
     Arxi_X = Mikos_Se_Othoni(extent.xmin) - margin;
@@ -45,8 +43,8 @@ void reportNoFit(double needed, double room)
 }
 
 /// Fits the direction that needs the coarser scale; an extent of 0 in one direction leaves the
-/// other. A result finer than 1:1, or none at all, leaves the view and says why.
-void fit(const Extent &extent, double margin)
+/// other. A result finer than 1:@p finest, or none at all, leaves the view and says why.
+void fit(const Extent &extent, double margin, double finest = finestScale)
 {
     const CanvasView before = currentView();
     const double width = extent.xmax - extent.xmin;
@@ -58,7 +56,7 @@ void fit(const Extent &extent, double margin)
     const double needed = 100 * (byHeight ? height : width) / room;
     Klimaka = static_cast<float>(Stroggylopoiisi(needed, scaleDecimals));
     (byHeight ? placeByHeight : placeByWidth)(extent, margin);
-    if (Klimaka >= finestScale && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
+    if (Klimaka >= finest && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
         return;
     setView(before);
     reportNoFit(needed, room);
@@ -106,7 +104,7 @@ double Mikos_Se_Othoni(double length)
     return 100 * length / Klimaka;
 }
 
-void fitModel(double margin)
+void fitModel(double margin, double finest)
 {
     if (!(Klimaka > 0))
         resetView(); // of a damaged file; nothing can be seen at it
@@ -131,7 +129,7 @@ void fitModel(double margin)
         extent = {std::min(extent.xmin, x), std::max(extent.xmax, x), std::min(extent.ymin, y),
                   std::max(extent.ymax, y)};
     }
-    fit(extent, margin);
+    fit(extent, margin, finest);
 }
 
 void Zoom_Best_Fit()

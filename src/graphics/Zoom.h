@@ -14,6 +14,7 @@ namespace veskora {
 inline constexpr double bestFitMargin = 1.8; ///< centimetres, on each side
 /// Of the scales that a fit makes.
 inline constexpr std::int16_t scaleDecimals = 3;
+inline constexpr double finestScale = 1;         ///< of the screen
 inline constexpr double coarsestScale = 2147483; ///< beyond it such a rounding has no room
 
 /// @name World to canvas, centimetres
@@ -40,8 +41,8 @@ double Othoni_Y(double c);
 /// the log says so. From a scale of 0, as in a damaged file, it begins at that of a new model.
 void Zoom_Best_Fit();
 
-/// The same with another margin, in centimetres.
-void fitModel(double margin);
+/// The same with another margin, in centimetres, and down to another scale 1:@p finest.
+void fitModel(double margin, double finest = finestScale);
 
 /// Makes the rectangle between two canvas points fill the canvas, with the same floor at 1:1. A
 /// rectangle that is a point changes nothing.

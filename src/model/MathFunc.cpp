@@ -318,6 +318,16 @@ std::string numberText(int value)
     return std::to_string(value);
 }
 
+std::string roundedText(double value, int digits)
+{
+    std::array<char, 32> text;
+    const char *end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                    std::chars_format::scientific, digits - 1)
+                          .ptr;
+    const std::string_view rounded(text.data(), static_cast<std::size_t>(end - text.data()));
+    return std::isfinite(value) ? numberText(Val(rounded)) : std::string(rounded);
+}
+
 std::string signedNumberText(float value)
 {
     return withSignPlace(numberText(value));

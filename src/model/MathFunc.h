@@ -62,8 +62,12 @@ std::string numberText(float value);
 std::string numberText(double value);
 std::string numberText(int value);
 
-/// The same digits with one blank before a number that is not negative and without the zero before
-/// a decimal point: " .5", "-.25", " 1000".
+/// @p value as the default number text, with @p digits significant digits; "inf" and "nan" as they
+/// are.
+std::string roundedText(double value, int digits);
+
+/// The digits of `numberText` with one blank before a number that is not negative and without the
+/// zero before a decimal point: " .5", "-.25", " 1000".
 std::string signedNumberText(float value);
 std::string signedNumberText(double value);
 

@@ -40,9 +40,10 @@ struct TimeOfDay
 /// A file dialog's question.
 struct FileQuestion
 {
-    std::string filter;        ///< "Name (*.ext)|*.ext", several joined by "|"
-    std::string folder;        ///< where the dialog starts
-    std::string proposed = {}; ///< proposed file name, saving only
+    std::string filter;             ///< "Name (*.ext)|*.ext", several joined by "|"
+    std::string folder;             ///< where the dialog starts
+    std::string proposed = {};      ///< proposed file name, saving only
+    std::string *pattern = nullptr; ///< takes that of the filter chosen, "*.ext"; saving only
 };
 
 /// Boxes and dialogs.

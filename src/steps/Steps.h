@@ -88,7 +88,7 @@ struct Picture
     Kind kind;
     std::string caption;
     int free = 0;                  ///< how many freedoms are
-    std::vector<int> numbers = {}; ///< freedoms: at `freedomOf(n, k) - 1`
+    std::vector<int> numbers = {}; ///< freedoms: at `freedomOf(n, k) - 1`; 0: not shown
     int element = 0;
     std::vector<std::string> endForces = {}; ///< element: local, as shown
     int size = 0;                            ///< pattern: rows and columns
@@ -117,7 +117,7 @@ struct Document
 inline constexpr int wholeUpTo = 8;
 inline constexpr int mostDigits = 15;
 
-/// What is shown in full. Of the structure's matrices these are the rows of `nodes`.
+/// What is shown in full. Of the structure's equations these are the rows of `nodes`.
 struct Choice
 {
     std::vector<int> elements, nodes;

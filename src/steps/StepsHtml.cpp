@@ -40,9 +40,9 @@ figure { margin: 1em 0; break-inside: avoid; } figcaption { color: #5b656e; font
 figure img { max-width: 100%; height: auto; }
 sub, sup { line-height: 0; }
 h2, h3 { break-after: avoid; } p.formula, p.lead { break-after: avoid; }
-@page { margin: 14mm; }
+@page { margin: 14mm; } @page across { size: landscape; }
 @media print { body { margin: 0; font-size: 10pt; } nav { position: static; width: auto; border: 0; }
-  div.grid { overflow: visible; } .wide { font-size: 7pt; } .widest { font-size: 5pt; } }
+  div.grid { overflow: visible; } div.across { page: across; } .wide { font-size: 7pt; } .widest { font-size: 6pt; } }
 )";
 
 std::string escaped(const std::string &text)
@@ -175,7 +175,7 @@ std::string html(const Grid &grid)
                                                                      : ""});
     const std::string name =
         grid.name.runs.empty() ? "" : element("p class=\"name\"", html(grid.name));
-    return element("div class=\"grid\"",
+    return element(columns > widest ? "div class=\"grid across\"" : "div class=\"grid\"",
                    name + element(joined({"table", attribute("class", classes)}), text))
            + "\n";
 }
@@ -222,7 +222,7 @@ std::string patternSvg(const Picture &pattern)
         path += joined(
             {"M", numberText(first - 1), " ", numberText(row - 1), "h", width, "v1h-", width, "z"});
     }
-    const std::string line = numberText(pattern.size / 240.0);
+    const std::string line = numberText(pattern.size / 160.0);
     return joined({R"(<svg xmlns="http://www.w3.org/2000/svg" width=")",
                    pixels,
                    R"(" height=")",

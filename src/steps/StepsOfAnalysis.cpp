@@ -94,13 +94,21 @@ std::vector<Cell> StepsRun::freedomsOf(int e) const
     return cells;
 }
 
+std::vector<int> StepsRun::freeRows(int n) const
+{
+    std::vector<int> rows;
+    for (int component = 1; component <= 3; ++component)
+        if (const int p = positionOf(freedomOf(n, component)); p <= Eleftheroi_Vathmoi)
+            rows.push_back(p);
+    return rows;
+}
+
 std::vector<int> StepsRun::shownRows() const
 {
     std::vector<int> rows;
     for (const int n : choice_.nodes)
-        for (int component = 1; component <= 3; ++component)
-            if (const int p = positionOf(freedomOf(n, component)); p <= Eleftheroi_Vathmoi)
-                rows.push_back(p);
+        for (const int p : freeRows(n))
+            rows.push_back(p);
     return rows;
 }
 
@@ -146,10 +154,16 @@ void StepsRun::numberFreedoms()
                                 "are held. %1 are free and have an equation each; %2 are held, and "
                                 "their displacements are 0."),
                 {numberText(Eleftheroi_Vathmoi), numberText(Desmevmenoi_Vathmoi)}));
-    add(Picture{Picture::Kind::freedoms,
-                Metafrasi(1981, "The model and the numbers of its freedoms. Those held are grey."),
-                Eleftheroi_Vathmoi,
-                {position_.begin() + 1, position_.end()}});
+    Picture picture{Picture::Kind::freedoms,
+                    Metafrasi(1981, "The model and the numbers of its freedoms. Those held are "
+                                    "grey."),
+                    Eleftheroi_Vathmoi, std::vector<int>(position_.size() - 1)};
+    for (const int n : choice_.nodes)
+        for (int component = 1; component <= 3; ++component) {
+            const int freedom = freedomOf(n, component);
+            picture.numbers[static_cast<std::size_t>(freedom) - 1] = positionOf(freedom);
+        }
+    add(picture);
     std::vector<Cell> columns = {{"x"}, {"y"}};
     for (const Line &freedom : nodeFreedoms())
         columns.push_back({freedom});
@@ -244,8 +258,9 @@ void StepsRun::compareWithReport()
         }
     for (const int e : choice_.elements)
         for (int k = 1; k <= 6; ++k)
-            put(symbol("f") + ", " + filled(Metafrasi(1988, "Element %1"), {numberText(e)}) + ", "
-                    + localFreedoms()[static_cast<std::size_t>(k - 1)],
+            put(symbol("f") + ", "
+                    + filled(part(Metafrasi(1999, "element %1|elements %1"), 0), {numberText(e)})
+                    + ", " + localFreedoms()[static_cast<std::size_t>(k - 1)],
                 Entasi_Topiki(e, k), kept_.endForces(e, k));
     for (const int n : choice_.nodes)
         for (int component = 1; component <= 3; ++component)

@@ -2,12 +2,11 @@
 
 #include "AlongElement.h"
 #include "Equilibrium.h"
-#include "Functions_Bres_Megista.h"
+#include "Extremes.h"
 #include "MathFunc.h"
 #include "RowQueries.h"
 
-#include <algorithm>
-#include <cmath>
+#include <optional>
 
 namespace veskora {
 
@@ -24,53 +23,53 @@ CsvRow endRow(int e, const char *name, int nodeColumn, double (StressResultant::
     return row;
 }
 
-/// At the ends and, where there is one, at the extreme between them.
-std::vector<SpanMoment> allMoments()
-{
-    std::vector<SpanMoment> moments;
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        moments.push_back({e, 0, resultantM.atI(e)});
-        if (const auto between = extremeBetweenEnds(e))
-            moments.push_back(*between);
-        moments.push_back({e, alongElement(e).length, resultantM.atJ(e)});
-    }
-    return moments;
-}
-
-/// M, element and x of the largest and of the smallest moment, the first of equal ones; empty cells
-/// where there is no element.
+/// M, element and x of the largest and of the smallest moment; empty cells where there is no
+/// element.
 void appendMoments(CsvRow &row)
 {
-    const std::vector<SpanMoment> moments = allMoments();
-    if (moments.empty()) {
+    const std::optional<ForceRange> range = forceRange(resultantM);
+    if (!range) {
         row.resize(row.size() + 6);
         return;
     }
-    SpanMoment largest = moments.front(), smallest = largest;
-    for (const SpanMoment &moment : moments) {
-        if (isLarger(moment.M, largest.M))
-            largest = moment;
-        if (isLarger(smallest.M, moment.M))
-            smallest = moment;
+    for (const auto &[e, x, M] : {range->largest, range->smallest})
+        row.insert(row.end(), {csvNumber(M), numberText(e), csvNumber(x)});
+}
+
+std::string cellOf(const std::optional<double> &value)
+{
+    return value ? csvNumber(*value) : "";
+}
+
+std::string marksText(unsigned marks)
+{
+    std::string text;
+    for (const auto &[mark, name] : {std::pair{placeMark::extremeM, "M_extreme"},
+                                     {placeMark::extremeV, "deflection_extreme"},
+                                     {placeMark::zeroQ, "Q_zero"},
+                                     {placeMark::zeroM, "M_zero"}})
+        if ((marks & mark) != 0)
+            (text += text.empty() ? "" : " ") += name;
+    return text;
+}
+
+const CsvRow valuesHeader = {"element", "x",          "x/L", "N",  "Q",
+                             "M",       "deflection", "dx",  "dy", "place"};
+
+void appendValues(CsvTable &table, int parts, int e)
+{
+    const AlongElement along = alongElement(e);
+    for (const Station &station : stations(along, parts)) {
+        const StationValues at = valuesAt(along, station);
+        CsvRow &row = table.emplace_back();
+        row.reserve(valuesHeader.size());
+        row.push_back(numberText(e));
+        row.push_back(csvNumber(station.x));
+        row.push_back(csvNumber(station.x / along.length));
+        for (const auto &value : {at.N, at.Q, at.M, at.v, at.dx, at.dy})
+            row.push_back(cellOf(value));
+        row.push_back(marksText(station.marks));
     }
-    for (const SpanMoment &extreme : {largest, smallest})
-        row.insert(row.end(), {csvNumber(extreme.M), numberText(extreme.e), csvNumber(extreme.x)});
-}
-
-double displacementOf(int n)
-{
-    const double x = Metatopiseis(freedomOf(n, 1));
-    const double y = Metatopiseis(freedomOf(n, 2));
-    return std::sqrt(x * x + y * y);
-}
-
-int nodeOfLargestDisplacement()
-{
-    int most = 1;
-    for (int n = 2; n <= Arithmos_Kombon; ++n)
-        if (displacementOf(n) > displacementOf(most))
-            most = n;
-    return most;
 }
 
 const char *textOf(ModelStatus status)
@@ -123,6 +122,21 @@ CsvTable nodesTable()
         }
         table.push_back(std::move(row));
     }
+    return table;
+}
+
+CsvTable valuesTable(int parts)
+{
+    CsvTable table = {valuesHeader};
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        appendValues(table, parts, e);
+    return table;
+}
+
+CsvTable valuesTable(int parts, int e)
+{
+    CsvTable table = {valuesHeader};
+    appendValues(table, parts, e);
     return table;
 }
 

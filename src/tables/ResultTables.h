@@ -17,6 +17,14 @@ CsvTable spansTable();
 /// A row for each node. A reaction stands where the node is restrained or held by a spring.
 CsvTable nodesTable();
 
+/// A row for each of the `stations` of every element at @p parts equal parts: N, Q and M in the
+/// signs of the diagrams, the deflection across the element, positive to the left seen from i to j,
+/// the displacements along the global axes, and the marks of the place, parted by blanks. What
+/// cannot be computed is an empty cell.
+CsvTable valuesTable(int parts);
+/// The same of element @p e alone.
+CsvTable valuesTable(int parts, int e);
+
 enum class ModelStatus {
     ok,
     mechanism,  ///< analysed, but the structure can probably move

@@ -1,6 +1,5 @@
 // What holds of every frame: equilibrium, and results that do not depend on how it was described.
 
-#include "AlongElement.h"
 #include "Analysis.h"
 #include "Functions_Bres_Megista.h"
 
@@ -28,21 +27,6 @@ protected:
                                 : Entasi_Topiki(e, 3 * end + 3);
     }
 };
-
-TEST_F(Properties, TheClosedFormFromEndIReachesTheForcesAtEndJ)
-{
-    for (int round = 0; round < 20; ++round) {
-        buildRandomFrame(random, 3 + 5 * round);
-        analyse();
-        const double size = 1 + Bres_Max_Abs_M() + Bres_Max_Abs_Q() + Bres_Max_Abs_N();
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-            const AlongElement along = alongElement(e);
-            EXPECT_NEAR(along.N(along.length), resultantN.atJ(e), 1e-7 * size);
-            EXPECT_NEAR(along.Q(along.length), resultantQ.atJ(e), 1e-7 * size);
-            EXPECT_NEAR(along.M(along.length), resultantM.atJ(e), 1e-6 * size);
-        }
-    }
-}
 
 TEST_F(Properties, EveryNodeAndTheWholeAreInEquilibrium)
 {

@@ -154,11 +154,12 @@ TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
                "E 1 2 1; E 2 3 1 1 0 0 -10; E 3 4 1 0 0 0 -10");
     std::string model = path("a, \"b\"\n.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    ASSERT_EQ(run({"--csv", "--summary", path("summary.csv"), "--out", path(""), model}),
-              batchStatus::allAnalysed)
+    ASSERT_EQ(
+        run({"--csv", "--values", "2", "--summary", path("summary.csv"), "--out", path(""), model}),
+        batchStatus::allAnalysed)
         << err.str();
     std::map<std::string, std::vector<std::vector<std::string>>> tables;
-    for (const char *ending : {"_ends", "_spans", "_nodes"}) {
+    for (const char *ending : {"_ends", "_spans", "_nodes", "_values"}) {
         fs::rename(path("a, \"b\"\n") + ending + ".csv", path("table.csv"));
         EXPECT_EQ(contentOf(path("table.csv")).find('\r'), std::string::npos);
         tables[ending] = readByPython(path("table.csv"));
@@ -194,6 +195,12 @@ TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
              {"_nodes", 4, "rotation", Metatopiseis(12)},
              {"_nodes", 1, "Ry", Antidraseis(1, 2)},
              {"_nodes", 3, "Ry", 80 - support, closedForm},
+             {"_values", 5, "x", support / 10, closedForm},
+             {"_values", 5, "M", support * support / 20, closedForm},
+             {"_values", 5, "Q", 0},
+             {"_values", 9, "x/L", 1},
+             {"_values", 9, "dx", Metatopiseis(7)},
+             {"_values", 12, "dy", Metatopiseis(11), 1e-15},
              {"summary", 1, "max_M", support * support / 20, closedForm},
              {"summary", 1, "max_M_element", 2},
              {"summary", 1, "min_M", -20, closedForm},
@@ -241,8 +248,23 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
                                                       {"--summary", path("new.VSK"), small},
                                                       {"--out", "--check", small},
                                                       {"--summary", "-", "-", small},
+                                                      {"--values", "-", small},
+                                                      {"--values", "101", small},
+                                                      {"--values=", small},
+                                                      {"--values=2.5", small},
+                                                      {"--regional", small},
                                                       {"--fit", small},
                                                       {"--label-scale", "2", small},
+                                                      {"--pictures=", small},
+                                                      {"--pictures=svg,gif", small},
+                                                      {"--pictures=svg,", small},
+                                                      {"--steps-digits", "6", small},
+                                                      {"--steps-elements", "1", small},
+                                                      {"--steps", "--steps-digits", "2.5", small},
+                                                      {"--steps", "--steps-elements", "3-1", small},
+                                                      {"--steps", "--steps-elements", "1,", small},
+                                                      {"--steps", "--steps-elements", "0", small},
+                                                      {"--steps", "--steps-elements", "2-", small},
                                                       {"--pictures", "--label-scale", "9", small},
                                                       {"--pictures", "--size", "1920", small},
                                                       {"--pictures", "--size", "1920x", small},

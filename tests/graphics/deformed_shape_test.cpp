@@ -1,3 +1,4 @@
+#include "AlongElement.h"
 #include "Analysis.h"
 #include "RecordingKanvas.h"
 #include "Settings.h"
@@ -81,6 +82,25 @@ TEST_F(DeformedShape, TwentyChordsFollowTheShapeFunctions)
                     << c.hingeI << c.hingeJ << active;
                 EXPECT_EQ(chord.pen.width, 2);
             }
+        }
+    }
+}
+
+TEST_F(DeformedShape, IsTheElasticLineWithoutHingesAndWithTwo)
+{
+    xroma_paramorfosis = 0x123456; // no symbol's
+    for (const char *hinges : {"0 0", "1 1"}) {
+        buildModel("G 1 8 5; N 0 0 xxo; N 3 4 ooo .1 .2 .3; S 1 0 0 3; S 2 2 3 4; E 1 2 1 "
+                   + std::string(hinges) + " .1 -.3");
+        analyse();
+        Sxedio_Paramorfosis();
+        const auto chords = kanvas.linesOf(xroma_paramorfosis);
+        ASSERT_EQ(chords.size(), 20U);
+        for (int k = 1; k <= 20; ++k) {
+            const StationValues at = valuesAt(alongElement(1), {k / 4.0});
+            const auto &chord = chords[static_cast<std::size_t>(k - 1)];
+            EXPECT_NEAR(chord.x2, 2 * (3 * k / 20.0 + 2 * *at.dx), nearly) << hinges << k;
+            EXPECT_NEAR(chord.y2, -2 * (4 * k / 20.0 + 2 * *at.dy), nearly) << hinges << k;
         }
     }
 }

@@ -8,12 +8,6 @@ namespace veskora::literal {
 
 namespace {
 
-struct Element
-{
-    int ni, nj;
-    double L, T[7][7], K[7][7], fixedEnd[7];
-};
-
 void rotateBack(const double (&T)[7][7], const double (&local)[7], double (&global)[7])
 {
     for (int r = 1; r <= 6; ++r) {
@@ -31,6 +25,8 @@ void rotate(const double (&T)[7][7], const double (&global)[7], double (&local)[
             local[r] = local[r] + T[r][m] * global[m];
     }
 }
+
+} // namespace
 
 Element elementOf(int e)
 {
@@ -94,23 +90,25 @@ Element elementOf(int e)
         local[2] = local[5] = -q * L / 2;
     }
     rotateBack(element.T, local, element.fixedEnd);
+    double work[7][7] = {};
+    for (int r = 1; r <= 6; ++r)
+        for (int j = 1; j <= 6; ++j)
+            for (int m = 1; m <= 6; ++m)
+                work[r][j] = work[r][j] + element.T[m][r] * element.K[m][j];
+    for (int r = 1; r <= 6; ++r)
+        for (int j = r; j <= 6; ++j) {
+            for (int m = 1; m <= 6; ++m)
+                element.global[r][j] = element.global[r][j] + work[r][m] * element.T[m][j];
+            element.global[j][r] = element.global[r][j];
+        }
     return element;
 }
 
+namespace {
+
 void assemble(const Element &element, Table &whole)
 {
-    double work[7][7] = {};
-    double K[7][7] = {};
-    for (int r = 1; r <= 6; ++r)
-        for (int c = 1; c <= 6; ++c)
-            for (int m = 1; m <= 6; ++m)
-                work[r][c] = work[r][c] + element.T[m][r] * element.K[m][c];
-    for (int r = 1; r <= 6; ++r)
-        for (int c = r; c <= 6; ++c) {
-            for (int m = 1; m <= 6; ++m)
-                K[r][c] = K[r][c] + work[r][m] * element.T[m][c];
-            K[c][r] = K[r][c];
-        }
+    const auto &K = element.global;
     const int bi = 3 * element.ni - 3;
     const int bj = 3 * element.nj - 3;
     for (int r = 1; r <= 3; ++r)
@@ -198,13 +196,12 @@ bool eliminate(Table &A, Table &b, Table &x, int n)
     return !fault;
 }
 
-Results analyse()
+Equations assemble()
 {
-    Results results;
+    Equations equations;
+    auto &[free, whole, permuted, ff, fs, sf, ss, loads, order] = equations;
     const int freedoms = 3 * Arithmos_Kombon;
-    Table whole(600, 600), permuted(600, 600), ff(600, 601), fs(600, 600), sf(600, 600),
-        ss(600, 600);
-    Table fixedEnds(600), loads(600), solution(600), order(600), global(300, 6);
+    Table fixedEnds(600);
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         assemble(elementOf(e), whole);
     for (int n = 1; n <= Arithmos_Kombon; ++n)
@@ -212,7 +209,6 @@ Results analyse()
             whole(3 * n - 3 + k, 3 * n - 3 + k) += Elatiria(n, k);
 
     const auto restraint = [](int d) { return Komboi((d - 1) / 3 + 1, (d - 1) % 3 + 3); };
-    int free = 0;
     for (int d = 1; d <= freedoms; ++d)
         if (restraint(d) == 0)
             order(++free) = d;
@@ -223,10 +219,11 @@ Results analyse()
     for (int p = 1; p <= freedoms; ++p)
         for (int q = 1; q <= freedoms; ++q)
             permuted(p, q) = whole(static_cast<int>(order(p)), static_cast<int>(order(q)));
-    const auto cut = [&](Table &part, int rows, int columns, int below, int right) {
+    const auto cut = [&from = equations.permuted](Table &part, int rows, int columns, int below,
+                                                  int right) {
         for (int p = 1; p <= rows; ++p)
             for (int q = 1; q <= columns; ++q)
-                part(p, q) = permuted(below + p, right + q);
+                part(p, q) = from(below + p, right + q);
     };
     cut(ff, free, free, 0, 0);
     cut(fs, free, constrained, 0, free);
@@ -244,6 +241,15 @@ Results analyse()
         const int d = static_cast<int>(order(p));
         loads(p) = Komboi((d - 1) / 3 + 1, (d - 1) % 3 + 6) - fixedEnds(d);
     }
+    return equations;
+}
+
+Results analyse()
+{
+    Results results;
+    Equations equations = assemble();
+    auto &[free, whole, permuted, ff, fs, sf, ss, loads, order] = equations;
+    Table solution(600), global(300, 6);
     results.solved = eliminate(ff, loads, solution, free);
     if (!results.solved)
         return results;

@@ -46,6 +46,24 @@ struct Results
     Table extremes{19};
 };
 
+/// One element; rows and columns from 1. `fixedEnd` in global axes.
+struct Element
+{
+    int ni, nj;
+    double L, T[7][7], K[7][7], global[7][7], fixedEnd[7];
+};
+Element elementOf(int e);
+
+/// The assembled equations of the model in the store.
+struct Equations
+{
+    int free = 0;
+    Table whole{600, 600}, permuted{600, 600};
+    Table ff{600, 601}, fs{600, 600}, sf{600, 600}, ss{600, 600};
+    Table loads{600}, order{600};
+};
+Equations assemble();
+
 /// Analyses the model of the store.
 Results analyse();
 

@@ -98,6 +98,8 @@ std::optional<std::string> ScriptedDesktop::askOpenFile(const FileQuestion &ques
 
 std::optional<std::string> ScriptedDesktop::askSaveFile(const FileQuestion &question)
 {
+    if (question.pattern != nullptr && !filterPattern.empty())
+        *question.pattern = filterPattern;
     return askOpenFile(question);
 }
 

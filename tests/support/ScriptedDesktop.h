@@ -40,6 +40,7 @@ public:
     void expectQuestion(std::string text) { texts_.push_back(std::move(text)); }
     /// The next file dialog gives @p path; none is Cancel.
     void expectFileDialog(std::optional<std::string> path) { files_.push_back(std::move(path)); }
+    std::string filterPattern; ///< of the filter that save dialogs give; empty: they give none
     void expectNothingLeft() const;
     std::function<Answer()> answerAnything; ///< when set, no box is unforeseen
 

@@ -177,7 +177,7 @@ void StepsRun::showEndForces(int e, const std::array<double, 6> &product)
     picture.element = e;
     for (int k = 1; k <= 6; ++k) {
         const auto at = static_cast<std::size_t>(k - 1);
-        grid.rows.push_back({{localFreedoms()[at]},
+        grid.rows.push_back({{globalFreedoms()[at] + ", " + localFreedoms()[at]},
                              {number(U_Stoixeiou_Oliko(k)), number(U_Stoixeiou_Topiko(k)),
                               number(product[at]), number(F_Pakton_Topiko(k)),
                               number(Entasi_Topiki(e, k)), number(Entasi_Oliki(e, k))}});

@@ -3,8 +3,8 @@
 #include "epilisi.h"
 #include "StepsRun.h"
 
+#include <algorithm>
 #include <cmath>
-#include <set>
 
 namespace veskora::steps {
 
@@ -77,15 +77,24 @@ void StepsRun::showPattern()
     add(pattern);
 }
 
-/// The rows of the chosen nodes, and the columns that are not 0 in all of them.
+/// Whole, or the rows of each chosen node with the columns in which they are not 0.
 void StepsRun::showStiffness()
 {
-    const std::vector<int> rows = shownRows();
-    std::set<int> columns;
-    for (const int p : rows)
-        for (int q = 1; q <= Eleftheroi_Vathmoi; ++q)
-            if (isWhole() || std::as_const(K_ff)(p, q) != 0)
-                columns.insert(q);
+    if (isWhole())
+        return showRows(shownRows());
+    for (const int n : choice_.nodes)
+        if (const std::vector<int> rows = freeRows(n); !rows.empty())
+            showRows(rows);
+}
+
+void StepsRun::showRows(const std::vector<int> &rows)
+{
+    std::vector<int> columns;
+    for (int q = 1; q <= Eleftheroi_Vathmoi; ++q)
+        if (isWhole() || std::any_of(rows.begin(), rows.end(), [q](int p) {
+                return std::as_const(K_ff)(p, q) != 0;
+            }))
+            columns.push_back(q);
     Grid grid{true, symbol("K", "ff") + " =", {}, {}, {}};
     for (const int q : columns)
         grid.columns.push_back(freedomCellAt(q));
@@ -183,8 +192,9 @@ void StepsRun::solve()
     open("elimination", 1, Metafrasi(2011, "Elimination"));
     tell(Metafrasi(2013, "From each row of the equations such multiples of the rows above are "
                          "taken that only zeros stay before the diagonal. What then stands on it "
-                         "are the pivots. One that is 0 ends the elimination: something can move "
-                         "freely. A negative one tells of an unstable structure."));
+                         "are the pivots. One that is 0 ends the elimination, and one that is next "
+                         "to nothing beside the diagonal before is 0 but for rounding: something "
+                         "can move freely. A negative one tells of an unstable structure."));
     add(Formula{scalar("K", "ij") + " ← " + scalar("K", "ij") + " − (" + scalar("K", "ki") + " / "
                 + scalar("K", "kk") + ") " + scalar("K", "kj") + ",   " + scalar("p", "i") + " ← "
                 + scalar("p", "i") + " − (" + scalar("K", "ki") + " / " + scalar("K", "kk") + ") "

@@ -75,6 +75,7 @@ private:
     void noteOrigins(int e);
     void showPattern();
     void showStiffness();
+    void showRows(const std::vector<int> &rows);
     void showRightHandSide();
     void showPivots(int last);
     void showEndForces(int e, const std::array<double, 6> &product);
@@ -104,9 +105,15 @@ private:
     /// @}
 
     int positionOf(int freedom) const { return position_[static_cast<std::size_t>(freedom)]; }
-    /// Permuted numbers of the free freedoms of the chosen nodes.
+    /// Permuted numbers of the free freedoms of a node, and of all the chosen ones.
+    std::vector<int> freeRows(int n) const;
     std::vector<int> shownRows() const;
-    bool isWhole() const { return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon; }
+    /// Whether the structure's matrix is shown as one: no more nodes than a row of elements has.
+    bool isWhole() const
+    {
+        return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon
+               && Arithmos_Kombon <= wholeUpTo + 1;
+    }
     std::string originOf(int row, int column) const;
     std::string originOfLoad(int freedom) const;
 

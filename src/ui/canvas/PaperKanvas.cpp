@@ -83,9 +83,12 @@ void PaperKanvas::paintArc(const QPointF &centre, double radius, double start, d
 
 void PaperKanvas::paintHalo(const PlacedText &text, const Stroke &stroke)
 {
-    QPainterPath letters;
+    QPainterPath letters, outline;
     letters.addText(0, 0, text.font, text.text);
-    painter_.strokePath(text.place().map(letters), penOf(stroke.colour, stroke.width, false));
+    // As fine as pixels: a halo needs no finer curves, which would be most of a file.
+    for (const QPolygonF &part : letters.toSubpathPolygons(text.place()))
+        outline.addPolygon(part);
+    painter_.strokePath(outline, penOf(stroke.colour, stroke.width, false));
 }
 
 void PaperKanvas::paintText(const PlacedText &text)

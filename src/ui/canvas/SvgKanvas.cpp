@@ -38,6 +38,13 @@ QString matrix(const QTransform &way)
            + number(way.dy()) + ")";
 }
 
+/// Cut, not rounded: a reader that shows whole pixels is to have no empty one at the edge.
+QString centimetres(double length)
+{
+    constexpr double fine = 1e4;
+    return number(std::floor(length * fine) / fine, 4) + "cm";
+}
+
 /// In whole pixels.
 QString pathData(const QPainterPath &path)
 {
@@ -88,8 +95,8 @@ SvgKanvas::SvgKanvas(QSizeF size, const QString &title) : VectorKanvas(size), fi
     file_.writeStartElement("svg");
     file_.writeDefaultNamespace("http://www.w3.org/2000/svg");
     file_.writeNamespace("http://www.w3.org/1999/xlink", "xlink");
-    attribute("width", number(width(), 4) + "cm");
-    attribute("height", number(height(), 4) + "cm");
+    attribute("width", centimetres(width()));
+    attribute("height", centimetres(height()));
     attribute("viewBox", "0 0 " + number(size.width()) + " " + number(size.height()));
     attribute("fill", QString("none"));
     attribute("stroke-linecap", QString("round"));

@@ -15,6 +15,7 @@ namespace veskora {
 namespace {
 
 constexpr double pixelsPerPoint = 96.0 / 72;
+constexpr double haloWidth = 1.2; ///< around each line of a letter, pixels
 
 QPointF pixelPlace(double x, double y)
 {
@@ -59,6 +60,23 @@ QTransform VectorKanvas::PlacedText::place() const
     way.translate(0, ascent);
     way.scale(size / em, size / em);
     return way;
+}
+
+std::vector<LabelBox> VectorKanvas::PlacedText::boxes() const
+{
+    const QRectF ink = QFontMetricsF(font).tightBoundingRect(text);
+    const bool leans = std::fmod(turn, 90) != 0;
+    const int parts = leans ? static_cast<int>(std::ceil(ink.width() / ink.height())) : 1;
+    constexpr double gap = em / 8.0; // on either side: side by side two values are not to be one
+    const double width = (ink.width() + 2 * gap) / parts;
+    std::vector<LabelBox> boxes;
+    for (int i = 0; i < parts; ++i) {
+        const QRectF part(ink.left() - gap + i * width, ink.top(), width, ink.height());
+        const QRectF box =
+            place().mapRect(part).adjusted(-haloWidth, -haloWidth, haloWidth, haloWidth);
+        boxes.push_back({box.left(), box.top(), box.right(), box.bottom()});
+    }
+    return boxes;
 }
 
 // ------------------------------------------------------------------------------ pen, fill and font
@@ -213,15 +231,31 @@ void VectorKanvas::place(const std::string &text, PlacedText placed)
     QTransform along;
     along.rotate(-placed.turn);
     placed.corner += along.map(QPointF(metrics.horizontalAdvance(room) * scale, 0));
-    const QRectF box(0, -metrics.ascent(), metrics.horizontalAdvance(placed.text),
-                     metrics.height());
-    if (placed.place().mapRect(box).intersects(QRectF(QPointF(), size_)))
-        texts_.push_back(placed);
+    texts_.push_back(placed);
+}
+
+bool VectorKanvas::isSeen(const PlacedText &text) const
+{
+    const QRectF ink = QFontMetricsF(text.font).tightBoundingRect(text.text);
+    return text.place().mapRect(ink).intersects(QRectF(QPointF(), size_));
 }
 
 void VectorKanvas::doPrint(const std::string &text, float x, float y)
 {
     place(text, {.font = font(), .size = fontSize(), .corner = pixelPlace(x, y)});
+}
+
+void VectorKanvas::doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate)
+{
+    const auto inPixels = [](Point at) {
+        return Point{at.x * pixelsPerCentimetre, at.y * pixelsPerCentimetre};
+    };
+    place(text,
+          {.font = font(),
+           .size = fontSize(),
+           .corner = pixelPlace(x, y),
+           .hasHalo = true,
+           .ordinate = Ordinate{ordinate.node, inPixels(ordinate.foot), inPixels(ordinate.tip)}});
 }
 
 void VectorKanvas::doPrintRotated(const std::string &text, float x, float y,
@@ -234,7 +268,11 @@ void VectorKanvas::doPrintRotated(const std::string &text, float x, float y,
     turned.setStrikeOut(asked.strikeout);
     // The height is that of ascent and descent together, not of the letter M.
     const double size = asked.height * textScale_ * em / QFontMetricsF(turned).height();
-    place(text, {.font = turned, .size = size, .corner = pixelPlace(x, y), .turn = angle / 10.0});
+    place(text, {.font = turned,
+                 .size = size,
+                 .corner = pixelPlace(x, y),
+                 .turn = angle / 10.0,
+                 .hasHalo = true});
 }
 
 double VectorKanvas::lineAdvance() const
@@ -242,11 +280,38 @@ double VectorKanvas::lineAdvance() const
     return QFontMetricsF(font()).height() / em * fontSize() / pixelsPerCentimetre;
 }
 
+void VectorKanvas::layOutValues()
+{
+    std::vector<ValueLabel> labels;
+    std::vector<LabelBox> obstacles;
+    for (const PlacedText &text : texts_)
+        if (text.ordinate)
+            labels.push_back({text.text.toStdString(), text.boxes().front(), *text.ordinate});
+        else
+            for (const LabelBox &box : text.boxes())
+                obstacles.push_back(box);
+    const auto places = layOutLabels(labels, obstacles, {0, 0, size_.width(), size_.height()});
+    std::vector<PlacedText> kept;
+    auto next = places.begin();
+    for (PlacedText &text : texts_) {
+        const std::optional<Point> by = text.ordinate ? *next++ : Point{};
+        if (!by)
+            continue;
+        text.corner += QPointF(by->x, by->y);
+        kept.push_back(std::move(text));
+    }
+    texts_ = std::move(kept);
+}
+
 void VectorKanvas::paintTexts()
 {
-    constexpr double halo = 2.4; // pixels: half of it around each line of a letter
+    layOutValues();
+    texts_.erase(std::remove_if(texts_.begin(), texts_.end(),
+                                [this](const PlacedText &text) { return !isSeen(text); }),
+                 texts_.end()); // nobody searches for what cannot be seen
     for (const PlacedText &text : texts_)
-        paintHalo(text, {ground(), halo, false});
+        if (text.hasHalo)
+            paintHalo(text, {ground(), 2 * haloWidth, false});
     for (const PlacedText &text : texts_)
         paintText(text);
 }

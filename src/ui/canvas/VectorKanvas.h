@@ -3,7 +3,7 @@
 /// What the drawing surfaces have in common on which lines and texts stay such and nothing becomes
 /// pixels.
 
-#include "Kanvas.h"
+#include "LabelLayout.h"
 
 #include <QColor>
 #include <QFont>
@@ -14,13 +14,15 @@
 #include <QString>
 #include <QTransform>
 
+#include <optional>
 #include <vector>
 
 namespace veskora {
 
 /// Keeps pen, fill and font, and makes of each primitive one that can be painted, in pixels of
-/// which 96 are an inch. Texts wait until the end, so that no line lies over them: the halos first,
-/// then the texts, as no halo is to nibble at a text.
+/// which 96 are an inch. Texts wait until the end: then the values of a diagram are laid out so
+/// that each can be read, and no line lies over a text; the halos come first, as none is to nibble
+/// at a text.
 class VectorKanvas : public Kanvas
 {
 public:
@@ -62,9 +64,13 @@ protected:
         double turn = 0;   ///< counter-clockwise, degrees
         double ascent = 0; ///< from the corner to the base line, before it is turned
         QColor colour = {};
+        bool hasHalo = false; ///< what stands at a node has none: it would hide its symbols
+        std::optional<Ordinate> ordinate = {}; ///< of a value; pixels
 
         /// From the font's own pixels, at the beginning of the base line, to those of the picture.
         QTransform place() const;
+        /// What it covers with its halo; one that leans is cut into several.
+        std::vector<LabelBox> boxes() const;
     };
 
     /// @param size  of the picture, pixels
@@ -97,6 +103,7 @@ protected:
     void doPrint(const std::string &text, float x, float y) override;
     void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                         int angle) override;
+    void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate) override;
     double lineAdvance() const override;
 
 private:
@@ -105,6 +112,8 @@ private:
     QFont font() const;
     double fontSize() const;
     void place(const std::string &text, PlacedText placed);
+    void layOutValues();
+    bool isSeen(const PlacedText &text) const;
 
     QSizeF size_;
     double textScale_ = 1;

@@ -54,13 +54,18 @@ QMessageBox::Icon boxIcon(Icon icon)
 }
 
 /// "Name (*.a)|*.a|All files (*.*)|*.*" as Qt's "Name (*.a);;All files (*)".
-QString qtFilter(const std::string &filter)
+QStringList qtFilters(const std::string &filter)
 {
     QStringList filters;
     const QStringList parts = qtText(filter).split('|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2)
         filters << (parts[i + 1] == "*.*" ? QString(parts[i]).replace("*.*", "*") : parts[i]);
-    return filters.join(";;");
+    return filters;
+}
+
+QString qtFilter(const std::string &filter)
+{
+    return qtFilters(filter).join(";;");
 }
 
 std::optional<std::string> chosen(const QString &path)
@@ -232,8 +237,13 @@ std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
                               ? proposed.filePath()
                               : QDir(qtText(question.folder)).filePath(proposed.fileName());
     const Asking asking;
-    return chosen(
-        QFileDialog::getSaveFileName(parent(), QString(), start, qtFilter(question.filter)));
+    QString filter;
+    const QString path = QFileDialog::getSaveFileName(parent(), QString(), start,
+                                                      qtFilter(question.filter), &filter);
+    const qsizetype place = qtFilters(question.filter).indexOf(filter);
+    if (question.pattern != nullptr && place >= 0)
+        *question.pattern = plainText(qtText(question.filter).split('|').at(2 * place + 1));
+    return chosen(path);
 }
 
 std::string QtDesktop::setting(std::string_view section, std::string_view key,

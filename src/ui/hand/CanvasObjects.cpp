@@ -1,8 +1,11 @@
 #include "CanvasObjects.h"
 
 #include "Colours.h"
+#include "ElementLine.h"
 #include "Functions.h"
 #include "QtColour.h"
+#include "RowMarks.h"
+#include "RowQueries.h"
 #include "Settings.h"
 #include "Sxediastika.h"
 #include "Text.h"
@@ -65,6 +68,7 @@ CanvasObjects::CanvasObjects(CanvasWidget *picture)
       highlights(picture),
       Line1(new CanvasOverlay(picture, "Line1")),
       Shape1(new CanvasOverlay(picture, "Shape1")),
+      chosen(new CanvasOverlay(picture, "ChosenElement")),
       Label2(new CanvasLabel(picture, "Label2")),
       supportCode(new PassingLabel(picture, "SupportCode", "SupportCodeTimer", 1000)),
       Label1(new InstantMessage(picture, "Label1")),
@@ -72,6 +76,7 @@ CanvasObjects::CanvasObjects(CanvasWidget *picture)
       Command2(button(picture, "Command2", "-"))
 {
     Shape1->setForm(CanvasOverlay::Form::rectangle);
+    chosen->setPen(QPen(qtColour(markColour::element), 3));
 }
 
 void CanvasObjects::applyColours()
@@ -94,7 +99,26 @@ void CanvasObjects::arrange()
 void CanvasObjects::showSketch()
 {
     Sxedio_Grigoro();
+    placeChosen();
     Picture1->update();
+}
+
+void CanvasObjects::choose(int e)
+{
+    chosenElement_ = e;
+    placeChosen();
+}
+
+void CanvasObjects::placeChosen()
+{
+    const bool isThere = chosenElement_ >= 1 && chosenElement_ <= Arithmos_Stoixeion;
+    const int i = isThere ? nodeOf(chosenElement_, element::nodeI) : 0;
+    const int j = isThere ? nodeOf(chosenElement_, element::nodeJ) : 0;
+    chosen->setVisible(i != 0 && j != 0);
+    if (i == 0 || j == 0)
+        return;
+    const Point from = toCanvas(nodePlace(i)), to = toCanvas(nodePlace(j));
+    chosen->span(from.x, from.y, to.x, to.y);
 }
 
 void CanvasObjects::tellWhyNot(const std::string &text) const

@@ -39,6 +39,10 @@ struct CanvasObjects
     void arrange();
     /// Shows the view while a drag moves it.
     void showSketch();
+    /// Marks element @p e in every view until another one is chosen; 0 for none.
+    void choose(int e);
+    /// Puts the mark where the element lies now.
+    void placeChosen();
     /// Says in an instant message, and in red in the log, why nothing comes of a command.
     void tellWhyNot(const std::string &text) const;
 
@@ -46,11 +50,15 @@ struct CanvasObjects
     Highlights highlights;
     CanvasOverlay *const Line1;      ///< the rubber band
     CanvasOverlay *const Shape1;     ///< the zoom window's frame
+    CanvasOverlay *const chosen;     ///< along the element that a window shows
     CanvasLabel *const Label2;       ///< coordinates beside the rubber band
     PassingLabel *const supportCode; ///< "xxo" beside the pointer that has changed a support
     InstantMessage *const Label1;    ///< above the others
     QPushButton *const Command1;     ///< "+", enlarges the diagram
     QPushButton *const Command2;     ///< "-"
+
+private:
+    int chosenElement_ = 0;
 };
 
 } // namespace veskora

@@ -100,7 +100,7 @@ bool CanvasWidget::onlyBringsToFront(Qt::MouseButton button)
     if (button != Qt::LeftButton || !std::exchange(isBehind_, false))
         return false;
     activateWindow();
-    return true;
+    return !firstPressCounts_;
 }
 
 void CanvasWidget::mousePressEvent(QMouseEvent *event)

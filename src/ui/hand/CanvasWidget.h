@@ -29,6 +29,8 @@ public:
     bool isHeld() const { return held_ != Qt::NoButton; }
     /// Two fingers are on the touchpad and have begun to pinch.
     bool isPinched() const { return pinch_.has_value(); }
+    /// Whether a press that brings the window to the front is told all the same.
+    void setFirstPressCounts(bool isOn) { firstPressCounts_ = isOn; }
     /// A place on the screen in canvas centimetres, as the signals tell it.
     Point placeAt(const QPointF &screenPlace) const;
 
@@ -66,6 +68,7 @@ private:
 
     ImageKanvas kanvas_;
     Qt::MouseButtons held_ = Qt::NoButton;
+    bool firstPressCounts_ = false;
     bool isBehind_ = false;   ///< the next press may be there only to bring the window to the front
     QTimer activation_{this}; ///< runs while the active window has just changed
     bool hasPress_ = false;   ///< the first press of what may become a double click was here

@@ -1,5 +1,6 @@
 #include "Hand.h"
 
+#include "HitTest.h"
 #include "Metablites.h"
 
 #include <QApplication>
@@ -52,8 +53,9 @@ void Hand::take(std::unique_ptr<Tool> tool)
 {
     taken_ = std::move(tool);
     connect(taken_.get(), &Tool::edited, this, &Hand::edited);
-    showPointer();
+    connect(taken_.get(), &Tool::elementPicked, this, &Hand::elementPicked);
     hideMarks();
+    tellTool();
 }
 
 void Hand::Button_Xeraki()
@@ -75,8 +77,17 @@ void Hand::Reset_Pointer()
 {
     if (Patimeno_Koumpi())
         giveUpDrag();
+    if (isTaken<PickTool>())
+        hideMarks(); // no other one has any over a diagram
     taken_.reset();
+    tellTool();
+}
+
+void Hand::tellTool()
+{
     showPointer();
+    canvas_.Picture1->setFirstPressCounts(isTaken<PickTool>()); // of a window beside this one
+    emit toolChanged();
 }
 
 Tool &Hand::tool()
@@ -201,7 +212,9 @@ void Hand::equipSupportKeys()
 
 void Hand::look(const Point &at)
 {
-    if (Katastasi_Provolis == view::model)
+    if (isTaken<PickTool>() && dragButton_ != Qt::MiddleButton)
+        canvas_.highlights.showElement(elementUnderPointer(at.x, at.y));
+    else if (Katastasi_Provolis == view::model)
         under_.look(at, Patimeno_Koumpi(), isToolOn());
 }
 

@@ -4,6 +4,7 @@
 
 #include "CanvasObjects.h"
 #include "DrawingTool.h"
+#include "PickTool.h"
 #include "UnderPointer.h"
 #include "ViewKeys.h"
 #include "ViewRun.h"
@@ -80,6 +81,8 @@ signals:
     void edited();
     void viewMoved(); ///< a tool's drag, the wheel or the keys have ended: the same
     void groupWanted();
+    void toolChanged(); ///< another one was taken, or put away
+    void elementPicked(int e);
     void toolMenuWanted();
     /// @param node, element  what was pointed at, one of them or both; 0 for none
     void rowMenuWanted(int node, int element);
@@ -89,6 +92,7 @@ private:
     Tool &tool();
     bool isDrawing() { return &tool() == &drawing_; }
     void take(std::unique_ptr<Tool> tool);
+    void tellTool();
 
     void pressed(Qt::MouseButton button, const Point &at);
     void moved(Qt::MouseButtons buttons, const Point &at);

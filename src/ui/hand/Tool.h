@@ -33,6 +33,7 @@ public:
 
 signals:
     void edited(); ///< the model was, or may have been; the picture is still that from before
+    void elementPicked(int e);
 };
 
 /// A pointer among the icons, and its hot spot in a picture of 32 logical pixels.

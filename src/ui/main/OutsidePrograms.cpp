@@ -21,4 +21,9 @@ void openWebPage()
         QUrl::fromLocalFile(QApplication::applicationDirPath() + "/web/index.html"));
 }
 
+void openFile(const QString &path)
+{
+    QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+}
+
 } // namespace veskora

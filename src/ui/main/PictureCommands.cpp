@@ -5,7 +5,6 @@
 #include "Desktop.h"
 #include "DiagramOutline.h"
 #include "Files.h"
-#include "Findings.h"
 #include "Functions.h"
 #include "Hand.h"
 #include "Metablites.h"
@@ -15,11 +14,15 @@
 #include "StatusBar.h"
 #include "Sxediastika.h"
 #include "Text.h"
+#include "VectorKanvas.h"
+#include "VectorPicture.h"
 #include "Zoom.h"
 
 #include <QApplication>
 #include <QClipboard>
 
+#include <array>
+#include <filesystem>
 #include <string_view>
 
 namespace veskora {
@@ -84,12 +87,27 @@ void PictureCommands::showFinding(const Finding &finding)
     if (motion == nullptr && finding.nodes.empty() && finding.elements.empty())
         return desktop().redraw();
     setMode(view::model);
-    Ananeosi_Sxediou();
+    paint();
+    finding_ = finding;
+    drawFinding();
+    canvas_.Picture1->update();
+}
+
+void PictureCommands::drawFinding() const
+{
+    if (!finding_)
+        return;
+    const auto *motion = std::get_if<Motion>(&finding_->facts);
     // Rings round all that moves would hide where it goes.
-    markRows(motion == nullptr ? finding.nodes : std::vector<int>{}, finding.elements);
+    markRows(motion == nullptr ? finding_->nodes : std::vector<int>{}, finding_->elements);
     if (motion != nullptr)
         drawMotion(motion->displacements);
-    canvas_.Picture1->update();
+}
+
+void PictureCommands::paint()
+{
+    finding_.reset();
+    Ananeosi_Sxediou();
 }
 
 void PictureCommands::resizeDiagram(void (*change)())
@@ -186,6 +204,39 @@ void PictureCommands::savePicture()
     const std::string path =
         askSavePath(Metafrasi(1774, "Bitmap Files") + " (*.bmp)|*.bmp", "Picture", ".bmp");
     if (!path.empty() && writeImage(canvas_.Picture1->kanvas().image(), qtText(path), "bmp"))
+        Grammi_Log(Metafrasi(1726, "Picture:") + " " + path, logColour::black);
+}
+
+namespace {
+
+/// The model's name and the view's, as the batch runner has it.
+std::string proposedName()
+{
+    static constexpr std::array<const char *, 5> views = {"model", "M", "Q", "N", "D"};
+    const std::string model =
+        Onoma_Arxeiou.empty() ? "Picture"
+                              : std::filesystem::path(Onoma_Arxeiou).replace_extension().string();
+    return model + "_" + views.at(static_cast<std::size_t>(Katastasi_Provolis));
+}
+
+} // namespace
+
+void PictureCommands::saveVectorPicture()
+{
+    const std::string svg = ".svg", pdf = ".pdf";
+    const std::string path = askSavePath(Metafrasi(1901, "SVG files") + " (*.svg)|*.svg|"
+                                             + Metafrasi(1730, "PDF files") + " (*.pdf)|*.pdf",
+                                         proposedName() + svg, {svg, pdf});
+    if (path.empty())
+        return;
+    const std::string content = vectorPicture(
+        path.ends_with(pdf) ? VectorForm::pdf : VectorForm::svg, canvas_.Picture1->kanvas().size(),
+        qtText(std::filesystem::path(path).stem().string()), [this](VectorKanvas &kanvas) {
+            kanvas.setBackground(xroma_background);
+            Ananeosi_Sxediou();
+            drawFinding();
+        });
+    if (writeFileOrTell(path, content))
         Grammi_Log(Metafrasi(1726, "Picture:") + " " + path, logColour::black);
 }
 

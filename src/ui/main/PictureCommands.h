@@ -2,14 +2,16 @@
 /// @file
 /// What the canvas shows.
 
+#include "Findings.h"
+
 #include <QObject>
 
 #include <cstdint>
+#include <optional>
 
 namespace veskora {
 
 struct CanvasObjects;
-struct Finding;
 class Hand;
 class StatusBar;
 
@@ -34,6 +36,8 @@ public:
     /// Shows over the model what @p finding concerns, until the picture is made anew: how the
     /// structure moves, or the rows. One that concerns none leaves the view that there is.
     void showFinding(const Finding &finding);
+    /// Paints the picture anew, without a finding.
+    void paint();
 
     void Button_Zoom_Previous();
     void Button_Zoom_Best_Fit();
@@ -44,6 +48,8 @@ public:
 
     void copyPicture();
     void savePicture();
+    /// Saves what the canvas shows, a finding over it too, as an SVG or a PDF file.
+    void saveVectorPicture();
 
     /// Shows the colours and the switches of the settings; the picture is that from before.
     void showSettings();
@@ -55,10 +61,12 @@ private:
     void setMode(std::int16_t mode);
     void showResults(std::int16_t mode);
     void resizeDiagram(void (*change)());
+    void drawFinding() const;
 
     CanvasObjects &canvas_;
     Hand &hand_;
     StatusBar &status_;
+    std::optional<Finding> finding_; ///< over the picture
 };
 
 } // namespace veskora

@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "Desktop.h"
 #include "frmAbout.h"
+#include "frmCalculation.h"
 #include "frmDiairesi.h"
 #include "frmElegxos.h"
 #include "frmEPIKOMBIO.h"
@@ -17,10 +18,12 @@
 #include "frmSteps.h"
 #include "frmStoixeia.h"
 #include "frmSXEDIASI.h"
+#include "frmValues.h"
 #include "Functions.h"
 #include "Hand.h"
 #include "HTMLHelp.h"
 #include "Metablites.h"
+#include "OutsidePrograms.h"
 #include "PictureCommands.h"
 #include "QtDesktop.h"
 #include "RowQueries.h"
@@ -57,6 +60,7 @@ WindowCommands::~WindowCommands()
 {
     delete results_;
     delete check_;
+    delete values_;
     delete steps_;
 }
 
@@ -223,14 +227,6 @@ void WindowCommands::Button_Apotelesmata()
     showBeside(results_, *canvas_.Picture1);
 }
 
-/// What mends and what looks anew needs no change of window.
-void WindowCommands::addModelKeys(QWidget *opened)
-{
-    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
-                             commandPlace::save, commandPlace::check, commandPlace::steps})
-        opened->addAction(window_->findChild<QAction *>(name));
-}
-
 void WindowCommands::openCheck()
 {
     if (refuseWithoutNodes())
@@ -245,13 +241,63 @@ void WindowCommands::openCheck()
     QObject::connect(check_, &frmElegxos::refreshWanted, check_, [this] { openCheck(); });
     QObject::connect(check_, &frmElegxos::helpWanted, check_,
                      [this] { help_.showTopicOf(check_); });
-    addModelKeys(check_);
     check_->refresh();
+    showReport(check_, commandPlace::check);
+}
+
+void WindowCommands::openValues()
+{
+    if (refuseWithoutElements())
+        return;
+    Erotisi_Epanepilisis();
+    if (!hasResults)
+        return showRefusal(Metafrasi(1854, "There are no results yet. Analyze the model; where "
+                                           "that fails, see Report, Check of the analysis."));
+    const auto pick = [this](bool isOn) {
+        if (hand_.isTaken<PickTool>() != isOn)
+            hand_.toggle<PickTool>();
+    };
+    if (values_ != nullptr) {
+        values_->lookAgain();
+        pick(true);
+        return bringToFront(*values_);
+    }
+    values_ = new frmValues(window_);
+    values_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(values_, &frmValues::chosen, values_, [this](int e) { canvas_.choose(e); });
+    QObject::connect(values_, &frmValues::pickWanted, values_, pick);
+    QObject::connect(values_, &frmValues::helpWanted, values_,
+                     [this] { help_.showTopicOf(values_); });
+    QObject::connect(&hand_, &Hand::elementPicked, values_, &frmValues::choose);
+    QObject::connect(&hand_, &Hand::toolChanged, values_,
+                     [this] { values_->showPicking(hand_.isTaken<PickTool>()); });
+    pick(true);
+    values_->choose(1);
+    showReport(values_, commandPlace::values);
+}
+
+/// What mends the model and what brought the window need no change of window.
+void WindowCommands::showReport(QWidget *report, const char *command)
+{
+    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
+                             commandPlace::save, command})
+        report->addAction(window_->findChild<QAction *>(name));
     // Where the screen has no room beside the drawing it covers the right end of it, not the
     // middle.
     const QWidget &drawing = *canvas_.Picture1;
-    check_->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(check_->width(), 0));
-    showBeside(check_, *canvas_.Picture1);
+    report->move(drawing.mapToGlobal(drawing.rect().topRight()) - QPoint(report->width(), 0));
+    showBeside(report, *canvas_.Picture1);
+}
+
+void WindowCommands::openCalculation()
+{
+    if (refuseWithoutNodes())
+        return;
+    Erotisi_Epanepilisis();
+    showDialog<frmCalculation>([](frmCalculation &dialog) {
+        QObject::connect(&dialog, &frmCalculation::openWanted, &dialog, openFile);
+        dialog.exec();
+    });
 }
 
 void WindowCommands::openSteps()
@@ -266,15 +312,16 @@ void WindowCommands::openSteps()
     steps_->setAttribute(Qt::WA_DeleteOnClose);
     QObject::connect(steps_, &frmSteps::refreshWanted, steps_, [this] { openSteps(); });
     QObject::connect(steps_, &frmSteps::helpWanted, steps_, [this] { help_.showTopicOf(steps_); });
-    addModelKeys(steps_);
     steps_->refresh();
-    showBeside(steps_, *canvas_.Picture1);
+    showReport(steps_, commandPlace::steps);
 }
 
 void WindowCommands::lookAgain()
 {
     if (results_ != nullptr)
         results_->showWarnings();
+    if (values_ != nullptr)
+        values_->lookAgain();
 }
 
 void WindowCommands::showAbout()

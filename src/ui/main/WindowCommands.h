@@ -12,13 +12,14 @@ namespace veskora {
 struct CanvasObjects;
 class frmElegxos;
 class frmSteps;
+class frmValues;
 class Hand;
 class HTMLHelp;
 class PictureCommands;
 
-/// Opens the dialogs of the model, the view options, the results, the check, the steps of the
-/// analysis and the about box. Where a dialog would have no rows to work on, it is refused with a
-/// word.
+/// Opens the dialogs of the model, the view options, the results, the check, the calculation
+/// report, the steps of the analysis and the about box.
+/// Where a dialog would have no rows to work on, it is refused with a word.
 class WindowCommands
 {
 public:
@@ -50,6 +51,9 @@ public:
     void Button_Rithmiseis();
     void Button_Apotelesmata();
     void openCheck(); ///< where it is open already, it checks anew
+    /// Refused without results. Where it is open already, it comes to the front.
+    void openValues();
+    void openCalculation();
     void openSteps(); ///< where they are open already, they are shown anew
     void showAbout();
 
@@ -59,7 +63,7 @@ public:
 private:
     template <typename Dialog, typename Open>
     void showDialog(Open open);
-    void addModelKeys(QWidget *opened);
+    void showReport(QWidget *report, const char *command);
 
     QWidget *const window_;
     CanvasObjects &canvas_;
@@ -71,6 +75,7 @@ private:
     /// @{
     QPointer<frmApotelesmata> results_;
     QPointer<frmElegxos> check_;
+    QPointer<frmValues> values_;
     QPointer<frmSteps> steps_;
     /// @}
 };

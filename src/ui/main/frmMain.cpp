@@ -281,8 +281,9 @@ void frmMain::repaintLog()
 
 void frmMain::redraw()
 {
-    Ananeosi_Sxediou();
+    picture_.paint();
     reportCutDiagram();
+    canvas_.placeChosen();
     // At once and without the event loop: an analysis may follow.
     if (ui_->Picture1->isVisible() && !arranging_)
         ui_->Picture1->repaint();

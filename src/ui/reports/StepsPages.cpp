@@ -92,7 +92,7 @@ void paintFoot(QPainter &painter, const QRectF &page, const QString &title, int 
     painter.drawText(page, Qt::AlignBottom | Qt::AlignLeft, title);
     painter.drawText(
         page, Qt::AlignBottom | Qt::AlignRight,
-        qtText(filled(Metafrasi(2116, "Page %1 of %2"), {numberText(number), numberText(pages)})));
+        qtText(filled(Metafrasi(1935, "Page %1 of %2"), {numberText(number), numberText(pages)})));
 }
 
 } // namespace

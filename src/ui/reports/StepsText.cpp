@@ -1,12 +1,11 @@
 #include "StepsText.h"
 
+#include "PictureObject.h"
 #include "Text.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontMetricsF>
-#include <QPainter>
 #include <QTextCursor>
-#include <QTextObjectInterface>
 #include <QTextTable>
 
 #include <algorithm>
@@ -18,8 +17,6 @@ namespace {
 using steps::Cell;
 using steps::Grid;
 
-constexpr int pictureObject = QTextFormat::UserObject + 1;
-constexpr int pictureIndex = QTextFormat::UserProperty + 2;
 constexpr double paddingOfCells = 2, besideCells = 5; // logical pixels
 
 const QColor ink("#202428"), linkInk("#1a5a96"), labelInk("#5b656e"), heldInk("#a04000");
@@ -29,51 +26,6 @@ double scaleOf(const QPaintDevice *device)
 {
     return device->logicalDpiX() / 96.0;
 }
-
-/// Lets the text hold pictures that are painted at the pixels of whatever it is painted on.
-class PictureObject : public QObject, public QTextObjectInterface
-{
-    Q_OBJECT
-    Q_INTERFACES(QTextObjectInterface)
-public:
-    PictureObject(QTextDocument *document, const std::vector<DrawnPicture> &pictures)
-        : QObject(document), pictures_(pictures)
-    {
-        document->documentLayout()->registerHandler(pictureObject, this);
-    }
-
-    QSizeF intrinsicSize(QTextDocument *document, int, const QTextFormat &format) override
-    {
-        const QPaintDevice *device = document->documentLayout()->paintDevice();
-        const QSizeF size = pictureOf(format).size * (device != nullptr ? scaleOf(device) : 1);
-        const double room = document->textWidth() - 2 * document->documentMargin();
-        return room > 0 && room < size.width() ? size * (room / size.width()) : size;
-    }
-
-    void drawObject(QPainter *painter, const QRectF &place, QTextDocument *, int,
-                    const QTextFormat &format) override
-    {
-        const DrawnPicture &picture = pictureOf(format);
-        // Playing scales by the resolutions of both.
-        const double played =
-            double(painter->device()->logicalDpiX()) / picture.drawing.logicalDpiX();
-        const double scale = place.width() / picture.size.width() / played;
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->translate(place.topLeft());
-        painter->scale(scale, scale);
-        painter->drawPicture(0, 0, picture.drawing);
-        painter->restore();
-    }
-
-private:
-    const DrawnPicture &pictureOf(const QTextFormat &format) const
-    {
-        return pictures_[static_cast<std::size_t>(format.intProperty(pictureIndex))];
-    }
-
-    std::vector<DrawnPicture> pictures_;
-};
 
 bool isEmpty(const Cell &cell)
 {
@@ -253,9 +205,7 @@ void Writer::write(const steps::Picture &picture)
     QTextBlockFormat format = paragraphFormat(true);
     format.setLineHeight(100, QTextBlockFormat::ProportionalHeight);
     begin(format);
-    QTextCharFormat object = charFormat(font_);
-    object.setObjectType(pictureObject);
-    object.setProperty(pictureIndex, pictures_++);
+    QTextCharFormat object = PictureObject::format(pictures_++);
     object.setToolTip(qtText(picture.caption));
     cursor_.insertText(QString(QChar::ObjectReplacementCharacter), object);
     begin(paragraphFormat());
@@ -461,5 +411,3 @@ StepsText stepsText(const DrawnSteps &steps, QPaintDevice *device, const QFont &
 }
 
 } // namespace veskora
-
-#include "StepsText.moc"

@@ -1,5 +1,6 @@
 #include "frmSteps.h"
 
+#include "CalculationReport.h"
 #include "Desktop.h"
 #include "Files.h"
 #include "Functions.h"
@@ -41,10 +42,10 @@ QString listText(const std::vector<int> &rows)
     return runs.join(", ");
 }
 
-QPageSize usualPaper()
+QPageSize pageOfRegion()
 {
-    const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-    return QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4);
+    return QPageSize(usualPaper(QLocale::system().territory()) == Paper::A4 ? QPageSize::A4
+                                                                            : QPageSize::Letter);
 }
 
 struct WaitPointer
@@ -348,7 +349,7 @@ PrintJob frmSteps::printJob() const
 {
     return {qtText(shown_->steps.document.title), shown_->moment.path, "_steps",
             [this](QPagedPaintDevice &device) { return printSteps(device, shown_->steps); },
-            usualPaper()};
+            pageOfRegion()};
 }
 
 } // namespace veskora

@@ -3,7 +3,7 @@
 #include "Functions.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "ResultGrid.h"
+#include "ResultCells.h"
 #include "RowQueries.h"
 #include "Text.h"
 

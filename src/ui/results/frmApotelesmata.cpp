@@ -72,14 +72,12 @@ struct frmApotelesmata::Page
     QWidget *head; ///< all that stands over the grid, the title among it
     GridView::Header header;
     std::vector<int> columnWidths; ///< twips
-    void (*fill)(ResultGrid &);
+    TextTable (*cells)(const RegionalNumbers &);
 
     /// The grid as the tables now fill it.
     std::unique_ptr<ResultGrid> filledGrid() const
     {
-        auto grid = std::make_unique<ResultGrid>(columnWidths);
-        fill(*grid);
-        return grid;
+        return std::make_unique<ResultGrid>(cells(RegionalNumbers()), columnWidths);
     }
 };
 
@@ -87,13 +85,13 @@ frmApotelesmata::Pages frmApotelesmata::pages() const
 {
     using enum GridView::Header;
     return std::to_array<Page>({
-        {ui_->FLEXgrd3, ui_->Label7, ui_->headData, inGrid, std::vector<int>(7, 1500), fillData},
+        {ui_->FLEXgrd3, ui_->Label7, ui_->headData, inGrid, std::vector<int>(7, 1500), dataCells},
         {ui_->FLEXgrd1, ui_->Label1, ui_->headDisplacements, fixed, std::vector<int>(4, 2500),
-         fillDisplacements},
+         displacementCells},
         {ui_->FLEXgrd2, ui_->Label2, ui_->headForces, fixed,
-         std::vector<int>{2500, 700, 2500, 2500, 2500}, fillElementForces},
+         std::vector<int>{2500, 700, 2500, 2500, 2500}, endForceCells},
         {ui_->FLEXgrd4, ui_->Label9, ui_->headReactions, fixed, std::vector<int>(4, 2500),
-         fillReactions},
+         reactionCells},
     });
 }
 

@@ -297,6 +297,30 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
     EXPECT_NE(err.str().find("q/portal_frame_M.png: "), std::string::npos);
 }
 
+TEST_F(Pictures, StandInTheStepsOfTheAnalysis)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 3 4; N 8 4; E 1 2 1; E 2 3 1");
+    std::string model = path("frame.vsk");
+    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
+    std::ostringstream out, err;
+    EXPECT_EQ(runBatch({"--steps", "--steps-elements", "1,4-5", "--steps-digits", "3", "--out",
+                        path("s"), model},
+                       out, err),
+              batchStatus::allAnalysed);
+    EXPECT_NE(err.str().find("frame_steps.html: the model has no element 4\n"), std::string::npos);
+    const std::string html = contentOf(path("s/frame_steps.html"));
+    std::vector<QImage> images;
+    for (std::size_t at = 0; (at = html.find("src=\"data:", at)) != std::string::npos; ++at) {
+        const std::size_t data = html.find(',', at) + 1;
+        images.push_back(QImage::fromData(QByteArray::fromPercentEncoding(QByteArray::fromStdString(
+                                              html.substr(data, html.find('"', data) - data))),
+                                          "svg"));
+        EXPECT_FALSE(images.back().isNull());
+    }
+    EXPECT_EQ(images.size(), 3U); // freedoms, pattern, element 1
+    EXPECT_NE(html.find("20000000"), std::string::npos);
+}
+
 TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
 {
     const auto has = [](const QImage &part, bool (*holds)(const QColor &)) {

@@ -580,6 +580,40 @@ TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
     EXPECT_EQ(log().last().toStdString(), " Picture: " + path("c.BMP.bmp"));
 }
 
+TEST_F(MainWindow, ThePictureGoesOutAsVectorsByTheFilterOrTheEnding)
+{
+    write(path("m.vsk"), small);
+    start(path("m.vsk"));
+    trigger("Epilisi");
+    trigger("M");
+    struct Case
+    {
+        const char *chosen, *pattern, *written, *begin;
+    };
+    for (const Case &c : {Case{"a", "", "a.svg", "<?xml"},
+                          {"b", "*.pdf", "b.pdf", "%PDF"},
+                          {"c.svg", "*.pdf", "c.pdf", "%PDF"}, // the name proposed, another filter
+                          {"d.pdf", "*.svg", "d.pdf", "%PDF"},
+                          {"e.png", "*.svg", "e.png.svg", "<?xml"}}) {
+        desktop.filterPattern = c.pattern;
+        desktop.expectFileDialog(path(c.chosen));
+        trigger("mnuEIKONA_SVG_PDF_item");
+        EXPECT_TRUE(contentOf(path(c.written)).starts_with(c.begin)) << c.chosen;
+        EXPECT_EQ(log().last().toStdString(), " Picture: " + path(c.written));
+    }
+    EXPECT_EQ(desktop.fileQuestions.back().filter,
+              "SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf");
+    EXPECT_EQ(desktop.fileQuestions.back().proposed, path("m_M.svg"));
+    desktop.expectFileDialog(path("none/d.svg"));
+    std::string said;
+    desktop.expectAnyMessage(said);
+    trigger("mnuEIKONA_SVG_PDF_item");
+    EXPECT_EQ(said.find("There was an error saving the file: " + path("none/d.svg")), 0U) << said;
+    desktop.expectFileDialog(std::nullopt);
+    trigger("mnuEIKONA_SVG_PDF_item");
+    EXPECT_EQ(log().last().toStdString(), " " + said);
+}
+
 TEST_F(MainWindow, CommandsWithoutRowsRefuseInTheBoxAndInRed)
 {
     start();

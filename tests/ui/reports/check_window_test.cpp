@@ -63,7 +63,14 @@ TEST_F(CheckWindow, WhatIsPickedIsSeenOverTheModelUntilTheNextRedraw)
     openOnSlidingBeam();
     EXPECT_EQ(Katastasi_Provolis, view::model);
     const QImage motion = picture();
+    const auto vectors = [this](const std::string &name) {
+        desktop.expectFileDialog(path(name));
+        trigger("mnuEIKONA_SVG_PDF_item");
+        return contentOf(path(name));
+    };
+    const std::string motionAsVectors = vectors("m.svg");
     const QImage plain = plainPicture();
+    EXPECT_LT(vectors("p.svg").size(), motionAsVectors.size());
     EXPECT_NE(motion, plain);
     QTest::keyClick(findings(), Qt::Key_Return);
     EXPECT_EQ(picture(), motion);

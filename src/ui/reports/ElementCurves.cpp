@@ -1,0 +1,233 @@
+#include "ElementCurves.h"
+
+#include "Functions.h"
+#include "MathFunc.h"
+#include "QtColour.h"
+#include "Settings.h"
+#include "Text.h"
+#include "WindowParts.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace veskora {
+
+namespace {
+
+constexpr int margin = 12; ///< logical pixels, right of the element and round the names
+constexpr int gap = 3;     ///< between a label and its place
+
+using Value = std::optional<double> StationValues::*;
+
+} // namespace
+
+QString shortNumber(double value)
+{
+    const double rounded = Val(QByteArray::number(value, 'g', 6).toStdString());
+    return qtText(withSeparator(numberText(rounded), regionalDecimalSeparator()));
+}
+
+/// What tells one from another.
+struct ElementCurves::Curve
+{
+    QString name;
+    QColor colour;
+    bool isPositiveDown;
+    Value value;
+    unsigned extreme; ///< the mark of its extremes between the ends
+};
+
+std::vector<ElementCurves::Curve> ElementCurves::curves() const
+{
+    return {{"N", qtColour(xroma_N), N_sin_Ina, &StationValues::N, 0},
+            {"Q", qtColour(xroma_Q), Q_sin_Ina, &StationValues::Q, 0},
+            {"M", qtColour(xroma_M), M_sin_Tension, &StationValues::M, placeMark::extremeM},
+            {qtText(Metafrasi(1860, "Deflection")), qtColour(xroma_paramorfosis), false,
+             &StationValues::v, placeMark::extremeV}};
+}
+
+ElementCurves::ElementCurves(QWidget *parent) : QWidget(parent)
+{
+    constexpr QSize least(240, 200); // logical pixels
+    setMinimumSize(least);
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+void ElementCurves::present(const std::optional<AlongElement> &along, std::vector<Station> stations)
+{
+    along_ = along;
+    stations_ = std::move(stations);
+    int widest = 0;
+    for (const Curve &curve : curves())
+        widest = std::max(widest, fontMetrics().horizontalAdvance(curve.name));
+    left_ = widest + 2 * margin;
+    update();
+}
+
+void ElementCurves::setPlace(double x)
+{
+    place_ = x;
+    update();
+}
+
+double ElementCurves::xOf(double place) const
+{
+    return left_ + place / along_->length * (width() - margin - left_);
+}
+
+void ElementCurves::moveTo(double place)
+{
+    setPlace(std::clamp(place, 0.0, along_->length));
+    emit placeMoved(place_);
+}
+
+// --------------------------------------------------------------------------------------- painting
+
+void ElementCurves::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillRect(rect(), qtColour(xroma_background));
+    if (along_) {
+        const auto all = curves();
+        const double height = static_cast<double>(this->height()) / static_cast<double>(all.size());
+        for (std::size_t k = 0; k < all.size(); ++k)
+            paint(painter, all[k],
+                  QRectF(0, static_cast<double>(k) * height, width(), height).toAlignedRect());
+        painter.setPen(QPen(qtColour(xroma_stoixeion), 1, Qt::DashLine));
+        painter.drawLine(QPointF(xOf(place_), 0), QPointF(xOf(place_), this->height()));
+    }
+    painter.setBrush(Qt::NoBrush);
+    drawFocusFrame(painter, this, rect(), 1);
+}
+
+void ElementCurves::paint(QPainter &painter, const Curve &curve, const QRectF &panel) const
+{
+    constexpr int chords = 100;
+    const auto valueAt = [&](double x) { return valuesAt(*along_, {x}).*curve.value; };
+    std::vector<QPointF> points; // place and value
+    for (int k = 0; k <= chords; ++k) {
+        const double x = k == chords ? along_->length : k * along_->length / chords;
+        if (const auto value = valueAt(x))
+            points.emplace_back(x, *value);
+    }
+    painter.setPen(qtColour(xroma_stoixeion));
+    const double text = painter.fontMetrics().height();
+    painter.drawText(panel.adjusted(margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, curve.name);
+    if (points.size() <= chords) {
+        painter.drawText(panel, Qt::AlignCenter, qtText(Metafrasi(1869, "no value")));
+        return;
+    }
+    double low = 0, high = 0;
+    for (const QPointF &point : points) {
+        low = std::min(low, point.y());
+        high = std::max(high, point.y());
+    }
+    const double room = std::max(1.0, panel.height() - 2 * text - 2 * gap);
+    const double scale = high > low ? room / (high - low) : 0;
+    const double top = panel.top() + text + gap;
+    const auto at = [&](double x, double value) {
+        return QPointF(xOf(x), top + scale * (curve.isPositiveDown ? value - low : high - value));
+    };
+
+    QPolygonF area = {at(0, 0)};
+    for (const QPointF &point : points)
+        area << at(point.x(), point.y());
+    area << at(along_->length, 0);
+    QColor ground = curve.colour;
+    ground.setAlphaF(0.15F);
+    painter.setBrush(ground);
+    painter.setPen(Qt::NoPen);
+    painter.drawPolygon(area);
+    painter.setPen(QPen(curve.colour, 1.5));
+    painter.drawPolyline(area);
+    painter.setPen(QPen(qtColour(xroma_stoixeion), 1));
+    painter.drawLine(at(0, 0), at(along_->length, 0));
+    label(painter, curve, panel, at);
+    if (const auto value = valueAt(place_)) {
+        painter.setBrush(curve.colour);
+        painter.drawEllipse(at(place_, *value), 3, 3);
+    }
+}
+
+/// Extremes first: of labels that would lie on each other the later ones are left out.
+void ElementCurves::label(QPainter &painter, const Curve &curve, const QRectF &panel,
+                          const std::function<QPointF(double, double)> &at) const
+{
+    std::vector<Station> places;
+    for (const Station &station : stations_)
+        if ((station.marks & curve.extreme) != 0)
+            places.push_back(station);
+    places.push_back(stations_.front());
+    places.push_back(stations_.back());
+    const QFontMetricsF font(painter.font());
+    std::vector<QRectF> taken;
+    painter.setPen(qtColour(xroma_stoixeion));
+    for (const Station &station : places) {
+        const auto value = valuesAt(*along_, station).*curve.value;
+        if (!value)
+            continue;
+        const QString text = shortNumber(*value);
+        const QPointF point = at(station.x, *value);
+        const bool isAbove = point.y() <= at(station.x, 0).y();
+        QRectF box(0, 0, font.horizontalAdvance(text), font.height());
+        box.moveCenter(point);
+        box.moveTop(isAbove ? point.y() - box.height() - 1 : point.y() + 1);
+        const double first = left_ - gap, last = panel.right() - gap - box.width();
+        box.moveLeft(std::clamp(box.left(), first, std::max(first, last)));
+        if (std::any_of(taken.begin(), taken.end(),
+                        [&box](const QRectF &other) { return other.intersects(box); }))
+            continue;
+        taken.push_back(box);
+        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+    }
+}
+
+// ----------------------------------------------------------------------------------------- cursor
+
+void ElementCurves::mouseMoveEvent(QMouseEvent *event)
+{
+    if (along_)
+        moveTo((event->position().x() - left_) / (width() - margin - left_) * along_->length);
+}
+
+double ElementCurves::nextStation(bool isForward) const
+{
+    double next = isForward ? along_->length : 0;
+    for (const Station &station : stations_) {
+        if (station.marks == 0)
+            continue;
+        if (isForward ? station.x > place_ && station.x < next
+                      : station.x < place_ && station.x > next)
+            next = station.x;
+    }
+    return next;
+}
+
+void ElementCurves::keyPressEvent(QKeyEvent *event)
+{
+    if (!along_)
+        return QWidget::keyPressEvent(event);
+    const bool isWide = event->modifiers().testFlag(Qt::ControlModifier);
+    const double step = along_->length / 100;
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return moveTo(isWide ? nextStation(false) : place_ - step);
+    case Qt::Key_Right:
+        return moveTo(isWide ? nextStation(true) : place_ + step);
+    case Qt::Key_Home:
+        return moveTo(0);
+    case Qt::Key_End:
+        return moveTo(along_->length);
+    default:
+        return QWidget::keyPressEvent(event);
+    }
+}
+
+} // namespace veskora

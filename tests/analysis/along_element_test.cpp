@@ -1,0 +1,167 @@
+#include "AlongElement.h"
+#include "Analysis.h"
+#include "Functions_Bres_Megista.h"
+
+#include <algorithm>
+#include <cmath>
+#include <map>
+
+namespace veskora {
+namespace {
+
+class Along : public StoreTest
+{
+protected:
+    std::mt19937 random{18};
+};
+
+/// The derivatives of a polynomial up to degree 4, by differences that are exact for it.
+double firstDerivative(auto f, double x, double h)
+{
+    return (8 * (f(x + h) - f(x - h)) - (f(x + 2 * h) - f(x - 2 * h))) / (12 * h);
+}
+double secondDerivative(auto f, double x, double h)
+{
+    return (16 * (f(x + h) + f(x - h)) - (f(x + 2 * h) + f(x - 2 * h)) - 30 * f(x)) / (12 * h * h);
+}
+
+// All four types under loads along and across, on supports, springs and each other.
+TEST_F(Along, TheElasticLineMeetsTheNodesAndCarriesTheLoad)
+{
+    for (int round = 0; round < 12; ++round) {
+        buildRandomFrame(random, 4 + 8 * round);
+        analyse();
+        const double force = 1 + Bres_Max_Abs_N() + Bres_Max_Abs_Q(), moment = 1 + Bres_Max_Abs_M();
+        const double turn = Bres_Max_Abs_Rot() + Bres_Max_U(), move = Bres_Max_U();
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+            const AlongElement a = alongElement(e);
+            const double L = a.length, h = L / 8;
+            const auto u = [&](double x) { return *a.u(x); };
+            const auto v = [&](double x) { return *a.v(x); };
+            for (int k = 0; k <= 100; ++k) {
+                const double x = k * L / 100, rest = L - x;
+                EXPECT_NEAR(a.N(x), resultantN.atJ(e) + a.n * rest, 1e-7 * force);
+                EXPECT_NEAR(a.Q(x), resultantQ.atJ(e) - a.q * rest, 1e-7 * force);
+                EXPECT_NEAR(a.M(x),
+                            resultantM.atJ(e) - resultantQ.atJ(e) * rest + a.q * rest * rest / 2,
+                            1e-6 * (moment + force));
+                EXPECT_NEAR(a.EA * firstDerivative(u, x, h), a.N(x),
+                            1e-6 * force + 1e-13 * a.EA * move / h);
+                EXPECT_NEAR(a.EI * secondDerivative(v, x, h), a.M(x),
+                            1e-6 * moment + 1e-13 * a.EI * move / (h * h));
+            }
+            for (const auto &[x, node, hinge] : {std::tuple{0.0, element::nodeI, element::hingeI},
+                                                 {L, element::nodeJ, element::hingeJ}}) {
+                const int n = nodeOf(e, node);
+                const StationValues at = valuesAt(a, {x});
+                EXPECT_NEAR(*at.dx, displacement(n, 1), 1e-13 * move);
+                EXPECT_NEAR(*at.dy, displacement(n, 2), 1e-13 * move);
+                if (Stoixeia(e, hinge) == 0) {
+                    EXPECT_NEAR(firstDerivative(v, x, h), displacement(n, 3), 1e-7 * turn) << e;
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Along, MarksStandWhereAFineScanFindsThem)
+{
+    constexpr int steps = 4000;
+    int found = 0;
+    for (int round = 0; round < 10; ++round) {
+        buildRandomFrame(random, 5 + 6 * round);
+        analyse();
+        for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+            const AlongElement a = alongElement(e);
+            const double step = a.length / steps;
+            const auto all = stations(a, 1);
+            const auto slope = [&](double x) { return *a.v(x + step / 9) - *a.v(x - step / 9); };
+            const auto Q = [&](double x) { return a.Q(x); };
+            const auto M = [&](double x) { return a.M(x); };
+            const auto compare = [&](unsigned mark, auto curve) {
+                std::vector<double> marked;
+                for (const Station &s : all)
+                    if ((s.marks & mark) != 0 && s.x > 1.4 * step && s.x < a.length - 1.6 * step)
+                        marked.push_back(s.x);
+                std::size_t next = 0;
+                for (int k = 1; k < steps - 2; ++k) {
+                    const double x = (k + 0.4) * step; // beside the places of symmetry
+                    if ((curve(x) < 0) == (curve(x + step) < 0))
+                        continue;
+                    ASSERT_LT(next, marked.size()) << e << ' ' << mark << ' ' << x;
+                    EXPECT_NEAR(marked[next++], x, 2 * step) << e << ' ' << mark;
+                }
+                EXPECT_EQ(next, marked.size()) << e << ' ' << mark;
+                found += static_cast<int>(next);
+            };
+            compare(placeMark::zeroQ, Q);
+            compare(placeMark::extremeM, Q);
+            compare(placeMark::zeroM, M);
+            compare(placeMark::extremeV, slope);
+        }
+    }
+    EXPECT_GT(found, 300);
+}
+
+// A beam of 8 between two nodes that are held; forces by statics, as where nothing is free there is
+// nothing to solve.
+TEST_F(Along, SpecialPlacesOfKnownBeams)
+{
+    using namespace placeMark;
+    using Marks = std::map<double, unsigned>;
+    const double third = 8 / std::sqrt(12); // from the middle to the zeros of M of a fixed beam
+    const Marks hinged = {{0, zeroM}, {4, extremeM | extremeV | zeroQ}, {8, zeroM}};
+    struct Case
+    {
+        const char *model;
+        double Mi;
+        Marks marks;
+        std::optional<double> middle = 0; ///< deflection
+    };
+    for (const Case &c : {
+             Case{"G 1000 1 1; E 1 2 1 0 0 3 -6",
+                  -32,
+                  {{4 - third, zeroM}, {4, extremeM | extremeV | zeroQ}, {4 + third, zeroM}},
+                  -0.064},
+             {"G 1000 1 1; E 1 2 1 1 1 0 -6", 0, hinged, -0.32},
+             {"G 1000 1 1; E 1 2 1 1 1 3 0", 0, {}, 0}, // nothing across
+             {"G 1000 1 0; E 1 2 1 1 1 0 -6",
+              0,
+              {{0, zeroM}, {4, extremeM | zeroQ}, {8, zeroM}},
+              {}},
+         }) {
+        buildModel("N 0 0 xxx; N 8 0 xxx; " + std::string(c.model));
+        Entasi_Topiki.clear();
+        Entasi_Topiki(1, 2) = Entasi_Topiki(1, 5) = -4 * Stoixeia(1, element::wy);
+        Entasi_Topiki(1, 3) = -c.Mi;
+        Entasi_Topiki(1, 6) = c.Mi;
+        Metatopiseis.clear();
+        storeExtremes();
+        Marks marks;
+        for (const Station &s : stations(alongElement(1), 8))
+            if (s.marks != 0)
+                marks[s.x] |= s.marks;
+        ASSERT_EQ(marks.size(), c.marks.size()) << c.model;
+        for (auto is = marks.begin(); const auto &[x, mark] : c.marks) {
+            EXPECT_NEAR(is->first, x, 1e-12) << c.model;
+            EXPECT_EQ((is++)->second, mark) << c.model << ' ' << x;
+        }
+        const auto v = alongElement(1).v(4);
+        ASSERT_EQ(v.has_value(), c.middle.has_value()) << c.model;
+        EXPECT_NEAR(v.value_or(0), c.middle.value_or(0), 1e-12) << c.model;
+    }
+}
+
+// A column on the axis of a symmetric frame carries rounding across, which is no place.
+TEST_F(Along, RoundingHasNoMarks)
+{
+    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 5 0 xxx; N 10 0 xxx; N 0 3.1; N 5 3.3; N 10 3.1;"
+               "E 1 4 1; E 2 5 1; E 3 6 1; E 4 5 1 0 0 0 -7; E 5 6 1 0 0 0 -7");
+    analyse();
+    EXPECT_EQ(stations(alongElement(2), 4).size(), 5U);
+    for (const Station &station : stations(alongElement(2), 4))
+        EXPECT_EQ(station.marks, 0U) << station.x;
+}
+
+} // namespace
+} // namespace veskora
