@@ -67,6 +67,13 @@ frmSteps::frmSteps(QWidget *parent)
     ui_->Steps->setStyleSheet("QTextEdit { background-color: white; color: black; }");
     ui_->Digits->setRange(1, steps::mostDigits);
     ui_->Digits->setValue(steps::Choice().digits);
+    for (QLineEdit *field : {ui_->Elements, ui_->Nodes, ui_->Find}) {
+        QPalette colours = field->palette(); // what stands in an empty field is read in dark themes
+        QColor ink = colours.color(QPalette::Text);
+        ink.setAlphaF(0.6F);
+        colours.setColor(QPalette::PlaceholderText, ink);
+        field->setPalette(colours);
+    }
     setCaptions();
     connectParts();
     connectKeys();
@@ -88,8 +95,7 @@ void frmSteps::setCaptions()
     ui_->ElementsLabel->setText(qtText(Metafrasi(14, "Elements")));
     ui_->NodesLabel->setText(qtText(Metafrasi(13, "Nodes")));
     ui_->DigitsLabel->setText(qtText(Metafrasi(2103, "Digits")));
-    const QString how = qtText(
-        Metafrasi(2104, "Numbers such as 1-3, 7. Without any, all of a small model is shown."));
+    const QString how = qtText(Metafrasi(2104, "Numbers such as 1-3, 7, or none"));
     describe(ui_->Elements, how);
     describe(ui_->Nodes, how);
     ui_->ShowSteps->setText(qtText(Metafrasi(2105, "Show")));
