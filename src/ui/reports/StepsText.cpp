@@ -9,6 +9,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <numeric>
 
 namespace veskora {
 
@@ -17,7 +18,8 @@ namespace {
 using steps::Cell;
 using steps::Grid;
 
-constexpr double paddingOfCells = 2, besideCells = 5; // logical pixels
+// Logical pixels: blank of cells above and beside, and before formulas and matrices.
+constexpr double paddingOfCells = 2, besideCells = 5, indent = 30;
 
 const QColor ink("#202428"), linkInk("#1a5a96"), labelInk("#5b656e"), heldInk("#a04000");
 const QColor rule("#cfd4d9"), labelGround("#f1f3f5"), heldGround("#f3efe9");
@@ -90,7 +92,7 @@ private:
     void insert(QTextCursor &cursor, const steps::Line &line, const QTextCharFormat &format) const;
     QTextBlockFormat paragraphFormat(bool keeps = false) const;
     void begin(const QTextBlockFormat &format);
-    std::vector<double> widthsOf(const Grid &grid, const QFont &font) const;
+    std::vector<double> lettersOf(const Grid &grid) const;
 
     QTextCursor cursor_;
     QPaintDevice *device_;
@@ -181,7 +183,7 @@ QFont formulaFont(const QFont &font)
 void Writer::write(const steps::Formula &formula)
 {
     QTextBlockFormat format = paragraphFormat(true);
-    format.setLeftMargin(30);
+    format.setLeftMargin(indent);
     begin(format);
     insert(cursor_, formula.line, charFormat(formulaFont(font_)));
 }
@@ -212,28 +214,24 @@ void Writer::write(const steps::Picture &picture)
     cursor_.insertText(qtText(picture.caption), charFormat(resized(font_, 0.95), labelInk));
 }
 
-/// Of its columns as they are shown: name and labels first, where it has them.
-std::vector<double> Writer::widthsOf(const Grid &grid, const QFont &font) const
+/// Of the letters of its columns: first what stands before the entries, then each of those.
+std::vector<double> Writer::lettersOf(const Grid &grid) const
 {
-    const QFontMetricsF metrics(font, device_), formula(formulaFont(font), device_);
+    const QFontMetricsF metrics(font_, device_), formula(formulaFont(font_), device_);
     const auto widthOf = [](const steps::Line &line, const QFontMetricsF &letters) {
         return letters.horizontalAdvance(qtText(line.plainText()));
     };
-    const double beside = 2 * (besideCells + 1) * scaleOf(device_);
     double labels = widthOf(grid.corner, metrics);
-    std::vector<double> widths(grid.columns.size());
-    for (std::size_t c = 0; c < grid.columns.size(); ++c)
-        widths[c] = widthOf(grid.columns[c].text, metrics);
+    std::vector<double> widths{0};
+    for (const Cell &column : grid.columns)
+        widths.push_back(widthOf(column.text, metrics));
     for (const steps::GridRow &row : grid.rows) {
         labels = std::max(labels, widthOf(row.label.text, metrics));
         for (std::size_t c = 0; c < row.cells.size(); ++c)
             if (!isProse(grid, row.cells[c]))
-                widths[c] = std::max(widths[c], widthOf(row.cells[c].text, metrics));
+                widths[c + 1] = std::max(widths[c + 1], widthOf(row.cells[c].text, metrics));
     }
-    for (double &width : widths)
-        width += beside;
-    const double name = grid.name.runs.empty() ? 0 : widthOf(grid.name, formula) + beside;
-    widths.insert(widths.begin(), name + (isLabelled(grid) ? labels + beside : 0));
+    widths[0] = widthOf(grid.name, formula) + (isLabelled(grid) ? labels : 0);
     return widths;
 }
 
@@ -244,20 +242,20 @@ void Writer::write(const Grid &grid)
     if (room_ == 0)
         return writeTable(grid, font_);
     constexpr double leastPoints = 6; // that are read with ease
-    std::vector<double> widths = widthsOf(grid, font_);
-    double all = 0;
-    for (const double width : widths)
-        all += width;
+    const std::vector<double> widths = lettersOf(grid);
+    const double beside = 2 * (besideCells + 1) * scaleOf(device_);
+    const double before = 2 * beside + (grid.isMatrix ? indent * scaleOf(device_) : 0);
+    const double blank = before + static_cast<double>(grid.columns.size()) * beside;
     const double least = leastPoints / font_.pointSizeF();
-    const double factor = std::clamp(room_ / all, least, 1.0);
-    const QFont font = resized(font_, factor);
-    widths = widthsOf(grid, font);
+    const double letters = std::accumulate(widths.begin(), widths.end(), 0.0);
+    const double factor = std::clamp((room_ - blank) / letters, least, 1.0);
     for (std::size_t first = 0, end = 0; first < grid.columns.size(); first = end) {
-        double taken = widths[0];
+        double taken = before + factor * widths[0];
+        do
+            taken += beside + factor * widths[++end];
         while (end < grid.columns.size()
-               && (end == first || factor > least || taken + widths[end + 1] <= room_))
-            taken += widths[++end];
-        writeTable(partOf(grid, first, end), font);
+               && (factor > least || taken + beside + factor * widths[end + 1] <= room_));
+        writeTable(partOf(grid, first, end), resized(font_, factor));
     }
 }
 
@@ -271,7 +269,7 @@ void Writer::writeTable(const Grid &grid, const QFont &font)
     format.setCellSpacing(0);
     format.setTopMargin(4);
     format.setBottomMargin(10);
-    format.setLeftMargin(grid.isMatrix ? 30 : 0);
+    format.setLeftMargin(grid.isMatrix ? indent : 0);
     const int named = grid.name.runs.empty() ? 0 : 1;
     const int labelled = isLabelled(grid) ? 1 : 0, header = hasHeader(grid) ? 1 : 0;
     const int first = named + labelled;
