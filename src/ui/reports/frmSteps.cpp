@@ -177,7 +177,7 @@ std::optional<steps::Choice> frmSteps::wished()
 /// @return whether @p field has a list of rows, or nothing
 bool frmSteps::take(QLineEdit *field, int last, std::vector<int> &rows, const std::string &refusal)
 {
-    constexpr std::size_t most = 40; // more take seconds, and nobody reads them
+    constexpr std::size_t most = 100; // more take seconds, and nobody reads them
     const std::string text = field->text().trimmed().toStdString();
     const auto given = text.empty() ? std::vector<int>() : rowsFromList(text, last);
     rows = given.value_or(std::vector<int>());

@@ -118,9 +118,10 @@ TEST_F(StepsWindow, WhatIsShownIsAskedForAndAWrongListChangesNothing)
         QTest::keyClick(field("Elements"), Qt::Key_Return);
         EXPECT_EQ(elementsShown(), shown);
     }
-    field("Elements")->setText("1-41");
-    desktop.expectMessage("These are too many for one window: 1-41. Up to 40 elements and up to 40 "
-                          "nodes can be shown in full at a time.");
+    field("Elements")->setText("1-101");
+    desktop.expectMessage(
+        "These are too many for one window: 1-101. Up to 100 elements and up to 100 "
+        "nodes can be shown in full at a time.");
     click("ShowSteps");
     field("Elements")->setText("");
     field("Nodes")->setText("x");
