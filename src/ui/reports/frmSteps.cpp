@@ -114,8 +114,9 @@ void frmSteps::setCaptions()
 void frmSteps::connectParts()
 {
     connect(ui_->ShowSteps, &QPushButton::clicked, this, &frmSteps::refreshWanted);
-    connect(ui_->Elements, &QLineEdit::returnPressed, this, &frmSteps::refreshWanted);
-    connect(ui_->Nodes, &QLineEdit::returnPressed, this, &frmSteps::refreshWanted);
+    for (const QLineEdit *field :
+         {ui_->Elements, ui_->Nodes, ui_->Digits->findChild<QLineEdit *>()})
+        connect(field, &QLineEdit::returnPressed, this, &frmSteps::refreshWanted);
     connect(ui_->Contents, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem *item) {
         if (item != nullptr && !isGoing_)
             goTo(item->data(0, Qt::UserRole).toInt());
