@@ -310,7 +310,6 @@ TEST_F(StepsWindow, LongTablesGoOnUnderTheirHeadingsAndTheContentsNameThePages)
         ASSERT_GT(page, 0) << section.heading;
         EXPECT_TRUE(pages[page - 1].contains(heading + '\n')) << section.heading;
     }
-    EXPECT_FALSE(output("pdfinfo", {"-url", file}).contains('#')) << "no dead links";
 }
 
 } // namespace
