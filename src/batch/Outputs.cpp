@@ -3,13 +3,15 @@
 #include "Anafora.h"
 #include "CalculationReport.h"
 #include "CheckText.h"
-#include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelCheck.h"
 #include "Pictures.h"
 #include "ResultTables.h"
+#include "RowQueries.h"
+#include "Sentences.h"
 #include "StepsFile.h"
 
+#include <algorithm>
 #include <array>
 
 namespace veskora {
@@ -44,11 +46,19 @@ Made values(const Order &order)
 
 Made stepsOf(const Order &order)
 {
-    std::vector<int> missing = order.shownSteps.elements;
+    const auto isAsked = [&](int e) {
+        return std::ranges::count(order.shownSteps.elements, e) > 0;
+    };
+    std::vector<int> missing = rowsWhere(maxElements, isAsked);
+    const std::size_t asked = missing.size();
     std::erase_if(missing, [](int e) { return e <= Arithmos_Stoixeion; });
-    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)),
-            missing.empty() ? "" : "the model has no element " + numberText(missing.front()),
-            {}};
+    if (missing.empty())
+        return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), {}, {}};
+    const std::string note =
+        "the model has no " + forRows("element |elements ", missing.size()) + rowList(missing);
+    if (missing.size() == asked)
+        return {{}, {}, note + ", none of those to show"};
+    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), note, {}};
 }
 
 template <std::int16_t shown, PictureForm form>

@@ -144,6 +144,17 @@ void Kanvas::print(double number)
     print(printedNumber(number));
 }
 
+void Kanvas::printOnGround(const std::string &text)
+{
+    doPrintOnGround(text, currentX_, currentY_);
+    moveTo(0, currentY_ + lineAdvance());
+}
+
+void Kanvas::doPrintOnGround(const std::string &text, float x, float y)
+{
+    doPrint(text, x, y);
+}
+
 void Kanvas::printValue(double value, const Ordinate &ordinate)
 {
     doPrintValue(printedNumber(value), currentX_, currentY_, ordinate);

@@ -1,6 +1,5 @@
 #include "StepsFile.h"
 
-#include "element.h"
 #include "StepsHtml.h"
 #include "VectorKanvas.h"
 #include "VectorPicture.h"
@@ -15,10 +14,9 @@ std::string stepPictureSvg(const steps::Picture &picture)
     if (picture.kind == Kind::pattern)
         return steps::patternSvg(picture);
     constexpr int width = 620, levelHeight = 200, steeper = 220; // pixels
-    const QSizeF size =
-        picture.kind == Kind::element
-            ? QSizeF(width, levelHeight + steeper * std::abs(elementGeometry(picture.element).s))
-            : QSizeF(860, 540);
+    const QSizeF size = picture.kind == Kind::element
+                            ? QSizeF(width, levelHeight + steeper * std::abs(picture.s))
+                            : QSizeF(860, 540);
     return vectorPicture(VectorForm::svg, size, QString::fromStdString(picture.caption),
                          [&picture](VectorKanvas &kanvas) {
                              kanvas.setForPrint(); // pages are white on the screen, too

@@ -223,7 +223,8 @@ void VectorKanvas::place(const std::string &text, PlacedText placed)
         return;
     if (isForPrint_)
         placed.size = std::max(placed.size, smallestPrinted);
-    placed.colour = isForPrint_ ? QColor(Qt::black) : penColour_;
+    if (!placed.colour.isValid())
+        placed.colour = isForPrint_ ? QColor(Qt::black) : penColour_;
     const QFontMetricsF metrics(placed.font);
     const double scale = placed.size / em;
     placed.ascent = metrics.ascent() * scale;
@@ -243,6 +244,15 @@ bool VectorKanvas::isSeen(const PlacedText &text) const
 void VectorKanvas::doPrint(const std::string &text, float x, float y)
 {
     place(text, {.font = font(), .size = fontSize(), .corner = pixelPlace(x, y)});
+}
+
+void VectorKanvas::doPrintOnGround(const std::string &text, float x, float y)
+{
+    place(text, {.font = font(),
+                 .size = fontSize(),
+                 .corner = pixelPlace(x, y),
+                 .colour = onPaper(penColour_),
+                 .hasHalo = true});
 }
 
 void VectorKanvas::doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate)

@@ -29,8 +29,9 @@ public:
     /// Makes all texts @p factor times as large as they are asked for; lines and symbols stay.
     void setTextScale(double factor) { textScale_ = factor; }
 
-    /// From here on for a printer: no ground, texts black and no smaller than six points, thin
-    /// lines, and darker ones where a colour would hardly be seen on white.
+    /// From here on for a printer: no ground, texts no smaller than six points and black unless
+    /// they have a ground of their own, thin lines, and darker colours where one would hardly be
+    /// seen on white.
     void setForPrint() { isForPrint_ = true; }
 
     double width() const override;
@@ -103,6 +104,7 @@ protected:
     void doPrint(const std::string &text, float x, float y) override;
     void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                         int angle) override;
+    void doPrintOnGround(const std::string &text, float x, float y) override;
     void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate) override;
     double lineAdvance() const override;
 
