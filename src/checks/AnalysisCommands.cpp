@@ -5,6 +5,7 @@
 #include "Diagrafes.h"
 #include "epilisi.h"
 #include "Equilibrium.h"
+#include "FreeMotions.h"
 #include "Functions.h"
 #include "Functions_Bres_Megista.h"
 #include "MathFunc.h"
@@ -146,24 +147,6 @@ void logNewNumbers(int n, int last)
 }
 
 } // namespace
-
-std::string motionWarning(FreeMotion motion)
-{
-    switch (motion) {
-    case FreeMotion::unloaded:
-        return Metafrasi(1702, "The structure can move freely although its loads do not move it: "
-                               "see Report, Check of the analysis.");
-    case FreeMotion::unstable:
-        return Metafrasi(1643, "The structure is unstable, by negative springs or stiffnesses: "
-                               "see Report, Check of the analysis.");
-    case FreeMotion::loaded:
-        return Metafrasi(1703, "The structure can move freely, and rounding alone holds it against "
-                               "its loads: see Report, Check of the analysis.");
-    case FreeMotion::none:
-        break;
-    }
-    return {};
-}
 
 void Button_Epilisi()
 {

@@ -2,10 +2,6 @@
 /// @file
 /// What stands between the user and the analysis.
 
-#include "FreeMotions.h"
-
-#include <string>
-
 namespace veskora {
 
 /// Offers every unconnected node for deletion, one after the other, and then analyses the model.
@@ -14,9 +10,6 @@ namespace veskora {
 /// picture when it shows results. Where the structure can move freely, a log line leads to the
 /// check, and `mechanismSuspected` says so; after a failed one another names its first free motion.
 void Button_Epilisi();
-
-/// What the analysis says of the results of a structure that moves so; empty where nothing does.
-std::string motionWarning(FreeMotion motion);
 
 /// Called first by whatever shows results: when the model has changed since the last analysis, asks
 /// whether to analyse again. After No the caller goes on with the results there are.

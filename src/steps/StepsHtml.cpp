@@ -206,7 +206,8 @@ public:
         }
         for (const Setting &setting : settingsByWidth)
             if (setting_ = &setting; endOfPart(0) == lengths_.size())
-                break;
+                return;
+        setting_ = &settingsByWidth[1]; // of parts, each can as well be read
     }
 
     std::string text() const

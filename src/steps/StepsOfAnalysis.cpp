@@ -1,6 +1,6 @@
 // The run through all steps, its beginning and its end.
 
-#include "AnalysisCommands.h"
+#include "CheckText.h"
 #include "element.h"
 #include "epilisi.h"
 #include "Equilibrium.h"

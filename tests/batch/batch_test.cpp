@@ -258,7 +258,7 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
                                                       {"--pictures=", small},
                                                       {"--pictures=svg,gif", small},
                                                       {"--pictures=svg,", small},
-                                                      {"--steps-digits", "6", small},
+                                                      {"--steps-digits", "4", small},
                                                       {"--steps-elements", "1", small},
                                                       {"--steps", "--steps-digits", "2.5", small},
                                                       {"--steps", "--steps-elements", "3-1", small},
@@ -277,6 +277,15 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
     EXPECT_EQ(run({"-", "--out", path("x"), small}), batchStatus::wrongUsage);
     EXPECT_EQ(run({"-", ""}), batchStatus::wrongUsage);
     EXPECT_FALSE(fs::exists(path("x")));
+}
+
+TEST_F(Batch, NoStepsAreMadeOfElementsThatTheModelLacks)
+{
+    EXPECT_EQ(run({"--steps", "--steps-elements", "200-202", "--out", path(""), small}),
+              batchStatus::someFailed);
+    EXPECT_THAT(err.str(),
+                HasSubstr("the model has no elements 200 to 202, none of those to show"));
+    EXPECT_FALSE(fs::exists(path("small_steps.html")));
 }
 
 TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
