@@ -133,28 +133,11 @@ bool takeLabelScale(Order &order, const std::string &value)
     return order.labelScale >= 0.5 && order.labelScale <= 4;
 }
 
-/// "1-3,7"
 bool takeElements(Order &order, const std::string &value)
 {
-    const char *at = value.data();
-    const char *const end = at + value.size();
-    const auto take = [&](int &number) {
-        const auto [rest, fault] = std::from_chars(at, end, number);
-        at = rest;
-        return fault == std::errc() && number >= 1 && number <= maxElements;
-    };
-    order.shownSteps.elements.clear();
-    do {
-        int first = 0;
-        if (!take(first))
-            return false;
-        int last = first;
-        if (at != end && *at == '-' && (++at, !take(last) || last < first))
-            return false;
-        for (int e = first; e <= last; ++e)
-            order.shownSteps.elements.push_back(e);
-    } while (at != end && *at++ == ',');
-    return at == end && end[-1] != ',';
+    const auto elements = rowsFromList(value, maxElements);
+    order.shownSteps.elements = elements.value_or(std::vector<int>());
+    return elements.has_value();
 }
 
 bool takeDigits(Order &order, const std::string &value)

@@ -225,6 +225,33 @@ std::optional<double> numberFromWholeText(std::string_view text)
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
+std::optional<std::vector<int>> rowsFromList(std::string_view text, int last)
+{
+    const auto take = [&](int least) {
+        text = withoutLeadingBlanks(text);
+        int row = 0;
+        const auto [rest, fault] = std::from_chars(text.data(), text.data() + text.size(), row);
+        text.remove_prefix(static_cast<std::size_t>(rest - text.data()));
+        text = withoutLeadingBlanks(text);
+        return fault == std::errc() && row >= least && row <= last ? row : 0;
+    };
+    const auto skip = [&](char sign) {
+        const bool isThere = text.starts_with(sign);
+        text.remove_prefix(isThere ? 1 : 0);
+        return isThere;
+    };
+    std::vector<int> rows;
+    do {
+        const int first = take(1);
+        const int end = first != 0 && skip('-') ? take(first) : first;
+        if (end == 0)
+            return std::nullopt;
+        for (int row = first; row <= end; ++row)
+            rows.push_back(row);
+    } while (skip(','));
+    return text.empty() ? std::optional(rows) : std::nullopt;
+}
+
 std::optional<float> toSingle(double value)
 {
     const auto single = static_cast<float>(value);

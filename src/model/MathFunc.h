@@ -8,6 +8,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace veskora {
 
@@ -28,6 +29,10 @@ bool breaksOffAtSeparator(std::string_view text);
 /// The number that @p text is as a whole, blanks around it aside; none where it is anything else,
 /// infinite, or beyond a Double's range.
 std::optional<double> numberFromWholeText(std::string_view text);
+
+/// The numbers that @p text lists as in "1-3, 7", in its order, blanks aside; none where it is
+/// anything else or one of them is not from 1 to @p last.
+std::optional<std::vector<int>> rowsFromList(std::string_view text, int last);
 
 /// @p value as the Single that the tables store; none where a Single cannot hold it.
 std::optional<float> toSingle(double value);

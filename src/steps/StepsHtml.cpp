@@ -200,11 +200,16 @@ std::string contents(const Document &document)
 
 } // namespace
 
+int patternPixels(const Picture &pattern)
+{
+    constexpr int most = 480; // small matrices get 12 for each entry
+    return std::min(most, 12 * pattern.size);
+}
+
 std::string patternSvg(const Picture &pattern)
 {
     const std::string size = numberText(pattern.size), free = numberText(pattern.free);
-    constexpr int most = 480; // pixels; small matrices get 12 for each entry
-    const std::string pixels = numberText(std::min(most, 12 * pattern.size));
+    const std::string pixels = numberText(patternPixels(pattern));
     std::string path;
     for (auto entry = pattern.entries.begin(); entry != pattern.entries.end();) {
         const auto [row, first] = *entry;

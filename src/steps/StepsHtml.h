@@ -14,7 +14,9 @@ using DrawSvg = std::function<std::string(const Picture &picture)>;
 
 std::string stepsHtml(const Document &document, const DrawSvg &draw);
 
-/// The SVG file of a picture of the kind `pattern`.
+/// The side of a picture of the kind `pattern`, in pixels of which 96 are an inch.
+int patternPixels(const Picture &pattern);
+/// The SVG file of such a picture.
 std::string patternSvg(const Picture &pattern);
 
 } // namespace veskora::steps

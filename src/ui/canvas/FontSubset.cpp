@@ -3,6 +3,7 @@
 #include <hb-subset.h>
 
 #include <array>
+#include <map>
 #include <memory>
 
 namespace veskora {
@@ -22,19 +23,24 @@ using Face = std::unique_ptr<hb_face_t, Destroyer<hb_face_destroy>>;
 using Input = std::unique_ptr<hb_subset_input_t, Destroyer<hb_subset_input_destroy>>;
 using Blob = std::unique_ptr<hb_blob_t, Destroyer<hb_blob_destroy>>;
 
-/// A table of the font; the blob owns its bytes.
-hb_blob_t *tableOf(hb_face_t *, hb_tag_t tag, void *font)
+/// A font whose tables stay where they are: some of those that are only copied are read once more
+/// after they have been given back.
+struct Source
 {
+    const QRawFont &font;
+    std::map<hb_tag_t, QByteArray> tables = {};
+};
+
+hb_blob_t *tableOf(hb_face_t *, hb_tag_t tag, void *data)
+{
+    auto &[font, tables] = *static_cast<Source *>(data);
     std::array<char, 5> name{};
     hb_tag_to_string(tag, name.data());
-    auto table =
-        std::make_unique<QByteArray>(static_cast<QRawFont *>(font)->fontTable(name.data()));
-    if (table->isEmpty())
-        return hb_blob_get_empty();
-    QByteArray *const owned = table.release();
-    return hb_blob_create(owned->constData(), static_cast<unsigned>(owned->size()),
-                          HB_MEMORY_MODE_READONLY, owned,
-                          [](void *bytes) { delete static_cast<QByteArray *>(bytes); });
+    const auto [place, isNew] = tables.try_emplace(tag);
+    if (isNew)
+        place->second = font.fontTable(name.data());
+    return hb_blob_create(place->second.constData(), static_cast<unsigned>(place->second.size()),
+                          HB_MEMORY_MODE_READONLY, nullptr, nullptr);
 }
 
 } // namespace
@@ -43,7 +49,7 @@ QByteArray fontSubset(const QRawFont &font, const std::set<char32_t> &characters
 {
     if (font.fontTable("glyf").isEmpty() && font.fontTable("CFF ").isEmpty())
         return {};
-    QRawFont source = font;
+    Source source{font};
     const Face whole(hb_face_create_for_tables(tableOf, &source, nullptr));
     const Input wanted(hb_subset_input_create_or_fail());
     if (wanted == nullptr)

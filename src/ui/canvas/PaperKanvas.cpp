@@ -26,7 +26,7 @@ PaperKanvas::PaperKanvas(QPainter &painter, const QRectF &area, double unitsPerC
     : VectorKanvas(area.size() / unitsPerCentimetre * pixelsPerCentimetre), painter_(painter)
 {
     painter_.save();
-    painter_.setClipRect(area);
+    painter_.setClipRect(area, Qt::IntersectClip);
     painter_.translate(area.topLeft());
     const double unitsPerPixel = unitsPerCentimetre / pixelsPerCentimetre;
     painter_.scale(unitsPerPixel, unitsPerPixel);

@@ -182,6 +182,7 @@ constexpr Command menus[] = {
     {"mnuANAFORES", commandPlace::values, Phrase{1853, "Values along an element"}, call<&WindowCommands::openValues>, nullptr, "Shift+F7"},
     {"mnuANAFORES", "mnuEIKONA_SVG_PDF_item", Phrase{1900, "Picture as SVG or PDF"}, call<&PictureCommands::saveVectorPicture>},
     {"mnuANAFORES", "mnuCALCULATION_item", Phrase{1920, "Calculation report as PDF"}, call<&WindowCommands::openCalculation>, nullptr, "Ctrl+Shift+P"},
+    {"mnuANAFORES", commandPlace::steps, Phrase{1971, "Steps of the analysis"}, call<&WindowCommands::openSteps>, nullptr, "Ctrl+F7"},
 
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},

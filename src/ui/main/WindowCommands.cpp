@@ -15,6 +15,7 @@
 #include "frmOmades.h"
 #include "frmOMOIOMORFO.h"
 #include "frmSigxonefsi.h"
+#include "frmSteps.h"
 #include "frmStoixeia.h"
 #include "frmSXEDIASI.h"
 #include "frmValues.h"
@@ -60,6 +61,7 @@ WindowCommands::~WindowCommands()
     delete results_;
     delete check_;
     delete values_;
+    delete steps_;
 }
 
 /// Looks anew afterwards at what lies under the pointer.
@@ -296,6 +298,22 @@ void WindowCommands::openCalculation()
         QObject::connect(&dialog, &frmCalculation::openWanted, &dialog, openFile);
         dialog.exec();
     });
+}
+
+void WindowCommands::openSteps()
+{
+    if (refuseWithoutNodes())
+        return;
+    if (steps_ != nullptr) {
+        steps_->refresh();
+        return bringToFront(*steps_);
+    }
+    steps_ = new frmSteps(window_);
+    steps_->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(steps_, &frmSteps::refreshWanted, steps_, [this] { openSteps(); });
+    QObject::connect(steps_, &frmSteps::helpWanted, steps_, [this] { help_.showTopicOf(steps_); });
+    steps_->refresh();
+    showReport(steps_, commandPlace::steps);
 }
 
 void WindowCommands::lookAgain()

@@ -11,13 +11,14 @@ namespace veskora {
 
 struct CanvasObjects;
 class frmElegxos;
+class frmSteps;
 class frmValues;
 class Hand;
 class HTMLHelp;
 class PictureCommands;
 
 /// Opens the dialogs of the model, the view options, the results, the check, the calculation
-/// report and the about box.
+/// report, the steps of the analysis and the about box.
 /// Where a dialog would have no rows to work on, it is refused with a word.
 class WindowCommands
 {
@@ -53,6 +54,7 @@ public:
     /// Refused without results. Where it is open already, it comes to the front.
     void openValues();
     void openCalculation();
+    void openSteps(); ///< where they are open already, they are shown anew
     void showAbout();
 
     /// To be called when model or results may have changed.
@@ -74,6 +76,7 @@ private:
     QPointer<frmApotelesmata> results_;
     QPointer<frmElegxos> check_;
     QPointer<frmValues> values_;
+    QPointer<frmSteps> steps_;
     /// @}
 };
 

@@ -15,7 +15,6 @@
 #include <QClipboard>
 #include <QIcon>
 #include <QShortcut>
-#include <QTimer>
 
 namespace veskora {
 
@@ -74,20 +73,12 @@ void frmElegxos::connectParts()
     connect(ui_->SaveText, &QPushButton::clicked, this, &frmElegxos::save);
     connect(ui_->ShowHelp, &QPushButton::clicked, this, &frmElegxos::helpWanted);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-    // Nobody tells of an edit; to look costs less than a microsecond.
-    constexpr int often = 300; // ms
-    auto *timer = new QTimer(this);
-    timer->setObjectName("LookTimer");
-    connect(timer, &QTimer::timeout, this, &frmElegxos::lookAtModel);
-    timer->start(often);
+    lookOften(this, &frmElegxos::lookAtModel);
 }
 
 void frmElegxos::refresh()
 {
     auto check = std::make_unique<Check>();
-    check->path = Onoma_Arxeiou;
-    check->tables = modelTables();
-    check->analyses = analysesFinished;
     check->findings = checkModel();
     check->document = checkText(check->findings);
     {
@@ -106,17 +97,12 @@ void frmElegxos::refresh()
     pick();
 }
 
-bool frmElegxos::isOfModel() const
-{
-    return isInStore(check_->tables);
-}
-
 void frmElegxos::lookAtModel()
 {
-    if (!isOfModel())
+    if (!check_->moment.isOfModel())
         ui_->Outdated->setText(qtText(
             Metafrasi(1624, "The model has changed since this check. Refresh checks it anew.")));
-    else if (check_->analyses != analysesFinished)
+    else if (!check_->moment.isOfResults())
         ui_->Outdated->setText(qtText(
             Metafrasi(1625, "The model has been analyzed since this check. Refresh checks it "
                             "anew.")));
@@ -132,7 +118,7 @@ void frmElegxos::pick()
     if (row >= check_->findings.size())
         return;
     ui_->Explanation->setPlainText(qtText(check_->texts[row].explanation));
-    if (isOfModel())
+    if (check_->moment.isOfModel())
         emit picked(check_->findings[row]);
 }
 
@@ -144,7 +130,7 @@ void frmElegxos::copy()
 void frmElegxos::save()
 {
     const BoxOwner owner(this);
-    if (const std::string path = saveReport(check_->document, check_->path, "_check");
+    if (const std::string path = saveReport(check_->document, check_->moment.path, "_check");
         !path.empty())
         Grammi_Log(Metafrasi(1642, "Text file:") + " " + path, logColour::black);
 }

@@ -3,7 +3,7 @@
 /// The window of the check of the analysis.
 
 #include "CheckText.h"
-#include "History.h"
+#include "Moment.h"
 
 #include <QWidget>
 
@@ -52,14 +52,11 @@ private:
     /// Of one moment.
     struct Check
     {
-        std::string path; ///< of the model
-        ModelTables tables;
-        int analyses = 0; ///< `analysesFinished`
+        Moment moment;
         std::vector<Finding> findings;
         std::vector<FindingText> texts; ///< of each
         std::string document;           ///< all of them
     };
-    bool isOfModel() const;
 
     const std::unique_ptr<Ui::frmElegxos> ui_;
     std::unique_ptr<const Check> check_; ///< none before `refresh`

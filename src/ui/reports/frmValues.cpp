@@ -7,6 +7,7 @@
 #include "MathFunc.h"
 #include "Metablites.h"
 #include "Mnemonics.h"
+#include "Moment.h"
 #include "NumberField.h"
 #include "QtDesktop.h"
 #include "ResultTables.h"
@@ -19,7 +20,6 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QShortcut>
-#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -109,11 +109,7 @@ void frmValues::connectParts()
     connect(ui_->SaveTable, &QPushButton::clicked, this, &frmValues::save);
     connect(ui_->ShowHelp, &QPushButton::clicked, this, &frmValues::helpWanted);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
-    constexpr int often = 300; // ms; nobody tells of an edit
-    auto *timer = new QTimer(this);
-    timer->setObjectName("LookTimer");
-    connect(timer, &QTimer::timeout, this, &frmValues::lookAtModel);
-    timer->start(often);
+    lookOften(this, &frmValues::lookAtModel);
 }
 
 // -------------------------------------------------------------------------------- what is shown

@@ -1,21 +1,15 @@
 #include "Ektiposi.h"
 
-#include "Desktop.h"
-#include "Files.h"
-#include "Functions.h"
 #include "Metablites.h"
+#include "Printing.h"
 #include "QtDesktop.h"
 #include "Text.h"
 
-#include <QBuffer>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QPagedPaintDevice>
 #include <QPageLayout>
 #include <QPainter>
-#include <QPdfWriter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QStringList>
 
 #include <algorithm>
@@ -118,46 +112,11 @@ bool printPages(QPagedPaintDevice &device, const QString &text)
     return painter.end();
 }
 
-namespace {
-
-/// The pages of @p text as the content of a PDF file.
-std::string pdfOf(const std::string &text)
-{
-    QByteArray content;
-    QBuffer buffer(&content);
-    buffer.open(QIODevice::WriteOnly);
-    QPdfWriter pdf(&buffer);
-    pdf.setTitle(applicationName());
-    (void)printPages(pdf, qtText(text)); // memory takes all of it
-    return content.toStdString();
-}
-
-void offerPdf(const std::string &text)
-{
-    if (desktop().message(Metafrasi(1729, "There is no default printer. Do you want to save the "
-                                          "report as a PDF file instead?"),
-                          Icon::question, Buttons::yesNo)
-        != Answer::yes)
-        return;
-    const std::string path = writeAskedFile(
-        pdfOf(text), Metafrasi(1730, "PDF files") + " (*.pdf)|*.pdf", Onoma_Arxeiou, ".pdf");
-    if (!path.empty())
-        Grammi_Log(Metafrasi(1731, "PDF file:") + " " + path, logColour::black);
-}
-
-} // namespace
-
 void Ektiposi(const std::string &text)
 {
-    const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
-    if (standard.isNull())
-        return offerPdf(text);
-    QPrinter printer(standard, QPrinter::HighResolution);
-    printer.setDocName(applicationName());
-    if (!printPages(printer, qtText(text)))
-        desktop().message(Metafrasi(366, "An error occured while trying to print. The printing "
-                                         "cannot be completed"),
-                          Icon::critical);
+    printOut(
+        {applicationName(), Onoma_Arxeiou, "",
+         [text = qtText(text)](QPagedPaintDevice &device) { return printPages(device, text); }});
 }
 
 } // namespace veskora
