@@ -12,24 +12,10 @@ InkKanvas::InkKanvas(const Kanvas &picture)
     setForPrint();
 }
 
-double InkKanvas::left() const
+QRectF InkKanvas::finish()
 {
-    return ink_.left() / pixelsPerCentimetre;
-}
-
-double InkKanvas::top() const
-{
-    return ink_.top() / pixelsPerCentimetre;
-}
-
-double InkKanvas::right() const
-{
-    return ink_.right() / pixelsPerCentimetre;
-}
-
-double InkKanvas::bottom() const
-{
-    return ink_.bottom() / pixelsPerCentimetre;
+    paintTexts();
+    return {ink_.topLeft() / pixelsPerCentimetre, ink_.size() / pixelsPerCentimetre};
 }
 
 void InkKanvas::add(const QRectF &covered)

@@ -8,21 +8,16 @@
 
 namespace veskora {
 
-/// What a printed picture covers of a surface of that size, in centimetres. What lies wholly
-/// outside is no part of it, nor are the notes.
+/// What a printed picture covers, in centimetres. What lies wholly outside is no part of it, nor
+/// are the notes.
 class InkKanvas : public VectorKanvas
 {
 public:
     /// As large as @p picture.
     explicit InkKanvas(const Kanvas &picture);
 
-    /// Once, after all drawing; then there are the measures.
-    void finish() { paintTexts(); }
-
-    double left() const;
-    double top() const;
-    double right() const;
-    double bottom() const;
+    /// Once, after all drawing: what is covered.
+    QRectF finish();
     double noteBottom() const { return noteBottom_; } ///< 0 without notes
 
 protected:

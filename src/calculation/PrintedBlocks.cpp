@@ -211,6 +211,7 @@ public:
         const QRectF area(0, top, sheet_.width(), height_ - below);
         PaperKanvas kanvas(painter, area, sheet_.cm(1));
         kanvas.setForPrint();
+        kanvas.setCrowded(Crowded::leaveOut);
         std::string caption = drawReportPicture(shown_, kanvas);
         kanvas.finish();
         if (const int hidden = kanvas.valuesWithoutRoom(); hidden > 0)

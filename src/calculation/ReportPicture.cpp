@@ -97,13 +97,13 @@ Margins drawnMargins(const ModelBox &model)
         const CanvasInUse inUse(ink);
         drawAndSeeWhetherValuesAreLost();
     }
-    ink.finish();
+    const QRectF covered = ink.finish();
     constexpr double air = 0.15;
     const auto beyond = [](double length) { return std::max(length, 0.0) + air; };
-    return {beyond(Kosmos_X(model.left) - ink.left()),
-            beyond(Kosmos_Y(model.top) - ink.top()) + ink.noteBottom(),
-            beyond(ink.right() - Kosmos_X(model.right)),
-            beyond(ink.bottom() - Kosmos_Y(model.bottom))};
+    return {beyond(Kosmos_X(model.left) - covered.left()),
+            beyond(Kosmos_Y(model.top) - covered.top()) + ink.noteBottom(),
+            beyond(covered.right() - Kosmos_X(model.right)),
+            beyond(covered.bottom() - Kosmos_Y(model.bottom))};
 }
 
 /// Two digits, no less than @p scale.
@@ -157,7 +157,7 @@ std::string scaleText(bool hasDiagramScale)
 
 } // namespace
 
-std::string drawReportPicture(std::int16_t shown, VectorKanvas &kanvas)
+std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas)
 {
     constexpr double white = 0xFFFFFF;
     const KeptView kept;

@@ -4,10 +4,13 @@
 #include "CalculationReport.h"
 #include "epilisi.h"
 #include "Files.h"
+#include "InkKanvas.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "PageFlow.h"
+#include "RecordingKanvas.h"
 #include "Registry.h"
+#include "ReportPicture.h"
 #include "ScriptedDesktop.h"
 
 #include <gmock/gmock.h>
@@ -153,6 +156,26 @@ TEST_F(CalculationReport, TellsOfValuesThatTheDecimalsHideAndOfOldResults)
     EXPECT_THAT(old, HasSubstr("at the ends only"));
     EXPECT_EQ(count(old, "The model has been changed since these results."),
               1 + 4 + 4 + 3); // first page, diagrams and pictures, tables
+}
+
+TEST_F(CalculationReport, APictureFillsItsPlaceBelowItsHeading)
+{
+    for (const char *name : {"gable_frame", "truss", "lateral_pile", "supports", "three_span_beam"})
+        for (const std::int16_t shown : {view::model, view::M, view::Q, view::N, view::deformed}) {
+            std::string model = EXAMPLES "/" + std::string(name) + ".vsk";
+            ASSERT_TRUE(Anagnosi_Arxeiou(model));
+            Epilisi();
+            RecordingKanvas place;
+            place.h = 10;
+            InkKanvas ink(place);
+            drawReportPicture(shown, ink);
+            const QRectF covered = ink.finish(),
+                         free(0, ink.noteBottom(), 20, 10 - ink.noteBottom());
+            EXPECT_TRUE(free.contains(covered)) << name << shown;
+            EXPECT_GT(std::max(covered.width() / free.width(), covered.height() / free.height()),
+                      0.9)
+                << name << shown;
+        }
 }
 
 /// Of parts of height 1.

@@ -307,8 +307,7 @@ void VectorKanvas::layOutValues()
             for (const LabelBox &box : text.boxes())
                 obstacles.push_back(box);
     const auto [moves, withoutRoom] =
-        layOutLabels(labels, obstacles, {0, 0, size_.width(), size_.height()},
-                     isForPrint_ ? Crowded::leaveOut : Crowded::stay);
+        layOutLabels(labels, obstacles, {0, 0, size_.width(), size_.height()}, crowded_);
     valuesWithoutRoom_ = withoutRoom;
     std::vector<PlacedText> kept;
     auto next = moves.begin();

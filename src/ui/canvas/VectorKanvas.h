@@ -30,10 +30,13 @@ public:
     void setTextScale(double factor) { textScale_ = factor; }
 
     /// From here on for a printer: no ground, texts no smaller than six points, thin lines, colours
-    /// dark enough to be read on white; values that find no free place are left out.
+    /// dark enough to be read on white.
     void setForPrint() { isForPrint_ = true; }
 
-    /// How many values were left out so, of those that `paintTexts` has put down.
+    /// What becomes of values that find no free place; at first they stay.
+    void setCrowded(Crowded crowded) { crowded_ = crowded; }
+
+    /// How many values were left out so when the texts were put down.
     int valuesWithoutRoom() const { return valuesWithoutRoom_; }
 
     double width() const override;
@@ -125,6 +128,7 @@ private:
     QSizeF size_;
     double textScale_ = 1;
     bool isForPrint_ = false;
+    Crowded crowded_ = Crowded::stay;
     QColor background_ = Qt::white;
     QColor penColour_ = Qt::black;
     int penWidth_ = 1;
