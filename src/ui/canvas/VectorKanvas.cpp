@@ -266,7 +266,8 @@ void VectorKanvas::doPrintValue(const std::string &text, float x, float y, const
     const auto inPixels = [](Point at) {
         return Point{at.x * pixelsPerCentimetre, at.y * pixelsPerCentimetre};
     };
-    place(text,
+    // A minus must not run into the ordinate: it keeps the room that other values have before them.
+    place(text.front() == '-' ? " " + text : text,
           {.font = font(),
            .size = fontSize(),
            .corner = pixelPlace(x, y),
