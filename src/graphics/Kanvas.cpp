@@ -134,6 +134,12 @@ void Kanvas::print(const std::string &text)
     moveTo(0, currentY_ + lineAdvance());
 }
 
+void Kanvas::printNote(const std::string &text)
+{
+    doPrintNote(text, currentX_, currentY_);
+    moveTo(0, currentY_ + lineAdvance());
+}
+
 void Kanvas::print(float number)
 {
     print(printedNumber(number));
@@ -148,11 +154,6 @@ void Kanvas::printOnGround(const std::string &text)
 {
     doPrintOnGround(text, currentX_, currentY_);
     moveTo(0, currentY_ + lineAdvance());
-}
-
-void Kanvas::doPrintOnGround(const std::string &text, float x, float y)
-{
-    doPrint(text, x, y);
 }
 
 void Kanvas::printValue(double value, const Ordinate &ordinate)

@@ -19,8 +19,7 @@ bool isSame(double a, double b)
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
-/// Of the faults of the stages these are the elements'; what is left of them are numbers beyond the
-/// range.
+/// The stages fault at elements that are none, and else only where a number leaves the range.
 std::string reasonOf(const Fault &fault)
 {
     const std::string reasons = Metafrasi(
@@ -36,7 +35,7 @@ std::string reasonOf(const Fault &fault)
     return filled(part(reasons, 2), {fault.facts()});
 }
 
-/// The tables' numbers of a part of the forces, as far as they cancel.
+/// Within what the check of the analysis takes for rounding.
 bool cancels(const Equilibrium::Sum &sum)
 {
     return sum.relative < tolerableImbalance;

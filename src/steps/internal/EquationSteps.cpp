@@ -178,8 +178,9 @@ int zeroPivot()
     return 0;
 }
 
-/// What a pivot tells beside the diagonal before, which no eigenvalue of the matrix scaled by that
-/// is below; empty where it is as it should be.
+/// What a pivot tells; empty where it is as it should be. Its ratio to the diagonal before is no
+/// less than the smallest eigenvalue of the matrix scaled to a unit diagonal, so their limit is
+/// one.
 std::string remarkOn(double pivot, double before)
 {
     const std::string remarks = Metafrasi(2040, "is 0|next to nothing|negative");
