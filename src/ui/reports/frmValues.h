@@ -40,19 +40,24 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setCaptions();
     void connectParts();
+    void limitSizes();
     void lookAtModel();
     void present();
+    void tellNotice();
     void fillTable();
     void tellLargest();
     void showPlace(double x);
     void showValuesAt(double x);
     void takeTypedPlace();
+    void goToRow(int row);
+    void leaveRow();
     bool refuseWithoutValues();
-    void copy();
+    void copy(bool isWhole);
     void save();
     std::vector<std::string> cellsOf(const Station &station,
                                      const std::function<std::string(double)> &text) const;
@@ -62,6 +67,7 @@ private:
     std::vector<Station> stations_;
     std::array<int, 5> seen_{-1}; ///< what told the results when they were last shown
     double part_ = 0;             ///< the cursor's place, of the length
+    int uprightHeight_ = 0;       ///< the least with the table under the diagrams
 };
 
 } // namespace veskora
