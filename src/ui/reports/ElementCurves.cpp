@@ -53,7 +53,7 @@ std::vector<ElementCurves::Curve> ElementCurves::curves() const
 
 ElementCurves::ElementCurves(QWidget *parent) : QWidget(parent)
 {
-    constexpr QSize least(240, 200); // logical pixels
+    constexpr QSize least(240, 140); // logical pixels
     setMinimumSize(least);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);

@@ -99,24 +99,30 @@ void frmValues::setCaptions()
     assignDialogMnemonics(this);
 }
 
-/// On a low screen the table stands beside the diagrams.
 void frmValues::limitSizes()
 {
-    constexpr int leastRows = 4, leastWidth = 420;
+    constexpr int leastRows = 4, leastWidth = 420, moreLines = 2; // of text under the table
     QTableWidget &table = *ui_->Values;
     table.setMinimumHeight(table.horizontalHeader()->sizeHint().height()
                            + leastRows * table.verticalHeader()->defaultSectionSize()
                            + table.horizontalScrollBar()->sizeHint().height()
                            + 2 * table.frameWidth());
-    uprightHeight_ = minimumSizeHint().height();
-    ui_->Splitter->setOrientation(Qt::Horizontal);
-    setMinimumSize(minimumSizeHint().expandedTo({leastWidth, 0}));
+    ui_->Splitter->setMinimumHeight(std::max(ui_->Curves->minimumHeight(), table.minimumHeight()));
+    ui_->Splitter->installEventFilter(this);
+    const QSize least = minimumSizeHint() + QSize(0, moreLines * fontMetrics().lineSpacing());
+    setMinimumSize(least.expandedTo({leastWidth, 0}));
 }
 
-void frmValues::resizeEvent(QResizeEvent *event)
+/// On a low screen the table stands beside the diagrams.
+bool frmValues::eventFilter(QObject *watched, QEvent *event)
 {
-    ui_->Splitter->setOrientation(height() < uprightHeight_ ? Qt::Horizontal : Qt::Vertical);
-    QWidget::resizeEvent(event);
+    if (watched == ui_->Splitter && event->type() == QEvent::Resize) {
+        const int both = ui_->Curves->minimumHeight() + ui_->Values->minimumHeight()
+                         + ui_->Splitter->handleWidth();
+        ui_->Splitter->setOrientation(ui_->Splitter->height() < both ? Qt::Horizontal
+                                                                     : Qt::Vertical);
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void frmValues::connectParts()

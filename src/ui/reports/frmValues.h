@@ -33,6 +33,8 @@ public:
     void lookAgain();
     void showPicking(bool isOn);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     void chosen(int e); ///< is shown now, 0 for none
     void pickWanted(bool isOn);
@@ -40,7 +42,6 @@ signals:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void setCaptions();
@@ -67,7 +68,6 @@ private:
     std::vector<Station> stations_;
     std::array<int, 5> seen_{-1}; ///< what told the results when they were last shown
     double part_ = 0;             ///< the cursor's place, of the length
-    int uprightHeight_ = 0;       ///< the least with the table under the diagrams
 };
 
 } // namespace veskora

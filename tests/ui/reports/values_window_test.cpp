@@ -180,6 +180,16 @@ TEST_F(ValuesWindow, UndoIsTheModelsUnlessAFieldHasSomethingTyped)
     EXPECT_EQ(Stoixeia(1, element::wy), -12);
 }
 
+TEST_F(ValuesWindow, FitsALowScreenWithTheTableBesideTheDiagrams)
+{
+    openOnBeam();
+    auto *values = window->findChild<frmValues *>();
+    values->resize(values->minimumSize());
+    QApplication::processEvents();
+    EXPECT_LT(values->height(), 360); // of a screen of 1280 x 800 at scale factor 2
+    EXPECT_LT(find<QWidget>("Curves")->geometry().right(), find<QWidget>("Values")->x());
+}
+
 TEST_F(ValuesWindow, TheTableLeavesWhole)
 {
     openOnBeam();
