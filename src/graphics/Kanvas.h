@@ -93,6 +93,9 @@ public:
     /// surface may move it along the ordinate, or leave it out where it is written already.
     void printValue(double value, const Ordinate &ordinate);
 
+    /// As `print`: text of the picture as a whole, which stands at no place of the model.
+    void printNote(const std::string &text);
+
     /// Text turned by @p angle, tenths of a degree, counter-clockwise around (x, y), its top left
     /// corner. The current point goes as with `print`.
     void printRotated(const std::string &text, double x, double y, const RotatedFont &font,
@@ -121,6 +124,7 @@ protected:
     virtual void doArc(float x, float y, float radius, double start, double end) = 0;
     virtual void doPrint(const std::string &text, float x, float y) = 0;
     virtual void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate);
+    virtual void doPrintNote(const std::string &text, float x, float y) { doPrint(text, x, y); }
     virtual void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                                 int angle) = 0;
     /// From one line of text to the next.
