@@ -39,9 +39,14 @@ Made csv(const Order &order)
     return {csvText(table(), csvForm(order)), {}, {}};
 }
 
+Made spans(const Order &order)
+{
+    return {csvText(spansTable(order.parts), csvForm(order)), {}, {}};
+}
+
 Made values(const Order &order)
 {
-    return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
+    return {csvText(valuesTable(order.parts), {.isRegional = order.regional}), {}, {}};
 }
 
 Made stepsOf(const Order &order)
@@ -83,7 +88,7 @@ Made calculation(const Order &order)
 
 CsvForm csvForm(const Order &order)
 {
-    return order.regional ? CsvForm::regional : CsvForm::international;
+    return {.isRegional = order.regional, .lineEnd = CsvForm::lf};
 }
 
 std::span<const Output> outputs()
@@ -92,7 +97,7 @@ std::span<const Output> outputs()
         {".txt", nullptr, true, true, report},
         {"_check.txt", &Order::check, false, true, check},
         {"_ends.csv", &Order::csv, true, false, csv<endsTable>},
-        {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
+        {"_spans.csv", &Order::csv, true, false, spans},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
         {"_values.csv", &Order::values, true, false, values},
         {"_steps.html", &Order::steps, false, false, stepsOf},

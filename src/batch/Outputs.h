@@ -27,7 +27,7 @@ struct Output
     Made (*make)(const Order &order);
 };
 
-/// How the tables of the run are written.
+/// How the tables of the run are written, but for the values along the elements.
 CsvForm csvForm(const Order &order);
 
 /// In the order in which they are made.

@@ -161,7 +161,8 @@ TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
     std::map<std::string, std::vector<std::vector<std::string>>> tables;
     for (const char *ending : {"_ends", "_spans", "_nodes", "_values"}) {
         fs::rename(path("a, \"b\"\n") + ending + ".csv", path("table.csv"));
-        EXPECT_EQ(contentOf(path("table.csv")).find('\r'), std::string::npos);
+        EXPECT_EQ(contentOf(path("table.csv")).find('\r') != std::string::npos,
+                  std::string(ending) == "_values");
         tables[ending] = readByPython(path("table.csv"));
     }
     tables["summary"] = readByPython(path("summary.csv"));

@@ -10,6 +10,7 @@
 #include "QtDesktop.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -63,6 +64,10 @@ bool UndoCommands::eventFilter(QObject *watched, QEvent *event)
         takeStep();
     if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
         wasPressOnCanvas_ = watched == canvas_.Picture1;
+    if (isLeftToModel(*event)) {
+        event->ignore();
+        return true;
+    }
     if (!pressesInDialog(watched, *event))
         return false;
     event->accept();
@@ -73,12 +78,29 @@ namespace {
 
 QLineEdit *focusedField()
 {
-    const auto *list = qobject_cast<QComboBox *>(QApplication::focusWidget());
-    return list != nullptr ? list->lineEdit()
-                           : qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QWidget *const focused = QApplication::focusWidget();
+    if (const auto *list = qobject_cast<QComboBox *>(focused))
+        return list->lineEdit();
+    if (qobject_cast<QAbstractSpinBox *>(focused) != nullptr)
+        return focused->findChild<QLineEdit *>();
+    return qobject_cast<QLineEdit *>(focused);
 }
 
 } // namespace
+
+/// A text field claims the keys of undo and redo even where it has nothing to undo. Where its
+/// window has the commands they shall have them then.
+bool UndoCommands::isLeftToModel(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const QLineEdit *field = focusedField();
+    if (field == nullptr)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    return (key.matches(QKeySequence::Undo) && !field->isUndoAvailable())
+           || (key.matches(QKeySequence::Redo) && !field->isRedoAvailable());
+}
 
 /// A key of the menu comes to a model dialog itself where nothing in it took it. The dialog keeps
 /// it from the main window, so it is passed on; but those pressed in a text field are the field's,
