@@ -264,15 +264,14 @@ void frmValues::tellLargest()
     ui_->Largest->setVisible(along_.has_value());
     if (!along_)
         return ui_->Largest->clear();
-    QString text = qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
-                       .arg(largest(&StationValues::v), largest(&StationValues::M));
+    ui_->Largest->setText(qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
+                              .arg(largest(&StationValues::v), largest(&StationValues::M)));
     if (hasOneHinge(ui_->Element->value()))
-        text +=
-            '\n'
+        ui_->Largest->setText(
+            ui_->Largest->text() + '\n'
             + qtText(Metafrasi(1877, "This element has one hinge: between its ends the deformed "
                                      "model on the drawing is a simpler curve than this "
-                                     "deflection."));
-    ui_->Largest->setText(text);
+                                     "deflection.")));
 }
 
 // ------------------------------------------------------------------------------------- the cursor
