@@ -227,6 +227,7 @@ void frmValues::fillTable()
 {
     QTableWidget &table = *ui_->Values;
     const QSignalBlocker quiet(table);
+    table.selectionModel()->clear();
     table.setRowCount(static_cast<int>(stations_.size()));
     for (int row = 0; row < table.rowCount(); ++row) {
         const Station &station = stations_[static_cast<std::size_t>(row)];
@@ -264,14 +265,15 @@ void frmValues::tellLargest()
     ui_->Largest->setVisible(along_.has_value());
     if (!along_)
         return ui_->Largest->clear();
-    ui_->Largest->setText(qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
-                              .arg(largest(&StationValues::v), largest(&StationValues::M)));
-    if (hasOneHinge(ui_->Element->value()))
-        ui_->Largest->setText(
-            ui_->Largest->text() + '\n'
-            + qtText(Metafrasi(1877, "This element has one hinge: between its ends the deformed "
-                                     "model on the drawing is a simpler curve than this "
-                                     "deflection.")));
+    ui_->Largest->setText(
+        qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
+            .arg(largest(&StationValues::v), largest(&StationValues::M))
+        + (hasOneHinge(ui_->Element->value())
+               ? '\n'
+                     + qtText(Metafrasi(1877, "This element has one hinge: between its ends the "
+                                              "deformed model on the drawing is a simpler curve "
+                                              "than this deflection."))
+               : QString()));
 }
 
 // ------------------------------------------------------------------------------------- the cursor
@@ -305,8 +307,9 @@ void frmValues::takeTypedPlace()
     if (!along_)
         return;
     leaveRow();
+    constexpr double sixDigits = 1 + 5e-6; // of the length, as it is shown
     const auto x = wholeTypedNumber(ui_->Place);
-    if (x && *x >= 0 && *x <= along_->length + along_->nearness()) // its end as it is shown
+    if (x && *x >= 0 && *x <= along_->length * sixDigits)
         return showValuesAt(std::min(*x, along_->length));
     ui_->AtPlace->setText(
         qtText(Metafrasi(1870, "x is a number from 0 to %1, the length of the element."))
