@@ -68,6 +68,10 @@ bool UndoCommands::eventFilter(QObject *watched, QEvent *event)
         event->ignore();
         return true;
     }
+    if (redoesInField(watched, *event)) {
+        event->accept();
+        return true;
+    }
     if (!pressesInDialog(watched, *event))
         return false;
     event->accept();
@@ -102,9 +106,25 @@ bool UndoCommands::isLeftToModel(const QEvent &event)
            || (key.matches(QKeySequence::Redo) && !field->isRedoAvailable());
 }
 
+/// Where the desktop has other keys for it, a field does not know Ctrl+Y. Its own typing that was
+/// taken back comes before an edit of the model.
+bool UndoCommands::redoesInField(const QObject *watched, const QEvent &event)
+{
+    const bool isPress = event.type() == QEvent::KeyPress;
+    if ((!isPress && event.type() != QEvent::ShortcutOverride)
+        || watched != QApplication::focusWidget()
+        || static_cast<const QKeyEvent &>(event).keyCombination() != (Qt::CTRL | Qt::Key_Y))
+        return false;
+    QLineEdit *field = focusedField();
+    if (field == nullptr || !field->isRedoAvailable())
+        return false;
+    if (isPress)
+        field->redo();
+    return true;
+}
+
 /// A key of the menu comes to a model dialog itself where nothing in it took it. The dialog keeps
-/// it from the main window, so it is passed on; but those pressed in a text field are the field's,
-/// which knows Ctrl+Y on some desktops only.
+/// it from the main window, so it is passed on; but those pressed in a text field are the field's.
 bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) const
 {
     if (event.type() != QEvent::KeyPress || qobject_cast<const ModelDialog *>(watched) == nullptr)
@@ -113,10 +133,8 @@ bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) 
     for (QAction *action : window_->findChild<QMenu *>(commandPlace::editMenu)->actions()) {
         if (!action->shortcuts().contains(keys))
             continue;
-        if (QLineEdit *field = focusedField(); field == nullptr)
+        if (focusedField() == nullptr)
             action->trigger();
-        else if (keys == QKeySequence("Ctrl+Y"))
-            field->redo();
         return true;
     }
     return false;

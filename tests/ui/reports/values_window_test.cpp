@@ -161,22 +161,26 @@ TEST_F(ValuesWindow, ShowsNoValuesOfAModelThatHasChanged)
 TEST_F(ValuesWindow, UndoIsTheModelsUnlessAFieldHasSomethingTyped)
 {
     openOnBeam();
-    const auto undo = [] {
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Z, Qt::ControlModifier);
+    const auto press = [](Qt::Key key) {
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
     };
     QApplication::setActiveWindow(window->findChild<frmValues *>());
     auto *place = find<QLineEdit>("Place");
     for (const char *field : {"Element", "Parts", "Place"}) {
         Stoixeia(1, element::wy) = -12;
         find<QWidget>(field)->setFocus();
-        undo();
+        press(Qt::Key_Z);
         EXPECT_EQ(Stoixeia(1, element::wy), -6) << field;
+        press(Qt::Key_Y);
+        EXPECT_EQ(Stoixeia(1, element::wy), -12) << field;
     }
     Stoixeia(1, element::wy) = -12;
     const QString before = place->text();
     QTest::keyClicks(place, "7");
-    undo();
+    press(Qt::Key_Z);
     EXPECT_EQ(place->text(), before);
+    press(Qt::Key_Y);
+    EXPECT_NE(place->text(), before) << "typing comes back before edits";
     EXPECT_EQ(Stoixeia(1, element::wy), -12);
 }
 
