@@ -13,7 +13,7 @@ namespace veskora {
 
 namespace {
 
-constexpr double rounding = 1e-9; ///< what may come out beside a place or a value, as a part
+constexpr double rounding = 1e-9; ///< what may come out beside a value, as a part of what made it
 
 std::optional<double> ifFinite(double value)
 {
@@ -62,13 +62,20 @@ std::optional<double> AlongElement::v(double x) const
 
 std::optional<double> AlongElement::placeOfExtremeM() const
 {
-    const double part = -Qi / q / length; // not finite without a load
-    return part > rounding && part < 1 - rounding ? std::optional(-Qi / q) : std::nullopt;
+    const double x = -Qi / q; // not finite without a load
+    const bool isRounding = std::max(std::abs(Qi), std::abs(Q(length))) <= leastQ;
+    return !isRounding && x > nearness() && x < length - nearness() ? std::optional(x)
+                                                                    : std::nullopt;
+}
+
+double AlongElement::nearness() const
+{
+    return 1e-6 * length;
 }
 
 AlongElement alongElement(int e)
 {
-    constexpr double part = 1e-12; // of the largest forces of the model
+    constexpr double part = 1e-12; // of the largest of the model
     const auto [length, c, s] = elementGeometry(e);
     const auto [ni, nj] = elementNodes(e);
     const auto along = [c = c, s = s](double x, double y) { return x * c + y * s; };
@@ -76,7 +83,6 @@ AlongElement alongElement(int e)
     const double wx = Stoixeia(e, element::wx), wy = Stoixeia(e, element::wy);
     const double xi = Metatopiseis(freedomOf(ni, 1)), yi = Metatopiseis(freedomOf(ni, 2));
     const double xj = Metatopiseis(freedomOf(nj, 1)), yj = Metatopiseis(freedomOf(nj, 2));
-    const double force = part * std::max(Akrotata(extreme::absN), Akrotata(extreme::absQ));
     AlongElement a{};
     a.length = length;
     a.c = c;
@@ -92,10 +98,14 @@ AlongElement alongElement(int e)
     a.vj = across(xj, yj);
     a.EA = rigidity(e, group::A);
     a.EI = rigidity(e, group::I);
-    a.leastQ = std::max(force, rounding * (std::abs(a.Qi) + std::abs(a.q * length)));
-    a.leastM = std::max(
-        {force * length, part * Akrotata(extreme::absM),
-         rounding * (std::abs(a.Mi) + std::abs(a.Qi * length) + std::abs(a.q * length * length))});
+    const double force = part * std::max(Akrotata(extreme::absN), Akrotata(extreme::absQ));
+    const double shear = std::abs(a.Qi) + std::abs(a.q * length);
+    const double moment = std::abs(a.Mi) + shear * length;
+    const auto bent = ifFinite(strain(moment * length * length / 8, std::abs(a.EI)));
+    a.leastN = std::max(force, rounding * (std::abs(a.Ni) + std::abs(a.n * length)));
+    a.leastQ = std::max(force, rounding * shear);
+    a.leastM = std::max({force * length, part * Akrotata(extreme::absM), rounding * moment});
+    a.leastMove = part * std::max(Akrotata(extreme::maxU), bent.value_or(0));
     return a;
 }
 
@@ -104,7 +114,7 @@ AlongElement alongElement(int e)
 namespace {
 
 /// A curve along an element that counts as 0 up to @p least, and rises or falls all the way from
-/// each of @p breaks, which begin and end with the ends, to the next.
+/// each of @p breaks to the next.
 template <typename Curve>
 struct Piecewise
 {
@@ -127,7 +137,7 @@ struct Piecewise
         }
         return to;
     }
-    /// Where it is 0, ends included; none where it is so at all breaks.
+    /// Where it is 0; none where it is so at all breaks.
     std::vector<double> zeros() const
     {
         std::vector<double> found;
@@ -141,7 +151,7 @@ struct Piecewise
         }
         return found;
     }
-    /// Where it changes its sign between the ends.
+    /// Where it changes its sign.
     std::vector<double> changes() const
     {
         std::vector<double> found;
@@ -160,13 +170,14 @@ struct Piecewise
 template <typename Curve>
 Piecewise(Curve, double, std::vector<double>) -> Piecewise<Curve>;
 
-std::vector<double> withEnds(const std::vector<double> &inner, double length)
+/// @p first, those of @p inner that lie between, @p last.
+std::vector<double> breaksOf(double first, const std::vector<double> &inner, double last)
 {
-    std::vector<double> all = {0};
+    std::vector<double> all = {first};
     for (const double x : inner)
-        if (x > 0 && x < length)
+        if (x > first && x < last)
             all.push_back(x);
-    all.push_back(length);
+    all.push_back(last);
     return all;
 }
 
@@ -183,20 +194,24 @@ std::vector<double> extremesOfV(const AlongElement &a, const std::vector<double>
         return atI + x * (a.Mi + x * (a.Qi / 2 + x * a.q / 6));
     };
     const double least = std::max(rounding * size, a.leastM * L);
-    return Piecewise{slope, least, withEnds(zerosOfM, L)}.changes();
+    std::vector<double> places = Piecewise{slope, least, breaksOf(0, zerosOfM, L)}.changes();
+    std::erase_if(places, [&a, L](double x) { return x < a.nearness() || x > L - a.nearness(); });
+    return places;
 }
 
 class StationList
 {
 public:
-    StationList(double length, int parts) : nearness_(rounding * length)
+    StationList(const AlongElement &along, int parts)
+        : length_(along.length), nearness_(along.nearness())
     {
         for (int k = 0; k <= parts; ++k)
-            list_.push_back({k == parts ? length : k * length / parts});
+            list_.push_back({k == parts ? length_ : k * length_ / parts});
     }
     void mark(const std::vector<double> &places, unsigned as)
     {
-        for (const double x : places) {
+        for (const double place : places) {
+            const double x = std::clamp(place, 0.0, length_);
             auto at = std::find_if(list_.begin(), list_.end(),
                                    [&](const Station &s) { return s.x >= x - nearness_; });
             if (at == list_.end() || at->x > x + nearness_)
@@ -207,42 +222,69 @@ public:
     std::vector<Station> take() { return std::move(list_); }
 
 private:
-    double nearness_;
+    double length_, nearness_;
     std::vector<Station> list_;
 };
+
+/// 0 for what does not exceed @p least.
+std::optional<double> roundedOff(double value, double least)
+{
+    return std::abs(value) <= least ? 0 : ifFinite(value);
+}
 
 } // namespace
 
 std::vector<Station> stations(const AlongElement &a, int parts)
 {
-    const Piecewise shear{[&a](double x) { return a.Q(x); }, a.leastQ, withEnds({}, a.length)};
-    const std::vector<double> zerosOfQ = shear.zeros();
-    std::vector<double> tops;
-    if (const auto top = a.placeOfExtremeM(); top && !zerosOfQ.empty()) // else q is rounding
-        tops.push_back(*top);
-    const Piecewise moment{[&a](double x) { return a.M(x); }, a.leastM, withEnds(tops, a.length)};
+    // What is 0 just beyond an end is 0 at it, and so at the end of the element that goes on there.
+    const double first = -a.nearness(), last = a.length + a.nearness();
+    const Piecewise shear{[&a](double x) { return a.Q(x); }, a.leastQ, breaksOf(first, {}, last)};
+    const Piecewise moment{[&a](double x) { return a.M(x); }, a.leastM,
+                           breaksOf(first, {-a.Qi / a.q}, last)};
     const std::vector<double> zerosOfM = moment.zeros();
-    StationList list(a.length, parts);
-    list.mark(tops, placeMark::extremeM);
-    list.mark(zerosOfQ, placeMark::zeroQ);
+    StationList list(a, parts);
+    if (const auto top = a.placeOfExtremeM())
+        list.mark({*top}, placeMark::extremeM);
+    list.mark(shear.zeros(), placeMark::zeroQ);
     list.mark(zerosOfM, placeMark::zeroM);
     list.mark(extremesOfV(a, zerosOfM), placeMark::extremeV);
     return list.take();
 }
 
+Station stationAt(const AlongElement &a, const std::vector<Station> &all, double x)
+{
+    const auto at = std::find_if(all.begin(), all.end(), [&](const Station &s) {
+        return std::abs(s.x - x) <= a.nearness();
+    });
+    return at == all.end() ? Station{x} : *at;
+}
+
 StationValues valuesAt(const AlongElement &a, const Station &station)
 {
     const double x = station.x;
+    const auto has = [&station](unsigned mark) { return (station.marks & mark) != 0; };
     StationValues values;
-    values.N = ifFinite(a.N(x));
-    values.Q = ifFinite((station.marks & placeMark::zeroQ) != 0 ? 0 : a.Q(x));
-    values.M = ifFinite((station.marks & placeMark::zeroM) != 0 ? 0 : a.M(x));
-    values.v = a.v(x);
-    if (const auto u = a.u(x); u && values.v) {
-        values.dx = ifFinite(*u * a.c - *values.v * a.s);
-        values.dy = ifFinite(*u * a.s + *values.v * a.c);
+    values.N = roundedOff(a.N(x), a.leastN);
+    values.Q = roundedOff(has(placeMark::zeroQ) ? 0 : a.Q(x), a.leastQ);
+    values.M = roundedOff(has(placeMark::zeroM) ? 0 : a.M(x), a.leastM);
+    const auto u = a.u(x), v = a.v(x);
+    if (v)
+        values.v = roundedOff(*v, a.leastMove);
+    if (u && v) {
+        values.dx = roundedOff(*u * a.c - *v * a.s, a.leastMove);
+        values.dy = roundedOff(*u * a.s + *v * a.c, a.leastMove);
     }
     return values;
+}
+
+std::string markNames(unsigned marks, const std::array<std::string, 4> &names,
+                      const char *separator)
+{
+    std::string text;
+    for (std::size_t bit = 0; bit < names.size(); ++bit)
+        if ((marks >> bit & 1U) != 0)
+            (text += text.empty() ? "" : separator) += names[bit];
+    return text;
 }
 
 // ------------------------------------------------------------------------------- between the ends

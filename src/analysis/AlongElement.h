@@ -8,7 +8,9 @@
 /// (Timoshenko and Young, Theory of Structures, 2nd ed., chapter 6; Przemieniecki, Theory of Matrix
 /// Structural Analysis, chapter 5).
 
+#include <array>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace veskora {
@@ -19,13 +21,17 @@ namespace veskora {
 struct AlongElement
 {
     double length;
-    double c, s;           ///< cosine and sine of the angle from global to local x
-    double Ni, Qi, Mi;     ///< at end i
-    double n, q;           ///< load per unit of length
-    double ui, uj;         ///< displacements of the ends along local x
-    double vi, vj;         ///< along local y, which points to the left, seen from i to j
-    double EA, EI;         ///< not a number where the element has no group
-    double leastQ, leastM; ///< what is not larger than these is 0 but for rounding
+    double c, s;       ///< cosine and sine of the angle from global to local x
+    double Ni, Qi, Mi; ///< at end i
+    double n, q;       ///< load per unit of length
+    double ui, uj;     ///< displacements of the ends along local x
+    double vi, vj;     ///< along local y, which points to the left, seen from i to j
+    double EA, EI;     ///< not a number where the element has no group
+    /// @name What is not larger is 0 but for rounding
+    /// @{
+    double leastN, leastQ, leastM;
+    double leastMove; ///< of displacements
+    /// @}
 
     double N(double x) const { return Ni - n * x; }
     double Q(double x) const { return Qi + q * x; }
@@ -40,6 +46,9 @@ struct AlongElement
 
     /// Where M has its extreme between the ends; none where it is straight or has it at an end.
     std::optional<double> placeOfExtremeM() const;
+
+    /// How far off a place may lie: coordinates are Singles.
+    double nearness() const;
 };
 
 /// Of element @p e and the results in the store, which belong together.
@@ -54,6 +63,10 @@ inline constexpr unsigned zeroQ = 4;
 inline constexpr unsigned zeroM = 8;
 } // namespace placeMark
 
+/// Those of @p names whose marks are set, in the order of the bits.
+std::string markNames(unsigned marks, const std::array<std::string, 4> &names,
+                      const char *separator);
+
 /// Equal parts of an element: what is usual, and the most.
 inline constexpr int usualParts = 10, maxParts = 100;
 
@@ -63,12 +76,16 @@ struct Station
     unsigned marks = 0;
 };
 
-/// The ends of @p parts equal parts of the element and every place with a mark, by x, each once.
-/// An extreme stands between the ends, a zero may stand at one. What is 0 all along, or turns
-/// without standing out from rounding, has no mark.
+/// The ends of @p parts equal parts of the element and every place with a mark, by x, each once: a
+/// special place that cannot be told from one that is there already is that one. An extreme stands
+/// between the ends, a zero may stand at one. What is 0 all along, or turns without standing out
+/// from rounding, has no mark.
 std::vector<Station> stations(const AlongElement &along, int parts);
 
-/// All that is to be known at a station; none where it is not finite.
+/// That of @p all at @p x, or else one without marks there.
+Station stationAt(const AlongElement &along, const std::vector<Station> &all, double x);
+
+/// All that is to be known at a station; none where it is not finite, 0 where it is rounding.
 struct StationValues
 {
     std::optional<double> N, Q, M;

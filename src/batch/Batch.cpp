@@ -130,7 +130,9 @@ private:
         const std::string target = pathOf(output, model);
         if (!made.note.empty())
             tell(target, made.note);
-        const std::string failure = deliver(target, made.content, order_.print && output.isPrinted);
+        const std::string failure =
+            made.content.empty() ? ""
+                                 : deliver(target, made.content, order_.print && output.isPrinted);
         return failure.empty() ? made.failure : failure;
     }
 

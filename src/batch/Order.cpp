@@ -240,6 +240,7 @@ std::string takeOption(Order &order, const std::vector<std::string> &arguments, 
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
         return "unknown option " + name;
+    order.shapesSteps = order.shapesSteps || name.starts_with("--steps-");
     if (i + 1 < arguments.size() && option->take(order, arguments[++i]))
         return {};
     return name + " needs " + option->needs;
@@ -264,9 +265,7 @@ std::string contradiction(const Order &order)
         return "--summary - and - exclude each other: both print";
     if (shapesPictures && !order.wantsPictures())
         return "--fit, --size and --label-scale need --pictures";
-    if (!order.steps
-        && (!order.shownSteps.elements.empty()
-            || order.shownSteps.digits != steps::Choice().digits))
+    if (order.shapesSteps && !order.steps)
         return "--steps-elements and --steps-digits need --steps";
     if ((order.paper || order.title || order.author) && !order.pdf)
         return "--paper, --title and --author need --pdf";

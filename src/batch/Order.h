@@ -35,6 +35,7 @@ struct Order
     double labelScale = 1;
     std::optional<std::string> paper, title, author; ///< of the calculation report
     steps::Choice shownSteps;
+    bool shapesSteps = false; ///< an option has asked for others than usual
     std::vector<std::string> models;
     std::string complaint; ///< not empty: wrong usage
 

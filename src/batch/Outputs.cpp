@@ -3,13 +3,15 @@
 #include "Anafora.h"
 #include "CalculationReport.h"
 #include "CheckText.h"
-#include "MathFunc.h"
 #include "Metablites.h"
 #include "ModelCheck.h"
 #include "Pictures.h"
 #include "ResultTables.h"
+#include "RowQueries.h"
+#include "Sentences.h"
 #include "StepsFile.h"
 
+#include <algorithm>
 #include <array>
 
 namespace veskora {
@@ -37,18 +39,31 @@ Made csv(const Order &order)
     return {csvText(table(), csvForm(order)), {}, {}};
 }
 
+Made spans(const Order &order)
+{
+    return {csvText(spansTable(order.parts), csvForm(order)), {}, {}};
+}
+
 Made values(const Order &order)
 {
-    return {csvText(valuesTable(order.parts), csvForm(order)), {}, {}};
+    return {csvText(valuesTable(order.parts), {.isRegional = order.regional}), {}, {}};
 }
 
 Made stepsOf(const Order &order)
 {
-    std::vector<int> missing = order.shownSteps.elements;
+    const auto isAsked = [&](int e) {
+        return std::ranges::count(order.shownSteps.elements, e) > 0;
+    };
+    std::vector<int> missing = rowsWhere(maxElements, isAsked);
+    const std::size_t asked = missing.size();
     std::erase_if(missing, [](int e) { return e <= Arithmos_Stoixeion; });
-    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)),
-            missing.empty() ? "" : "the model has no element " + numberText(missing.front()),
-            {}};
+    if (missing.empty())
+        return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), {}, {}};
+    const std::string note =
+        "the model has no " + forRows("element |elements ", missing.size()) + rowList(missing);
+    if (missing.size() == asked)
+        return {{}, {}, note + ", none of those to show"};
+    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), note, {}};
 }
 
 template <std::int16_t shown, PictureForm form>
@@ -73,7 +88,7 @@ Made calculation(const Order &order)
 
 CsvForm csvForm(const Order &order)
 {
-    return order.regional ? CsvForm::regional : CsvForm::international;
+    return {.isRegional = order.regional, .lineEnd = CsvForm::lf};
 }
 
 std::span<const Output> outputs()
@@ -82,7 +97,7 @@ std::span<const Output> outputs()
         {".txt", nullptr, true, true, report},
         {"_check.txt", &Order::check, false, true, check},
         {"_ends.csv", &Order::csv, true, false, csv<endsTable>},
-        {"_spans.csv", &Order::csv, true, false, csv<spansTable>},
+        {"_spans.csv", &Order::csv, true, false, spans},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
         {"_values.csv", &Order::values, true, false, values},
         {"_steps.html", &Order::steps, false, false, stepsOf},

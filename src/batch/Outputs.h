@@ -12,9 +12,9 @@ namespace veskora {
 /// What was made for a file.
 struct Made
 {
-    std::string content;
+    std::string content; ///< empty: there is none, and no file
     std::string note;    ///< told to the user, though nothing failed
-    std::string failure; ///< why the model counts as failed, though the content is whole
+    std::string failure; ///< why the model counts as failed, though what content there is is whole
 };
 
 /// A file of each model.
@@ -27,7 +27,7 @@ struct Output
     Made (*make)(const Order &order);
 };
 
-/// How the tables of the run are written.
+/// How the tables of the run are written, but for the values along the elements.
 CsvForm csvForm(const Order &order);
 
 /// In the order in which they are made.

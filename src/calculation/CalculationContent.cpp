@@ -65,6 +65,12 @@ public:
 private:
     void add(Block block) { document_.blocks.push_back(std::move(block)); }
     void note(const std::string &text) { add(Paragraph{text}); }
+    void warnings()
+    {
+        for (const ResultWarning warning : resultWarnings())
+            if (warning != ResultWarning::notAnalysed)
+                add(Paragraph{textOf(warning), Paragraph::Kind::warning});
+    }
     void heading(int level, const std::string &text)
     {
         section_ = level == 1 ? 0 : section_ + 1;
@@ -74,13 +80,11 @@ private:
             numbered.append(".").append(numberText(section_));
         add(Heading{level, numbered.append("  ").append(text)});
     }
-    void table(const std::string &title, TextTable cells, const std::string &said = {})
+    void table(const std::string &title, TextTable cells)
     {
         if (cells.size() < 2)
             return;
         heading(2, title);
-        if (!said.empty())
-            add(Paragraph{said, Paragraph::Kind::lead});
         add(std::move(cells));
     }
 
@@ -93,9 +97,7 @@ private:
         if (!options_.author.empty())
             title.lines.insert(title.lines.begin(), {Metafrasi(1923, "Author"), options_.author});
         add(std::move(title));
-        for (const ResultWarning warning : resultWarnings())
-            if (warning != ResultWarning::notAnalysed)
-                add(Paragraph{textOf(warning), Paragraph::Kind::warning});
+        warnings();
         if (!hasResults)
             add(Paragraph{Metafrasi(1941, "There are no results: the model has not been analysed, "
                                           "or its analysis failed."),
@@ -127,31 +129,56 @@ private:
         table(Metafrasi(357, "Elemental loads"), elementalLoadCells(number_));
     }
 
-    void diagram(const std::string &title, std::int16_t shown, TextTable extremes)
+    void diagram(const std::string &title, std::int16_t shown, std::vector<TextTable> extremes)
     {
         heading(2, title);
+        warnings();
         add(Picture{shown, std::move(extremes)});
     }
 
-    TextTable forceExtremes(const char *letter, const StressResultant &resultant) const
+    void resultTable(const std::string &title, TextTable cells, const std::string &said)
+    {
+        if (cells.size() < 2)
+            return;
+        heading(2, title);
+        warnings();
+        add(Paragraph{said, Paragraph::Kind::lead});
+        add(std::move(cells));
+    }
+
+    std::vector<TextTable> forceExtremes(const char *letter, const StressResultant &resultant) const
     {
         const auto range = forceRange(resultant);
         if (!range)
             return {};
-        TextTable table = {headerRow({"", letter, Metafrasi(342, "Element"), "x"})};
+        const bool leavesSpans = resultant.column == resultantM.column && Allagi_Montelou;
+        TextTable table = {headerRow({leavesSpans ? Metafrasi(1951, "at the ends only") : "",
+                                      letter, Metafrasi(342, "Element"), "x"})};
         const auto add = [&](const char *name, const PlacedForce &force) {
             table.push_back(
                 row({name, number_(force.value), numberText(force.e), number_(force.x)}));
         };
         add("max.", range->largest);
         add("min.", range->smallest);
-        return table;
+        return {table};
     }
 
-    TextTable displacementExtremes() const
+    std::vector<TextTable> displacementExtremes() const
     {
-        const std::string at = Metafrasi(340, "Node");
-        std::vector<std::string> most = {"max."}, least = {"min."};
+        std::vector<TextTable> tables = {nodeExtremes()};
+        if (const auto between = largestDeflectionBetweenEnds())
+            tables.push_back(
+                {headerRow(
+                     {"", Metafrasi(1953, "Largest deflection"), Metafrasi(342, "Element"), "x"}),
+                 row({Metafrasi(1954, "Across an element, between its ends"), number_(between->v),
+                      numberText(between->e), number_(between->x)})});
+        return tables;
+    }
+
+    TextTable nodeExtremes() const
+    {
+        const std::string at = Metafrasi(340, "Node"), name = Metafrasi(1952, "Of nodes:");
+        std::vector<std::string> most = {name + " max."}, least = {name + " min."};
         for (int k = 1; k <= 3; ++k) {
             const auto [largest, smallest] = displacementRange(k);
             for (auto [cells, n] : {std::pair{&most, largest}, std::pair{&least, smallest}}) {
@@ -184,16 +211,20 @@ private:
     void results()
     {
         heading(1, Metafrasi(1208, "Results"));
-        table(Metafrasi(312, "Node displacements"), displacementCells(number_),
-              Metafrasi(1944, "Along the global axes; rotations in radians. Blue is the largest "
+        resultTable(Metafrasi(312, "Node displacements"), displacementCells(number_),
+                    Metafrasi(1944,
+                              "Along the global axes; rotations in radians. Blue is the largest "
                               "value of a column, red the smallest, where a held one counts as 0; "
-                              "green is that of a spring."));
-        table(Metafrasi(313, "Element forces"), endForceCells(number_),
-              Metafrasi(1945, "Forces that the nodes apply to the ends of the elements, along the "
+                              "green is one at a spring, even where it is the largest or the "
+                              "smallest."));
+        resultTable(Metafrasi(313, "Element forces"), endForceCells(number_),
+                    Metafrasi(1945,
+                              "Forces that the nodes apply to the ends of the elements, along the "
                               "local axes: x from node i to node j, y 90 degrees counter-clockwise "
                               "from it."));
-        table(Metafrasi(314, "Constraint-Spring reactions"), reactionCells(number_),
-              Metafrasi(1946, "Forces of supports and springs on the structure, along the global "
+        resultTable(Metafrasi(314, "Constraint-Spring reactions"), reactionCells(number_),
+                    Metafrasi(1946,
+                              "Forces of supports and springs on the structure, along the global "
                               "axes; green is that of a spring."));
         if (!Allagi_Montelou) // else they are not of these loads
             sums();

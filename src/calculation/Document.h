@@ -33,20 +33,20 @@ struct Paragraph
 {
     enum class Kind {
         plain,
-        lead, ///< to what follows, from which no page parts it
-        bold, ///< the same
-        warning
+        lead,   ///< to what follows, from which no page parts it
+        bold,   ///< the same
+        warning ///< the same
     };
 
     std::string text; ///< CR LF parts its lines
     Kind kind = Kind::plain;
 };
 
-/// What the canvas shows as @ref shown, one of `view`, over its extremes.
+/// What the canvas shows as @ref shown, one of `view`, over tables of its extremes.
 struct Picture
 {
     std::int16_t shown;
-    TextTable extremes; ///< may be empty
+    std::vector<TextTable> extremes;
 };
 
 using Block = std::variant<TitleBlock, Contents, Heading, Paragraph, TextTable, Picture>;

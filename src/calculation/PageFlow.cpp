@@ -92,7 +92,7 @@ private:
         return begin + blocks[index + 1]->spaceAbove() + heightToBegin(blocks, index + 1);
     }
 
-    /// At least one part is taken, and none is left to stand alone on the next page.
+    /// At least one part is taken, and few are not left to stand alone on the next page.
     std::size_t lastOnPage(const PrintedBlock &block, std::size_t first) const
     {
         std::size_t end = first + 1;
@@ -101,8 +101,12 @@ private:
             if (y > height_)
                 break;
         }
-        const bool leavesOne = end + 1 == block.parts();
-        return leavesOne && end - first > block.partsToBegin() ? end - 1 : end;
+        constexpr std::size_t least = 3;
+        const std::size_t left = block.parts() - end;
+        if (left == 0 || left >= least)
+            return end;
+        const std::size_t enough = first + std::min(block.partsToBegin(), end - first);
+        return std::max(enough, end - std::min(end, least - left));
     }
 
     void turn()

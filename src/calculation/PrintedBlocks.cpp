@@ -1,10 +1,13 @@
 #include "PrintedBlocks.h"
 
 #include "Functions.h"
+#include "MathFunc.h"
 #include "PaperKanvas.h"
 #include "PrintedTable.h"
 #include "QtColour.h"
 #include "ReportPicture.h"
+#include "ResultWarnings.h"
+#include "Sentences.h"
 
 #include <algorithm>
 #include <map>
@@ -169,24 +172,21 @@ private:
     std::vector<Entry> entries_;
 };
 
-/// Half a page with its heading; where more shows the model clearly larger as much as that takes,
-/// up to a whole one.
+/// Half a page with its heading, or a whole one where that shows the model clearly larger.
 double pictureHeight(const Sheet &sheet)
 {
-    const double whole = sheet.height() - sheet.cm(3.4); // two headings and a note
-    const double half = whole / 2 - sheet.cm(0.7);
-    const double below = sheet.cm(2.2); // caption and extremes
-    const auto [width, height] = modelSize();
-    const auto margins = [&](double room) { // for ordinates and their values
-        return sheet.cm(3) + 0.2 * std::min(sheet.width(), room - below);
-    };
-    const auto scale = [&, w = width, h = height](double room) {
-        return std::min((sheet.width() - margins(room)) / w, (room - below - margins(room)) / h);
+    const double warnings = static_cast<double>(resultWarnings().size()) * sheet.cm(0.6);
+    const double whole = sheet.height() - sheet.cm(3.4) - 2 * warnings; // two headings and a note
+    const double half = whole / 2 - sheet.cm(0.5);
+    const double below = sheet.cm(2.5); // caption and extremes
+    const ModelBox model = modelBox();
+    const auto scale = [&](double room) {
+        const double ordinates = sheet.cm(2) + 0.2 * std::min(sheet.width(), room - below);
+        return std::min((sheet.width() - ordinates) / (model.right - model.left),
+                        (room - below - ordinates) / (model.top - model.bottom));
     };
     constexpr double clearly = 1.8;
-    if (scale(whole) <= clearly * scale(half))
-        return half;
-    return std::min(whole, scale(whole) * height + margins(whole) + below);
+    return scale(whole) > clearly * scale(half) ? whole : half;
 }
 
 class PrintedPicture : public PrintedBlock
@@ -198,20 +198,27 @@ public:
           shown_(picture.shown),
           height_(pictureHeight(sheet))
     {
-        if (!picture.extremes.empty())
-            extremes_ = std::make_unique<PrintedTable>(picture.extremes, sheet);
+        for (const TextTable &table : picture.extremes)
+            extremes_.emplace_back(table, sheet);
     }
     double heightOf(std::size_t) const override { return height_; }
     double spaceAbove() const override { return sheet_.cm(0.15); }
     void paint(QPainter &painter, double top, std::size_t, std::size_t) const override
     {
-        const double lines = captionLines * lineHeight();
-        const double below = extremes_ ? extremes_->height(0, extremes_->parts()) : 0;
-        const QRectF area(0, top, sheet_.width(), height_ - lines - below);
+        double below = captionLines * lineHeight();
+        for (const PrintedTable &table : extremes_)
+            below += table.spaceAbove() + table.height(0, table.parts());
+        const QRectF area(0, top, sheet_.width(), height_ - below);
         PaperKanvas kanvas(painter, area, sheet_.cm(1));
         kanvas.setForPrint();
-        const std::string caption = drawReportPicture(shown_, kanvas);
+        kanvas.setCrowded(Crowded::leaveOut);
+        std::string caption = drawReportPicture(shown_, kanvas);
         kanvas.finish();
+        if (const int hidden = kanvas.valuesWithoutRoom(); hidden > 0)
+            caption += ". "
+                       + filled(Metafrasi(1950, "Values without room in the picture, which the "
+                                                "tables have: %1"),
+                                {numberText(hidden)});
         painter.setBrush(Qt::NoBrush);
         painter.setPen(QPen(Qt::gray, sheet_.cm(ruleWidth)));
         painter.drawRect(area);
@@ -224,19 +231,23 @@ public:
             painter.drawText(QPointF(0, y), row);
             y += lineHeight();
         }
-        if (extremes_)
-            extremes_->paint(painter, area.bottom() + lines, 0, extremes_->parts());
+        y -= 0.7 * lineHeight(); // from a base line to where a table begins
+        for (const PrintedTable &table : extremes_) {
+            y += table.spaceAbove();
+            table.paint(painter, y, 0, table.parts());
+            y += table.height(0, table.parts());
+        }
     }
 
 private:
-    static constexpr int captionLines = 2;
+    static constexpr int captionLines = 3;
     double lineHeight() const { return sheet_.metrics(font_).lineSpacing(); }
 
     const Sheet sheet_;
     QFont font_;
     std::int16_t shown_;
     double height_;
-    std::unique_ptr<PrintedTable> extremes_;
+    std::vector<PrintedTable> extremes_;
 };
 
 /// One of the alternatives of `Block` each.
@@ -266,8 +277,7 @@ struct Print
         return std::make_unique<PrintedText>(
             paragraph.text, sheet.font(textPoints, isBold || isWarning),
             isWarning ? qtColour(logColourWord(logColour::red)) : QColor(Qt::black),
-            sheet.cm(isBold ? 0.35 : 0.15), sheet,
-            isBold || paragraph.kind == Paragraph::Kind::lead);
+            sheet.cm(isBold ? 0.35 : 0.15), sheet, paragraph.kind != Paragraph::Kind::plain);
     }
     Printed operator()(const TextTable &table) const
     {

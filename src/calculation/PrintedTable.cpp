@@ -22,6 +22,26 @@ PrintedTable::PrintedTable(const TextTable &table, const Sheet &sheet) : sheet_(
         ;
 }
 
+PrintedTable::Cell::Cell(const QString &text, std::uint32_t asked) : whole(text), colour(asked)
+{
+    const qsizetype sign = text.startsWith('-') ? 1 : 0;
+    qsizetype end = sign;
+    while (end < text.size() && text[end].isDigit())
+        ++end;
+    if (end == sign)
+        return;
+    kind = text.contains('E') ? Kind::exponential : Kind::number;
+    if (kind == Kind::number) {
+        whole = text.left(end);
+        fraction = text.mid(end);
+    }
+}
+
+double PrintedTable::Column::behind(const Cell &cell) const
+{
+    return cell.kind == Cell::Kind::number ? fraction : 0;
+}
+
 void PrintedTable::takeRows(const TextTable &table)
 {
     std::size_t first = 1;
@@ -33,14 +53,7 @@ void PrintedTable::takeRows(const TextTable &table)
         }
         std::vector<Cell> &cells = rows_.emplace_back();
         for (const auto &[text, colour] : row.cells) {
-            const auto shown = QString::fromStdString(text);
-            const qsizetype digits = shown.startsWith('-') ? 1 : 0;
-            qsizetype whole = digits;
-            while (whole < shown.size() && shown[whole].isDigit())
-                ++whole;
-            const bool isNumber = whole > digits;
-            cells.push_back({isNumber ? shown.left(whole) : shown,
-                             isNumber ? shown.mid(whole) : QString(), isNumber, colour});
+            cells.emplace_back(QString::fromStdString(text), colour);
         }
     }
     if (groups_.empty())
@@ -57,19 +70,23 @@ double PrintedTable::setColumns(double points)
     rowHeight_ = lineSpacing * metrics.height();
     const double gap = sheet_.cm(points / usualPoints * 0.6);
     columns_.assign(rows_.front().size(), {});
-    for (std::size_t row = 1; row < rows_.size(); ++row)
-        for (std::size_t k = 0; k < rows_[row].size(); ++k) {
-            const Cell &cell = rows_[row][k];
-            double &width = cell.isNumber ? columns_[k].whole : columns_[k].width;
-            width = std::max(width, metrics.horizontalAdvance(cell.whole));
-            columns_[k].fraction =
-                std::max(columns_[k].fraction, metrics.horizontalAdvance(cell.fraction));
-        }
+    const auto rowsDo = [&](auto take) {
+        for (std::size_t row = 1; row < rows_.size(); ++row)
+            for (std::size_t k = 0; k < rows_[row].size(); ++k)
+                take(columns_[k], rows_[row][k]);
+    };
+    rowsDo([&](Column &column, const Cell &cell) {
+        column.hasNumbers |= cell.kind != Cell::Kind::text;
+        column.fraction = std::max(column.fraction, metrics.horizontalAdvance(cell.fraction));
+    });
+    rowsDo([&](Column &column, const Cell &cell) {
+        column.width =
+            std::max(column.width, metrics.horizontalAdvance(cell.whole) + column.behind(cell));
+    });
     double left = 0;
     for (std::size_t k = 0; k < columns_.size(); ++k) {
         Column &column = columns_[k];
-        column.width = std::max({column.width, column.whole + column.fraction,
-                                 header.horizontalAdvance(rows_.front()[k].whole)});
+        column.width = std::max(column.width, header.horizontalAdvance(rows_.front()[k].whole));
         column.left = left;
         left += column.width + gap;
     }
@@ -87,11 +104,9 @@ void PrintedTable::paintCell(QPainter &painter, const Cell &cell, const Column &
 {
     const QFontMetricsF metrics(painter.font(), painter.device());
     painter.setPen(qtColour(cell.colour));
-    const double whole = metrics.horizontalAdvance(cell.whole);
-    const double block = column.whole + column.fraction;
-    const double left = cell.isNumber
-                            ? column.left + (column.width - block) / 2 + column.whole - whole
-                            : column.left + (column.width - whole) / 2;
+    const double numberLeft =
+        column.left + column.width - column.behind(cell) - metrics.horizontalAdvance(cell.whole);
+    const double left = column.hasNumbers ? numberLeft : column.left;
     painter.drawText(QPointF(left, baseline), cell.whole + cell.fraction);
 }
 
@@ -99,13 +114,8 @@ void PrintedTable::paintHeader(QPainter &painter, double top) const
 {
     painter.setFont(headerFont_);
     const double baseline = top + sheet_.metrics(headerFont_).ascent();
-    for (std::size_t k = 0; k < columns_.size(); ++k) {
-        Cell cell = rows_.front()[k];
-        cell.whole += cell.fraction;
-        cell.fraction.clear();
-        cell.isNumber = false;
-        paintCell(painter, cell, columns_[k], baseline);
-    }
+    for (std::size_t k = 0; k < columns_.size(); ++k)
+        paintCell(painter, rows_.front()[k], columns_[k], baseline);
     const double line = top + rowHeight_;
     painter.setPen(QPen(Qt::black, sheet_.cm(ruleWidth)));
     painter.drawLine(QPointF(0, line), QPointF(columns_.back().left + columns_.back().width, line));

@@ -1,7 +1,7 @@
 #pragma once
 /// @file
-/// A table on paper: numbers stand with their decimal separators under each other, and the header
-/// is repeated on each page.
+/// A table on paper: numbers stand at the right with their decimal separators under each other,
+/// names at the left, and the header is repeated on each page.
 
 #include "PageFlow.h"
 #include "ResultCells.h"
@@ -25,13 +25,24 @@ public:
 private:
     struct Cell
     {
-        QString whole, fraction; ///< a text that is no number is whole
-        bool isNumber;
+        enum class Kind {
+            text,
+            number,
+            exponential ///< not put under the others: it would push them far to the left
+        };
+
+        Cell(const QString &text, std::uint32_t colour);
+
+        Kind kind = Kind::text;
+        QString whole, fraction; ///< only a number has a fraction, its separator included
         std::uint32_t colour;
     };
     struct Column
     {
-        double left, width, whole, fraction;
+        double left = 0, width = 0, fraction = 0;
+        bool hasNumbers = false;
+
+        double behind(const Cell &cell) const; ///< free, for the fractions of others
     };
     /// Rows that stay together.
     struct Group

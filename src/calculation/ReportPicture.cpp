@@ -2,10 +2,10 @@
 
 #include "DiagramFit.h"
 #include "Functions.h"
-#include "Kanvas.h"
+#include "InkKanvas.h"
+#include "KeptView.h"
 #include "MathFunc.h"
 #include "Metablites.h"
-#include "Registry.h"
 #include "ResultCells.h"
 #include "Sentences.h"
 #include "Sxediastika.h"
@@ -14,95 +14,112 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <vector>
 
 namespace veskora {
 
 namespace {
 
-/// What drawing reads of the store beside the model, and writes: given back at the end of the
-/// scope.
-class KeptView
+/// Draws, and keeps out of the log that values are too large to be shown.
+/// @return whether there are such
+bool drawAndSeeWhetherValuesAreLost()
 {
-public:
-    KeptView()
-    {
-        for (const Setting &setting : settings)
-            values_.push_back(currentValue(setting));
-    }
-    ~KeptView()
-    {
-        for (std::size_t i = 0; i < values_.size(); ++i)
-            takeOver(settings[i], values_[i]);
-        setView(view_);
-        Katastasi_Provolis = shown_;
-        roundingReportedFor = rounding_;
-        denseGridReported = denseGrid_;
-        gridPosition = gridPosition_;
-    }
-    KeptView(const KeptView &) = delete;
-    KeptView &operator=(const KeptView &) = delete;
+    const auto decimals = decimalsShown();
+    roundingReportedFor =
+        decimals ? std::optional(RoundedPicture{Katastasi_Provolis, *decimals}) : std::nullopt;
+    Ananeosi_Sxediou();
+    return roundingReportedFor.has_value();
+}
 
-private:
-    std::vector<SettingValue> values_;
-    const CanvasView view_ = currentView();
-    const std::int16_t shown_ = Katastasi_Provolis;
-    const std::optional<RoundedPicture> rounding_ = roundingReportedFor;
-    const bool denseGrid_ = denseGridReported;
-    const std::int16_t gridPosition_ = gridPosition;
+std::string lostText(bool hasTooLarge)
+{
+    const auto decimals = decimalsShown();
+    if (!decimals)
+        return {};
+    const double power = std::pow(10.0, *decimals);
+    std::string text;
+    if (hasTooLarge)
+        text += ". "
+                + Metafrasi(136, "Values beyond this limit are shown as 0; use fewer decimals or "
+                                 "larger units:")
+                + " " + numberText(std::numeric_limits<std::int32_t>::max() / power);
+    if (showsTooFewDecimals())
+        text += ". "
+                + Metafrasi(1948, "Values below this limit are shown as 0; use more decimals or "
+                                  "smaller units:")
+                + " " + numberText(0.5 / power);
+    return text;
+}
+
+/// What stays free around the nodes; centimetres.
+struct Margins
+{
+    double left, top, right, bottom;
 };
 
-std::optional<std::int16_t> decimalsShown()
+/// What the picture draws beyond the nodes, and the lines of text above it.
+Margins drawnMargins(const ModelBox &model)
 {
-    switch (Katastasi_Provolis) {
-    case view::M:
-        return dekadika_M;
-    case view::Q:
-        return dekadika_Q;
-    case view::N:
-        return dekadika_N;
-    default:
-        return std::nullopt;
+    InkKanvas ink(Picture1());
+    {
+        const CanvasInUse inUse(ink);
+        drawAndSeeWhetherValuesAreLost();
     }
+    const QRectF covered = ink.finish();
+    constexpr double air = 0.15;
+    const auto beyond = [](double length) { return std::max(length, 0.0) + air; };
+    return {beyond(Kosmos_X(model.left) - covered.left()),
+            beyond(Kosmos_Y(model.top) - covered.top()) + ink.noteBottom(),
+            beyond(covered.right() - Kosmos_X(model.right)),
+            beyond(covered.bottom() - Kosmos_Y(model.bottom))};
 }
 
-/// Draws, and keeps out of the log that values are too large to be shown.
-/// @return that for the caption; empty where all are shown
-std::string drawAndTellOfLostValues()
+/// Two digits, no less than @p scale.
+double roundedUp(double scale)
 {
-    const std::optional<std::int16_t> decimals = decimalsShown();
-    roundingReportedFor.reset();
-    if (decimals)
-        roundingReportedFor = {Katastasi_Provolis, *decimals};
-    Ananeosi_Sxediou();
-    if (!roundingReportedFor)
-        return {};
-    const double limit = std::numeric_limits<std::int32_t>::max() / std::pow(10.0, *decimals);
-    return Metafrasi(136, "Values beyond this limit are shown as 0; use fewer decimals or larger "
-                          "units:")
-           + " " + numberText(limit);
+    const double step = std::pow(10, std::floor(std::log10(scale)) - 1);
+    return step * std::ceil(scale / step);
 }
 
-/// Leaves the scale of the view two digits, no finer than it is; the middle stays.
-void roundScale()
+/// Puts the model into the middle of what @p margins leave, as large as it can be there.
+void placeModel(const ModelBox &model, const Margins &margins)
 {
-    const double step = std::pow(10, std::floor(std::log10(Klimaka)) - 1);
-    const double rounded = step * std::ceil(Klimaka / step);
-    zoomAbout(Picture1().width() / 2, Picture1().height() / 2, Klimaka / rounded);
+    constexpr double leastShare = 0.3; // of the picture, whatever stands around the model
+    const auto room = [](double whole, double before, double behind) {
+        return std::max(whole - before - behind, leastShare * whole);
+    };
+    const double roomX = room(Picture1().width(), margins.left, margins.right);
+    const double roomY = room(Picture1().height(), margins.top, margins.bottom);
+    const double width = model.right - model.left, height = model.top - model.bottom;
+    const double needed = 100 * std::max(width / roomX, height / roomY);
+    if (std::isnormal(static_cast<float>(needed)))
+        Klimaka = static_cast<float>(roundedUp(needed));
+    moveOrigin(Mikos_Se_Othoni(model.left) - margins.left - (roomX - Mikos_Se_Othoni(width)) / 2,
+               Anastrofi_Y(Mikos_Se_Othoni(model.top)) - margins.top
+                   - (roomY - Mikos_Se_Othoni(height)) / 2);
+}
+
+/// What stands around the nodes has its size in centimetres: the larger they are drawn, the less of
+/// it stands out.
+void fillPicture()
+{
+    constexpr int steps = 3;
+    const ModelBox model = modelBox();
+    for (int i = 0; i < steps; ++i)
+        placeModel(model, drawnMargins(model));
 }
 
 std::string scaleText(bool hasDiagramScale)
 {
     const RegionalNumbers number;
-    const std::string texts =
-        Metafrasi(1937, "Scale 1:%1|1 cm of the diagram is %1|1 cm of displacement is %1");
-    std::string text = filled(part(texts, 0), {number(Klimaka)});
+    const std::string texts = Metafrasi(1937, "1 cm is %1 in the model's unit of length|1 cm of "
+                                              "the diagram is %1|1 cm of displacement is %1");
+    const auto rounded = [&](double value) { return number(static_cast<float>(value)); };
+    std::string text = filled(part(texts, 0), {rounded(Klimaka / 100.0)});
     const auto quantity = quantityPerCentimetre();
     if (!hasDiagramScale || !quantity)
         return text;
     const bool isDeformed = Katastasi_Provolis == view::deformed;
-    return text + "; "
-           + filled(part(texts, isDeformed ? 2 : 1), {number(static_cast<float>(*quantity))});
+    return text + "; " + filled(part(texts, isDeformed ? 2 : 1), {rounded(*quantity)});
 }
 
 } // namespace
@@ -119,25 +136,24 @@ std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas)
     kanvas.setBackground(white);
     constexpr double finest = 0.001; // small models too are to fill their place
     const bool hasDiagramScale = fitPicture(1, finest);
-    roundScale();
+    fillPicture();
     std::string caption = scaleText(hasDiagramScale);
     if (isDiagramCut())
         caption += ". " + Metafrasi(1938, "The diagram leaves the picture.");
-    if (const std::string lost = drawAndTellOfLostValues(); !lost.empty())
-        caption += ". " + lost;
-    return caption;
+    const bool hasTooLarge = drawAndSeeWhetherValuesAreLost();
+    return caption + lostText(hasTooLarge);
 }
 
-ModelSize modelSize()
+ModelBox modelBox()
 {
-    double left = Komboi(1, node::x), right = left, bottom = Komboi(1, node::y), top = bottom;
+    ModelBox box = {Komboi(1, node::x), Komboi(1, node::y), Komboi(1, node::x), Komboi(1, node::y)};
     for (int n = 2; n <= Arithmos_Kombon; ++n) {
-        left = std::min<double>(left, Komboi(n, node::x));
-        right = std::max<double>(right, Komboi(n, node::x));
-        bottom = std::min<double>(bottom, Komboi(n, node::y));
-        top = std::max<double>(top, Komboi(n, node::y));
+        box.left = std::min<double>(box.left, Komboi(n, node::x));
+        box.bottom = std::min<double>(box.bottom, Komboi(n, node::y));
+        box.right = std::max<double>(box.right, Komboi(n, node::x));
+        box.top = std::max<double>(box.top, Komboi(n, node::y));
     }
-    return {right - left, top - bottom};
+    return box;
 }
 
 } // namespace veskora

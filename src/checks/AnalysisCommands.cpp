@@ -109,18 +109,8 @@ void pointToCheck()
     logSummary();
     if (freedom != 0)
         leadToCheck();
-    else if (motion == FreeMotion::unloaded)
-        Grammi_Log(Metafrasi(1702, "The structure can move freely although its loads do not move "
-                                   "it: see Report, Check of the analysis."),
-                   logColour::red);
-    else if (motion == FreeMotion::unstable)
-        Grammi_Log(Metafrasi(1643, "The structure is unstable, by negative springs or stiffnesses: "
-                                   "see Report, Check of the analysis."),
-                   logColour::red);
-    else if (motion == FreeMotion::loaded)
-        Grammi_Log(Metafrasi(1703, "The structure can move freely, and rounding alone holds it "
-                                   "against its loads: see Report, Check of the analysis."),
-                   logColour::red);
+    else if (const std::string text = motionWarning(motion); !text.empty())
+        Grammi_Log(text, logColour::red);
 }
 
 /// Analyses, and leads to the check whatever comes of it.

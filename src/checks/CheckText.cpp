@@ -248,6 +248,24 @@ FindingText textOf(const Finding &finding)
     return text;
 }
 
+std::string motionWarning(FreeMotion motion)
+{
+    switch (motion) {
+    case FreeMotion::unloaded:
+        return Metafrasi(1702, "The structure can move freely although its loads do not move it: "
+                               "see Report, Check of the analysis.");
+    case FreeMotion::unstable:
+        return Metafrasi(1643, "The structure is unstable, by negative springs or stiffnesses: "
+                               "see Report, Check of the analysis.");
+    case FreeMotion::loaded:
+        return Metafrasi(1703, "The structure can move freely, and rounding alone holds it against "
+                               "its loads: see Report, Check of the analysis.");
+    case FreeMotion::none:
+        break;
+    }
+    return {};
+}
+
 std::string textOf(Severity severity)
 {
     return part(Metafrasi(1698, "Fault|Warning|Note|In order"), static_cast<std::size_t>(severity));

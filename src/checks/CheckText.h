@@ -3,6 +3,7 @@
 /// Findings in the user's words.
 
 #include "Findings.h"
+#include "FreeMotions.h"
 
 #include <span>
 #include <string>
@@ -16,6 +17,9 @@ struct FindingText
 };
 
 FindingText textOf(const Finding &finding);
+
+/// What the analysis says of the results of a structure that moves so; empty where nothing does.
+std::string motionWarning(FreeMotion motion);
 
 /// The word for its sign, such as "Fault".
 std::string textOf(Severity severity);

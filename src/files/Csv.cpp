@@ -36,7 +36,7 @@ std::string csvNumber(double value)
 
 std::string csvText(const CsvTable &table, CsvForm form)
 {
-    const bool hasCommas = form == CsvForm::regional && regionalDecimalSeparator() == ",";
+    const bool hasCommas = form.isRegional && regionalDecimalSeparator() == ",";
     const char separator = hasCommas ? ';' : ',';
     std::string text;
     for (const CsvRow &row : table) {
@@ -45,7 +45,8 @@ std::string csvText(const CsvTable &table, CsvForm form)
                    separator);
             text += separator;
         }
-        text.back() = '\n';
+        text.pop_back();
+        text += form.lineEnd;
     }
     return text;
 }

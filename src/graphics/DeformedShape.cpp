@@ -16,8 +16,6 @@ namespace veskora {
 
 namespace {
 
-constexpr std::int16_t displacementDecimals = 6;
-
 /// What is computed station by station. A value that cannot be (a zero E, I or scale) stays as the
 /// station before left it, across elements too.
 struct Station

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace veskora {
 
@@ -108,6 +109,52 @@ bool fitPicture(double labelScale, double finest)
     const double longest = longestOrdinate * shorter;
     fitModel(std::min(room.right + 0.75 * longest, widestMargin * shorter), finest);
     return fitDiagramScale(longest, room);
+}
+
+namespace {
+
+std::vector<double> atEnds(const StressResultant &resultant)
+{
+    std::vector<double> values;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        values.insert(values.end(), {resultant.atI(e), resultant.atJ(e)});
+    return values;
+}
+
+std::vector<double> valuesShown()
+{
+    switch (Katastasi_Provolis) {
+    case view::M:
+        return atEnds(resultantM);
+    case view::Q:
+        return atEnds(resultantQ);
+    case view::N:
+        return atEnds(resultantN);
+    default:
+        return {Bres_Max_U(), Bres_Max_Abs_Ux(), Bres_Max_Abs_Uy()};
+    }
+}
+
+} // namespace
+
+std::optional<std::int16_t> decimalsShown()
+{
+    const auto shown = shownScale();
+    return shown ? std::optional(shown->decimals) : std::nullopt;
+}
+
+bool showsTooFewDecimals()
+{
+    const auto shown = shownScale();
+    if (!shown)
+        return false;
+    const double greatest = shown->greatest();
+    const double rounding = negligible * reference(greatest);
+    const std::vector<double> values = valuesShown();
+    return std::any_of(values.begin(), values.end(), [&](double value) {
+        const bool isShownAs0 = std::abs(value) < 0.5 * std::pow(10, -shown->decimals);
+        return std::abs(value) > rounding && isShownAs0;
+    });
 }
 
 std::optional<double> quantityPerCentimetre()

@@ -4,6 +4,7 @@
 
 #include "DiagramOutline.h"
 
+#include <cstdint>
 #include <optional>
 
 namespace veskora {
@@ -20,6 +21,12 @@ bool fitDiagramScale(double longest, const EdgeRoom &room);
 /// @param finest  the model is shown no finer than 1:@p finest
 /// @return whether the diagram's scale was chosen
 bool fitPicture(double labelScale, double finest = 1);
+
+/// Of the values that the picture in view shows; none of the model itself.
+std::optional<std::int16_t> decimalsShown();
+
+/// Whether the picture in view shows as 0 what is more than rounding: its decimals are too few.
+bool showsTooFewDecimals();
 
 /// What a centimetre of the diagram or deformed shape in view stands for, in the model's units;
 /// none of the model itself.

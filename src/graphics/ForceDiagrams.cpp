@@ -360,13 +360,13 @@ std::optional<DiagramScale> shownScale()
 {
     switch (Katastasi_Provolis) {
     case view::M:
-        return DiagramScale{Ena_cm_posa_KNm_M, Bres_Max_Abs_M};
+        return DiagramScale{Ena_cm_posa_KNm_M, Bres_Max_Abs_M, dekadika_M};
     case view::Q:
-        return DiagramScale{Ena_cm_posa_KN_Q, Bres_Max_Abs_Q};
+        return DiagramScale{Ena_cm_posa_KN_Q, Bres_Max_Abs_Q, dekadika_Q};
     case view::N:
-        return DiagramScale{Ena_cm_posa_KN_N, Bres_Max_Abs_N};
+        return DiagramScale{Ena_cm_posa_KN_N, Bres_Max_Abs_N, dekadika_N};
     case view::deformed:
-        return DiagramScale{Ena_cm_posa_m_epi_1000, Bres_Max_U, 1000};
+        return DiagramScale{Ena_cm_posa_m_epi_1000, Bres_Max_U, displacementDecimals, 1000};
     default:
         return std::nullopt;
     }

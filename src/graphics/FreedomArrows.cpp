@@ -1,6 +1,5 @@
 #include "FreedomArrows.h"
 
-#include "element.h"
 #include "ElementLine.h"
 #include "Functions.h"
 #include "Kanvas.h"
@@ -18,17 +17,21 @@ namespace veskora {
 
 namespace {
 
-constexpr double freeColour = 0xC04000, heldColour = 0x909090, forceColour = 0x0000C0;
+constexpr double freeColour = 0xC04000, heldColour = 0x707070, forceColour = 0x0000C0;
 
 constexpr double headLength = 0.2, headHalf = 0.07;
 
-/// Prints a text beyond @p tip, in the direction (c, s) with y upward.
+/// Prints a text beyond @p tip, in the direction (c, s) with y upward, where no line crosses it.
 void printBeyond(Point tip, double c, double s, const std::string &text)
 {
     constexpr double gap = 0.08, letter = 0.17, line = 0.38;
     const double width = letter * static_cast<double>(text.size());
     const double reach = gap + std::abs(c) * width / 2 + std::abs(s) * line / 2;
-    printAt({tip.x + reach * c - width / 2, tip.y - reach * s - line / 2}, text);
+    const Point corner = {tip.x + reach * c - width / 2, tip.y - reach * s - line / 2};
+    if (!isReachable(corner))
+        return;
+    Picture1().moveTo(corner.x, corner.y);
+    Picture1().printOnGround(text);
 }
 
 /// An arrow from @p tail in the direction (c, s), y upward.
@@ -70,7 +73,8 @@ void drawFreedoms(std::span<const int> numbers, int free)
     Kanvas &kanvas = Picture1();
     kanvas.setPenWidth(1);
     kanvas.setFontSize(9);
-    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+    const int nodes = std::min<int>(Arithmos_Kombon, static_cast<int>(numbers.size()) / 3);
+    for (int n = 1; n <= nodes; ++n) {
         const Point place = toCanvas(nodePlace(n));
         for (int k = 1; k <= 3; ++k) {
             const int number = numbers[static_cast<std::size_t>(freedomOf(n, k)) - 1];
@@ -82,22 +86,23 @@ void drawFreedoms(std::span<const int> numbers, int free)
                 continue;
             }
             const double c = k == 1 ? 1 : 0, s = 1 - c;
-            const Point tail = {place.x + gap * c, place.y - gap * s};
-            printBeyond(drawArrow(tail, c, s, length), c, s, numberText(number));
+            const Point tip = drawArrow({place.x + gap * c, place.y - gap * s}, c, s, length);
+            // Beside the head, towards the other arrow: beyond it an element may go on.
+            printBeyond({tip.x - c * headLength / 2, tip.y + s * headLength / 2}, s, c,
+                        numberText(number));
         }
     }
 }
 
-void drawEndForces(int e, std::span<const std::string> forces)
+void drawEndForces(double c, double s, std::span<const std::string> forces)
 {
-    const auto [length, c, s] = elementGeometry(e);
     constexpr double sideRoom = 3.2, endRoom = 2.4; // for what stands around the element
     constexpr double gap = 0.2, arrow = 0.9, radius = 0.45, least = 2, level = 1e-3;
     Kanvas &kanvas = Picture1();
     const double room = std::min((kanvas.width() - 2 * sideRoom) / std::max(std::abs(c), level),
                                  (kanvas.height() - 2 * endRoom) / std::max(std::abs(s), level));
     const double half = std::max(room, least) / 2;
-    const auto at = [&, c = c, s = s](double along, double across) {
+    const auto at = [&](double along, double across) {
         return Point{kanvas.width() / 2 + along * c - across * s,
                      kanvas.height() / 2 - along * s - across * c};
     };

@@ -88,10 +88,15 @@ public:
     /// A number with one blank in front, unless it is negative, and one behind.
     void print(float number);
     void print(double number);
+    /// Text as `print`, on a ground of its own where the surface can, so that no line crosses it.
+    void printOnGround(const std::string &text);
 
     /// The value of @p ordinate, whose end is the current point or near to it: as `print`, but a
     /// surface may move it along the ordinate, or leave it out where it is written already.
     void printValue(double value, const Ordinate &ordinate);
+
+    /// As `print`: text of the picture as a whole, which stands at no place of the model.
+    void printNote(const std::string &text);
 
     /// Text turned by @p angle, tenths of a degree, counter-clockwise around (x, y), its top left
     /// corner. The current point goes as with `print`.
@@ -120,7 +125,9 @@ protected:
     virtual void doCircle(float x, float y, float radius) = 0;
     virtual void doArc(float x, float y, float radius, double start, double end) = 0;
     virtual void doPrint(const std::string &text, float x, float y) = 0;
+    virtual void doPrintOnGround(const std::string &text, float x, float y) { doPrint(text, x, y); }
     virtual void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate);
+    virtual void doPrintNote(const std::string &text, float x, float y) { doPrint(text, x, y); }
     virtual void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                                 int angle) = 0;
     /// From one line of text to the next.

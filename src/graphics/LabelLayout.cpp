@@ -75,8 +75,11 @@ class Layout
 {
 public:
     Layout(std::span<const ValueLabel> labels, std::span<const LabelBox> obstacles,
-           const LabelBox &area)
-        : labels_(labels), boxes_(obstacles.begin(), obstacles.end()), area_(area)
+           const LabelBox &area, Crowded crowded)
+        : labels_(labels),
+          boxes_(obstacles.begin(), obstacles.end()),
+          area_(area),
+          stays_(crowded == Crowded::stay)
     {
         for (const ValueLabel &label : labels)
             if (!isRepeated(label))
@@ -88,22 +91,26 @@ public:
                          });
         firstLabel_ = boxes_.size();
         for (const ValueLabel *label : written_)
-            boxes_.push_back(label->box);
+            boxes_.push_back(stays_ ? std::optional(label->box) : std::nullopt);
     }
 
-    std::vector<std::optional<Point>> places()
+    LabelPlaces places()
     {
-        constexpr int sweeps = 3; // one that had no place may have it when others have moved
+        // One that had no place may have it when others have moved; none has it when more came.
+        const int sweeps = stays_ ? 3 : 1;
         for (int i = 0; i < sweeps; ++i)
             for (std::size_t k = 0; k < written_.size(); ++k)
-                if (!isFree(k, boxes_[firstLabel_ + k]))
-                    boxes_[firstLabel_ + k] = freeBox(k);
-        std::vector<std::optional<Point>> result(labels_.size());
+                findPlace(k);
+        LabelPlaces result;
+        result.moves.resize(labels_.size());
         for (std::size_t k = 0; k < written_.size(); ++k) {
             const ValueLabel &label = *written_[k];
-            const LabelBox &box = boxes_[firstLabel_ + k];
-            result[static_cast<std::size_t>(&label - labels_.data())] =
-                Point{box.left - label.box.left, box.top - label.box.top};
+            const auto &box = boxes_[firstLabel_ + k];
+            if (box)
+                result.moves[static_cast<std::size_t>(&label - labels_.data())] =
+                    Point{box->left - label.box.left, box->top - label.box.top};
+            else
+                ++result.withoutRoom;
         }
         return result;
     }
@@ -117,16 +124,33 @@ private:
                           [node](const ValueLabel &other) { return other.ordinate.node == node; });
         return std::any_of(labels_.data(), &label, [&](const ValueLabel &earlier) {
             return earlier.ordinate.node == node && earlier.text == label.text
-                   && (meeting == 2 || endTogether(earlier, label));
+                   && contains(area_, earlier.box) && (meeting == 2 || endTogether(earlier, label));
         });
     }
 
     bool isFree(std::size_t k, const LabelBox &box) const
     {
         for (std::size_t i = 0; i < boxes_.size(); ++i)
-            if (i != firstLabel_ + k && overlap(box, boxes_[i]))
+            if (i != firstLabel_ + k && boxes_[i] && overlap(box, *boxes_[i]))
                 return false;
         return true;
+    }
+
+    /// Free and inside; one that is cut off by the edge anyway may be so elsewhere too.
+    bool mayStand(std::size_t k, const LabelBox &box) const
+    {
+        return isFree(k, box)
+               && (contains(area_, box) || (stays_ && !contains(area_, written_[k]->box)));
+    }
+
+    void findPlace(std::size_t k)
+    {
+        auto &box = boxes_[firstLabel_ + k];
+        if (box && isFree(k, *box))
+            return;
+        box = freeBox(k);
+        if (!box && stays_)
+            box = written_[k]->box;
     }
 
     /// Whether no other ordinate ends nearer to where the label then begins.
@@ -148,9 +172,9 @@ private:
             * (std::abs(outwards.x) * (box.right - box.left) + std::abs(outwards.y) * height(box));
         std::vector<double> found;
         for (std::size_t i = 0; i < boxes_.size(); ++i) {
-            if (i == firstLabel_ + k)
+            if (i == firstLabel_ + k || !boxes_[i])
                 continue;
-            const LabelBox &other = boxes_[i];
+            const LabelBox &other = *boxes_[i];
             Stretch stretch;
             narrow(stretch, box.left, box.right, outwards.x, other.left, other.right);
             narrow(stretch, box.top, box.bottom, outwards.y, other.top, other.bottom);
@@ -167,39 +191,41 @@ private:
         return found;
     }
 
-    /// The box of label @p k where it overlaps none; where it was when there is no such place.
-    LabelBox freeBox(std::size_t k) const
+    /// The box of label @p k where it overlaps none.
+    std::optional<LabelBox> freeBox(std::size_t k) const
     {
         const ValueLabel &label = *written_[k];
         const auto &[node, foot, tip] = label.ordinate;
         const double whole = length(label.ordinate);
-        if (isFree(k, label.box) || whole == 0)
+        if (mayStand(k, label.box))
             return label.box;
+        if (whole == 0)
+            return std::nullopt;
         const Point outwards = {(tip.x - foot.x) / whole, (tip.y - foot.y) / whole};
         for (const double way : ways(k, outwards, whole)) {
             const Point by = {way * outwards.x, way * outwards.y};
             const LabelBox box = moved(label.box, by);
-            if (isFree(k, box) && seemsItsOwn(label, by)
-                && (contains(area_, box) || !contains(area_, label.box)))
+            if (mayStand(k, box) && seemsItsOwn(label, by))
                 return box;
         }
-        return label.box;
+        return std::nullopt;
     }
 
     std::span<const ValueLabel> labels_;
     std::vector<const ValueLabel *> written_;
-    std::vector<LabelBox> boxes_; ///< the obstacles, then the written labels where they are now
+    /// The obstacles, then the written labels where they are now; none has no place.
+    std::vector<std::optional<LabelBox>> boxes_;
     std::size_t firstLabel_ = 0;
     LabelBox area_;
+    bool stays_;
 };
 
 } // namespace
 
-std::vector<std::optional<Point>> layOutLabels(std::span<const ValueLabel> labels,
-                                               std::span<const LabelBox> obstacles,
-                                               const LabelBox &area)
+LabelPlaces layOutLabels(std::span<const ValueLabel> labels, std::span<const LabelBox> obstacles,
+                         const LabelBox &area, Crowded crowded)
 {
-    return Layout(labels, obstacles, area).places();
+    return Layout(labels, obstacles, area, crowded).places();
 }
 
 } // namespace veskora

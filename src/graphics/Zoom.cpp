@@ -42,24 +42,84 @@ void reportNoFit(double needed, double room)
         reportNoScale(needed);
 }
 
-/// Fits the direction that needs the coarser scale; an extent of 0 in one direction leaves the
-/// other. A result finer than 1:@p finest, or none at all, leaves the view and says why.
-void fit(const Extent &extent, double margin, double finest = finestScale)
+void centreNode1()
 {
     const CanvasView before = currentView();
+    Arxi_X = Mikos_Se_Othoni(Komboi(1, node::x)) - Picture1().width() / 2;
+    Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(Komboi(1, node::y))) - Picture1().height() / 2;
+    if (!std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
+        setView(before);
+}
+
+Extent modelExtent()
+{
+    Extent extent = {Komboi(1, node::x), Komboi(1, node::x), Komboi(1, node::y),
+                     Komboi(1, node::y)};
+    for (int n = 2; n <= Arithmos_Kombon; ++n) {
+        const double x = Komboi(n, node::x);
+        const double y = Komboi(n, node::y);
+        extent = {std::min(extent.xmin, x), std::max(extent.xmax, x), std::min(extent.ymin, y),
+                  std::max(extent.ymax, y)};
+    }
+    return extent;
+}
+
+/// How the canvas holds an extent.
+struct Place
+{
+    double scale; ///< 1:`scale` fills it
+    double room;  ///< between the margins, of the direction that needs the coarser scale
+    bool byHeight;
+};
+
+/// An extent of 0 in one direction leaves the other.
+Place placeOf(const Extent &extent, double margin)
+{
     const double width = extent.xmax - extent.xmin;
     const double height = extent.ymax - extent.ymin;
     const double roomX = Picture1().width() - 2 * margin;
     const double roomY = Picture1().height() - 2 * margin;
     const bool byHeight = width == 0 || (height != 0 && roomX / width > roomY / height);
     const double room = byHeight ? roomY : roomX;
-    const double needed = 100 * (byHeight ? height : width) / room;
-    Klimaka = static_cast<float>(Stroggylopoiisi(needed, scaleDecimals));
-    (byHeight ? placeByHeight : placeByWidth)(extent, margin);
-    if (Klimaka >= finest && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y))
-        return;
-    setView(before);
-    reportNoFit(needed, room);
+    return {100 * (byHeight ? height : width) / room, room, byHeight};
+}
+
+/// Leaves the view as it is where the scale is no number above 0 or the origin has no place.
+/// @return whether the view is there
+bool show(const Extent &extent, double margin, const Place &place, double scale, double finest)
+{
+    const CanvasView before = currentView();
+    Klimaka = static_cast<float>(scale);
+    (place.byHeight ? placeByHeight : placeByWidth)(extent, margin);
+    const bool isThere = Klimaka > 0 && Klimaka >= finest && std::isfinite(Klimaka)
+                         && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y);
+    if (!isThere)
+        setView(before);
+    return isThere;
+}
+
+/// Fits the direction that needs the coarser scale. A result finer than 1:@p finest, or none at
+/// all, leaves the view and says why.
+void fit(const Extent &extent, double margin, double finest = finestScale)
+{
+    const Place place = placeOf(extent, margin);
+    if (!show(extent, margin, place, Stroggylopoiisi(place.scale, scaleDecimals), finest))
+        reportNoFit(place.scale, place.room);
+}
+
+/// Of no nodes or one, where there is nothing to fit.
+/// @return whether it was so
+bool showSingleNode()
+{
+    if (!(Klimaka > 0))
+        resetView(); // of a damaged file; nothing can be seen at it
+    if (Arithmos_Kombon == 0) {
+        Arxi_X = -2;
+        Arxi_Y = 2;
+    } else if (Arithmos_Kombon == 1) {
+        centreNode1();
+    }
+    return Arithmos_Kombon < 2;
 }
 
 } // namespace
@@ -106,30 +166,18 @@ double Mikos_Se_Othoni(double length)
 
 void fitModel(double margin, double finest)
 {
-    if (!(Klimaka > 0))
-        resetView(); // of a damaged file; nothing can be seen at it
-    if (Arithmos_Kombon == 0) {
-        Arxi_X = -2;
-        Arxi_Y = 2;
+    if (!showSingleNode())
+        fit(modelExtent(), margin, finest);
+}
+
+void fitModelAnyhow(double margin)
+{
+    if (showSingleNode())
         return;
-    }
-    if (Arithmos_Kombon == 1) {
-        const CanvasView before = currentView();
-        Arxi_X = Mikos_Se_Othoni(Komboi(1, node::x)) - Picture1().width() / 2;
-        Arxi_Y = Anastrofi_Y(Mikos_Se_Othoni(Komboi(1, node::y))) - Picture1().height() / 2;
-        if (!std::isfinite(Arxi_X) || !std::isfinite(Arxi_Y))
-            setView(before);
-        return;
-    }
-    Extent extent = {Komboi(1, node::x), Komboi(1, node::x), Komboi(1, node::y),
-                     Komboi(1, node::y)};
-    for (int n = 2; n <= Arithmos_Kombon; ++n) {
-        const double x = Komboi(n, node::x);
-        const double y = Komboi(n, node::y);
-        extent = {std::min(extent.xmin, x), std::max(extent.xmax, x), std::min(extent.ymin, y),
-                  std::max(extent.ymax, y)};
-    }
-    fit(extent, margin, finest);
+    const Extent extent = modelExtent();
+    const Place place = placeOf(extent, margin);
+    if (!show(extent, margin, place, place.scale, 0))
+        centreNode1();
 }
 
 void Zoom_Best_Fit()

@@ -44,6 +44,10 @@ void Zoom_Best_Fit();
 /// The same with another margin, in centimetres, and down to another scale 1:@p finest.
 void fitModel(double margin, double finest = finestScale);
 
+/// The same at whatever scale that takes, and without a word: for a picture of its own, whose scale
+/// nobody reads. Nodes that are all in one place are as one.
+void fitModelAnyhow(double margin);
+
 /// Makes the rectangle between two canvas points fill the canvas, with the same floor at 1:1. A
 /// rectangle that is a point changes nothing.
 void Zoom_Parathyrou(double x1, double y1, double x2, double y2);

@@ -39,6 +39,7 @@ Line operator+(Line first, const Line &second);
 struct Paragraph
 {
     std::string text;
+    bool isWarning = false; ///< of results that are not to be trusted
 };
 
 struct Formula
@@ -52,6 +53,7 @@ struct Cell
     std::optional<double> value = {}; ///< the very number of the stage that `text` rounds
     std::string origin = {};          ///< what an entry was added up from; empty where not told
     bool isHeld = false;              ///< it belongs to a freedom that is held
+    bool isFree = false;              ///< it names one that is free
 };
 
 struct GridRow
@@ -90,6 +92,7 @@ struct Picture
     int free = 0;                  ///< how many freedoms are
     std::vector<int> numbers = {}; ///< freedoms: at `freedomOf(n, k) - 1`; 0: not shown
     int element = 0;
+    double c = 1, s = 0; ///< element: cosine and sine of the angle from global to local x
     std::vector<std::string> endForces = {}; ///< element: local, as shown
     int size = 0;                            ///< pattern: rows and columns
     /// Pattern: row and column, from 1, in the order of rows.
@@ -132,7 +135,8 @@ Choice completed(Choice wished);
 /// flags, counts of freedoms and log stay as they are; the working tables are empty afterwards.
 Document stepsOfAnalysis(const Choice &wished);
 
-/// Draws on `Picture1` what @p picture asks for, but for a pattern; the view stays.
+/// Draws on `Picture1` what @p picture asks for, but for a pattern; view and settings stay. Of a
+/// model that has changed since, freedoms are drawn at the nodes that both have.
 void drawStepPicture(const Picture &picture);
 
 } // namespace veskora::steps

@@ -4,6 +4,7 @@
 #include "MathFunc.h"
 
 #include <algorithm>
+#include <array>
 #include <initializer_list>
 #include <string_view>
 
@@ -11,7 +12,8 @@ namespace veskora::steps {
 
 namespace {
 
-// Wide matrices shrink, as a page has no more room; what fits one is not torn.
+// What fits a page is not torn. Colours are those of the drawing of the freedoms: blue free, grey
+// held.
 constexpr const char *style = R"(
 body { font: 15px/1.45 "Liberation Sans", Arial, sans-serif; color: #202428; margin: 0 2em 3em 19em; }
 nav { position: fixed; left: 0; top: 0; bottom: 0; width: 16em; overflow: auto; padding: 1em;
@@ -22,25 +24,31 @@ a { color: #1a5a96; text-decoration: none; }
 h1 { font-size: 25px; } h2 { font-size: 20px; border-bottom: 1px solid #cfd4d9; margin-top: 2em; }
 h3 { font-size: 16px; margin-top: 1.8em; }
 p { max-width: 46em; }
+p.warning { color: #a01010; font-weight: bold; }
 p.formula { margin-left: 2em; font-family: "Liberation Serif", "Times New Roman", serif; font-size: 17px; }
-div.grid { margin: 1em 0; overflow-x: auto; break-inside: avoid; }
+div.grid { margin: 1em 0; overflow-x: auto; }
+div.part { margin: .6em 0; } div.whole { break-inside: avoid; }
 div.grid p.name { display: inline-block; vertical-align: middle; margin: 0 .5em 0 2em; }
-table { border-collapse: collapse; display: inline-table; vertical-align: middle; }
+table { border-collapse: collapse; vertical-align: middle; } .whole table { display: inline-table; }
+tr { break-inside: avoid; }
 td, th { padding: 2px 9px; text-align: right; white-space: nowrap; font-weight: normal; }
-th { color: #5b656e; } th.held { color: #a04000; font-style: italic; }
-td.held { background: #f3efe9; }
+th { color: #3c454d; } th.free, td.free { color: #0040c0; }
+th.held, td.held { color: #707070; font-style: italic; }
 table.table td, table.table th { border: 1px solid #cfd4d9; }
 table.table th { background: #f1f3f5; } table.table td.text { text-align: left; white-space: normal; }
-table.matrix td:nth-child(2) { border-left: 2px solid #202428; }
-table.matrix td:last-child { border-right: 2px solid #202428; }
+table.opens td:nth-child(2) { border-left: 2px solid #202428; }
+table.closes td:last-child { border-right: 2px solid #202428; }
 td[title] { cursor: help; }
 .wide { font-size: 12px; } .wide td, .wide th { padding: 1px 5px; }
-.widest { font-size: 10px; } .widest td, .widest th { padding: 1px 3px; }
+.widest { font-size: 11px; } .widest td, .widest th { padding: 1px 3px; }
 figure { margin: 1em 0; break-inside: avoid; } figcaption { color: #5b656e; font-size: 14px; }
 figure img { max-width: 100%; height: auto; }
 sub, sup { line-height: 0; }
 h2, h3 { break-after: avoid; } p.formula, p.lead { break-after: avoid; }
 @page { margin: 14mm; } @page across { size: landscape; }
+@media (max-width: 60em) { body { margin: 0 1em 2em; }
+  nav { position: static; width: auto; border: 0; margin: 0 -1em; } nav ul { columns: 16em; }
+  p.formula, div.grid p.name { margin-left: .5em; } }
 @media print { body { margin: 0; font-size: 10pt; } nav { position: static; width: auto; border: 0; }
   div.grid { overflow: visible; } div.across { page: across; } .wide { font-size: 7pt; } .widest { font-size: 6pt; } }
 )";
@@ -133,15 +141,17 @@ std::string html(const Line &line)
 std::string html(const Cell &cell, const char *name)
 {
     const bool isText = !cell.value && name == std::string("td") && cell.text.runs.size() == 1;
-    const std::string classes = cell.isHeld ? "held" : isText ? "text" : "";
+    const char *const classes = cell.isHeld ? "held" : cell.isFree ? "free" : isText ? "text" : "";
     return element(joined({name, attribute("class", classes), attribute("title", cell.origin)}),
                    html(cell.text));
 }
 
 std::string html(const Paragraph &paragraph)
 {
-    const bool leads = paragraph.text.ends_with(':');
-    return element(leads ? "p class=\"lead\"" : "p", escaped(paragraph.text)) + "\n";
+    const char *const classes = paragraph.isWarning             ? "warning"
+                                : paragraph.text.ends_with(':') ? "lead"
+                                                                : "";
+    return element(joined({"p", attribute("class", classes)}), escaped(paragraph.text)) + "\n";
 }
 
 std::string html(const Formula &formula)
@@ -149,35 +159,127 @@ std::string html(const Formula &formula)
     return element("p class=\"formula\"", html(formula.line)) + "\n";
 }
 
+/// How large a table is set so that paper holds it.
+struct Setting
+{
+    const char *classes;
+    double font, padding; ///< points; of a cell, both sides
+    double room;          ///< across the page
+    bool isAcross;        ///< a page on its side
+};
+constexpr double upright = 515, across = 760; // points, of A4 and of Letter
+constexpr std::array<Setting, 4> settingsByWidth = {{{"", 10, 13.5, upright, false},
+                                                     {" wide", 7, 7.5, upright, false},
+                                                     {" widest", 6, 4.5, upright, false},
+                                                     {" widest", 6, 4.5, across, true}}};
+
+bool isEmpty(const Cell &cell)
+{
+    return cell.text.plainText().empty();
+}
+
+/// In digits; a text breaks into lines where it stands in a table.
+std::size_t lengthOf(const Cell &cell, bool isMatrix)
+{
+    constexpr std::size_t longestWord = 14;
+    std::size_t length = 0;
+    for (const char c : cell.text.plainText())
+        length += (static_cast<unsigned char>(c) & 0xC0) != 0x80 ? 1 : 0;
+    return cell.value || isMatrix ? length : std::min(length, longestWord);
+}
+
+/// One table, or one after the other the parts of a matrix that is too wide for a page.
+class GridWriter
+{
+public:
+    explicit GridWriter(const Grid &grid) : grid_(grid)
+    {
+        for (const GridRow &row : grid.rows) {
+            isLabelled_ = isLabelled_ || !isEmpty(row.label);
+            labels_ = std::max(labels_, lengthOf(row.label, true));
+        }
+        for (std::size_t column = 0; column < grid.columns.size(); ++column) {
+            std::size_t length = lengthOf(grid.columns[column], grid.isMatrix);
+            for (const GridRow &row : grid.rows)
+                length = std::max(length, lengthOf(row.cells[column], grid.isMatrix));
+            lengths_.push_back(length);
+        }
+        for (const Setting &setting : settingsByWidth)
+            if (setting_ = &setting; endOfPart(0) == lengths_.size())
+                return;
+        setting_ = &settingsByWidth[1]; // of parts, each can as well be read
+    }
+
+    std::string text() const
+    {
+        constexpr std::size_t onOnePage = 30; // rows
+        std::string parts;
+        const bool isWhole = grid_.rows.size() <= onOnePage;
+        for (std::size_t first = 0; first < lengths_.size(); first = endOfPart(first)) {
+            Line name = grid_.name;
+            if (first > 0)
+                name = "…";
+            parts +=
+                element(isWhole ? "div class=\"part whole\"" : "div class=\"part\"",
+                        (grid_.name.runs.empty() ? "" : element("p class=\"name\"", html(name)))
+                            + part(first, endOfPart(first)));
+        }
+        return element(setting_->isAcross ? "div class=\"grid across\"" : "div class=\"grid\"",
+                       parts)
+               + "\n";
+    }
+
+private:
+    double widthOf(std::size_t length) const
+    {
+        constexpr double digit = 0.556; // of the font's size, as of all its digits
+        return digit * setting_->font * static_cast<double>(length) + setting_->padding;
+    }
+    /// The column behind the last that fits a page together with column @p first.
+    std::size_t endOfPart(std::size_t first) const
+    {
+        double width = isLabelled_ ? widthOf(labels_) : 0;
+        width += widthOf(grid_.name.plainText().size()) + widthOf(lengths_[first]);
+        std::size_t end = first + 1;
+        while (end < lengths_.size() && width + widthOf(lengths_[end]) <= setting_->room)
+            width += widthOf(lengths_[end++]);
+        return end;
+    }
+
+    std::string part(std::size_t first, std::size_t end) const
+    {
+        const auto cells = [=](const std::vector<Cell> &all, const char *name) {
+            std::string text;
+            for (std::size_t column = first; column < end; ++column)
+                text += html(all[column], name);
+            return text;
+        };
+        const auto row = [&](const std::string &label, const std::string &content) {
+            return element("tr", (isLabelled_ ? label : "") + content) + "\n";
+        };
+        std::string head, body;
+        if (!std::all_of(grid_.columns.begin(), grid_.columns.end(), isEmpty))
+            head = element("thead",
+                           row(element("th", html(grid_.corner)), cells(grid_.columns, "th")));
+        for (const GridRow &line : grid_.rows)
+            body += row(html(line.label, "th"), cells(line.cells, "td"));
+        const std::string classes = joined(
+            {grid_.isMatrix ? "matrix" : "table", grid_.isMatrix && first == 0 ? " opens" : "",
+             grid_.isMatrix && end == lengths_.size() ? " closes" : "", setting_->classes});
+        return element(joined({"table", attribute("class", classes)}),
+                       head + element("tbody", body));
+    }
+
+    const Grid &grid_;
+    const Setting *setting_ = nullptr;
+    bool isLabelled_ = false;
+    std::size_t labels_ = 0;           ///< length of the longest
+    std::vector<std::size_t> lengths_; ///< of the columns
+};
+
 std::string html(const Grid &grid)
 {
-    const auto isEmpty = [](const Cell &cell) { return cell.text.plainText().empty(); };
-    const bool isLabelled = std::any_of(grid.rows.begin(), grid.rows.end(),
-                                        [&](const GridRow &row) { return !isEmpty(row.label); });
-    std::string text;
-    if (!std::all_of(grid.columns.begin(), grid.columns.end(), isEmpty)) {
-        std::string header = isLabelled ? element("th", html(grid.corner)) : "";
-        for (const Cell &column : grid.columns)
-            header += html(column, "th");
-        text += element("tr", header) + "\n";
-    }
-    for (const GridRow &row : grid.rows) {
-        std::string line = isLabelled ? html(row.label, "th") : "";
-        for (const Cell &cell : row.cells)
-            line += html(cell, "td");
-        text += element("tr", line) + "\n";
-    }
-    constexpr std::size_t wide = 8, widest = 16; // columns that a page has room for
-    const std::size_t columns = grid.columns.size();
-    const std::string classes =
-        joined({grid.isMatrix ? "matrix" : "table", columns > widest ? " widest"
-                                                    : columns > wide ? " wide"
-                                                                     : ""});
-    const std::string name =
-        grid.name.runs.empty() ? "" : element("p class=\"name\"", html(grid.name));
-    return element(columns > widest ? "div class=\"grid across\"" : "div class=\"grid\"",
-                   name + element(joined({"table", attribute("class", classes)}), text))
-           + "\n";
+    return grid.columns.empty() ? "" : GridWriter(grid).text();
 }
 
 std::string html(const Links &links)

@@ -1,5 +1,6 @@
 // The run through all steps, its beginning and its end.
 
+#include "CheckText.h"
 #include "element.h"
 #include "epilisi.h"
 #include "Equilibrium.h"
@@ -18,29 +19,27 @@ bool isSame(double a, double b)
     return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b);
 }
 
-bool isHeld(int n, int component)
+/// The stages fault at elements that are none, and else only where a number leaves the range.
+std::string reasonOf(const Fault &fault)
 {
-    return Komboi(n, node::fixedX - 1 + component) == 1;
+    const std::string reasons = Metafrasi(
+        2034, "Element %1 has no length.|Element %1 names a node or a group that does "
+              "not exist.|A number is beyond the range that can be calculated with (%1).");
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
+        if (i == 0 || j == 0 || groupOf(e) == 0)
+            return filled(part(reasons, 1), {numberText(e)});
+        if (Komboi(i, node::x) == Komboi(j, node::x) && Komboi(i, node::y) == Komboi(j, node::y))
+            return filled(part(reasons, 0), {numberText(e)});
+    }
+    return filled(part(reasons, 2), {fault.facts()});
 }
 
-/// How many numbers of two tables there are, and how many are not the same to the bit.
-struct Comparison
+/// Within what the check of the analysis takes for rounding.
+bool cancels(const Equilibrium::Sum &sum)
 {
-    int numbers = 0, others = 0;
-
-    void compare(double a, double b)
-    {
-        ++numbers;
-        others += isSame(a, b) ? 0 : 1;
-    }
-    template <typename Table>
-    void compare(const Table &a, const Table &b, int rows)
-    {
-        for (int row = 1; row <= rows; ++row)
-            for (int column = 1; column <= Table::columns; ++column)
-                compare(a(row, column), b(row, column));
-    }
-};
+    return sum.relative < tolerableImbalance;
+}
 
 } // namespace
 
@@ -63,7 +62,7 @@ Document StepsRun::run()
         compareWithReport();
         document_.isComplete = true;
     } catch (const Fault &fault) {
-        end(filled(Metafrasi(2034, "What stopped them: %1."), {fault.facts()}));
+        end(reasonOf(fault));
     } catch (const Ending &ending) {
         end(ending.reason);
     }
@@ -81,7 +80,8 @@ std::string StepsRun::freedomNumber(int freedom) const
 Cell StepsRun::freedomCell(int freedom) const
 {
     const int p = positionOf(freedom);
-    return {numberText(p), p, freedomText(freedom), p > Eleftheroi_Vathmoi};
+    const bool isFree = p <= Eleftheroi_Vathmoi;
+    return {numberText(p), p, freedomText(freedom), !isFree, isFree};
 }
 
 std::vector<Cell> StepsRun::freedomsOf(int e) const
@@ -123,8 +123,10 @@ void StepsRun::tellSymbols()
               "local y stands 90 degrees anticlockwise from it. Forces and displacements are "
               "positive along positive axes, moments and rotations anticlockwise. Units are those "
               "of the model."));
-    tell(filled(Metafrasi(1974, "Numbers are shown to %1 significant digits; the program "
-                                "calculates with all that it has. Source of the formulas: %2."),
+    tell(filled(Metafrasi(1974, "Numbers are shown to %1 significant digits. The program keeps "
+                                "coordinates, loads and springs to about 7 digits, and E, A, I "
+                                "and all that it calculates to about 16. Source of the formulas: "
+                                "%2."),
                 {numberText(choice_.digits), source}));
     const std::string meanings = Metafrasi(
         1976,
@@ -133,9 +135,13 @@ void StepsRun::tellSymbols()
         "axes|stiffness of an element, in local and in global axes|load of an element per length, "
         "in global axes|the same along the element and across it|forces of the fixed ends on the "
         "element under its load, in local and in global axes|displacements of its ends, in local "
-        "and in global axes|forces of the nodes on its ends, in local and in global axes|stiffness "
-        "of the structure, rows and columns of the free freedoms|loads of the nodes|right-hand "
-        "side of the equations|displacements at the free freedoms|reactions");
+        "and in global axes|forces of the nodes on its ends, in local and in global "
+        "axes|displacements along the element and across it, and rotations, at i and at "
+        "j|constants of the springs of a node: along x, along y, of the rotation|stiffness of the "
+        "structure, rows and columns of the free freedoms|loads of the nodes|right-hand side of "
+        "the equations|displacements at the free freedoms|their entries in row i and column j, as "
+        "far as the elimination has come|displacements along x and y and rotation of a "
+        "node|reactions|reactions of a node: forces along x and y, moment");
     Grid grid{false, {}, {}, {{""}}, {}};
     for (const Line &symbol : definedSymbols())
         grid.rows.push_back({{symbol}, {{part(meanings, grid.rows.size())}}});
@@ -155,8 +161,8 @@ void StepsRun::numberFreedoms()
                                 "their displacements are 0."),
                 {numberText(Eleftheroi_Vathmoi), numberText(Desmevmenoi_Vathmoi)}));
     Picture picture{Picture::Kind::freedoms,
-                    Metafrasi(1981, "The model and the numbers of its freedoms. Those held are "
-                                    "grey."),
+                    Metafrasi(1981, "The model and the numbers of its freedoms: the free ones "
+                                    "blue, those held grey."),
                     Eleftheroi_Vathmoi, std::vector<int>(position_.size() - 1)};
     for (const int n : choice_.nodes)
         for (int component = 1; component <= 3; ++component) {
@@ -190,6 +196,19 @@ void StepsRun::spreadDisplacements()
         cell.isHeld = isHeld(n, component);
         return cell;
     }));
+    warnOfMotion();
+}
+
+/// As the analysis itself.
+void StepsRun::warnOfMotion()
+{
+    if (const int freedom = excessiveFreedom(); freedom != 0)
+        warn(filled(Metafrasi(2048, "The largest displacement, %1 (%2), is beyond all measure: the "
+                                    "structure is probably a mechanism. See Report, Check of the "
+                                    "analysis."),
+                    {roundedText(Metatopiseis(freedom), choice_.digits), freedomText(freedom)}));
+    else if (const std::string text = motionWarning(quickTest()); !text.empty())
+        warn(text);
 }
 
 void StepsRun::gatherReactions()
@@ -199,19 +218,73 @@ void StepsRun::gatherReactions()
     tell(Metafrasi(2021, "At the held freedoms the end forces in global axes are added up and the "
                          "nodal loads taken off. A spring presses with minus its constant times "
                          "the displacement."));
-    add(Formula{symbol("R") + " = Σ " + symbol("F", "e") + " − " + symbol("p")});
-    if (std::any_of(choice_.nodes.begin(), choice_.nodes.end(), [](int n) { return hasSpring(n); }))
-        add(Formula{"R = −K U"});
-    Grid grid = nodeTable({{"Rx"}, {"Ry"}, {"Mz"}}, [this](int n, int component) {
-        const std::optional<double> reaction = reactionAt(n, component);
-        return reaction ? number(*reaction) : Cell{""};
-    });
-    const auto isEmpty = [](const GridRow &row) {
-        return std::all_of(row.cells.begin(), row.cells.end(),
-                           [](const Cell &cell) { return !cell.value; });
-    };
-    std::erase_if(grid.rows, isEmpty);
+    const std::size_t before = document_.sections.back().blocks.size();
+    showReactions();
+    showSpringForces();
+    if (document_.sections.back().blocks.size() == before)
+        tell(Metafrasi(2042, "At the nodes shown nothing is held, and there are no springs."));
+}
+
+Cell StepsRun::sumOfEndForces(int n, int component) const
+{
+    double sum = 0;
+    std::vector<int> elements;
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int end : {element::nodeI, element::nodeJ})
+            if (nodeOf(e, end) == n) {
+                const double force = Entasi_Oliki(e, component + (end == element::nodeI ? 0 : 3));
+                sum += force;
+                if (force != 0)
+                    elements.push_back(e);
+            }
+    Cell cell = number(sum);
+    if (!elements.empty())
+        cell.origin = elementsText(elements);
+    return cell;
+}
+
+void StepsRun::showReactions()
+{
+    const Line forces = "Σ " + symbol("F", "e"), load = symbol("p"), reaction = symbol("R");
+    Grid grid{false, {}, Metafrasi(2009, "Freedom"), {{forces}, {load}, {reaction}}, {}};
+    for (const int n : choice_.nodes)
+        for (int component = 1; component <= 3; ++component)
+            if (const int freedom = freedomOf(n, component); isHeld(n, component))
+                grid.rows.push_back({{freedomText(freedom)},
+                                     {sumOfEndForces(n, component), nodalLoad(freedom),
+                                      number(Antidraseis(n, component))}});
+    if (grid.rows.empty())
+        return;
+    add(Formula{reaction + " = " + forces + " − " + load});
     add(grid);
+}
+
+void StepsRun::showSpringForces()
+{
+    Grid grid{false, {}, Metafrasi(2009, "Freedom"), {{"K"}, {"U"}, {"R"}}, {}};
+    bool isOnHeld = false, isNegative = false;
+    for (const int n : choice_.nodes)
+        for (int component = 1; component <= 3; ++component) {
+            if (!isSprung(n, component))
+                continue;
+            const int freedom = freedomOf(n, component);
+            grid.rows.push_back({{freedomText(freedom)},
+                                 {number(Elatiria(n, component)), number(Metatopiseis(freedom)),
+                                  number(springForce(n, component))}});
+            isNegative = isNegative || !hasSpring(n, component);
+            isOnHeld = isOnHeld || (hasSpring(n, component) && isHeld(n, component));
+        }
+    if (grid.rows.empty())
+        return;
+    add(Formula{springFormula()});
+    add(grid);
+    const std::string notes =
+        Metafrasi(2043, "Where a freedom is held, a spring bears nothing. The report shows this 0 "
+                        "there, and not the reaction above.|The report does not show the forces of "
+                        "springs with a negative constant.");
+    for (const auto &[isSo, index] : {std::pair{isOnHeld, 0U}, {isNegative, 1U}})
+        if (isSo)
+            tell(part(notes, index));
 }
 
 void StepsRun::sumForces()
@@ -219,8 +292,24 @@ void StepsRun::sumForces()
     const Finding finding = checkEquilibrium();
     const auto &facts = std::get<Equilibrium>(finding.facts);
     open("sums", 1, Metafrasi(2022, "Sum of the forces"));
-    tell(Metafrasi(2023, "All loads and all reactions, those of springs with them, cancel but for "
-                         "rounding. Moments are taken about the origin."));
+    const bool isBalanced = cancels(facts.x) && cancels(facts.y) && cancels(facts.moment);
+    const std::string sentences = Metafrasi(
+        2023,
+        "All loads and all reactions, those of springs with them, cancel but for rounding. "
+        "Moments are taken about the origin.|All loads and all reactions, those of springs "
+        "with them, ought to cancel, and they do not: the results are not to be trusted. See "
+        "Report, Check of the analysis. Moments are taken about the origin.|The sums cancel, "
+        "but what meets at node %1 does not: the results are not to be trusted. See Report, "
+        "Check of the analysis.|The sums cancel, but what meets at the nodes %1 does not: the "
+        "results are not to be trusted. See Report, Check of the analysis.");
+    add(Formula{"Σ " + scalar("F", "x") + ",   Σ " + scalar("F", "y") + ",   Σ (M + x "
+                + scalar("F", "y") + " − y " + scalar("F", "x") + ")"});
+    if (finding.severity == Severity::good)
+        tell(part(sentences, 0));
+    else if (!isBalanced)
+        warn(part(sentences, 1));
+    else
+        warn(filled(part(sentences, finding.nodes.size() == 1 ? 2 : 3), {rowList(finding.nodes)}));
     const std::string names = Metafrasi(2024, "along x|along y|moments");
     Grid grid{false, {}, {}, partsOf(Metafrasi(2025, "loads|reactions|sum"), 3), {}};
     for (const Equilibrium::Sum *sum : {&facts.x, &facts.y, &facts.moment})
@@ -235,39 +324,57 @@ void StepsRun::compareWithReport()
     if (!hasResults)
         return tell(Metafrasi(2028, "There are no results to compare with: the model was not "
                                     "analysed."));
-    Comparison all;
-    all.compare(Metatopiseis, kept_.displacements, 3 * Arithmos_Kombon);
-    all.compare(Entasi_Topiki, kept_.endForces, Arithmos_Stoixeion);
-    all.compare(Antidraseis, kept_.reactions, Arithmos_Kombon);
-    tell(all.others == 0
-             ? filled(Metafrasi(2027, "All %1 numbers of the results are the same to the last bit "
-                                      "as those that the report was made from."),
-                      {numberText(all.numbers)})
+    const std::vector<ReportNumber> mine = numbersOfReport();
+    Grid grid{false, {}, {}, partsOf(Metafrasi(2030, "by these steps|in the report"), 2), {}};
+    int others = 0;
+    for (std::size_t k = 0; k < mine.size(); ++k) {
+        const auto &[value, name] = mine[k];
+        const double reported = reported_[k].value;
+        others += isSame(value, reported) ? 0 : 1;
+        if (!name.runs.empty())
+            grid.rows.push_back(
+                {{name}, {{numberText(value), value}, {numberText(reported), reported}}});
+    }
+    const std::string count = numberText(static_cast<int>(mine.size()));
+    tell(others == 0
+             ? filled(Metafrasi(2027, "All %1 numbers that the report prints of displacements, end "
+                                      "forces and reactions are the same to the last bit."),
+                      {count})
              : filled(Metafrasi(2029, "%1 of the %2 numbers are others than those of the report: "
                                       "the model was changed after it was analysed."),
-                      {numberText(all.others), numberText(all.numbers)}));
-    Grid grid{false, {}, {}, partsOf(Metafrasi(2030, "by these steps|in the report"), 2), {}};
-    const auto put = [&grid](const Line &label, double mine, double report) {
-        grid.rows.push_back({{label}, {{numberText(mine), mine}, {numberText(report), report}}});
-    };
-    for (const int n : choice_.nodes)
-        for (int component = 1; component <= 3; ++component) {
-            const int freedom = freedomOf(n, component);
-            put(symbol("U") + ", " + freedomText(freedom), Metatopiseis(freedom),
-                kept_.displacements(freedom));
-        }
-    for (const int e : choice_.elements)
-        for (int k = 1; k <= 6; ++k)
-            put(symbol("f") + ", "
-                    + filled(part(Metafrasi(1999, "element %1|elements %1"), 0), {numberText(e)})
-                    + ", " + localFreedoms()[static_cast<std::size_t>(k - 1)],
-                Entasi_Topiki(e, k), kept_.endForces(e, k));
-    for (const int n : choice_.nodes)
-        for (int component = 1; component <= 3; ++component)
-            if (isHeld(n, component))
-                put(symbol("R") + ", " + freedomText(freedomOf(n, component)),
-                    Antidraseis(n, component), kept_.reactions(n, component));
+                      {numberText(others), count}));
     add(grid);
+}
+
+std::vector<ReportNumber> StepsRun::numbersOfReport() const
+{
+    const auto holds = [](const std::vector<int> &rows, int row) {
+        return std::binary_search(rows.begin(), rows.end(), row);
+    };
+    const std::array<std::string, 3> forces = {
+        Metafrasi(346, "Axial force"), Metafrasi(347, "Shear force"), Metafrasi(348, "Moment")};
+    std::vector<ReportNumber> all;
+    const auto put = [&](double value, bool isShown, const char *name, const auto &place) {
+        all.push_back({value, isShown ? symbol(name) + ", " + place() : Line()});
+    };
+    const auto putNode = [&](int n, int component, double value, const char *name) {
+        put(value, holds(choice_.nodes, n), name,
+            [=] { return freedomText(freedomOf(n, component)); });
+    };
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int component = 1; component <= 3; ++component)
+            putNode(n, component, Metatopiseis(freedomOf(n, component)), "U");
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (int k = 1; k <= 6; ++k)
+            put(Entasi_Topiki(e, k), holds(choice_.elements, e), "f", [&] {
+                return elementsText({e}) + (k <= 3 ? ", i, " : ", j, ")
+                       + forces[static_cast<std::size_t>((k - 1) % 3)];
+            });
+    for (int n = 1; n <= Arithmos_Kombon; ++n)
+        for (int component = 1; component <= 3; ++component)
+            if (const std::optional<double> reaction = reactionAt(n, component))
+                putNode(n, component, *reaction, "R");
+    return all;
 }
 
 void StepsRun::end(const std::string &reason)

@@ -42,6 +42,33 @@ std::optional<ForceRange> forceRange(const StressResultant &resultant)
     return range;
 }
 
+namespace {
+
+std::vector<PlacedDeflection> deflectionsBetweenEnds(int e)
+try {
+    std::vector<PlacedDeflection> found;
+    const AlongElement along = alongElement(e);
+    for (const Station &station : stations(along, 1))
+        if ((station.marks & placeMark::extremeV) != 0)
+            if (const auto v = along.v(station.x))
+                found.push_back({e, station.x, *v});
+    return found;
+} catch (const Fault &) { // of an element without length
+    return {};
+}
+
+} // namespace
+
+std::optional<PlacedDeflection> largestDeflectionBetweenEnds()
+{
+    std::optional<PlacedDeflection> largest;
+    for (int e = 1; e <= Arithmos_Stoixeion && !Allagi_Montelou; ++e)
+        for (const PlacedDeflection &one : deflectionsBetweenEnds(e))
+            if (!largest || isLarger(std::abs(one.v), std::abs(largest->v)))
+                largest = one;
+    return largest;
+}
+
 NodeRange displacementRange(int k)
 {
     NodeRange range = {1, 1};

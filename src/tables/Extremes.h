@@ -24,6 +24,17 @@ struct ForceRange
 /// of the results. None without an element that can be computed.
 std::optional<ForceRange> forceRange(const StressResultant &resultant);
 
+/// A displacement across an element, in the sign of the deformed shape.
+struct PlacedDeflection
+{
+    int e;
+    double x, v; ///< x along the element, from end i
+};
+
+/// The largest one between the ends of an element, in magnitude and where it has an extreme there.
+/// None where there is no such place, or the loads are not those of the results.
+std::optional<PlacedDeflection> largestDeflectionBetweenEnds();
+
 /// Nodes with the largest and the smallest displacement in direction @p k (1 x, 2 y, 3 rotation).
 /// There is a node.
 struct NodeRange

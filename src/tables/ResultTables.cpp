@@ -6,6 +6,7 @@
 #include "MathFunc.h"
 #include "RowQueries.h"
 
+#include <array>
 #include <optional>
 
 namespace veskora {
@@ -41,17 +42,7 @@ std::string cellOf(const std::optional<double> &value)
     return value ? csvNumber(*value) : "";
 }
 
-std::string marksText(unsigned marks)
-{
-    std::string text;
-    for (const auto &[mark, name] : {std::pair{placeMark::extremeM, "M_extreme"},
-                                     {placeMark::extremeV, "deflection_extreme"},
-                                     {placeMark::zeroQ, "Q_zero"},
-                                     {placeMark::zeroM, "M_zero"}})
-        if ((marks & mark) != 0)
-            (text += text.empty() ? "" : " ") += name;
-    return text;
-}
+const std::array<std::string, 4> marks = {"M_extreme", "deflection_extreme", "Q_zero", "M_zero"};
 
 const CsvRow valuesHeader = {"element", "x",          "x/L", "N",  "Q",
                              "M",       "deflection", "dx",  "dy", "place"};
@@ -68,7 +59,7 @@ void appendValues(CsvTable &table, int parts, int e)
         row.push_back(csvNumber(station.x / along.length));
         for (const auto &value : {at.N, at.Q, at.M, at.v, at.dx, at.dy})
             row.push_back(cellOf(value));
-        row.push_back(marksText(station.marks));
+        row.push_back(markNames(station.marks, marks, " "));
     }
 }
 
@@ -100,12 +91,16 @@ CsvTable endsTable()
     return table;
 }
 
-CsvTable spansTable()
+CsvTable spansTable(int parts)
 {
     CsvTable table = {{"element", "x", "M"}};
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
-        if (const auto extreme = extremeBetweenEnds(e))
-            table.push_back({numberText(e), csvNumber(extreme->x), csvNumber(extreme->M)});
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const AlongElement along = alongElement(e);
+        for (const Station &station : stations(along, parts))
+            if ((station.marks & placeMark::extremeM) != 0)
+                table.push_back(
+                    {numberText(e), csvNumber(station.x), cellOf(valuesAt(along, station).M)});
+    }
     return table;
 }
 

@@ -11,8 +11,9 @@ namespace veskora {
 /// that the node applies to the end, in local axes, as the report has them.
 CsvTable endsTable();
 
-/// A row for each extreme of M between the ends of an element; x is measured along it from end i.
-CsvTable spansTable();
+/// A row for each extreme of M between the ends of an element, as `valuesTable` of @p parts has it;
+/// x is measured along the element from end i.
+CsvTable spansTable(int parts);
 
 /// A row for each node. A reaction stands where the node is restrained or held by a spring.
 CsvTable nodesTable();

@@ -152,15 +152,40 @@ TEST_F(Along, SpecialPlacesOfKnownBeams)
     }
 }
 
-// A column on the axis of a symmetric frame carries rounding across, which is no place.
-TEST_F(Along, RoundingHasNoMarks)
+// Halves of a beam whose node in the middle is there but for the digits of Singles.
+TEST_F(Along, PlacesAtANodeAreMarkedAtBothElementsAndOnce)
+{
+    for (const auto &[first, middle, last] :
+         {std::tuple{"1.3", "3.65", "6.0"}, {"2.2", "4.95", "7.7"}, {"10.1", "13.4", "16.7"}}) {
+        buildModel(std::string("G 2e8 .01 1e-4; N ") + first + " 0 xx-; N " + middle + " 0; N "
+                   + last + " 0 -x-; E 1 2 1 0 0 0 -10; E 2 3 1 0 0 0 -10");
+        analyse();
+        for (const int e : {1, 2}) {
+            const AlongElement a = alongElement(e);
+            const auto all = stations(a, maxParts);
+            ASSERT_EQ(all.size(), maxParts + 1U) << middle;
+            for (const auto &[at, mark] :
+                 {std::pair{&all.front(), placeMark::zeroM}, {&all.back(), placeMark::zeroQ}})
+                EXPECT_EQ((e == 1 ? at : &all.back() - (at - &all.front()))->marks, mark) << middle;
+            EXPECT_EQ(valuesAt(a, stationAt(a, all, e == 1 ? a.length * (1 - 1e-7) : 0)).Q, 0);
+            EXPECT_FALSE(extremeBetweenEnds(e));
+        }
+    }
+}
+
+// A column on the axis of a symmetric frame carries rounding across, which is no place and no
+// value.
+TEST_F(Along, RoundingHasNoMarksAndIsZero)
 {
     buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 5 0 xxx; N 10 0 xxx; N 0 3.1; N 5 3.3; N 10 3.1;"
                "E 1 4 1; E 2 5 1; E 3 6 1; E 4 5 1 0 0 0 -7; E 5 6 1 0 0 0 -7");
     analyse();
     EXPECT_EQ(stations(alongElement(2), 4).size(), 5U);
-    for (const Station &station : stations(alongElement(2), 4))
+    for (const Station &station : stations(alongElement(2), 4)) {
         EXPECT_EQ(station.marks, 0U) << station.x;
+        const StationValues at = valuesAt(alongElement(2), station);
+        EXPECT_EQ(std::tuple(at.Q, at.M, at.v), std::tuple(0.0, 0.0, 0.0)) << station.x;
+    }
 }
 
 } // namespace

@@ -4,10 +4,13 @@
 #include "CalculationReport.h"
 #include "epilisi.h"
 #include "Files.h"
+#include "InkKanvas.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "PageFlow.h"
+#include "RecordingKanvas.h"
 #include "Registry.h"
+#include "ReportPicture.h"
 #include "ScriptedDesktop.h"
 
 #include <gmock/gmock.h>
@@ -71,8 +74,9 @@ TEST_F(CalculationReport, HasModelDiagramsResultsAndCheckOnPagesOfTheSizeAsked)
         const int pages = count(text, "\f");
         for (const std::string said :
              {"Hall 7", "gable_frame.vsk", "Kalvorn Veskora ML 1.00", "2.4 Elemental loads",
-              "between the ends: 132.9, element 3", "Scale 1:", "1 cm of the diagram is 200",
-              "0.00760264", "-1266.39", "In order: The structure cannot move freely"})
+              "between the ends: 132.9, element 3", " in the model's unit of length",
+              "1 cm of the diagram is 200", "0.00760264", "-1266.39",
+              "In order: The structure cannot move freely"})
             EXPECT_THAT(text, HasSubstr(said));
         EXPECT_THAT(text, testing::ContainsRegex("max\\. +132.945 +3 +2.81044"));
         EXPECT_THAT(text, testing::ContainsRegex("3.3 +Axial force N +4\n"));
@@ -125,6 +129,55 @@ TEST_F(CalculationReport, LeavesTheStoreAsItWasAndNothingInTheLog)
     EXPECT_EQ(pdfOf(calculationDocument({}), Paper::A4, [](int, int) { return false; }), "");
 }
 
+TEST_F(CalculationReport, TellsOfValuesThatTheDecimalsHideAndOfOldResults)
+{
+    const auto textOfReport = [&] {
+        write(path("r.pdf"),
+              pdfOf(calculationDocument({}), Paper::A4, [](int, int) { return true; }));
+        return poppler("pdftotext", {"-layout", path("r.pdf"), "-"});
+    };
+    const struct
+    {
+        const char *load, *said;
+    } cases[] = {{"3e9", "units: 2147.483647"}, // of displacements, with their six decimals
+                 {"3e-5", "smaller units: 0.0005"}};
+    for (const auto &[load, said] : cases) {
+        buildModel(std::string("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4 ooo ") + load
+                   + "; N 5 4; N 5 0 xxx; E 1 2 1; E 2 3 1; E 3 4 1");
+        Epilisi();
+        desktop.log.clear();
+        const std::string text = textOfReport();
+        EXPECT_THAT(text, HasSubstr(said));
+        EXPECT_THAT(text, Not(HasSubstr("at the ends only")));
+        EXPECT_TRUE(desktop.log.empty());
+    }
+    Allagi_Montelou = true;
+    const std::string old = textOfReport();
+    EXPECT_THAT(old, HasSubstr("at the ends only"));
+    EXPECT_EQ(count(old, "The model has been changed since these results."),
+              1 + 4 + 4 + 3); // first page, diagrams and pictures, tables
+}
+
+TEST_F(CalculationReport, APictureFillsItsPlaceBelowItsHeading)
+{
+    for (const char *name : {"gable_frame", "truss", "lateral_pile", "supports", "three_span_beam"})
+        for (const std::int16_t shown : {view::model, view::M, view::Q, view::N, view::deformed}) {
+            std::string model = EXAMPLES "/" + std::string(name) + ".vsk";
+            ASSERT_TRUE(Anagnosi_Arxeiou(model));
+            Epilisi();
+            RecordingKanvas place;
+            place.h = 10;
+            InkKanvas ink(place);
+            drawReportPicture(shown, ink);
+            const QRectF covered = ink.finish(),
+                         free(0, ink.noteBottom(), 20, 10 - ink.noteBottom());
+            EXPECT_TRUE(free.contains(covered)) << name << shown;
+            EXPECT_GT(std::max(covered.width() / free.width(), covered.height() / free.height()),
+                      0.9)
+                << name << shown;
+        }
+}
+
 /// Of parts of height 1.
 struct Parts : PrintedBlock
 {
@@ -150,11 +203,9 @@ TEST(PageFlow, KeepsHeadingsWithWhatTheyStandOverAndLeavesNoLoneRow)
     {
         std::size_t above, table;
         Ends ends;
-    } cases[] = {{4, 3, {{4, 1, 3}}},
-                 {5, 3, {{5}, {1, 3}}},
-                 {1, 10, {{1, 1, 6}, {10}}},
-                 {1, 7, {{1, 1, 5}, {7}}},
-                 {25, 2, {{10}, {20}, {25, 1, 2}}}};
+    } cases[] = {{4, 3, {{4, 1, 3}}},        {5, 3, {{5}, {1, 3}}},
+                 {1, 10, {{1, 1, 6}, {10}}}, {1, 7, {{1, 1, 4}, {7}}},
+                 {2, 6, {{2, 1, 3}, {6}}},   {25, 2, {{10}, {20}, {25, 1, 2}}}};
     for (const auto &[above, table, ends] : cases) {
         std::vector<std::unique_ptr<PrintedBlock>> blocks;
         blocks.push_back(std::make_unique<Parts>(above, false));

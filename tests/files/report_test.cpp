@@ -110,7 +110,8 @@ TEST_F(Report, NumbersHaveTheSeparatorOfTheRegion)
     const locale_t german = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
     const std::string text = wholeReport();
     const CsvTable table = {{"a,b", "x;y", "2.5", "-1e-05", "3 to 4.5"}};
-    const std::string regional = csvText(table, CsvForm::regional), international = csvText(table);
+    const std::string regional = csvText(table, {.isRegional = true}),
+                      international = csvText(table, {.lineEnd = CsvForm::lf});
     ::unsetenv("LC_ALL");
     ::unsetenv("LOCPATH");
     EXPECT_STREQ(std::localeconv()->decimal_point, ".");
@@ -119,7 +120,7 @@ TEST_F(Report, NumbersHaveTheSeparatorOfTheRegion)
     ::freelocale(german);
     EXPECT_THAT(text, testing::HasSubstr(" ,333333333333333 "));
     EXPECT_THAT(text, testing::HasSubstr("2,1E+08"));
-    EXPECT_EQ(regional, "a,b;\"x;y\";2,5;-1e-05;3 to 4.5\n");
+    EXPECT_EQ(regional, "a,b;\"x;y\";2,5;-1e-05;3 to 4.5\r\n");
     EXPECT_EQ(international, "\"a,b\",x;y,2.5,-1e-05,3 to 4.5\n");
 }
 

@@ -24,6 +24,8 @@ TEST(LabelLayout, WritesOnceAndMovesAsLittleAsNeededAlongTheOrdinate)
         std::vector<Value> values;
         std::vector<double> outwards; ///< of each value
         std::vector<LabelBox> obstacles = {};
+        Crowded crowded = Crowded::stay;
+        int withoutRoom = 0;
     };
     const Value a = {"5", 1, 50, 50, 20};
     for (const Case &c : std::vector<Case>{
@@ -46,13 +48,30 @@ TEST(LabelLayout, WritesOnceAndMovesAsLittleAsNeededAlongTheOrdinate)
               {stays, 3.5}},
              {"no direction", {{"0", 1, 50, 50, 0}}, {stays}, {{50, 53, 60, 60}}},
              {"not out of the picture", {{"5", 1, 50, 1, 20}}, {-2}, {{50, 0, 60, 3}}},
+             {"the first is not seen", {{"5", 1, 50, 102, 20}, a}, {stays, stays}},
+             {"no place, and it stays", {a}, {stays}, {{40, 20, 70, 70}}},
+             {"no place, and it goes", {a}, {gone}, {{40, 20, 70, 70}}, Crowded::leaveOut, 1},
+             {"the smaller gives way",
+              {{"1", 1, 50, 52, 4}, {"90", 2, 50, 50, 30}, {"8", 3, 48, 49, 1}},
+              {-2, stays, gone},
+              {{40, 40, 70, 49}},
+              Crowded::leaveOut,
+              1},
+             {"what the edge would cut goes",
+              {{"5", 1, 95, 50, 20}},
+              {gone},
+              {},
+              Crowded::leaveOut,
+              1},
          }) {
         std::vector<ValueLabel> labels;
         for (const Value &v : c.values)
             labels.push_back({v.text,
                               {v.x, v.y, v.x + 10, v.y + 4},
                               {v.node, {v.x - v.right, v.y + v.up}, {v.x, v.y}}});
-        const auto places = layOutLabels(labels, c.obstacles, {0, 0, 100, 100});
+        const auto [places, withoutRoom] =
+            layOutLabels(labels, c.obstacles, {0, 0, 100, 100}, c.crowded);
+        EXPECT_EQ(withoutRoom, c.withoutRoom) << c.name;
         ASSERT_EQ(places.size(), c.outwards.size());
         for (std::size_t i = 0; i < places.size(); ++i) {
             const double moved = !places[i]               ? gone

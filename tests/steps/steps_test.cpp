@@ -1,5 +1,7 @@
 #include "Analysis.h"
 #include "LiteralSolver.h"
+#include "RecordingKanvas.h"
+#include "Settings.h"
 #include "StepsHtml.h"
 
 #include <QXmlStreamReader>
@@ -13,7 +15,7 @@
 namespace veskora::steps {
 namespace {
 
-class AnalysisSteps : public StoreTest
+class AnalysisSteps : public DrawingTest
 {
 protected:
     static const Section *find(const Document &document, const std::string &id)
@@ -56,7 +58,58 @@ protected:
                           std::bit_cast<std::uint64_t>(expected(r, c)))
                     << grid.name.plainText() << " " << r << " " << c;
     }
+    /// From the displacements to the numbers of the report.
+    static void expectBitsOfResults(const Document &document, const literal::Results &results);
 };
+
+void AnalysisSteps::expectBitsOfResults(const Document &document, const literal::Results &results)
+{
+    expectBits(grid(document, "displacements", 0), Arithmos_Kombon, 3,
+               [&](int n, int k) { return results.displacements(freedomOf(n, k)); });
+    std::vector<double> report, reactions;
+    for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
+        report.push_back(results.displacements(freedom));
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
+        const literal::Element element = literal::elementOf(e);
+        double columns[7][7] = {}; // U_e, u, k u, f0, f, F_e
+        for (int k = 1; k <= 6; ++k)
+            columns[1][k] = results.displacements(k <= 3 ? freedomOf(element.ni, k)
+                                                         : freedomOf(element.nj, k - 3));
+        for (int r = 1; r <= 6; ++r)
+            for (int m = 1; m <= 6; ++m) {
+                columns[2][r] += element.T[r][m] * columns[1][m];
+                columns[4][r] += element.T[r][m] * element.fixedEnd[m];
+            }
+        for (int r = 1; r <= 6; ++r)
+            for (int m = 1; m <= 6; ++m) {
+                columns[3][r] += element.K[r][m] * columns[2][m];
+                columns[5][r] = results.endForces(e, r);
+                columns[6][r] += element.T[m][r] * results.endForces(e, m);
+            }
+        expectBits(grid(document, "forces-" + std::to_string(e), 0), 6, 6,
+                   [&](int r, int column) { return columns[column][r]; });
+        report.insert(report.end(), columns[5] + 1, columns[5] + 7);
+    }
+    for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom) {
+        const int n = nodeOfFreedom(freedom), k = componentOf(freedom);
+        const bool isHeld = Komboi(n, node::fixedX - 1 + k) == 1;
+        if (isHeld)
+            reactions.push_back(results.reactions(n, k));
+        if (Elatiria(n, k) > 0)
+            report.push_back(-Elatiria(n, k) * results.displacements(freedom));
+        else if (isHeld)
+            report.push_back(results.reactions(n, k));
+    }
+    const Grid held = grid(document, "reactions", 0);
+    ASSERT_EQ(held.rows.size(), reactions.size());
+    for (std::size_t row = 0; row < reactions.size(); ++row) {
+        const auto &cells = held.rows[row].cells; // the sum of end forces, the load, the reaction
+        EXPECT_EQ(*cells[2].value, reactions[row]);
+        EXPECT_EQ(*cells[0].value - *cells[1].value, reactions[row]);
+    }
+    expectBits(grid(document, "report", 0), static_cast<int>(report.size()), 2,
+               [&](int row, int) { return report[static_cast<std::size_t>(row - 1)]; });
+}
 
 // E I = 12: a cantilever of 2, to whose tip a beam of 2 under 8 per length hangs by a hinge. The
 // hinge carries 8, so the tip sinks by 8 * 2^3 / 36 and the fixed end has 16.
@@ -89,17 +142,18 @@ TEST_F(AnalysisSteps, HaveTheNumbersOfHandCalculations)
         {propped, "elimination", 0, 3, 2, 9.6},        // pivot: 24 - 18^2 / 22.5
         {propped, "displacements", 0, 2, 2, -16. / 9}, //
         {propped, "forces-1", 0, 3, 5, 16},            // f
-        {propped, "reactions", 0, 1, 2, 8},
+        {propped, "reactions", 0, 2, 3, 8},
         {inclined, "element-1", 0, 1, 4, 5},   // L
         {inclined, "element-1", 1, 2, 1, -.8}, // T
         {inclined, "element-1", 3, 5, 4, 4.8}, // K_e
         {inclined, "springs", 0, 1, 2, 3},
         {inclined, "equations", 0, 2, 2, 9.4},
-        {inclined, "elimination", 0, 2, 2, 3}, // 9.4 - 4.8^2 / 3.6
+        {inclined, "elimination", 0, 2, 2, 3},   // 9.4 - 4.8^2 / 3.6
+        {inclined, "elimination", 0, 2, 3, -17}, // -9 - 6 * 4.8 / 3.6
         {inclined, "elimination", 1, 1, 1, 99.6 / 10.8},
         {inclined, "forces-1", 0, 4, 5, 10},
-        {inclined, "reactions", 0, 1, 1, -6},
-        {inclined, "reactions", 0, 2, 2, 17}, // of the spring
+        {inclined, "reactions", 0, 1, 3, -6},
+        {inclined, "reactions", 1, 1, 3, 17}, // of the spring
         {inclined, "sums", 0, 2, 3, 0},
         {portal, "freedoms", 0, 2, 3, 1}, // the only free node
         {portal, "equations", 0, 1, 3, 6},
@@ -168,6 +222,12 @@ TEST_F(AnalysisSteps, HaveTheBitsOfThePlainLoopsAndChangeNothing)
         }
         literal::Equations equations = literal::assemble();
         const int n = equations.free;
+        std::vector<std::pair<int, int>> entries;
+        for (int p = 1; p <= 3 * Arithmos_Kombon; ++p)
+            for (int q = 1; q <= 3 * Arithmos_Kombon; ++q)
+                if (equations.permuted(p, q) != 0)
+                    entries.emplace_back(p, q);
+        EXPECT_EQ(std::get<Picture>(find(document, "equations")->blocks.at(2)).entries, entries);
         expectBits(grid(document, "equations", 0), n, n, equations.ff);
         const Grid rightHandSide = grid(document, "equations", 1);
         for (int p = 1; p <= n; ++p)
@@ -179,14 +239,11 @@ TEST_F(AnalysisSteps, HaveTheBitsOfThePlainLoopsAndChangeNothing)
         const literal::Table before = equations.ff;
         literal::Table x(600);
         ASSERT_TRUE(literal::eliminate(equations.ff, equations.loads, x, n));
-        expectBits(grid(document, "elimination", 0), n, 2,
-                   [&](int p, int column) { return (column == 1 ? before : equations.ff)(p, p); });
+        expectBits(grid(document, "elimination", 0), n, 3, [&](int p, int column) {
+            return column == 3 ? equations.loads(p) : (column == 1 ? before : equations.ff)(p, p);
+        });
         expectBits(grid(document, "elimination", 1), n, 1, x);
-        for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-            const Grid back = grid(document, "forces-" + std::to_string(e), 0);
-            for (int k = 1; k <= 6; ++k)
-                EXPECT_EQ(value(back, k, 5), results.endForces(e, k));
-        }
+        expectBitsOfResults(document, results);
         EXPECT_THAT(firstText(*find(document, "report")), testing::StartsWith("All "));
     }
     EXPECT_GT(solved, 40);
@@ -200,7 +257,7 @@ TEST_F(AnalysisSteps, EndWhereTheAnalysisDoesAndSayWhy)
         const char *reason;
     } cases[] = {
         {"", "symbols", "The model has no nodes."},
-        {"G 2 3 6; N 0 0 xxx; N 0 0; E 1 2 1", "elements", "element 1 has no length"},
+        {"G 2 3 6; N 0 0 xxx; N 0 0; E 1 2 1", "elements", "Element 1 has no length."},
         {"G 2 3 6; N 0 0 xxx; N 2 0 xxx; E 1 2 1", "equations", "No freedom is free"},
         {"G 2 3 6; N 0 0 xxx; N 2 0; E 1 2 1 0 1", "elimination",
          "The pivot of freedom 3 (node 2, rotation) is 0"},
@@ -214,6 +271,88 @@ TEST_F(AnalysisSteps, EndWhereTheAnalysisDoesAndSayWhy)
         EXPECT_EQ((document.sections.end() - 2)->id, last) << model;
         EXPECT_THAT(firstText(document.sections.back()), testing::HasSubstr(reason)) << model;
     }
+}
+
+TEST_F(AnalysisSteps, TellWhatIsPeculiarToAModel)
+{
+    constexpr const char *column = "G 1 9 8; N 0 0 xxx; N 2 0 ooo 3 -2; E 1 2 1; S ";
+    constexpr const char *swing = "G 2 3 6; N 0 0 xxo; N 3 1 ooo 5 -7 2; E 1 2 1";
+    const struct
+    {
+        std::string model;
+        const char *section, *says; ///< a text or the origin of a cell
+    } cases[] = {
+        {column + std::string("2 0 -2 0"), "springs", "-2"},
+        {column + std::string("2 0 -2 0"), "equations", "element 1; spring of node 2"},
+        {column + std::string("2 0 -2 0"), "report", "All 15 numbers"}, // not the spring's force
+        {column + std::string("2 0 -2 0"), "reactions", "of springs with a negative constant"},
+        {column + std::string("2 0 -99 0"), "elimination", "negative"},
+        {column + std::string("2 0 -99 0"), "displacements", "unstable, by negative springs"},
+        {column + std::string("1 5 0 0"), "reactions", "and not the reaction above"},
+        {column + std::string("1 5 0 0"), "reactions", "element 1"},
+        {column + std::string("2 7 0 0"), "report", "All 16 numbers"},
+        {column + std::string("2 7 0 0"), "equations", "load of node 2"}, // and no element
+        {swing, "elimination", "next to nothing"},
+        {swing, "displacements", "is beyond all measure"},
+        {"G 2 3 6; N 0 0 xxo; N 3 1; E 1 2 1", "displacements", "can move freely"},
+        {"G 2 3 6; N 0 0 xxx; N 2 0; E 1 2 1 0 1", "elimination", "is 0"},
+    };
+    for (const auto &[model, section, says] : cases) {
+        SCOPED_TRACE(model + says);
+        buildModel(model);
+        if (section == std::string("report"))
+            Epilisi();
+        std::set<std::string> cells;
+        std::string sentences;
+        const Document document = stepsOfAnalysis({});
+        for (const Block &block : find(document, section)->blocks) {
+            if (const auto *paragraph = std::get_if<Paragraph>(&block))
+                sentences += paragraph->text;
+            if (const auto *grid = std::get_if<Grid>(&block))
+                for (const GridRow &row : grid->rows)
+                    for (const Cell &cell : row.cells)
+                        cells.insert({cell.text.plainText(), cell.origin});
+        }
+        EXPECT_TRUE(cells.contains(says) || sentences.find(says) != std::string::npos);
+    }
+}
+
+TEST_F(AnalysisSteps, DrawTheNumberOfEachFreedomAtItsArrow)
+{
+    buildModel("G 2 3 6; N 0 0 xxx; N 4 0; E 1 2 1");
+    const Document document = stepsOfAnalysis({});
+    const auto &picture = std::get<Picture>(find(document, "freedoms")->blocks.at(1));
+    nai_stoixeia = nai_arithmisi_stoixeion = nai_komboi = nai_arithmisi_kombon = false;
+    const CanvasView view = currentView();
+    drawStepPicture(picture);
+    const auto texts = kanvas.of(Primitive::Kind::text);
+    constexpr double margin = 1.8;
+    const double colours[] = {0xC04000, 0x707070};
+    for (int number = 1; number <= 6; ++number) {
+        const bool isHeld = number > 3;
+        const auto text = std::find_if(texts.begin(), texts.end(), [&](const Primitive &printed) {
+            return printed.text == std::to_string(number) && printed.pen.colour == colours[isHeld];
+        });
+        ASSERT_NE(text, texts.end()) << number;
+        const double x = text->x - (isHeld ? margin : kanvas.w - margin);
+        const double up = kanvas.h / 2 - text->y;
+        const int component = (number - 1) % 3 + 1;
+        EXPECT_EQ(x > 0.4, component == 1);
+        EXPECT_EQ(up > 0.7, component == 2);
+        EXPECT_EQ(x < -0.3, component == 3);
+    }
+    EXPECT_EQ(kanvas.linesOf(xroma_stoixeion).size(), 1U);
+    EXPECT_EQ(kanvas.of(Primitive::Kind::turnedText).front().text, " 1");
+    EXPECT_FALSE(nai_stoixeia || nai_arithmisi_stoixeion || nai_komboi || nai_arithmisi_kombon);
+    EXPECT_EQ(currentView(), view);
+
+    putNode(1e9, 1e9); // nor does a node say anything that came later, or is too far for a scale
+    drawStepPicture(picture);
+    Arithmos_Kombon = 1;
+    drawStepPicture(picture);
+    Arithmos_Stoixeion = 0;
+    drawStepPicture({Picture::Kind::element, "", 0, {}, 1, 1, 0, std::vector<std::string>(6)});
+    EXPECT_TRUE(desktop.log.empty());
 }
 
 TEST_F(AnalysisSteps, ShowOfALargeModelWhatIsChosen)
@@ -267,6 +406,34 @@ TEST_F(AnalysisSteps, AreWellFormedHtmlWithOriginsAndNoMinusZero)
     EXPECT_EQ(links, ids); // the contents name every section, and no link is dead
     EXPECT_THAT(html, testing::HasSubstr("%3Csvg id=%22drawn%22%3E%23%25"));
     EXPECT_THAT(html, testing::Not(testing::HasSubstr(">-0<")));
+}
+
+TEST_F(AnalysisSteps, ShowASmallModelWholeAndPartWhatIsTooWideForAPage)
+{
+    std::string model = "G 3 7 .3; N 0 0 xxx";
+    for (int n = 2; n <= 9; ++n)
+        model += "; N " + std::to_string(n) + " " + std::to_string(n % 2) + "; E "
+                 + std::to_string(n - 1) + " " + std::to_string(n) + " 1 0 0 .1 .7";
+    buildModel(model + "; N 20 0 xxx; N 21 0 xxx"); // more nodes than the elements join
+    const Document document = stepsOfAnalysis({{}, {}, 15});
+    EXPECT_EQ(grid(document, "equations", 0).columns.size(), 24U);
+    std::size_t cells = 0, parts = 0, written = 0, opened = 0, closed = 0;
+    for (const Section &section : document.sections)
+        for (const Block &block : section.blocks)
+            if (const auto *found = std::get_if<Grid>(&block)) {
+                parts += found->isMatrix ? 1 : 0;
+                for (const GridRow &row : found->rows)
+                    cells += row.cells.size();
+            }
+    const QString html =
+        QString::fromStdString(stepsHtml(document, [](const Picture &) { return ""; }));
+    written = static_cast<std::size_t>(html.count("<td"));
+    opened = static_cast<std::size_t>(html.count("\"matrix opens"));
+    closed = static_cast<std::size_t>(html.count(" closes"));
+    EXPECT_EQ(written, cells);
+    EXPECT_EQ(opened, parts);
+    EXPECT_EQ(closed, parts);
+    EXPECT_THAT(html.toStdString(), testing::HasSubstr("…"));
 }
 
 } // namespace

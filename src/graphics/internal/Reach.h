@@ -4,6 +4,7 @@
 
 #include "Kanvas.h"
 
+#include <cstdint>
 #include <optional>
 #include <vector>
 
@@ -21,12 +22,15 @@ std::vector<Reach> diagramReaches();
 /// Those of the deformed shape.
 std::vector<Reach> displacementReaches();
 
-/// The scale of a picture of results.
+inline constexpr std::int16_t displacementDecimals = 6;
+
+/// The scale of a picture of results, and how exactly it tells them.
 struct DiagramScale
 {
     float &setting;
-    double (*greatest)(); ///< magnitude at nodes or ends that the picture shows
-    double divisor = 1;   ///< of the setting: that of displacements is told in thousandths
+    double (*greatest)();  ///< magnitude at nodes or ends that the picture shows
+    std::int16_t decimals; ///< of the values shown
+    double divisor = 1;    ///< of the setting: that of displacements is told in thousandths
 };
 
 /// That of the picture shown; none of the model alone.

@@ -60,7 +60,7 @@ inline void printHeading(const char *letter)
     kanvas.setFontSize(12);
     kanvas.setFontBold(true);
     kanvas.moveTo(0.1, 0.07);
-    kanvas.print(letter);
+    kanvas.printNote(letter);
     kanvas.setFontSize(8);
     kanvas.setFontBold(false);
 }
@@ -68,7 +68,7 @@ inline void printHeading(const char *letter)
 inline void printLine(const std::string &text)
 {
     Picture1().setCurrentX(0.1);
-    Picture1().print(text);
+    Picture1().printNote(text);
 }
 
 inline void printExtreme(const char *name, double value)

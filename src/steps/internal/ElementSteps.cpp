@@ -11,11 +11,15 @@ namespace veskora::steps {
 void StepsRun::showFormulasOfElements()
 {
     open("elements", 1, Metafrasi(1983, "Stiffness and load of the elements"));
+    if (choice_.elements.empty()) {
+        const std::string texts =
+            Metafrasi(2044, "Of the %1 elements none is shown.|The model has no elements.");
+        return tell(
+            filled(part(texts, Arithmos_Stoixeion > 0 ? 0 : 1), {numberText(Arithmos_Stoixeion)}));
+    }
     if (static_cast<int>(choice_.elements.size()) < Arithmos_Stoixeion)
         tell(filled(Metafrasi(2039, "Of the %1 elements these are shown: %2."),
                     {numberText(Arithmos_Stoixeion), rowList(choice_.elements)}));
-    if (choice_.elements.empty())
-        return;
     add(rotationFormula());
     std::vector<ElementType> types, loaded;
     for (const ElementType type :
@@ -69,13 +73,13 @@ void StepsRun::noteOrigins(int e)
     const auto freedom = [ni = ni, nj = nj](int k) {
         return k <= 3 ? freedomOf(ni, k) : freedomOf(nj, k - 3);
     };
-    for (int r = 1; r <= 6; ++r)
+    for (int r = 1; r <= 6; ++r) {
         for (int c = 1; c <= 6; ++c)
-            if (K_Stoixeiou(r, c) != 0) {
-                std::vector<int> &elements = origins_[{freedom(r), freedom(c)}];
-                if (elements.empty() || elements.back() != e) // both ends may be at one node
-                    elements.push_back(e);
-            }
+            if (K_Stoixeiou(r, c) != 0)
+                origins_[{freedom(r), freedom(c)}].push_back(e);
+        if (F_Pakton_Oliko(r) != 0)
+            origins_[{freedom(r), 0}].push_back(e);
+    }
 }
 
 void StepsRun::showElement(int e)
@@ -175,9 +179,14 @@ void StepsRun::showEndForces(int e, const std::array<double, 6> &product)
                                            "its ends, drawn where they are positive."),
                            {name})};
     picture.element = e;
+    const ElementGeometry geometry = elementGeometry(e);
+    picture.c = geometry.c;
+    picture.s = geometry.s;
+    const std::string places = Metafrasi(
+        2046, "%1: along x; along the element|%1: along y; across the element|%1: rotation");
     for (int k = 1; k <= 6; ++k) {
         const auto at = static_cast<std::size_t>(k - 1);
-        grid.rows.push_back({{globalFreedoms()[at] + ", " + localFreedoms()[at]},
+        grid.rows.push_back({{filled(part(places, at % 3), {k <= 3 ? "i" : "j"})},
                              {number(U_Stoixeiou_Oliko(k)), number(U_Stoixeiou_Topiko(k)),
                               number(product[at]), number(F_Pakton_Topiko(k)),
                               number(Entasi_Topiki(e, k)), number(Entasi_Oliki(e, k))}});

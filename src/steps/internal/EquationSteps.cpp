@@ -1,6 +1,7 @@
 // The steps from springs and assembled elements to the solution of the equations.
 
 #include "epilisi.h"
+#include "FreeMotions.h"
 #include "StepsRun.h"
 
 #include <algorithm>
@@ -12,12 +13,12 @@ void StepsRun::addSprings()
 {
     Synthesi_Elatirion();
     open("springs", 1, Metafrasi(1993, "Springs"));
-    const auto sprung = [](int n) { return hasSpring(n); };
-    if (countRows(Arithmos_Kombon, sprung) == 0)
+    const std::vector<int> nodes = rowsWhere(Arithmos_Kombon, isSprungNode);
+    if (nodes.empty())
         return tell(Metafrasi(1994, "The model has no springs."));
     tell(Metafrasi(1995, "The constants of springs are added on the diagonal."));
-    Grid grid{false, {}, Metafrasi(1732, "Node"), {{"Kx"}, {"Ky"}, {"Kz"}}, {}};
-    for (const int n : rowsWhere(Arithmos_Kombon, sprung)) {
+    Grid grid{false, {}, Metafrasi(1732, "Node"), cellsOf(springConstants()), {}};
+    for (const int n : nodes) {
         grid.rows.push_back({count(n), {}});
         for (int component = 1; component <= 3; ++component) {
             Cell cell = number(Elatiria(n, component));
@@ -28,34 +29,39 @@ void StepsRun::addSprings()
     add(grid);
 }
 
+std::string elementsText(const std::vector<int> &elements)
+{
+    return filled(forRows(Metafrasi(1999, "element %1|elements %1"), elements.size()),
+                  {rowList(elements)});
+}
+
 /// "elements 1 and 2; spring of node 3"
 std::string StepsRun::originOf(int row, int column) const
 {
     std::string text;
     if (const auto found = origins_.find({row, column}); found != origins_.end())
-        text = filled(forRows(Metafrasi(1999, "element %1|elements %1"), found->second.size()),
-                      {rowList(found->second)});
+        text = elementsText(found->second);
     const int n = nodeOfFreedom(row);
-    if (row == column && hasSpring(n, componentOf(row)))
+    if (row == column && isSprung(n, componentOf(row)))
         text += (text.empty() ? "" : "; ")
                 + filled(Metafrasi(2000, "spring of node %1"), {numberText(n)});
     return text;
 }
 
-std::string StepsRun::originOfLoad(int freedom) const
+Cell StepsRun::nodalLoad(int freedom) const
 {
     const int n = nodeOfFreedom(freedom);
-    std::string text;
-    if (Komboi(n, node::Fx - 1 + componentOf(freedom)) != 0)
-        text = filled(Metafrasi(2006, "load of node %1"), {numberText(n)});
-    const std::vector<int> elements = rowsWhere(Arithmos_Stoixeion, [n](int e) {
-        return isLoadedElement(e)
-               && (nodeOf(e, element::nodeI) == n || nodeOf(e, element::nodeJ) == n);
-    });
-    if (!elements.empty())
-        text += (text.empty() ? "" : "; ")
-                + filled(forRows(Metafrasi(1999, "element %1|elements %1"), elements.size()),
-                         {rowList(elements)});
+    Cell load = number(Komboi(n, node::Fx - 1 + componentOf(freedom)));
+    if (*load.value != 0)
+        load.origin = filled(Metafrasi(2006, "load of node %1"), {numberText(n)});
+    return load;
+}
+
+std::string StepsRun::originOfLoad(int freedom) const
+{
+    std::string text = nodalLoad(freedom).origin;
+    if (const auto found = origins_.find({freedom, 0}); found != origins_.end())
+        text += (text.empty() ? "" : "; ") + elementsText(found->second);
     return text;
 }
 
@@ -126,9 +132,7 @@ void StepsRun::showRightHandSide()
         Cell sum = number(P_Eleftheroi(p));
         sum.origin = originOfLoad(freedom);
         grid.rows.push_back(
-            {freedomCell(freedom),
-             {number(Komboi(nodeOfFreedom(freedom), node::Fx - 1 + componentOf(freedom))),
-              number(P_Oliko(freedom)), sum}});
+            {freedomCell(freedom), {nodalLoad(freedom), number(P_Oliko(freedom)), sum}});
     }
     add(grid);
 }
@@ -145,12 +149,16 @@ void StepsRun::cutEquations()
                          "from."));
     add(Formula{symbol("K", "ff") + " " + symbol("U", "f") + " = " + symbol("p", "f")});
     showPattern();
-    if (!isWhole())
+    const bool isAnyShown = !shownRows().empty();
+    if (isAnyShown && !isWhole())
         tell(filled(Metafrasi(2010, "In numbers, the rows of the nodes %1, and the columns in "
                                     "which they are not 0:"),
                     {rowList(choice_.nodes)}));
     if (Eleftheroi_Vathmoi == 0)
         throw Ending{Metafrasi(2032, "No freedom is free: there are no equations to solve.")};
+    if (!isAnyShown)
+        return tell(Metafrasi(2047, "All freedoms of the nodes shown are held and have no "
+                                    "equation."));
     showStiffness();
     showRightHandSide();
 }
@@ -170,6 +178,19 @@ int zeroPivot()
     return 0;
 }
 
+/// What a pivot tells; empty where it is as it should be. Its ratio to the diagonal before is no
+/// less than the smallest eigenvalue of the matrix scaled to a unit diagonal, so their limit is
+/// one.
+std::string remarkOn(double pivot, double before)
+{
+    const std::string remarks = Metafrasi(2040, "is 0|next to nothing|negative");
+    if (pivot == 0)
+        return part(remarks, 0);
+    if (std::abs(pivot) < nearlyFreeBelow * std::abs(before))
+        return part(remarks, 1);
+    return pivot < 0 ? part(remarks, 2) : "";
+}
+
 } // namespace
 
 void StepsRun::showPivots(int last)
@@ -177,28 +198,39 @@ void StepsRun::showPivots(int last)
     Grid grid{false,
               {},
               Metafrasi(2009, "Freedom"),
-              partsOf(Metafrasi(2012, "diagonal of the matrix|pivot"), 2),
+              partsOf(Metafrasi(2012, "diagonal of the matrix|pivot|right-hand side then"), 3),
               {}};
-    for (const int p : shownRows())
-        if (p <= last)
-            grid.rows.push_back(
-                {freedomCellAt(p),
-                 {number(std::as_const(K_Anadiataxi)(p, p)), number(std::as_const(K_ff)(p, p))}});
+    std::vector<std::string> remarks;
+    for (const int p : shownRows()) {
+        if (p > last)
+            continue;
+        const double before = std::as_const(K_Anadiataxi)(p, p), pivot = std::as_const(K_ff)(p, p);
+        grid.rows.push_back(
+            {freedomCellAt(p), {number(before), number(pivot), number(P_Eleftheroi(p))}});
+        remarks.push_back(remarkOn(pivot, before));
+    }
+    if (std::any_of(remarks.begin(), remarks.end(),
+                    [](const auto &text) { return !text.empty(); })) {
+        grid.columns.push_back({""});
+        for (std::size_t row = 0; row < remarks.size(); ++row)
+            grid.rows[row].cells.push_back({remarks[row]});
+    }
     add(grid);
 }
 
 void StepsRun::solve()
 {
     open("elimination", 1, Metafrasi(2011, "Elimination"));
-    tell(Metafrasi(2013, "From each row of the equations such multiples of the rows above are "
-                         "taken that only zeros stay before the diagonal. What then stands on it "
-                         "are the pivots. One that is 0 ends the elimination, and one that is next "
-                         "to nothing beside the diagonal before is 0 but for rounding: something "
-                         "can move freely. A negative one tells of an unstable structure."));
-    add(Formula{scalar("K", "ij") + " ← " + scalar("K", "ij") + " − (" + scalar("K", "ki") + " / "
-                + scalar("K", "kk") + ") " + scalar("K", "kj") + ",   " + scalar("p", "i") + " ← "
-                + scalar("p", "i") + " − (" + scalar("K", "ki") + " / " + scalar("K", "kk") + ") "
-                + scalar("p", "k")});
+    tell(Metafrasi(2013,
+                   "From each row of the equations such multiples of the rows above are "
+                   "taken that only zeros stay before the diagonal. What then stands on it "
+                   "are the pivots. One that is 0 ends the elimination, and one that is next "
+                   "to nothing beside the diagonal before is 0 but for rounding, whatever its "
+                   "sign: something can move freely. Any other negative one tells of an "
+                   "unstable structure. Only what stands on the diagonal and above it is "
+                   "kept: by symmetry the entry in row k and column i serves for the one in "
+                   "row i and column k."));
+    add(Formula{eliminationFormula()});
     try {
         solveFreeFreedoms();
     } catch (const Fault &) {
@@ -214,6 +246,7 @@ void StepsRun::solve()
     showPivots(Eleftheroi_Vathmoi);
     tell(Metafrasi(2014, "The last equation has one unknown left. From it upward, each gives one "
                          "displacement:"));
+    add(Formula{substitutionFormula()});
     Grid grid{true, symbol("U", "f") + " =", {}, {{""}}, {}};
     for (const int p : shownRows())
         grid.rows.push_back({freedomCellAt(p), {number(U_Eleftheroi(p))}});

@@ -117,6 +117,49 @@ const std::array<Line, 3> &nodeFreedoms()
     return all;
 }
 
+const std::array<Line, 3> &springConstants()
+{
+    static const std::array<Line, 3> all = {scalar("K", "x"), scalar("K", "y"), scalar("K", "z")};
+    return all;
+}
+
+const std::array<Line, 3> &reactionComponents()
+{
+    static const std::array<Line, 3> all = {scalar("R", "x"), scalar("R", "y"), scalar("M", "z")};
+    return all;
+}
+
+Line listOf(std::span<const Line> lines)
+{
+    Line list;
+    for (const Line &line : lines)
+        list = (list.runs.empty() ? list : list + ", ") + line;
+    return list;
+}
+
+Line springFormula()
+{
+    std::array<Line, 3> all;
+    for (std::size_t k = 0; k < 3; ++k)
+        all[k] = reactionComponents()[k] + " = −" + springConstants()[k] + " " + nodeFreedoms()[k];
+    return listOf(all);
+}
+
+Line eliminationFormula()
+{
+    const Line quotient = " − (" + scalar("K", "ki") + " / " + scalar("K", "kk") + ") ";
+    return scalar("K", "ij") + " ← " + scalar("K", "ij") + quotient + scalar("K", "kj") + ",   "
+           + scalar("p", "i") + " ← " + scalar("p", "i") + quotient + scalar("p", "k")
+           + ";   k = 1 … n − 1,  i = k + 1 … n,  j = i … n";
+}
+
+Line substitutionFormula()
+{
+    return scalar("U", "i") + " = (" + scalar("p", "i") + " − " + scalar("Σ", "j > i") + " "
+           + scalar("K", "ij") + " " + scalar("U", "j") + ") / " + scalar("K", "ii")
+           + ";   i = n … 1";
+}
+
 std::vector<Line> definedSymbols()
 {
     return {"E, A, I",
@@ -129,11 +172,16 @@ std::vector<Line> definedSymbols()
             symbol("f", "", "0") + ", " + symbol("F", "e", "0"),
             symbol("u") + ", " + symbol("U", "e"),
             symbol("f") + ", " + symbol("F", "e"),
+            listOf(localFreedoms()),
+            listOf(springConstants()),
             symbol("K", "ff"),
             symbol("p"),
             symbol("p", "f"),
             symbol("U", "f"),
-            symbol("R")};
+            scalar("K", "ij") + ", " + scalar("p", "i") + ", " + scalar("U", "i"),
+            listOf(nodeFreedoms()),
+            symbol("R"),
+            listOf(reactionComponents())};
 }
 
 Grid rotationFormula()

@@ -9,6 +9,7 @@
 #include "Steps.h"
 
 #include <array>
+#include <span>
 
 namespace veskora::steps {
 
@@ -26,6 +27,19 @@ const std::array<Line, 6> &localFreedoms();
 const std::array<Line, 6> &globalFreedoms();
 /// Ux, Uy and the rotation of a node.
 const std::array<Line, 3> &nodeFreedoms();
+
+/// Kx, Ky, Kz, and Rx, Ry, Mz.
+const std::array<Line, 3> &springConstants();
+const std::array<Line, 3> &reactionComponents();
+
+/// @p lines with commas between them.
+Line listOf(std::span<const Line> lines);
+
+/// What a spring presses with.
+Line springFormula();
+/// As the engine runs: the upper triangle alone, without a search for pivots.
+Line eliminationFormula();
+Line substitutionFormula();
 
 /// The symbols that stand for themselves throughout, in the order of their explanations.
 std::vector<Line> definedSymbols();

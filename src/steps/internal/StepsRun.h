@@ -33,19 +33,41 @@ public:
     Kept(const Kept &) = delete;
     Kept &operator=(const Kept &) = delete;
 
+private:
     const decltype(Metatopiseis) displacements = Metatopiseis;
     const decltype(Entasi_Topiki) endForces = Entasi_Topiki;
     const decltype(Antidraseis) reactions = Antidraseis;
-
-private:
     std::int16_t free_ = Eleftheroi_Vathmoi;
     std::int16_t held_ = Desmevmenoi_Vathmoi;
+};
+
+/// Whether the analysis adds a spring at a freedom; the report knows those above 0 alone.
+inline bool isSprung(int n, int component)
+{
+    return Elatiria(n, component) != 0;
+}
+inline bool isSprungNode(int n)
+{
+    return isSprung(n, 1) || isSprung(n, 2) || isSprung(n, 3);
+}
+inline bool isHeld(int n, int component)
+{
+    return Komboi(n, node::fixedX - 1 + component) == 1;
+}
+
+/// A number that the report prints.
+struct ReportNumber
+{
+    double value;
+    Line name; ///< empty where it is not to be shown
 };
 
 class StepsRun
 {
 public:
-    explicit StepsRun(const Choice &wished) : choice_(completed(wished)) {}
+    explicit StepsRun(const Choice &wished)
+        : choice_(completed(wished)), reported_(numbersOfReport())
+    {}
 
     Document run();
 
@@ -78,6 +100,9 @@ private:
     void showRows(const std::vector<int> &rows);
     void showRightHandSide();
     void showPivots(int last);
+    void warnOfMotion();
+    void showReactions();
+    void showSpringForces();
     void showEndForces(int e, const std::array<double, 6> &product);
 
     /// @name Parts of the document
@@ -88,6 +113,7 @@ private:
     }
     void add(Block block) { document_.sections.back().blocks.push_back(std::move(block)); }
     void tell(const std::string &text) { add(Paragraph{text}); }
+    void warn(const std::string &text) { add(Paragraph{text, true}); }
 
     Cell number(double value) const { return {roundedText(value, choice_.digits), value}; }
     static Cell count(int value) { return {numberText(value), value}; }
@@ -108,21 +134,32 @@ private:
     /// Permuted numbers of the free freedoms of a node, and of all the chosen ones.
     std::vector<int> freeRows(int n) const;
     std::vector<int> shownRows() const;
-    /// Whether the structure's matrix is shown as one: no more nodes than a row of elements has.
+    /// Whether the structure's matrix is shown as one: all is chosen, and it has no more rows than
+    /// a small model's elements have ends.
     bool isWhole() const
     {
-        return static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon
-               && Arithmos_Kombon <= wholeUpTo + 1;
+        return static_cast<int>(choice_.elements.size()) == Arithmos_Stoixeion
+               && static_cast<int>(choice_.nodes.size()) == Arithmos_Kombon
+               && Eleftheroi_Vathmoi <= 6 * wholeUpTo;
     }
     std::string originOf(int row, int column) const;
     std::string originOfLoad(int freedom) const;
+    Cell nodalLoad(int freedom) const;
+    Cell sumOfEndForces(int n, int component) const;
+    /// In the order in which the report prints them.
+    std::vector<ReportNumber> numbersOfReport() const;
 
     const Choice choice_;
     const Kept kept_;
+    const std::vector<ReportNumber> reported_; ///< of the results that there were
     Document document_;
     std::vector<int> position_; ///< at its natural number the permuted one of each freedom
-    std::map<std::pair<int, int>, std::vector<int>> origins_; ///< elements, by natural freedoms
+    /// Elements by natural freedoms, of the right-hand side in column 0.
+    std::map<std::pair<int, int>, std::vector<int>> origins_;
 };
+
+/// "elements 1 and 2"
+std::string elementsText(const std::vector<int> &elements);
 
 std::vector<Cell> cellsOf(const auto &lines)
 {

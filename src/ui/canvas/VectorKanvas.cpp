@@ -32,11 +32,14 @@ double luminance(const QColor &colour)
            + 0.0722 * linear(colour.blueF());
 }
 
-/// @p colour, or a darker one of its hue that is seen on white.
-QColor seenOnWhite(QColor colour)
+/// @p colour, or a darker one of its hue that can be read on white: black where it has none.
+QColor readOnWhite(QColor colour)
 {
-    constexpr double leastContrast = 2;
-    while (1.05 / (luminance(colour) + 0.05) < leastContrast)
+    constexpr double leastContrast = 4.5; // of texts
+    const auto isPale = [&] { return 1.05 / (luminance(colour) + 0.05) < leastContrast; };
+    if (isPale() && colour.hsvHue() < 0)
+        return Qt::black;
+    while (isPale())
         colour =
             QColor::fromRgb(colour.red() * 9 / 10, colour.green() * 9 / 10, colour.blue() * 9 / 10);
     return colour;
@@ -62,16 +65,29 @@ QTransform VectorKanvas::PlacedText::place() const
     return way;
 }
 
+VectorKanvas::PlacedText VectorKanvas::PlacedText::underHalo() const
+{
+    PlacedText under = *this;
+    if (!ordinate || text.startsWith('-'))
+        return under;
+    const QString room = "--"; // what is left of the line is too far off to be a sign
+    under.text.prepend(room);
+    under.corner.rx() -= QFontMetricsF(font).horizontalAdvance(room) * size / em;
+    return under;
+}
+
 std::vector<LabelBox> VectorKanvas::PlacedText::boxes() const
 {
-    const QRectF ink = QFontMetricsF(font).tightBoundingRect(text);
+    const QFontMetricsF metrics(font);
+    const QRectF ink = metrics.tightBoundingRect(text);
     const bool leans = std::fmod(turn, 90) != 0;
     const int parts = leans ? static_cast<int>(std::ceil(ink.width() / ink.height())) : 1;
     constexpr double gap = em / 8.0; // on either side: side by side two values are not to be one
-    const double width = (ink.width() + 2 * gap) / parts;
+    const double signGap = text.startsWith('-') ? gap : metrics.horizontalAdvance('-');
+    const double width = (signGap + ink.width() + gap) / parts;
     std::vector<LabelBox> boxes;
     for (int i = 0; i < parts; ++i) {
-        const QRectF part(ink.left() - gap + i * width, ink.top(), width, ink.height());
+        const QRectF part(ink.left() - signGap + i * width, ink.top(), width, ink.height());
         const QRectF box =
             place().mapRect(part).adjusted(-haloWidth, -haloWidth, haloWidth, haloWidth);
         boxes.push_back({box.left(), box.top(), box.right(), box.bottom()});
@@ -138,7 +154,7 @@ QColor VectorKanvas::ground() const
 
 QColor VectorKanvas::onPaper(const QColor &colour) const
 {
-    return isForPrint_ ? seenOnWhite(colour) : colour;
+    return isForPrint_ ? readOnWhite(colour) : colour;
 }
 
 VectorKanvas::Stroke VectorKanvas::stroke() const
@@ -223,7 +239,7 @@ void VectorKanvas::place(const std::string &text, PlacedText placed)
         return;
     if (isForPrint_)
         placed.size = std::max(placed.size, smallestPrinted);
-    placed.colour = isForPrint_ ? QColor(Qt::black) : penColour_;
+    placed.colour = onPaper(penColour_);
     const QFontMetricsF metrics(placed.font);
     const double scale = placed.size / em;
     placed.ascent = metrics.ascent() * scale;
@@ -245,12 +261,18 @@ void VectorKanvas::doPrint(const std::string &text, float x, float y)
     place(text, {.font = font(), .size = fontSize(), .corner = pixelPlace(x, y)});
 }
 
+void VectorKanvas::doPrintOnGround(const std::string &text, float x, float y)
+{
+    place(text, {.font = font(), .size = fontSize(), .corner = pixelPlace(x, y), .hasHalo = true});
+}
+
 void VectorKanvas::doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate)
 {
     const auto inPixels = [](Point at) {
         return Point{at.x * pixelsPerCentimetre, at.y * pixelsPerCentimetre};
     };
-    place(text,
+    // A minus must not run into the ordinate: it keeps the room that other values have before them.
+    place(text.front() == '-' ? " " + text : text,
           {.font = font(),
            .size = fontSize(),
            .corner = pixelPlace(x, y),
@@ -290,9 +312,11 @@ void VectorKanvas::layOutValues()
         else
             for (const LabelBox &box : text.boxes())
                 obstacles.push_back(box);
-    const auto places = layOutLabels(labels, obstacles, {0, 0, size_.width(), size_.height()});
+    const auto [moves, withoutRoom] =
+        layOutLabels(labels, obstacles, {0, 0, size_.width(), size_.height()}, crowded_);
+    valuesWithoutRoom_ = withoutRoom;
     std::vector<PlacedText> kept;
-    auto next = places.begin();
+    auto next = moves.begin();
     for (PlacedText &text : texts_) {
         const std::optional<Point> by = text.ordinate ? *next++ : Point{};
         if (!by)
@@ -311,7 +335,7 @@ void VectorKanvas::paintTexts()
                  texts_.end()); // nobody searches for what cannot be seen
     for (const PlacedText &text : texts_)
         if (text.hasHalo)
-            paintHalo(text, {ground(), 2 * haloWidth, false});
+            paintHalo(text.underHalo(), {ground(), 2 * haloWidth, false});
     for (const PlacedText &text : texts_)
         paintText(text);
 }

@@ -29,9 +29,15 @@ public:
     /// Makes all texts @p factor times as large as they are asked for; lines and symbols stay.
     void setTextScale(double factor) { textScale_ = factor; }
 
-    /// From here on for a printer: no ground, texts black and no smaller than six points, thin
-    /// lines, and darker ones where a colour would hardly be seen on white.
+    /// From here on for a printer: no ground, texts no smaller than six points, thin lines, colours
+    /// dark enough to be read on white.
     void setForPrint() { isForPrint_ = true; }
+
+    /// What becomes of values that find no free place; at first they stay.
+    void setCrowded(Crowded crowded) { crowded_ = crowded; }
+
+    /// How many values were left out so when the texts were put down.
+    int valuesWithoutRoom() const { return valuesWithoutRoom_; }
 
     double width() const override;
     double height() const override;
@@ -69,7 +75,11 @@ protected:
 
         /// From the font's own pixels, at the beginning of the base line, to those of the picture.
         QTransform place() const;
-        /// What it covers with its halo; one that leans is cut into several.
+        /// What the halo is of. A line of the diagram that ended right before a value would make it
+        /// negative: where it has no sign, the place of one is kept free too.
+        PlacedText underHalo() const;
+        /// What it covers with its halo and the place of a sign; one that leans is cut into
+        /// several.
         std::vector<LabelBox> boxes() const;
     };
 
@@ -103,6 +113,7 @@ protected:
     void doPrint(const std::string &text, float x, float y) override;
     void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                         int angle) override;
+    void doPrintOnGround(const std::string &text, float x, float y) override;
     void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate) override;
     double lineAdvance() const override;
 
@@ -118,6 +129,7 @@ private:
     QSizeF size_;
     double textScale_ = 1;
     bool isForPrint_ = false;
+    Crowded crowded_ = Crowded::stay;
     QColor background_ = Qt::white;
     QColor penColour_ = Qt::black;
     int penWidth_ = 1;
@@ -127,6 +139,7 @@ private:
     int fontSize_ = 9;
     bool fontBold_ = false;
     std::vector<PlacedText> texts_;
+    int valuesWithoutRoom_ = 0;
 };
 
 } // namespace veskora

@@ -11,18 +11,26 @@ namespace veskora {
 
 namespace {
 
-/// What stands for a point or a minus becomes one.
-class DecimalPoint : public QValidator
+/// What stands for a decimal separator or a minus becomes one.
+class PlainSigns : public QValidator
 {
 public:
-    using QValidator::QValidator;
+    PlainSigns(QObject *parent, QChar separator) : QValidator(parent), separator_(separator) {}
 
     State validate(QString &text, int &) const override
     {
-        text = withPlainSigns(text);
+        text = withPlainSigns(text).replace('.', separator_);
         return Acceptable;
     }
+
+private:
+    const QChar separator_;
 };
+
+QChar regionalSeparator()
+{
+    return qtText(regionalDecimalSeparator()).front();
+}
 
 } // namespace
 
@@ -34,13 +42,23 @@ QString withPlainSigns(QString text)
 
 void takeDecimalComma(QLineEdit *field)
 {
-    field->setValidator(new DecimalPoint(field));
+    field->setValidator(new PlainSigns(field, '.'));
+}
+
+void takeRegionalSeparator(QLineEdit *field)
+{
+    field->setValidator(new PlainSigns(field, regionalSeparator()));
+}
+
+std::optional<double> wholeTypedNumber(const QLineEdit *field)
+{
+    return numberFromWholeText(plainText(field->text().replace(regionalSeparator(), '.')));
 }
 
 QLineEdit *fieldCutAtSeparator(const QWidget *form)
 {
     for (QLineEdit *field : form->findChildren<QLineEdit *>())
-        if (dynamic_cast<const DecimalPoint *>(field->validator()) != nullptr
+        if (dynamic_cast<const PlainSigns *>(field->validator()) != nullptr
             && breaksOffAtSeparator(plainText(field->text())))
             return field;
     return nullptr;

@@ -10,6 +10,7 @@
 #include "QtDesktop.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
@@ -63,6 +64,14 @@ bool UndoCommands::eventFilter(QObject *watched, QEvent *event)
         takeStep();
     if (event->type() == QEvent::MouseButtonPress && watched->isWidgetType())
         wasPressOnCanvas_ = watched == canvas_.Picture1;
+    if (isLeftToModel(*event)) {
+        event->ignore();
+        return true;
+    }
+    if (redoesInField(watched, *event)) {
+        event->accept();
+        return true;
+    }
     if (!pressesInDialog(watched, *event))
         return false;
     event->accept();
@@ -73,16 +82,49 @@ namespace {
 
 QLineEdit *focusedField()
 {
-    const auto *list = qobject_cast<QComboBox *>(QApplication::focusWidget());
-    return list != nullptr ? list->lineEdit()
-                           : qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QWidget *const focused = QApplication::focusWidget();
+    if (const auto *list = qobject_cast<QComboBox *>(focused))
+        return list->lineEdit();
+    if (qobject_cast<QAbstractSpinBox *>(focused) != nullptr)
+        return focused->findChild<QLineEdit *>();
+    return qobject_cast<QLineEdit *>(focused);
 }
 
 } // namespace
 
+/// A text field claims the keys of undo and redo even where it has nothing to undo. Where its
+/// window has the commands they shall have them then.
+bool UndoCommands::isLeftToModel(const QEvent &event)
+{
+    if (event.type() != QEvent::ShortcutOverride)
+        return false;
+    const QLineEdit *field = focusedField();
+    if (field == nullptr)
+        return false;
+    const auto &key = static_cast<const QKeyEvent &>(event);
+    return (key.matches(QKeySequence::Undo) && !field->isUndoAvailable())
+           || (key.matches(QKeySequence::Redo) && !field->isRedoAvailable());
+}
+
+/// Where the desktop has other keys for it, a field does not know Ctrl+Y. Its own typing that was
+/// taken back comes before an edit of the model.
+bool UndoCommands::redoesInField(const QObject *watched, const QEvent &event)
+{
+    const bool isPress = event.type() == QEvent::KeyPress;
+    if ((!isPress && event.type() != QEvent::ShortcutOverride)
+        || watched != QApplication::focusWidget()
+        || static_cast<const QKeyEvent &>(event).keyCombination() != (Qt::CTRL | Qt::Key_Y))
+        return false;
+    QLineEdit *field = focusedField();
+    if (field == nullptr || !field->isRedoAvailable())
+        return false;
+    if (isPress)
+        field->redo();
+    return true;
+}
+
 /// A key of the menu comes to a model dialog itself where nothing in it took it. The dialog keeps
-/// it from the main window, so it is passed on; but those pressed in a text field are the field's,
-/// which knows Ctrl+Y on some desktops only.
+/// it from the main window, so it is passed on; but those pressed in a text field are the field's.
 bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) const
 {
     if (event.type() != QEvent::KeyPress || qobject_cast<const ModelDialog *>(watched) == nullptr)
@@ -91,10 +133,8 @@ bool UndoCommands::pressesInDialog(const QObject *watched, const QEvent &event) 
     for (QAction *action : window_->findChild<QMenu *>(commandPlace::editMenu)->actions()) {
         if (!action->shortcuts().contains(keys))
             continue;
-        if (QLineEdit *field = focusedField(); field == nullptr)
+        if (focusedField() == nullptr)
             action->trigger();
-        else if (keys == QKeySequence("Ctrl+Y"))
-            field->redo();
         return true;
     }
     return false;

@@ -42,6 +42,8 @@ public:
 private:
     bool isActionRunning() const;
     bool beginsAction(const QObject &watched, const QEvent &event) const;
+    static bool isLeftToModel(const QEvent &event);
+    static bool redoesInField(const QObject *watched, const QEvent &event);
     bool pressesInDialog(const QObject *watched, const QEvent &event) const;
     void go(const std::string *(History::*way)(), const std::string &went,
             const std::string &nothing);

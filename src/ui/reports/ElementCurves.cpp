@@ -53,7 +53,7 @@ std::vector<ElementCurves::Curve> ElementCurves::curves() const
 
 ElementCurves::ElementCurves(QWidget *parent) : QWidget(parent)
 {
-    constexpr QSize least(240, 200); // logical pixels
+    constexpr QSize least(240, 140); // logical pixels
     setMinimumSize(least);
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
@@ -89,6 +89,48 @@ void ElementCurves::moveTo(double place)
 
 // --------------------------------------------------------------------------------------- painting
 
+/// A curve and where it lies.
+struct ElementCurves::Panel
+{
+    Curve curve;
+    QRectF frame;
+    std::vector<QPointF> points = {}; ///< place and value; none where a value is missing
+    double low = 0, high = 0;         ///< of the values and 0
+    bool hasLabels = false;           ///< else it is too low for them
+    double top = 0, scale = 0;        ///< of the area of the curve, and pixels for 1
+};
+
+ElementCurves::Panel ElementCurves::panelOf(const Curve &curve, const QRectF &frame) const
+{
+    constexpr int chords = 100, leastLines = 4;
+    Panel panel{.curve = curve, .frame = frame};
+    for (int k = 0; k <= chords; ++k) {
+        const double x = k == chords ? along_->length : k * along_->length / chords;
+        const auto value = valuesAt(*along_, {x}).*curve.value;
+        if (!value) {
+            panel.points.clear();
+            break;
+        }
+        panel.points.emplace_back(x, *value);
+        panel.low = std::min(panel.low, *value);
+        panel.high = std::max(panel.high, *value);
+    }
+    const int text = fontMetrics().height();
+    panel.hasLabels = frame.height() >= leastLines * text;
+    const double edge = gap + (panel.hasLabels ? text : 0);
+    panel.top = frame.top() + edge;
+    panel.scale = panel.high > panel.low
+                      ? std::max(1.0, frame.height() - 2 * edge) / (panel.high - panel.low)
+                      : 0;
+    return panel;
+}
+
+QPointF ElementCurves::at(const Panel &panel, double x, double value) const
+{
+    const double down = panel.curve.isPositiveDown ? value - panel.low : panel.high - value;
+    return {xOf(x), panel.top + panel.scale * down};
+}
+
 void ElementCurves::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
@@ -97,72 +139,82 @@ void ElementCurves::paintEvent(QPaintEvent *)
     if (along_) {
         const auto all = curves();
         const double height = static_cast<double>(this->height()) / static_cast<double>(all.size());
+        std::vector<Panel> panels;
         for (std::size_t k = 0; k < all.size(); ++k)
-            paint(painter, all[k],
-                  QRectF(0, static_cast<double>(k) * height, width(), height).toAlignedRect());
-        painter.setPen(QPen(qtColour(xroma_stoixeion), 1, Qt::DashLine));
-        painter.drawLine(QPointF(xOf(place_), 0), QPointF(xOf(place_), this->height()));
+            panels.push_back(panelOf(
+                all[k],
+                QRectF(0, static_cast<double>(k) * height, width(), height).toAlignedRect()));
+        for (const Panel &panel : panels)
+            paint(painter, panel);
+        paintCursor(painter, panels);
+        for (const Panel &panel : panels)
+            label(painter, panel);
     }
     painter.setBrush(Qt::NoBrush);
     drawFocusFrame(painter, this, rect(), 1);
 }
 
-void ElementCurves::paint(QPainter &painter, const Curve &curve, const QRectF &panel) const
+void ElementCurves::paint(QPainter &painter, const Panel &panel) const
 {
-    constexpr int chords = 100;
-    const auto valueAt = [&](double x) { return valuesAt(*along_, {x}).*curve.value; };
-    std::vector<QPointF> points; // place and value
-    for (int k = 0; k <= chords; ++k) {
-        const double x = k == chords ? along_->length : k * along_->length / chords;
-        if (const auto value = valueAt(x))
-            points.emplace_back(x, *value);
-    }
     painter.setPen(qtColour(xroma_stoixeion));
-    const double text = painter.fontMetrics().height();
-    painter.drawText(panel.adjusted(margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, curve.name);
-    if (points.size() <= chords) {
-        painter.drawText(panel, Qt::AlignCenter, qtText(Metafrasi(1869, "no value")));
+    painter.drawText(panel.frame.adjusted(margin, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter,
+                     panel.curve.name);
+    if (panel.points.empty()) {
+        painter.drawText(panel.frame, Qt::AlignCenter, qtText(Metafrasi(1869, "no value")));
         return;
     }
-    double low = 0, high = 0;
-    for (const QPointF &point : points) {
-        low = std::min(low, point.y());
-        high = std::max(high, point.y());
-    }
-    const double room = std::max(1.0, panel.height() - 2 * text - 2 * gap);
-    const double scale = high > low ? room / (high - low) : 0;
-    const double top = panel.top() + text + gap;
-    const auto at = [&](double x, double value) {
-        return QPointF(xOf(x), top + scale * (curve.isPositiveDown ? value - low : high - value));
-    };
-
-    QPolygonF area = {at(0, 0)};
-    for (const QPointF &point : points)
-        area << at(point.x(), point.y());
-    area << at(along_->length, 0);
-    QColor ground = curve.colour;
+    QPolygonF area = {at(panel, 0, 0)};
+    for (const QPointF &point : panel.points)
+        area << at(panel, point.x(), point.y());
+    area << at(panel, along_->length, 0);
+    QColor ground = panel.curve.colour;
     ground.setAlphaF(0.15F);
     painter.setBrush(ground);
     painter.setPen(Qt::NoPen);
     painter.drawPolygon(area);
-    painter.setPen(QPen(curve.colour, 1.5));
+    painter.setPen(QPen(panel.curve.colour, 1.5));
     painter.drawPolyline(area);
     painter.setPen(QPen(qtColour(xroma_stoixeion), 1));
-    painter.drawLine(at(0, 0), at(along_->length, 0));
-    label(painter, curve, panel, at);
-    if (const auto value = valueAt(place_)) {
-        painter.setBrush(curve.colour);
-        painter.drawEllipse(at(place_, *value), 3, 3);
-    }
+    painter.drawLine(at(panel, 0, 0), at(panel, along_->length, 0));
 }
 
-/// Extremes first: of labels that would lie on each other the later ones are left out.
-void ElementCurves::label(QPainter &painter, const Curve &curve, const QRectF &panel,
-                          const std::function<QPointF(double, double)> &at) const
+void ElementCurves::paintCursor(QPainter &painter, const std::vector<Panel> &panels) const
 {
+    painter.setPen(QPen(qtColour(xroma_stoixeion), 1, Qt::DashLine));
+    painter.drawLine(QPointF(xOf(place_), 0), QPointF(xOf(place_), height()));
+    const StationValues values = valuesAt(*along_, stationAt(*along_, stations_, place_));
+    painter.setPen(QPen(qtColour(xroma_stoixeion), 1));
+    for (const Panel &panel : panels)
+        if (!panel.points.empty()) {
+            painter.setBrush(panel.curve.colour);
+            painter.drawEllipse(at(panel, place_, *(values.*panel.curve.value)), 3, 3);
+        }
+}
+
+namespace {
+
+/// Over a halo of the ground, so that no line runs through it.
+void drawText(QPainter &painter, const QRectF &box, const QString &text)
+{
+    constexpr double halo = 4; // both sides together
+    const QPointF base(box.left(), box.top() + QFontMetricsF(painter.font()).ascent());
+    QPainterPath outline;
+    outline.addText(base, painter.font(), text);
+    painter.strokePath(outline, QPen(qtColour(xroma_background), halo, Qt::SolidLine, Qt::RoundCap,
+                                     Qt::RoundJoin));
+    painter.drawText(base, text);
+}
+
+} // namespace
+
+/// Extremes first: of labels that would lie on each other the later ones are left out.
+void ElementCurves::label(QPainter &painter, const Panel &panel) const
+{
+    if (!panel.hasLabels || panel.points.empty())
+        return;
     std::vector<Station> places;
     for (const Station &station : stations_)
-        if ((station.marks & curve.extreme) != 0)
+        if ((station.marks & panel.curve.extreme) != 0)
             places.push_back(station);
     places.push_back(stations_.front());
     places.push_back(stations_.back());
@@ -170,22 +222,20 @@ void ElementCurves::label(QPainter &painter, const Curve &curve, const QRectF &p
     std::vector<QRectF> taken;
     painter.setPen(qtColour(xroma_stoixeion));
     for (const Station &station : places) {
-        const auto value = valuesAt(*along_, station).*curve.value;
-        if (!value)
-            continue;
-        const QString text = shortNumber(*value);
-        const QPointF point = at(station.x, *value);
-        const bool isAbove = point.y() <= at(station.x, 0).y();
+        const double value = *(valuesAt(*along_, station).*panel.curve.value);
+        const QString text = shortNumber(value);
+        const QPointF point = at(panel, station.x, value);
+        const bool isAbove = point.y() <= at(panel, station.x, 0).y();
         QRectF box(0, 0, font.horizontalAdvance(text), font.height());
         box.moveCenter(point);
         box.moveTop(isAbove ? point.y() - box.height() - 1 : point.y() + 1);
-        const double first = left_ - gap, last = panel.right() - gap - box.width();
+        const double first = left_ - gap, last = panel.frame.right() - gap - box.width();
         box.moveLeft(std::clamp(box.left(), first, std::max(first, last)));
         if (std::any_of(taken.begin(), taken.end(),
                         [&box](const QRectF &other) { return other.intersects(box); }))
             continue;
         taken.push_back(box);
-        painter.drawText(box, Qt::AlignCenter | Qt::TextDontClip, text);
+        drawText(painter, box, text);
     }
 }
 

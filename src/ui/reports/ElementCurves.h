@@ -4,8 +4,6 @@
 
 #include <QWidget>
 
-#include <functional>
-
 namespace veskora {
 
 /// A number as the window shows it: six digits, the region's decimal separator.
@@ -36,10 +34,13 @@ protected:
 
 private:
     struct Curve;
+    struct Panel;
     std::vector<Curve> curves() const;
-    void paint(QPainter &painter, const Curve &curve, const QRectF &panel) const;
-    void label(QPainter &painter, const Curve &curve, const QRectF &panel,
-               const std::function<QPointF(double, double)> &at) const;
+    Panel panelOf(const Curve &curve, const QRectF &frame) const;
+    QPointF at(const Panel &panel, double x, double value) const;
+    void paint(QPainter &painter, const Panel &panel) const;
+    void paintCursor(QPainter &painter, const std::vector<Panel> &panels) const;
+    void label(QPainter &painter, const Panel &panel) const;
     double xOf(double place) const;
     void moveTo(double place);
     double nextStation(bool isForward) const;

@@ -39,6 +39,8 @@ QSizeF PictureObject::intrinsicSize(QTextDocument *document, int, const QTextFor
 void PictureObject::drawObject(QPainter *painter, const QRectF &place, QTextDocument *, int,
                                const QTextFormat &format)
 {
+    if (painter->hasClipping() && !painter->clipBoundingRect().intersects(place))
+        return; // of another page, where a search in the file would find its texts too
     const DrawnPicture &picture = pictureOf(format);
     // Playing scales by the resolutions of both.
     const double played =

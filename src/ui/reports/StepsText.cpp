@@ -24,8 +24,9 @@ using steps::Grid;
 // Logical pixels: blank of cells above and beside, and before formulas and matrices.
 constexpr double paddingOfCells = 2, besideCells = 5, indent = 30;
 
-const QColor ink("#202428"), linkInk("#1a5a96"), labelInk("#5b656e"), heldInk("#a04000");
-const QColor rule("#cfd4d9"), labelGround("#f1f3f5"), heldGround("#f3efe9");
+const QColor ink("#202428"), linkInk("#1a5a96"), labelInk("#3c454d"), warningInk("#a01010");
+const QColor freeInk("#0040c0"), heldInk("#707070"); // as in the drawing of the freedoms
+const QColor rule("#cfd4d9"), labelGround("#f1f3f5");
 
 double scaleOf(const QPaintDevice *device)
 {
@@ -104,7 +105,7 @@ private:
     void writeCell(QTextTableCell place, const Cell &cell, const QFont &font, bool isLabel,
                    bool isProse);
     void formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel,
-                    bool isHeld, Brackets brackets);
+                    Brackets brackets);
     void insert(QTextCursor &cursor, const steps::Line &line, const QTextCharFormat &format) const;
     QTextBlockFormat paragraphFormat(bool keeps = false) const;
     void begin(const QTextBlockFormat &format);
@@ -186,7 +187,10 @@ void Writer::heading(const std::string &text, int level)
 void Writer::write(const steps::Paragraph &paragraph)
 {
     begin(paragraphFormat(paragraph.text.ends_with(':')));
-    cursor_.insertText(qtText(paragraph.text), charFormat(font_));
+    QTextCharFormat format = charFormat(font_, paragraph.isWarning ? warningInk : ink);
+    if (paragraph.isWarning)
+        format.setFontWeight(QFont::Bold);
+    cursor_.insertText(qtText(paragraph.text), format);
 }
 
 QFont formulaFont(const QFont &font)
@@ -341,7 +345,7 @@ void Writer::writeTable(const Grid &grid, const QFont &font, Brackets brackets)
         writeName(*table, grid, font);
     const auto put = [&](int row, int column, const Cell &cell, bool isLabel) {
         const QTextTableCell place = table->cellAt(row, column);
-        formatCell(place, grid, column, first, isLabel, cell.isHeld, brackets);
+        formatCell(place, grid, column, first, isLabel, brackets);
         writeCell(place, cell, font, isLabel, !isLabel && isProse(grid, cell));
     };
     if (header != 0 && labelled != 0)
@@ -378,7 +382,7 @@ void Writer::writeName(QTextTable &table, const Grid &grid, const QFont &font)
 
 /// @param first  column that holds entries
 void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel,
-                        bool isHeld, Brackets brackets)
+                        Brackets brackets)
 {
     QTextTableCellFormat format;
     format.setTopPadding(paddingOfCells);
@@ -387,8 +391,6 @@ void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int 
     format.setRightPadding(besideCells);
     if (!grid.isMatrix && isLabel)
         format.setBackground(labelGround);
-    if (!isLabel && isHeld)
-        format.setBackground(heldGround);
     if (grid.isMatrix && !isLabel) { // the brackets
         constexpr double width = 2;
         const int last = first + static_cast<int>(grid.columns.size()) - 1;
@@ -414,8 +416,11 @@ void Writer::writeCell(QTextTableCell place, const Cell &cell, const QFont &font
     block.setNonBreakableLines(!isProse);
     QTextCursor cursor = place.firstCursorPosition();
     cursor.setBlockFormat(block);
-    QTextCharFormat format = charFormat(font, !isLabel ? ink : cell.isHeld ? heldInk : labelInk);
-    format.setFontItalic(isLabel && cell.isHeld);
+    QTextCharFormat format = charFormat(font, cell.isHeld   ? heldInk
+                                              : cell.isFree ? freeInk
+                                              : isLabel     ? labelInk
+                                                            : ink);
+    format.setFontItalic(cell.isHeld);
     format.setToolTip(qtText(cell.origin));
     insert(cursor, cell.text, format);
 }

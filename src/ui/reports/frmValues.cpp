@@ -12,6 +12,7 @@
 #include "QtDesktop.h"
 #include "ResultTables.h"
 #include "ResultWarnings.h"
+#include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmValues.h"
 #include "WindowParts.h"
@@ -19,6 +20,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include <algorithm>
@@ -30,22 +33,24 @@ namespace {
 
 std::string marksText(unsigned marks)
 {
-    std::string text;
-    for (const auto &[mark, phrase] :
-         {std::pair{placeMark::extremeM, Phrase{1861, "extreme of M"}},
-          {placeMark::extremeV, Phrase{1862, "extreme of the deflection"}},
-          {placeMark::zeroQ, Phrase{1863, "zero of Q"}},
-          {placeMark::zeroM, Phrase{1864, "zero of M"}}})
-        if ((marks & mark) != 0)
-            text += (text.empty() ? "" : ", ") + phrase.text();
-    return text;
+    return markNames(marks,
+                     {Metafrasi(1861, "extreme of M"), Metafrasi(1862, "extreme of the deflection"),
+                      Metafrasi(1863, "zero of Q"), Metafrasi(1864, "zero of M")},
+                     ", ");
 }
 
 QStringList headings()
 {
-    return {"x",  "x/L", "N",
-            "Q",  "M",   qtText(Metafrasi(1860, "Deflection")),
-            "dx", "dy",  qtText(Metafrasi(1865, "Place"))};
+    return {"x", "x/L", qtText(Metafrasi(1865, "Place")),      "N",
+            "Q", "M",   qtText(Metafrasi(1860, "Deflection")), "dx",
+            "dy"};
+}
+constexpr int markColumn = 2;
+
+bool hasOneHinge(int e)
+{
+    const ElementType type = elementType(e);
+    return type == ElementType::hingeAtI || type == ElementType::hingeAtJ;
 }
 
 } // namespace
@@ -59,14 +64,14 @@ frmValues::frmValues(QWidget *parent)
         number->setKeyboardTracking(false); // a number half typed is none
     ui_->Parts->setMaximum(maxParts);
     ui_->Parts->setValue(usualParts);
-    takeDecimalComma(ui_->Place);
+    takeRegionalSeparator(ui_->Place);
     ui_->AtPlace->setMinimumHeight(2 * fontMetrics().lineSpacing());
     connectParts();
     pressButtonsByEnter(this);
     ui_->Splitter->setStretchFactor(0, 3);
     ui_->Splitter->setStretchFactor(1, 2);
-    constexpr QSize least(420, 420), usual(620, 700); // logical pixels
-    setMinimumSize(minimumSizeHint().expandedTo(least));
+    limitSizes();
+    constexpr QSize usual(620, 700); // logical pixels
     resizeToScreen(this, usual);
 }
 
@@ -94,18 +99,48 @@ void frmValues::setCaptions()
     assignDialogMnemonics(this);
 }
 
+void frmValues::limitSizes()
+{
+    constexpr int leastRows = 4, leastWidth = 420, moreLines = 2; // of text under the table
+    QTableWidget &table = *ui_->Values;
+    table.setMinimumHeight(table.horizontalHeader()->sizeHint().height()
+                           + leastRows * table.verticalHeader()->defaultSectionSize()
+                           + table.horizontalScrollBar()->sizeHint().height()
+                           + 2 * table.frameWidth());
+    ui_->Splitter->setMinimumHeight(std::max(ui_->Curves->minimumHeight(), table.minimumHeight()));
+    ui_->Splitter->installEventFilter(this);
+    const QSize least = minimumSizeHint() + QSize(0, moreLines * fontMetrics().lineSpacing());
+    setMinimumSize(least.expandedTo({leastWidth, 0}));
+}
+
+/// On a low screen the table stands beside the diagrams.
+bool frmValues::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == ui_->Splitter && event->type() == QEvent::Resize) {
+        const int both = ui_->Curves->minimumHeight() + ui_->Values->minimumHeight()
+                         + ui_->Splitter->handleWidth();
+        ui_->Splitter->setOrientation(ui_->Splitter->height() < both ? Qt::Horizontal
+                                                                     : Qt::Vertical);
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
 void frmValues::connectParts()
 {
     connect(ui_->Element, &QSpinBox::valueChanged, this, &frmValues::present);
     connect(ui_->Parts, &QSpinBox::valueChanged, this, &frmValues::present);
     connect(ui_->Pick, &QPushButton::clicked, this, &frmValues::pickWanted);
     connect(ui_->Place, &QLineEdit::textEdited, this, &frmValues::takeTypedPlace);
-    connect(ui_->Curves, &ElementCurves::placeMoved, this, &frmValues::showPlace);
-    connect(ui_->Values, &QTableWidget::currentCellChanged, this, [this](int row) {
-        if (along_ && row >= 0 && row < static_cast<int>(stations_.size()))
-            showPlace(stations_[static_cast<std::size_t>(row)].x);
+    connect(ui_->Curves, &ElementCurves::placeMoved, this, [this](double x) {
+        leaveRow();
+        showPlace(x);
     });
-    connect(ui_->Copy, &QPushButton::clicked, this, &frmValues::copy);
+    connect(ui_->Values, &QTableWidget::currentCellChanged, this, &frmValues::goToRow);
+    // The cursor may have gone elsewhere since.
+    connect(ui_->Values, &QTableWidget::cellClicked, this, &frmValues::goToRow);
+    connect(new QShortcut(QKeySequence::Copy, ui_->Values, nullptr, nullptr, Qt::WidgetShortcut),
+            &QShortcut::activated, this, [this] { copy(false); });
+    connect(ui_->Copy, &QPushButton::clicked, this, [this] { copy(true); });
     connect(ui_->SaveTable, &QPushButton::clicked, this, &frmValues::save);
     connect(ui_->ShowHelp, &QPushButton::clicked, this, &frmValues::helpWanted);
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &QWidget::close);
@@ -150,13 +185,7 @@ void frmValues::present()
     const bool hasValues = veskora::hasResults && !Allagi_Montelou && e <= Arithmos_Stoixeion;
     along_ = hasValues ? std::optional(alongElement(e)) : std::nullopt;
     stations_ = hasValues ? stations(*along_, ui_->Parts->value()) : std::vector<Station>{};
-    QStringList notice;
-    for (const ResultWarning warning : resultWarnings())
-        notice << qtText(textOf(warning));
-    if (!hasValues)
-        notice << qtText(Metafrasi(1876, "Its values are shown when it has been analyzed."));
-    ui_->Notice->setText(notice.join('\n'));
-    ui_->Notice->setVisible(!notice.isEmpty());
+    tellNotice();
     ui_->Curves->present(along_, stations_);
     fillTable();
     tellLargest();
@@ -164,15 +193,33 @@ void frmValues::present()
     emit chosen(e <= Arithmos_Stoixeion ? e : 0);
 }
 
+void frmValues::tellNotice()
+{
+    QStringList notice;
+    if (Arithmos_Stoixeion == 0)
+        notice << qtText(Metafrasi(98, "No elements have been defined yet."));
+    else if (!veskora::hasResults)
+        notice << qtText(Metafrasi(1854, "There are no results yet. Analyze the model; where that "
+                                         "fails, see Report, Check of the analysis."));
+    else {
+        for (const ResultWarning warning : resultWarnings())
+            notice << qtText(textOf(warning));
+        if (!along_)
+            notice << qtText(Metafrasi(1876, "Its values are shown when it has been analyzed."));
+    }
+    ui_->Notice->setText(notice.join('\n'));
+    ui_->Notice->setVisible(!notice.isEmpty());
+}
+
 /// One text for each column; what cannot be computed is empty.
 std::vector<std::string> frmValues::cellsOf(const Station &station,
                                             const std::function<std::string(double)> &text) const
 {
     const StationValues at = valuesAt(*along_, station);
-    std::vector<std::string> cells = {text(station.x), text(station.x / along_->length)};
+    std::vector<std::string> cells = {text(station.x), text(station.x / along_->length),
+                                      marksText(station.marks)};
     for (const auto &value : {at.N, at.Q, at.M, at.v, at.dx, at.dy})
         cells.push_back(value ? text(*value) : "");
-    cells.push_back(marksText(station.marks));
     return cells;
 }
 
@@ -180,6 +227,7 @@ void frmValues::fillTable()
 {
     QTableWidget &table = *ui_->Values;
     const QSignalBlocker quiet(table);
+    table.selectionModel()->clear();
     table.setRowCount(static_cast<int>(stations_.size()));
     for (int row = 0; row < table.rowCount(); ++row) {
         const Station &station = stations_[static_cast<std::size_t>(row)];
@@ -190,8 +238,8 @@ void frmValues::fillTable()
             QFont font = table.font();
             font.setBold(station.marks != 0);
             cell->setFont(font);
-            cell->setToolTip(qtText(cells.back())); // it may lie out of sight
-            if (column + 1 < table.columnCount())
+            cell->setToolTip(qtText(cells[markColumn])); // it may lie out of sight
+            if (column != markColumn)
                 cell->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
             table.setItem(row, column, cell);
         }
@@ -215,17 +263,24 @@ void frmValues::tellLargest()
         return shortNumber(most) + " (x = " + shortNumber(place) + ")";
     };
     ui_->Largest->setVisible(along_.has_value());
-    if (along_)
-        ui_->Largest->setText(qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
-                                  .arg(largest(&StationValues::v), largest(&StationValues::M)));
+    if (!along_)
+        return ui_->Largest->clear();
+    ui_->Largest->setText(
+        qtText(Metafrasi(1868, "Largest deflection: %1. Largest M: %2."))
+            .arg(largest(&StationValues::v), largest(&StationValues::M))
+        + (hasOneHinge(ui_->Element->value())
+               ? '\n'
+                     + qtText(Metafrasi(1877, "This element has one hinge: between its ends the "
+                                              "deformed model on the drawing is a simpler curve "
+                                              "than this deflection."))
+               : QString()));
 }
 
 // ------------------------------------------------------------------------------------- the cursor
 
 void frmValues::showPlace(double x)
 {
-    ui_->Place->setText(along_ ? qtText(numberText(Val(plainText(QString::number(x, 'g', 6)))))
-                               : "");
+    ui_->Place->setText(along_ ? shortNumber(x) : "");
     showValuesAt(x);
 }
 
@@ -235,12 +290,15 @@ void frmValues::showValuesAt(double x)
         return ui_->AtPlace->clear();
     part_ = x / along_->length;
     ui_->Curves->setPlace(x);
-    const auto cells = cellsOf({x}, [](double value) { return plainText(shortNumber(value)); });
+    const auto cells = cellsOf(stationAt(*along_, stations_, x),
+                               [](double value) { return plainText(shortNumber(value)); });
     QStringList texts;
     constexpr QChar unbroken(QChar::Nbsp);
-    for (std::size_t k = 1; k + 1 < cells.size(); ++k) // x itself stands in its field
-        texts << headings()[static_cast<qsizetype>(k)] + unbroken + '=' + unbroken
-                     + (cells[k].empty() ? qtText(Metafrasi(1869, "no value")) : qtText(cells[k]));
+    for (std::size_t k = 1; k < cells.size(); ++k) // x itself stands in its field
+        if (k != markColumn)
+            texts << headings()[static_cast<qsizetype>(k)] + unbroken + '=' + unbroken
+                         + (cells[k].empty() ? qtText(Metafrasi(1869, "no value"))
+                                             : qtText(cells[k]));
     ui_->AtPlace->setText(texts.join(",  "));
 }
 
@@ -248,12 +306,30 @@ void frmValues::takeTypedPlace()
 {
     if (!along_)
         return;
-    const auto x = numberFromWholeText(plainText(ui_->Place->text()));
-    if (x && *x >= 0 && *x <= along_->length)
-        return showValuesAt(*x);
+    leaveRow();
+    constexpr double sixDigits = 1 + 5e-6; // of the length, as it is shown
+    const auto x = wholeTypedNumber(ui_->Place);
+    if (x && *x >= 0 && *x <= along_->length * sixDigits)
+        return showValuesAt(std::min(*x, along_->length));
     ui_->AtPlace->setText(
         qtText(Metafrasi(1870, "x is a number from 0 to %1, the length of the element."))
             .arg(shortNumber(along_->length)));
+}
+
+void frmValues::goToRow(int row)
+{
+    if (along_ && row >= 0 && row < static_cast<int>(stations_.size()))
+        showPlace(stations_[static_cast<std::size_t>(row)].x);
+}
+
+/// The cursor is not there any more. Several rows may wait to be copied.
+void frmValues::leaveRow()
+{
+    QItemSelectionModel &rows = *ui_->Values->selectionModel();
+    if (rows.selectedRows().size() > 1)
+        rows.setCurrentIndex({}, QItemSelectionModel::NoUpdate);
+    else
+        rows.clear();
 }
 
 // -------------------------------------------------------------------------------------- ways out
@@ -265,7 +341,8 @@ bool frmValues::refuseWithoutValues()
     return !along_;
 }
 
-void frmValues::copy()
+/// Where no row is selected, all of them.
+void frmValues::copy(bool isWhole)
 {
     const BoxOwner owner(this);
     lookAtModel();
@@ -276,9 +353,13 @@ void frmValues::copy()
     if (!ui_->Notice->isHidden())
         lines << ui_->Notice->text();
     lines << headings().join('\t');
-    for (const Station &station : stations_) {
+    const QItemSelectionModel &rows = *ui_->Values->selectionModel();
+    isWhole = isWhole || !rows.hasSelection();
+    for (std::size_t row = 0; row < stations_.size(); ++row) {
+        if (!isWhole && !rows.isRowSelected(static_cast<int>(row)))
+            continue;
         QStringList texts;
-        for (const std::string &cell : cellsOf(station, [&separator](double value) {
+        for (const std::string &cell : cellsOf(stations_[row], [&separator](double value) {
                  return withSeparator(csvNumber(value), separator);
              }))
             texts << qtText(cell);
@@ -305,8 +386,7 @@ void frmValues::save()
         return;
     const int e = ui_->Element->value();
     const std::string path =
-        saveTable(csvText(valuesTable(ui_->Parts->value(), e),
-                          form == regional ? CsvForm::regional : CsvForm::international),
+        saveTable(csvText(valuesTable(ui_->Parts->value(), e), {.isRegional = form == regional}),
                   Onoma_Arxeiou, "_values_" + numberText(e));
     if (!path.empty())
         Grammi_Log(Metafrasi(1875, "Table of values:") + " " + path, logColour::black);

@@ -33,6 +33,8 @@ public:
     void lookAgain();
     void showPicking(bool isOn);
 
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 signals:
     void chosen(int e); ///< is shown now, 0 for none
     void pickWanted(bool isOn);
@@ -44,15 +46,19 @@ protected:
 private:
     void setCaptions();
     void connectParts();
+    void limitSizes();
     void lookAtModel();
     void present();
+    void tellNotice();
     void fillTable();
     void tellLargest();
     void showPlace(double x);
     void showValuesAt(double x);
     void takeTypedPlace();
+    void goToRow(int row);
+    void leaveRow();
     bool refuseWithoutValues();
-    void copy();
+    void copy(bool isWhole);
     void save();
     std::vector<std::string> cellsOf(const Station &station,
                                      const std::function<std::string(double)> &text) const;

@@ -62,18 +62,28 @@ TEST_F(ValuesWindow, TableCursorAndLinesHaveTheValues)
 {
     openOnBeam();
     EXPECT_EQ(rows(), 11);
-    EXPECT_EQ(cell(5, 4), "48");    // q L^2 / 8
-    EXPECT_EQ(cell(5, 5), "-0.32"); // 5 q L^4 / 384 EI
-    EXPECT_EQ(cell(5, 8), "extreme of M, extreme of the deflection, zero of Q");
+    EXPECT_EQ(cell(5, 5), "48");    // q L^2 / 8
+    EXPECT_EQ(cell(5, 6), "-0.32"); // 5 q L^4 / 384 EI
+    EXPECT_EQ(cell(5, 2), "extreme of M, extreme of the deflection, zero of Q");
     EXPECT_EQ(shown("Largest"), "Largest deflection: -0.32 (x = 4). Largest M: 48 (x = 4).");
 
     auto *place = find<QLineEdit>("Place");
     auto *curves = find<ElementCurves>("Curves");
+    auto *table = find<QTableWidget>("Values");
+    const QPoint row2 = table->visualItemRect(table->item(2, 0)).center();
     for (const auto &[act, says] :
          std::initializer_list<std::pair<std::function<void()>, const char *>>{
              {[=] { place->clear(), QTest::keyClicks(place, "2,0"); }, "M = 36,"},
              {[=] { QTest::keyClick(curves, Qt::Key_Right); }, "Q = 11.52,"}, // at 2.08
-             {[=] { QTest::keyClick(curves, Qt::Key_Right, Qt::ControlModifier); }, "M = 48,"},
+             {[=] { QTest::keyClick(curves, Qt::Key_Right, Qt::ControlModifier); },
+              "Q = 0,  M = 48,"},
+             {[=] { table->setCurrentCell(2, 0); }, "x/L = 0.2,"},
+             {[=] {
+                  QTest::mouseClick(curves, Qt::LeftButton, {}, {0, 9});
+              },
+              "x/L = 0,"},
+             {[=] { QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, row2); },
+              "x/L = 0.2,"},
              {[=] { QTest::keyClick(curves, Qt::Key_End); }, "Q = -24,"},
              {[=] { QTest::keyClick(curves, Qt::Key_Right); }, "Q = -24,"},
              {[=] { QTest::mouseClick(curves, Qt::LeftButton, {}, curves->rect().center()); },
@@ -138,14 +148,50 @@ TEST_F(ValuesWindow, ShowsNoValuesOfAModelThatHasChanged)
     trigger("mnuEPILISIitem");
     look();
     EXPECT_EQ(shown("Notice"), "");
-    EXPECT_EQ(cell(5, 4), "96");
+    EXPECT_EQ(cell(5, 5), "96");
     find<QSpinBox>("Element")->setValue(2);
     buildModel("");
-    Allagi_Montelou = true;
     hasResults = false;
     look();
     EXPECT_EQ(rows(), 0);
+    EXPECT_EQ(shown("Notice"), "No elements have been defined yet.");
     EXPECT_TRUE(find<QWidget>("ChosenElement")->isHidden());
+}
+
+TEST_F(ValuesWindow, UndoIsTheModelsUnlessAFieldHasSomethingTyped)
+{
+    openOnBeam();
+    const auto press = [](Qt::Key key) {
+        QTest::keyClick(QApplication::focusWidget(), key, Qt::ControlModifier);
+    };
+    QApplication::setActiveWindow(window->findChild<frmValues *>());
+    auto *place = find<QLineEdit>("Place");
+    for (const char *field : {"Element", "Parts", "Place"}) {
+        Stoixeia(1, element::wy) = -12;
+        find<QWidget>(field)->setFocus();
+        press(Qt::Key_Z);
+        EXPECT_EQ(Stoixeia(1, element::wy), -6) << field;
+        press(Qt::Key_Y);
+        EXPECT_EQ(Stoixeia(1, element::wy), -12) << field;
+    }
+    Stoixeia(1, element::wy) = -12;
+    const QString before = place->text();
+    QTest::keyClicks(place, "7");
+    press(Qt::Key_Z);
+    EXPECT_EQ(place->text(), before);
+    press(Qt::Key_Y);
+    EXPECT_NE(place->text(), before) << "typing comes back before edits";
+    EXPECT_EQ(Stoixeia(1, element::wy), -12);
+}
+
+TEST_F(ValuesWindow, FitsALowScreenWithTheTableBesideTheDiagrams)
+{
+    openOnBeam();
+    auto *values = window->findChild<frmValues *>();
+    values->resize(values->minimumSize());
+    QApplication::processEvents();
+    EXPECT_LT(values->height(), 360); // of a screen of 1280 x 800 at scale factor 2
+    EXPECT_LT(find<QWidget>("Curves")->geometry().right(), find<QWidget>("Values")->x());
 }
 
 TEST_F(ValuesWindow, TheTableLeavesWhole)
@@ -155,14 +201,20 @@ TEST_F(ValuesWindow, TheTableLeavesWhole)
     click("Copy");
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     ASSERT_EQ(lines.size(), 1 + rows());
-    EXPECT_EQ(lines[0], "x\tx/L\tN\tQ\tM\tDeflection\tdx\tdy\tPlace");
-    EXPECT_TRUE(lines[2].startsWith("2.6666666666666665\t0.3333333333333333\t0\t8\t"));
+    EXPECT_EQ(lines[0], "x\tx/L\tPlace\tN\tQ\tM\tDeflection\tdx\tdy");
+    EXPECT_TRUE(lines[2].startsWith("2.6666666666666665\t0.3333333333333333\t\t0\t8\t"));
+    QApplication::setActiveWindow(window->findChild<frmValues *>());
+    auto *table = find<QTableWidget>("Values");
+    table->setFocus();
+    table->selectRow(1);
+    QTest::keyClick(table, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), lines[0] + '\n' + lines[2]);
     const std::string file = path("beam.csv");
     desktop.expectFileDialog(file);
     click("SaveTable");
     EXPECT_EQ(desktop.fileQuestions.back().proposed, "Untitled_values_1.csv");
     EXPECT_NE(contentOf(file).find("\n1,4,0.5,0,0,48,-0.32,0,-0.32,M_extreme deflection_extreme "
-                                   "Q_zero\n"),
+                                   "Q_zero\r\n"),
               std::string::npos);
 }
 

@@ -1,6 +1,5 @@
 #include "StepsFile.h"
 
-#include "element.h"
 #include "PaperKanvas.h"
 #include "StepsHtml.h"
 #include "Units.h"
@@ -21,7 +20,7 @@ QSizeF sizeOf(const steps::Picture &picture)
     if (picture.kind == Kind::pattern)
         return QSizeF(1, 1) * steps::patternPixels(picture);
     return picture.kind == Kind::element
-               ? QSizeF(width, levelHeight + steeper * std::abs(elementGeometry(picture.element).s))
+               ? QSizeF(width, levelHeight + steeper * std::abs(picture.s))
                : QSizeF(860, 540);
 }
 
