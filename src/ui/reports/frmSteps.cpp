@@ -279,8 +279,6 @@ struct frmSteps::Place
 
 frmSteps::Place frmSteps::place() const
 {
-    if (!shown_ || shown_->moment.isOfOtherFile())
-        return {};
     const auto &sections = shown_->steps.document.sections;
     const QTextBlock top = ui_->Steps->cursorForPosition({0, 0}).block();
     const auto section = static_cast<std::size_t>(sectionAt(top.position()));
@@ -312,7 +310,7 @@ void frmSteps::goBackTo(const Place &place)
 void frmSteps::showSteps(const steps::Choice &choice)
 {
     const WaitPointer waiting;
-    const Place before = place();
+    const Place before = shown_ && !shown_->moment.isOfOtherFile() ? place() : Place();
     auto shown = std::make_unique<Shown>();
     shown->steps = drawn(steps::stepsOfAnalysis(choice));
     shown->html = stepsFile(shown->steps.document);
