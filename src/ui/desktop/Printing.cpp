@@ -2,7 +2,6 @@
 
 #include "Desktop.h"
 #include "Files.h"
-#include "Functions.h"
 #include "Metablites.h"
 
 #include <QBuffer>
@@ -42,10 +41,7 @@ void printOut(const PrintJob &job)
 {
     const QPrinterInfo standard = QPrinterInfo::defaultPrinter();
     if (standard.isNull()) {
-        if (desktop().message(Metafrasi(1729, "There is no default printer. Do you want to save "
-                                              "the report as a PDF file instead?"),
-                              Icon::question, Buttons::yesNo)
-            == Answer::yes)
+        if (desktop().message(job.pdfInstead, Icon::question, Buttons::yesNo) == Answer::yes)
             savePdf(job);
         return;
     }

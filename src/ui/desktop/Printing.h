@@ -2,6 +2,8 @@
 /// @file
 /// Ways to paper and to PDF files.
 
+#include "Functions.h"
+
 #include <QPageSize>
 #include <QString>
 
@@ -19,6 +21,8 @@ struct PrintJob
     std::string path, suffix; ///< of the model; what stands behind its name in that of a PDF file
     std::function<bool(QPagedPaintDevice &)> print; ///< whether the device took all of it
     QPageSize paper{QPageSize::A4};                 ///< of a PDF file
+    std::string pdfInstead = Metafrasi(1729, "There is no default printer. Do you want to save the "
+                                             "report as a PDF file instead?");
 };
 
 /// Writes the pages to a PDF file that the user is asked for, and logs it. A failure is reported.

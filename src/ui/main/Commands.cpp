@@ -177,12 +177,12 @@ constexpr Command menus[] = {
     {"mnuSXEDIASI", "mnusss5"},
     same("Rithmiseis", "mnuSXEDIASI", "mnuRITHMISEISitem", Phrase{32, "View options"}, "F8"),
 
-    {"menubar", "mnuANAFORES", Phrase{1617, "Report"}},
-    {"mnuANAFORES", commandPlace::check, Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
-    {"mnuANAFORES", commandPlace::values, Phrase{1853, "Values along an element"}, call<&WindowCommands::openValues>, nullptr, "Shift+F7"},
-    {"mnuANAFORES", "mnuEIKONA_SVG_PDF_item", Phrase{1900, "Picture as SVG or PDF"}, call<&PictureCommands::saveVectorPicture>},
-    {"mnuANAFORES", "mnuCALCULATION_item", Phrase{1920, "Calculation report as PDF"}, call<&WindowCommands::openCalculation>, nullptr, "Ctrl+Shift+P"},
-    {"mnuANAFORES", commandPlace::steps, Phrase{1971, "Steps of the analysis"}, call<&WindowCommands::openSteps>, nullptr, "Ctrl+F7"},
+    {"menubar", commandPlace::reportMenu, Phrase{1617, "Report"}},
+    {commandPlace::reportMenu, "mnuELEGXOS_ANALYSIS_item", Phrase{1618, "Check of the analysis"}, call<&WindowCommands::openCheck>, nullptr, "F7"},
+    {commandPlace::reportMenu, "mnuTIMES_STOIXEIOU_item", Phrase{1853, "Values along an element"}, call<&WindowCommands::openValues>, nullptr, "Shift+F7"},
+    {commandPlace::reportMenu, "mnuEIKONA_SVG_PDF_item", Phrase{1900, "Picture as SVG or PDF"}, call<&PictureCommands::saveVectorPicture>},
+    {commandPlace::reportMenu, "mnuCALCULATION_item", Phrase{1920, "Calculation report as PDF"}, call<&WindowCommands::openCalculation>, nullptr, "Ctrl+Shift+P"},
+    {commandPlace::reportMenu, "mnuVIMATA_ANALYSIS_item", Phrase{1971, "Steps of the analysis"}, call<&WindowCommands::openSteps>, nullptr, "Ctrl+F7"},
 
     {"menubar", "mnuBOITHIA", Phrase{33, "Help"}},
     {"mnuBOITHIA", "mnuCONTENTSitem", Phrase{34, "Contents"}, call<&frmMain::showHelp>},

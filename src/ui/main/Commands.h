@@ -44,9 +44,7 @@ inline constexpr const char *save = "mnuAPOTHIKEFSIitem";
 inline constexpr const char *undo = "mnuUNDOitem";
 inline constexpr const char *redo = "mnuREDOitem";
 inline constexpr const char *analyze = "mnuEPILISIitem";
-inline constexpr const char *check = "mnuELEGXOS_ANALYSIS_item";
-inline constexpr const char *values = "mnuTIMES_STOIXEIOU_item";
-inline constexpr const char *steps = "mnuVIMATA_ANALYSIS_item";
+inline constexpr const char *reportMenu = "mnuANAFORES";
 inline constexpr const char *labelMenu = "mnu_Aorato_Times";
 } // namespace commandPlace
 

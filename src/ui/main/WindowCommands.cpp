@@ -30,6 +30,7 @@
 #include "WindowParts.h"
 
 #include <QAction>
+#include <QMenu>
 
 namespace veskora {
 
@@ -242,7 +243,7 @@ void WindowCommands::openCheck()
     QObject::connect(check_, &frmElegxos::helpWanted, check_,
                      [this] { help_.showTopicOf(check_); });
     check_->refresh();
-    showReport(check_, commandPlace::check);
+    showReport(check_);
 }
 
 void WindowCommands::openValues()
@@ -273,15 +274,16 @@ void WindowCommands::openValues()
                      [this] { values_->showPicking(hand_.isTaken<PickTool>()); });
     pick(true);
     values_->choose(1);
-    showReport(values_, commandPlace::values);
+    showReport(values_);
 }
 
-/// What mends the model and what brought the window need no change of window.
-void WindowCommands::showReport(QWidget *report, const char *command)
+/// What mends the model and the other reports need no change of window.
+void WindowCommands::showReport(QWidget *report)
 {
-    for (const char *name : {commandPlace::analyze, commandPlace::undo, commandPlace::redo,
-                             commandPlace::save, command})
+    for (const char *name :
+         {commandPlace::analyze, commandPlace::undo, commandPlace::redo, commandPlace::save})
         report->addAction(window_->findChild<QAction *>(name));
+    report->addActions(window_->findChild<QMenu *>(commandPlace::reportMenu)->actions());
     // Where the screen has no room beside the drawing it covers the right end of it, not the
     // middle.
     const QWidget &drawing = *canvas_.Picture1;
@@ -305,15 +307,18 @@ void WindowCommands::openSteps()
     if (refuseWithoutNodes())
         return;
     if (steps_ != nullptr) {
-        steps_->refresh();
+        steps_->showAgain();
         return bringToFront(*steps_);
     }
     steps_ = new frmSteps(window_);
     steps_->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(steps_, &frmSteps::refreshWanted, steps_, [this] { openSteps(); });
+    QObject::connect(steps_, &frmSteps::refreshWanted, steps_, [this] {
+        if (!refuseWithoutNodes())
+            steps_->refresh();
+    });
     QObject::connect(steps_, &frmSteps::helpWanted, steps_, [this] { help_.showTopicOf(steps_); });
     steps_->refresh();
-    showReport(steps_, commandPlace::steps);
+    showReport(steps_);
 }
 
 void WindowCommands::lookAgain()

@@ -63,7 +63,7 @@ public:
 private:
     template <typename Dialog, typename Open>
     void showDialog(Open open);
-    void showReport(QWidget *report, const char *command);
+    void showReport(QWidget *report);
 
     QWidget *const window_;
     CanvasObjects &canvas_;

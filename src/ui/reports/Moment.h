@@ -15,9 +15,15 @@ namespace veskora {
 struct Moment
 {
     bool isOfModel() const { return isInStore(tables); }
+    /// Whether another model or file has been opened since; one opened anew is the same.
+    bool isOfOtherFile() const
+    {
+        return model != modelsBegun && (path.empty() || path != Onoma_Arxeiou);
+    }
     bool isOfResults() const { return analyses == analysesFinished; }
 
     std::string path = Onoma_Arxeiou;
+    int model = modelsBegun;
     ModelTables tables = modelTables();
     int analyses = analysesFinished;
 };

@@ -1,6 +1,8 @@
 #include "StepsText.h"
 
+#include "Functions.h"
 #include "PictureObject.h"
+#include "Sentences.h"
 #include "Text.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -9,6 +11,7 @@
 #include <QTextTable>
 
 #include <algorithm>
+#include <map>
 #include <numeric>
 
 namespace veskora {
@@ -67,6 +70,12 @@ Grid partOf(const Grid &grid, std::size_t first, std::size_t end)
     return part;
 }
 
+/// Which sides of a matrix have one.
+struct Brackets
+{
+    bool left = true, right = true;
+};
+
 class Writer
 {
 public:
@@ -74,9 +83,12 @@ public:
         : cursor_(&text), device_(device), font_(text.defaultFont()), room_(room)
     {}
 
-    std::vector<int> write(const steps::Document &document);
+    /// Of @p text, whose document is empty.
+    void write(const steps::Document &document, StepsText &text);
 
 private:
+    QTextTable *writeContents(const std::vector<steps::Section> &sections);
+    int write(const steps::Section &section);
     void heading(const std::string &text, int level);
     void write(const steps::Paragraph &paragraph);
     void write(const steps::Formula &formula);
@@ -84,11 +96,16 @@ private:
     void write(const steps::Links &links);
     void write(const steps::Picture &picture);
 
-    void writeTable(const Grid &grid, const QFont &font);
+    struct Fit;
+    Fit fitOf(const Grid &grid) const;
+    void writePart(const Grid &grid, std::size_t first, std::size_t end, const QFont &font);
+    QTextTable *insertTable(int rows, int columns, const QTextTableFormat &format);
+    void writeTable(const Grid &grid, const QFont &font, Brackets brackets = {});
     void writeName(QTextTable &table, const Grid &grid, const QFont &font);
     void writeCell(QTextTableCell place, const Cell &cell, const QFont &font, bool isLabel,
                    bool isProse);
-    void formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel);
+    void formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel,
+                    Brackets brackets);
     void insert(QTextCursor &cursor, const steps::Line &line, const QTextCharFormat &format) const;
     QTextBlockFormat paragraphFormat(bool keeps = false) const;
     void begin(const QTextBlockFormat &format);
@@ -98,6 +115,7 @@ private:
     QPaintDevice *device_;
     QFont font_;
     double room_;
+    std::map<std::string, double> factors_; ///< of letters, by the names of matrices of a section
     int pictures_ = 0;
     bool isFree_ = true; ///< the last block, as at the beginning and behind a table
 };
@@ -186,7 +204,7 @@ QFont formulaFont(const QFont &font)
 void Writer::write(const steps::Formula &formula)
 {
     QTextBlockFormat format = paragraphFormat(true);
-    format.setLeftMargin(indent);
+    format.setLeftMargin(indent * scaleOf(device_)); // which the toolkit does for tables alone
     begin(format);
     insert(cursor_, formula.line, charFormat(formulaFont(font_)));
 }
@@ -198,9 +216,11 @@ void Writer::write(const steps::Links &links)
     for (const auto &[name, id] : links.links) {
         const bool isFirst = &name == &links.links.front().first;
         cursor_.insertText(isFirst ? " " : ", ", charFormat(font_));
-        QTextCharFormat format = charFormat(font_, linkInk);
-        format.setAnchor(true);
-        format.setAnchorHref("#" + qtText(id));
+        QTextCharFormat format = charFormat(font_, room_ > 0 ? ink : linkInk);
+        if (room_ == 0) { // a printed address leads nowhere
+            format.setAnchor(true);
+            format.setAnchorHref("#" + qtText(id));
+        }
         cursor_.insertText(qtText(name), format);
     }
 }
@@ -238,31 +258,73 @@ std::vector<double> Writer::lettersOf(const Grid &grid) const
     return widths;
 }
 
+/// How a grid fits the page.
+struct Writer::Fit
+{
+    std::vector<double> widths; ///< of the letters, as `lettersOf` has them
+    double before, beside;      ///< blank before its entries and of each column
+    double factor;              ///< that its letters are smaller by
+};
+
+constexpr double leastPoints = 6; // that are read with ease
+
+Writer::Fit Writer::fitOf(const Grid &grid) const
+{
+    Fit fit{lettersOf(grid), 0, 2 * (besideCells + 1) * scaleOf(device_), 1};
+    fit.before = 2 * fit.beside + (grid.isMatrix ? indent * scaleOf(device_) : 0);
+    const double blank = fit.before + static_cast<double>(grid.columns.size()) * fit.beside;
+    const double letters = std::accumulate(fit.widths.begin(), fit.widths.end(), 0.0);
+    fit.factor = std::clamp((room_ - blank) / letters, leastPoints / font_.pointSizeF(), 1.0);
+    return fit;
+}
+
 void Writer::write(const Grid &grid)
 {
     if (grid.rows.empty())
         return;
     if (room_ == 0)
         return writeTable(grid, font_);
-    constexpr double leastPoints = 6; // that are read with ease
-    const std::vector<double> widths = lettersOf(grid);
-    const double beside = 2 * (besideCells + 1) * scaleOf(device_);
-    const double before = 2 * beside + (grid.isMatrix ? indent * scaleOf(device_) : 0);
-    const double blank = before + static_cast<double>(grid.columns.size()) * beside;
-    const double least = leastPoints / font_.pointSizeF();
-    const double letters = std::accumulate(widths.begin(), widths.end(), 0.0);
-    const double factor = std::clamp((room_ - blank) / letters, least, 1.0);
+    const Fit fit = fitOf(grid);
+    const auto ofName = factors_.find(grid.name.plainText());
+    const double factor = ofName == factors_.end() ? fit.factor : ofName->second;
+    const bool isParted = fit.factor <= leastPoints / font_.pointSizeF();
     for (std::size_t first = 0, end = 0; first < grid.columns.size(); first = end) {
-        double taken = before + factor * widths[0];
+        double taken = fit.before + factor * fit.widths[0];
         do
-            taken += beside + factor * widths[++end];
+            taken += fit.beside + factor * fit.widths[++end];
         while (end < grid.columns.size()
-               && (factor > least || taken + beside + factor * widths[end + 1] <= room_));
-        writeTable(partOf(grid, first, end), resized(font_, factor));
+               && (!isParted || taken + fit.beside + factor * fit.widths[end + 1] <= room_));
+        writePart(grid, first, end, resized(font_, factor));
     }
 }
 
-void Writer::writeTable(const Grid &grid, const QFont &font)
+/// All of @p grid, or some of its columns under a line that says which.
+void Writer::writePart(const Grid &grid, std::size_t first, std::size_t end, const QFont &font)
+{
+    const bool isFirst = first == 0, isLast = end == grid.columns.size();
+    if (!isFirst || !isLast) {
+        begin(paragraphFormat(true));
+        const auto name = [&](std::size_t column) { return grid.columns[column].text.plainText(); };
+        cursor_.insertText(
+            qtText(filled(Metafrasi(2126, "Columns %1 to %2"), {name(first), name(end - 1)})),
+            charFormat(resized(font_, 0.95), labelInk));
+    }
+    writeTable(partOf(grid, first, end), font, {isFirst, isLast});
+}
+
+QTextTable *Writer::insertTable(int rows, int columns, const QTextTableFormat &format)
+{
+    cursor_.movePosition(QTextCursor::End);
+    QTextTable *table = cursor_.insertTable(rows, columns, format);
+    cursor_.movePosition(QTextCursor::End);
+    QTextCharFormat small; // the block behind, which may stay empty, takes hardly any room
+    small.setFontPointSize(1);
+    cursor_.setBlockCharFormat(small);
+    isFree_ = true;
+    return table;
+}
+
+void Writer::writeTable(const Grid &grid, const QFont &font, Brackets brackets)
 {
     QTextTableFormat format;
     format.setBorder(grid.isMatrix ? 0 : 1);
@@ -276,19 +338,14 @@ void Writer::writeTable(const Grid &grid, const QFont &font)
     const int named = grid.name.runs.empty() ? 0 : 1;
     const int labelled = isLabelled(grid) ? 1 : 0, header = hasHeader(grid) ? 1 : 0;
     const int first = named + labelled;
-    cursor_.movePosition(QTextCursor::End);
-    QTextTable *table = cursor_.insertTable(static_cast<int>(grid.rows.size()) + header,
-                                            static_cast<int>(grid.columns.size()) + first, format);
-    cursor_.movePosition(QTextCursor::End);
-    QTextCharFormat small; // the block behind, which may stay empty, takes hardly any room
-    small.setFontPointSize(1);
-    cursor_.setBlockCharFormat(small);
-    isFree_ = true;
+    format.setHeaderRowCount(header);
+    QTextTable *table = insertTable(static_cast<int>(grid.rows.size()) + header,
+                                    static_cast<int>(grid.columns.size()) + first, format);
     if (named != 0)
         writeName(*table, grid, font);
     const auto put = [&](int row, int column, const Cell &cell, bool isLabel) {
         const QTextTableCell place = table->cellAt(row, column);
-        formatCell(place, grid, column, first, isLabel);
+        formatCell(place, grid, column, first, isLabel, brackets);
         writeCell(place, cell, font, isLabel, !isLabel && isProse(grid, cell));
     };
     if (header != 0 && labelled != 0)
@@ -324,7 +381,8 @@ void Writer::writeName(QTextTable &table, const Grid &grid, const QFont &font)
 }
 
 /// @param first  column that holds entries
-void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel)
+void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel,
+                        Brackets brackets)
 {
     QTextTableCellFormat format;
     format.setTopPadding(paddingOfCells);
@@ -336,12 +394,12 @@ void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int 
     if (grid.isMatrix && !isLabel) { // the brackets
         constexpr double width = 2;
         const int last = first + static_cast<int>(grid.columns.size()) - 1;
-        if (column == first) {
+        if (column == first && brackets.left) {
             format.setLeftBorder(width);
             format.setLeftBorderStyle(QTextFrameFormat::BorderStyle_Solid);
             format.setLeftBorderBrush(ink);
         }
-        if (column == last) {
+        if (column == last && brackets.right) {
             format.setRightBorder(width);
             format.setRightBorderStyle(QTextFrameFormat::BorderStyle_Solid);
             format.setRightBorderBrush(ink);
@@ -367,19 +425,60 @@ void Writer::writeCell(QTextTableCell place, const Cell &cell, const QFont &font
     insert(cursor, cell.text, format);
 }
 
-std::vector<int> Writer::write(const steps::Document &document)
+QTextTable *Writer::writeContents(const std::vector<steps::Section> &sections)
 {
-    std::vector<int> sections;
+    constexpr double pageNumber = 40; // logical pixels
+    heading(Metafrasi(2172, "Contents"), 2);
+    QTextTableFormat format;
+    format.setBorder(0);
+    format.setCellSpacing(0);
+    format.setBottomMargin(10);
+    format.setWidth(QTextLength(QTextLength::PercentageLength, 100));
+    format.setColumnWidthConstraints(
+        {QTextLength(), QTextLength(QTextLength::FixedLength, pageNumber)});
+    QTextTable *table = insertTable(static_cast<int>(sections.size()), 2, format);
+    for (int row = 0; row < table->rows(); ++row) {
+        const steps::Section &section = sections[static_cast<std::size_t>(row)];
+        QTextBlockFormat line;
+        line.setLeftMargin(section.level > 1 ? indent * scaleOf(device_) : 0);
+        QTextCursor cursor = table->cellAt(row, 0).firstCursorPosition();
+        cursor.setBlockFormat(line);
+        cursor.insertText(qtText(section.heading), charFormat(font_));
+        line.setLeftMargin(0);
+        line.setAlignment(Qt::AlignRight);
+        cursor = table->cellAt(row, 1).firstCursorPosition();
+        cursor.setBlockFormat(line);
+        cursor.setBlockCharFormat(charFormat(font_));
+    }
+    return table;
+}
+
+/// @return where it begins
+int Writer::write(const steps::Section &section)
+{
+    factors_.clear();
+    for (const steps::Block &block : section.blocks)
+        if (const auto *grid = std::get_if<Grid>(&block);
+            grid != nullptr && grid->isMatrix && !grid->rows.empty() && room_ > 0) {
+            double &factor = factors_.try_emplace(grid->name.plainText(), 1).first->second;
+            factor = std::min(factor, fitOf(*grid).factor);
+        }
+    heading(section.heading, section.level + 1);
+    const int begin = cursor_.block().position();
+    for (const steps::Block &block : section.blocks)
+        std::visit([this](const auto &one) { write(one); }, block);
+    return begin;
+}
+
+void Writer::write(const steps::Document &document, StepsText &text)
+{
     cursor_.beginEditBlock(); // else each insertion would lay out the text anew
     heading(document.title, 1);
-    for (const steps::Section &section : document.sections) {
-        heading(section.heading, section.level + 1);
-        sections.push_back(cursor_.block().position());
-        for (const steps::Block &block : section.blocks)
-            std::visit([this](const auto &one) { write(one); }, block);
-    }
+    if (room_ > 0)
+        text.contents = writeContents(document.sections);
+    for (const steps::Section &section : document.sections)
+        text.sections.push_back(write(section));
     cursor_.endEditBlock();
-    return sections;
 }
 
 } // namespace
@@ -407,7 +506,7 @@ StepsText stepsText(const DrawnSteps &steps, QPaintDevice *device, const QFont &
         text.setDocumentMargin(0);
         text.setTextWidth(room);
     }
-    result.sections = Writer(text, device, room).write(steps.document);
+    Writer(text, device, room).write(steps.document, result);
     return result;
 }
 

@@ -11,6 +11,8 @@
 #include <memory>
 #include <vector>
 
+class QTextTable;
+
 namespace veskora {
 
 /// The steps with their pictures, which need the model no more.
@@ -27,7 +29,8 @@ DrawnSteps drawn(steps::Document document);
 struct StepsText
 {
     std::unique_ptr<QTextDocument> text;
-    std::vector<int> sections; ///< where each begins
+    std::vector<int> sections;      ///< where each begins
+    QTextTable *contents = nullptr; ///< on paper: a row of each, with a cell for its page
 };
 
 /// Blocks that stand on the page of what follows them bear this property.
@@ -36,8 +39,8 @@ inline constexpr int keepsWithNext = QTextFormat::UserProperty + 1;
 /// @param device  what the text is painted on
 /// @param font    of its paragraphs
 /// @param room    the width of a page in units of @p device: what is wider gets smaller letters,
-///                and what cannot be read so is parted by columns; 0 where the text can be as wide
-///                as it likes
+///                and what cannot be read so is parted by columns; it begins with its contents. 0
+///                in a window, where the text can be as wide as it likes
 StepsText stepsText(const DrawnSteps &steps, QPaintDevice *device, const QFont &font,
                     double room = 0);
 

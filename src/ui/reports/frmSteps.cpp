@@ -17,12 +17,15 @@
 #include <QAbstractTextDocumentLayout>
 #include <QGuiApplication>
 #include <QLocale>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTextBlock>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace veskora {
 
@@ -46,6 +49,11 @@ QPageSize pageOfRegion()
 {
     return QPageSize(usualPaper(QLocale::system().territory()) == Paper::A4 ? QPageSize::A4
                                                                             : QPageSize::Letter);
+}
+
+QRectF placeOf(const QTextBlock &block)
+{
+    return block.document()->documentLayout()->blockBoundingRect(block);
 }
 
 struct WaitPointer
@@ -126,8 +134,9 @@ void frmSteps::connectParts()
     connect(ui_->Steps->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &frmSteps::markSection);
     connect(ui_->Steps, &QTextBrowser::anchorClicked, this,
-            [this](const QUrl &link) { goTo(sectionOf(link.fragment())); });
-    connect(ui_->Find, &QLineEdit::textEdited, ui_->NotFound, &QLabel::clear);
+            [this](const QUrl &link) { goTo(sectionOf(link.fragment().toStdString())); });
+    connect(ui_->Steps, &StepsBrowser::zoomWanted, this, &frmSteps::zoom);
+    connect(ui_->Find, &QLineEdit::textEdited, ui_->FindTold, &QLabel::clear);
     connect(ui_->Find, &QLineEdit::returnPressed, this, [this] { find({}); });
     connect(ui_->FindNext, &QPushButton::clicked, this, [this] { find({}); });
     connect(ui_->FindPrevious, &QPushButton::clicked, this,
@@ -157,72 +166,200 @@ void frmSteps::connectKeys()
     });
     key(QKeySequence::FindNext, [this] { find({}); });
     key(QKeySequence::FindPrevious, [this] { find(QTextDocument::FindBackward); });
+    key(QKeySequence::ZoomIn, [this] { zoom(1); });
+    key(Qt::CTRL | Qt::Key_Equal, [this] { zoom(1); }); // the same key, without Shift
+    key(QKeySequence::ZoomOut, [this] { zoom(-1); });
+    key(Qt::CTRL | Qt::Key_0, [this] { zoom(0); });
     key(Qt::Key_Escape, [this] { close(); });
 }
 
-/// None where a list is refused.
-std::optional<steps::Choice> frmSteps::wished()
+namespace {
+
+/// A field for rows of the model.
+struct RowsField
 {
-    steps::Choice choice;
-    choice.digits = ui_->Digits->value();
-    if (take(ui_->Elements, Arithmos_Stoixeion, choice.elements,
-             Metafrasi(2111, "These are no elements of the model: %1. Its elements are numbered "
-                             "from 1 to %2; a list of them is typed as in 1-3, 7."))
-        && take(ui_->Nodes, Arithmos_Kombon, choice.nodes,
-                Metafrasi(2112, "These are no nodes of the model: %1. Its nodes are numbered from "
-                                "1 to %2; a list of them is typed as in 1-3, 7.")))
-        return choice;
-    return std::nullopt;
+    QLineEdit *field;
+    int last;                ///< row of the model
+    std::string none, wrong; ///< refusals: where there is no row; of those that are none
+
+    QString text() const { return field->text().trimmed(); }
+    std::optional<std::vector<int>> rows() const
+    {
+        return text().isEmpty() ? std::vector<int>() : rowsFromList(text().toStdString(), last);
+    }
+};
+
+constexpr std::size_t mostRows = 100; // more take seconds, and nobody reads them
+
+/// What is wrong of a list: its rows that the model lacks, and what is no row.
+QString wrongOf(const QString &list, int last)
+{
+    constexpr int any = 9999; // no model has more rows
+    QStringList wrong;
+    for (const QString &item : list.split(',')) {
+        if (item.trimmed().isEmpty())
+            return list;
+        auto rows = rowsFromList(item.toStdString(), any);
+        if (rows)
+            rows->erase(
+                std::remove_if(rows->begin(), rows->end(), [last](int row) { return row <= last; }),
+                rows->end());
+        if (!rows)
+            wrong << item.trimmed();
+        else if (!rows->empty())
+            wrong << listText(*rows);
+    }
+    return wrong.join(", ");
 }
 
-/// @return whether @p field has a list of rows, or nothing
-bool frmSteps::take(QLineEdit *field, int last, std::vector<int> &rows, const std::string &refusal)
+/// Empty where the list can be shown.
+std::string refusalOf(const RowsField &asked)
 {
-    constexpr std::size_t most = 100; // more take seconds, and nobody reads them
-    const std::string text = field->text().trimmed().toStdString();
-    const auto given = text.empty() ? std::vector<int>() : rowsFromList(text, last);
-    rows = given.value_or(std::vector<int>());
-    if (given && rows.size() <= most)
-        return true;
-    const BoxOwner owner(this);
-    showRefusal(given
-                    ? filled(Metafrasi(2121, "These are too many for one window: %1. Up to %2 "
-                                             "elements and up to %2 nodes can be shown in full at "
-                                             "a time."),
-                             {text, numberText(static_cast<int>(most))})
-                    : filled(refusal, {text, numberText(last)}));
-    field->setFocus();
-    field->selectAll();
-    return false;
+    const std::optional<std::vector<int>> rows = asked.rows();
+    if (rows && rows->size() > mostRows)
+        return filled(Metafrasi(2121, "These are too many for one window: %1. Up to %2 "
+                                      "elements and up to %2 nodes can be shown in full at "
+                                      "a time."),
+                      {asked.text().toStdString(), numberText(static_cast<int>(mostRows))});
+    if (rows)
+        return "";
+    return asked.last == 0 ? asked.none
+                           : filled(asked.wrong, {wrongOf(asked.text(), asked.last).toStdString(),
+                                                  numberText(asked.last)});
 }
+
+RowsField elementsField(QLineEdit *field)
+{
+    return {field, Arithmos_Stoixeion, Metafrasi(98, "No elements have been defined yet."),
+            Metafrasi(2111, "These are no elements of the model: %1. Its elements are numbered "
+                            "from 1 to %2; a list of them is typed as in 1-3, 7.")};
+}
+
+RowsField nodesField(QLineEdit *field)
+{
+    return {field, Arithmos_Kombon, Metafrasi(97, "No nodes have been defined yet."),
+            Metafrasi(2112, "These are no nodes of the model: %1. Its nodes are numbered from "
+                            "1 to %2; a list of them is typed as in 1-3, 7.")};
+}
+
+} // namespace
 
 void frmSteps::refresh()
 {
-    const std::optional<steps::Choice> choice = wished();
-    if (!choice)
+    const RowsField elements = elementsField(ui_->Elements), nodes = nodesField(ui_->Nodes);
+    for (const RowsField &asked : {elements, nodes})
+        if (const std::string refusal = refusalOf(asked); !refusal.empty()) {
+            const BoxOwner owner(this);
+            showRefusal(refusal);
+            asked.field->setFocus();
+            return asked.field->selectAll();
+        }
+    showSteps({*elements.rows(), *nodes.rows(), ui_->Digits->value()});
+}
+
+void frmSteps::showAgain()
+{
+    if (shown_->moment.isOfOtherFile()) {
+        ui_->Elements->clear();
+        ui_->Nodes->clear();
+    }
+    if (refusalOf(elementsField(ui_->Elements)).empty()
+        && refusalOf(nodesField(ui_->Nodes)).empty())
+        refresh();
+}
+
+/// What is in sight, for when the text becomes another one.
+struct frmSteps::Place
+{
+    std::string marked;  ///< the section in the contents
+    std::string section; ///< that which the top of the view belongs to
+    int blocks = 0;      ///< from its heading to the top of the view
+    int pixels = 0;      ///< from the top of that block
+};
+
+frmSteps::Place frmSteps::place() const
+{
+    if (!shown_ || shown_->moment.isOfOtherFile())
+        return {};
+    const auto &sections = shown_->steps.document.sections;
+    const QTextBlock top = ui_->Steps->cursorForPosition({0, 0}).block();
+    const auto section = static_cast<std::size_t>(sectionAt(top.position()));
+    const int marked = ui_->Contents->currentItem()->data(0, Qt::UserRole).toInt();
+    return {sections[static_cast<std::size_t>(marked)].id, sections[section].id,
+            top.blockNumber()
+                - top.document()->findBlock(shown_->text.sections[section]).blockNumber(),
+            ui_->Steps->verticalScrollBar()->value() - static_cast<int>(placeOf(top).top())};
+}
+
+void frmSteps::goBackTo(const Place &place)
+{
+    goTo(sectionOf(place.marked));
+    const auto section = static_cast<std::size_t>(sectionOf(place.section));
+    if (shown_->steps.document.sections[section].id != place.section)
         return;
-    const int section = ui_->Contents->currentItem() == nullptr
-                            ? 0
-                            : ui_->Contents->currentItem()->data(0, Qt::UserRole).toInt();
-    const QString before =
-        shown_ ? QString::fromStdString(
-            shown_->steps.document.sections[static_cast<std::size_t>(section)].id)
-               : QString();
+    const QScopedValueRollback quiet(isGoing_, true);
+    const QTextDocument &text = *shown_->text.text;
+    const auto &sections = shown_->text.sections;
+    const int end = section + 1 < sections.size()
+                        ? text.findBlock(sections[section + 1]).blockNumber()
+                        : text.blockCount();
+    const int block = text.findBlock(sections[section]).blockNumber() + place.blocks;
+    const QRectF top = placeOf(text.findBlockByNumber(std::min(block, end - 1)));
+    ui_->Steps->verticalScrollBar()->setValue(
+        static_cast<int>(top.top() + std::min(1.0 * place.pixels, top.height())));
+}
+
+void frmSteps::showSteps(const steps::Choice &choice)
+{
     const WaitPointer waiting;
+    const Place before = place();
     auto shown = std::make_unique<Shown>();
-    shown->steps = drawn(steps::stepsOfAnalysis(*choice));
+    shown->steps = drawn(steps::stepsOfAnalysis(choice));
     shown->html = stepsFile(shown->steps.document);
-    shown->text = stepsText(shown->steps, ui_->Steps->viewport(), font());
     {
         const QScopedValueRollback quiet(isGoing_, true);
-        ui_->Steps->setDocument(shown->text.text.get());
-        shown_ = std::move(shown);
+        const std::unique_ptr<Shown> old = std::exchange(shown_, std::move(shown));
+        layOut();
         fillContents();
     }
-    showChoice(steps::completed(*choice));
-    ui_->NotFound->clear();
+    showChoice(steps::completed(choice));
+    ui_->FindTold->clear();
     lookAtModel();
-    goTo(sectionOf(before));
+    goBackTo(before);
+}
+
+void frmSteps::layOut()
+{
+    QFont letters = font();
+    letters.setPointSizeF(letters.pointSizeF() * std::pow(1.1, zoom_));
+    StepsText text = stepsText(shown_->steps, ui_->Steps->viewport(), letters);
+    ui_->Steps->setDocument(text.text.get());
+    shown_->text = std::move(text);
+}
+
+/// @param steps  0: back to the usual size
+void frmSteps::zoom(int steps)
+{
+    constexpr int least = -5, most = 12; // 0.6 and 3.1 times the usual
+    const int wanted = steps == 0 ? 0 : std::clamp(zoom_ + steps, least, most);
+    if (wanted == zoom_ || !shown_)
+        return;
+    zoom_ = wanted;
+    const WaitPointer waiting;
+    const Place before = place();
+    const QTextCursor selected = ui_->Steps->textCursor();
+    const int anchor = selected.anchor(), position = selected.position();
+    {
+        const QScopedValueRollback quiet(isGoing_, true);
+        layOut();
+    }
+    goBackTo(before);
+    QTextCursor cursor(ui_->Steps->document());
+    cursor.setPosition(anchor);
+    cursor.setPosition(position, QTextCursor::KeepAnchor);
+    const int top = ui_->Steps->verticalScrollBar()->value();
+    ui_->Steps->setTextCursor(cursor);
+    ui_->Steps->verticalScrollBar()->setValue(top);
 }
 
 void frmSteps::showChoice(const steps::Choice &shown)
@@ -254,13 +391,20 @@ void frmSteps::fillContents()
     ui_->Contents->expandAll();
 }
 
-int frmSteps::sectionOf(const QString &id) const
+int frmSteps::sectionOf(const std::string &id) const
 {
     const auto &sections = shown_->steps.document.sections;
-    const auto found = std::find_if(
-        sections.begin(), sections.end(),
-        [id = id.toStdString()](const steps::Section &section) { return section.id == id; });
+    const auto found =
+        std::find_if(sections.begin(), sections.end(),
+                     [&id](const steps::Section &section) { return section.id == id; });
     return found == sections.end() ? 0 : static_cast<int>(found - sections.begin());
+}
+
+int frmSteps::sectionAt(int position) const
+{
+    const auto &sections = shown_->text.sections;
+    const auto next = std::upper_bound(sections.begin(), sections.end(), position);
+    return std::max(0, static_cast<int>(next - sections.begin()) - 1);
 }
 
 namespace {
@@ -276,30 +420,29 @@ QTreeWidgetItem *itemOf(const QTreeWidget &contents, int section)
 
 } // namespace
 
+void frmSteps::mark(int section)
+{
+    const QScopedValueRollback quiet(isGoing_, true);
+    ui_->Contents->setCurrentItem(itemOf(*ui_->Contents, section));
+}
+
 void frmSteps::goTo(int section)
 {
     const QScopedValueRollback quiet(isGoing_, true); // near its end the text cannot scroll as far
     QTextCursor cursor(ui_->Steps->document());
     cursor.setPosition(shown_->text.sections[static_cast<std::size_t>(section)]);
     ui_->Steps->setTextCursor(cursor);
-    const QRectF heading =
-        ui_->Steps->document()->documentLayout()->blockBoundingRect(cursor.block());
-    ui_->Steps->verticalScrollBar()->setValue(section == 0 ? 0 : static_cast<int>(heading.top()));
-    ui_->Contents->setCurrentItem(itemOf(*ui_->Contents, section));
+    ui_->Steps->verticalScrollBar()->setValue(
+        section == 0 ? 0 : static_cast<int>(placeOf(cursor.block()).top()));
+    mark(section);
 }
 
 /// That which the top of the text in sight belongs to.
 void frmSteps::markSection()
 {
-    if (isGoing_ || !shown_)
-        return;
-    const QScopedValueRollback quiet(isGoing_, true);
     constexpr int below = 8; // pixels; a heading at the top counts
-    const int position = ui_->Steps->cursorForPosition({0, below}).position();
-    const auto &sections = shown_->text.sections;
-    const auto next = std::upper_bound(sections.begin(), sections.end(), position);
-    ui_->Contents->setCurrentItem(
-        itemOf(*ui_->Contents, std::max(0, static_cast<int>(next - sections.begin()) - 1)));
+    if (!isGoing_ && shown_)
+        mark(sectionAt(ui_->Steps->cursorForPosition({0, below}).position()));
 }
 
 void frmSteps::lookAtModel()
@@ -315,21 +458,53 @@ void frmSteps::lookAtModel()
     ui_->Outdated->show();
 }
 
+namespace {
+
+/// Formulas have a minus of their own, which no keyboard has.
+QRegularExpression patternOf(const QString &text)
+{
+    QStringList parts;
+    for (const QString &part : QString(text).replace(QChar(0x2212), u'-').split('-'))
+        parts << QRegularExpression::escape(part);
+    return QRegularExpression(parts.join("[-\\x{2212}]"),
+                              QRegularExpression::CaseInsensitiveOption);
+}
+
+} // namespace
+
+/// Shows what is found with some of the text above it.
+bool frmSteps::findFrom(const QTextCursor &start, QTextDocument::FindFlags direction)
+{
+    const QTextCursor found =
+        ui_->Steps->document()->find(patternOf(ui_->Find->text()), start, direction);
+    if (found.isNull())
+        return false;
+    const QScopedValueRollback quiet(isGoing_, true);
+    ui_->Steps->setTextCursor(found);
+    const int height = ui_->Steps->viewport()->height(), top = ui_->Steps->cursorRect().top();
+    if (top < height / 8 || top > height * 3 / 4)
+        ui_->Steps->verticalScrollBar()->setValue(ui_->Steps->verticalScrollBar()->value() + top
+                                                  - height / 3);
+    mark(sectionAt(found.selectionStart()));
+    return true;
+}
+
 void frmSteps::find(QTextDocument::FindFlags direction)
 {
-    const QString text = ui_->Find->text();
-    ui_->NotFound->clear();
-    if (text.isEmpty())
+    ui_->FindTold->clear();
+    if (ui_->Find->text().isEmpty())
         return ui_->Find->setFocus();
-    if (ui_->Steps->find(text, direction))
+    if (findFrom(ui_->Steps->textCursor(), direction))
         return;
-    const QTextCursor before = ui_->Steps->textCursor();
-    // Around the end.
-    ui_->Steps->moveCursor(direction == 0 ? QTextCursor::Start : QTextCursor::End);
-    if (ui_->Steps->find(text, direction))
-        return;
-    ui_->Steps->setTextCursor(before);
-    ui_->NotFound->setText(qtText(Metafrasi(2117, "Not found in these steps.")));
+    QTextCursor around(ui_->Steps->document());
+    if (direction != 0)
+        around.movePosition(QTextCursor::End);
+    if (!findFrom(around, direction))
+        ui_->FindTold->setText(qtText(Metafrasi(2117, "Not found in these steps.")));
+    else if (direction == 0)
+        ui_->FindTold->setText(qtText(Metafrasi(2123, "The search has gone on from the start.")));
+    else
+        ui_->FindTold->setText(qtText(Metafrasi(2124, "The search has gone on from the end.")));
 }
 
 void frmSteps::copy()
@@ -354,9 +529,16 @@ void frmSteps::saveHtml()
 
 PrintJob frmSteps::printJob() const
 {
-    return {qtText(shown_->steps.document.title), shown_->moment.path, "_steps",
-            [this](QPagedPaintDevice &device) { return printSteps(device, shown_->steps); },
-            pageOfRegion()};
+    return {qtText(shown_->steps.document.title),
+            shown_->moment.path,
+            "_steps",
+            [this](QPagedPaintDevice &device) {
+                const WaitPointer waiting;
+                return printSteps(device, shown_->steps);
+            },
+            pageOfRegion(),
+            Metafrasi(2125, "There is no default printer. Do you want to save the steps as a PDF "
+                            "file instead?")};
 }
 
 } // namespace veskora

@@ -35,6 +35,9 @@ public:
     /// Shows the steps of the model as it stands, of the rows that are asked for. A list that is
     /// none is refused, and what was shown stays.
     void refresh();
+    /// The same without a refusal: another model begins with empty lists, and what is typed by half
+    /// leaves what was shown.
+    void showAgain();
 
 signals:
     void refreshWanted();
@@ -45,13 +48,21 @@ private:
     void connectParts();
     void connectKeys();
     void lookAtModel();
-    std::optional<steps::Choice> wished();
-    bool take(QLineEdit *field, int last, std::vector<int> &rows, const std::string &refusal);
+    struct Place;
+    Place place() const;
+    void goBackTo(const Place &place);
+
+    void showSteps(const steps::Choice &choice);
+    void layOut();
+    void zoom(int steps);
     void showChoice(const steps::Choice &shown);
     void fillContents();
     void goTo(int section);
     void markSection();
-    int sectionOf(const QString &id) const;
+    int sectionOf(const std::string &id) const;
+    int sectionAt(int position) const;
+    void mark(int section);
+    bool findFrom(const QTextCursor &start, QTextDocument::FindFlags direction);
     void find(QTextDocument::FindFlags direction);
     void copy();
     void saveHtml();
@@ -67,8 +78,9 @@ private:
     };
 
     const std::unique_ptr<Ui::frmSteps> ui_;
-    std::unique_ptr<const Shown> shown_; ///< none before `refresh`
-    bool isGoing_ = false;               ///< to a section that was picked
+    std::unique_ptr<Shown> shown_; ///< none before `refresh`
+    int zoom_ = 0;                 ///< steps that the letters are larger than usual
+    bool isGoing_ = false;         ///< to a section that was picked
 };
 
 } // namespace veskora

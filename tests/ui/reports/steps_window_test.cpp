@@ -9,14 +9,21 @@
 
 #include <gmock/gmock.h>
 
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QScrollBar>
+#include <QSpinBox>
 #include <QTest>
 #include <QTextBrowser>
 #include <QTextTable>
 #include <QTreeWidget>
+#include <QWheelEvent>
 
 namespace veskora {
 namespace {
@@ -102,19 +109,19 @@ TEST_F(StepsWindow, WhatIsShownIsAskedForAndAWrongListChangesNothing)
     {
         const char *asked;
         std::vector<int> shown;
-        bool isRefused = false;
+        const char *refused = nullptr;
     } cases[] = {{" 7, 2 - 4,2 ", {2, 3, 4, 7}},
-                 {"301", {2, 3, 4, 7}, true},
-                 {"4-3", {2, 3, 4, 7}, true},
-                 {"1,", {2, 3, 4, 7}, true},
-                 {"1 2", {2, 3, 4, 7}, true},
-                 {"0", {2, 3, 4, 7}, true},
+                 {"301", {2, 3, 4, 7}, "301"},
+                 {"1, 298-302, 4-3,7", {2, 3, 4, 7}, "301-302, 4-3"},
+                 {"1,", {2, 3, 4, 7}, "1,"},
+                 {"1 2", {2, 3, 4, 7}, "1 2"},
+                 {"0", {2, 3, 4, 7}, "0"},
                  {"300", {300}}};
-    for (const auto &[asked, shown, isRefused] : cases) {
+    for (const auto &[asked, shown, refused] : cases) {
         SCOPED_TRACE(asked);
         field("Elements")->setText(asked);
-        if (isRefused)
-            desktop.expectMessage(qtText(noElements).arg(QString(asked).trimmed()).toStdString());
+        if (refused != nullptr)
+            desktop.expectMessage(qtText(noElements).arg(refused).toStdString());
         QTest::keyClick(field("Elements"), Qt::Key_Return);
         EXPECT_EQ(elementsShown(), shown);
     }
@@ -127,6 +134,16 @@ TEST_F(StepsWindow, WhatIsShownIsAskedForAndAWrongListChangesNothing)
     field("Nodes")->setText("x");
     desktop.expectMessage("These are no nodes of the model: x. Its nodes are numbered from 1 to "
                           "200; a list of them is typed as in 1-3, 7.");
+    click("ShowSteps");
+    trigger("mnuVIMATA_ANALYSIS_item"); // the menu refuses nothing
+    EXPECT_EQ(field("Nodes")->text(), "x");
+    Onoma_Arxeiou = path("other.vsk");
+    ++modelsBegun;
+    trigger("mnuVIMATA_ANALYSIS_item");
+    EXPECT_EQ(field("Nodes")->text(), "");
+    field("Elements")->setText("1");
+    Arithmos_Stoixeion = 0;
+    desktop.expectMessage("No elements have been defined yet.");
     click("ShowSteps");
 }
 
@@ -158,22 +175,35 @@ TEST_F(StepsWindow, TheSearchGoesRoundBothWaysAndTellsWhereNothingIs)
 {
     openOn(portal);
     field("Find")->setText("End forces of element");
+    const char *fromEnd = "The search has gone on from the end.";
+    const char *fromStart = "The search has gone on from the start.";
     const struct
     {
         const char *press;
         int element;
+        const char *told = "";
     } cases[] = {{"FindNext", 1},
                  {"FindNext", 2},
                  {"FindPrevious", 1},
-                 {"FindPrevious", 4},
-                 {"FindNext", 1}};
-    for (const auto &[press, element] : cases) {
+                 {"FindPrevious", 4, fromEnd},
+                 {"FindNext", 1, fromStart}};
+    for (const auto &[press, element, told] : cases) {
         click(press);
         EXPECT_TRUE(text()->textCursor().block().text().endsWith(QString::number(element)));
+        EXPECT_EQ(line("FindTold"), told);
+        EXPECT_TRUE(find<QTreeWidget>("Contents")
+                        ->currentItem()
+                        ->text(0)
+                        .endsWith(QString::number(element)));
+    }
+    for (const char *typed : {"-12EI/L", "−12ei/l"}) {
+        field("Find")->setText(typed);
+        click("FindNext");
+        EXPECT_EQ(text()->textCursor().selectedText(), "−12EI/L");
     }
     field("Find")->setText("no such thing");
     click("FindNext");
-    EXPECT_EQ(line("NotFound"), "Not found in these steps.");
+    EXPECT_EQ(line("FindTold"), "Not found in these steps.");
     EXPECT_TRUE(text()->textCursor().hasSelection()) << "the last find stays";
 }
 
@@ -212,10 +242,75 @@ TEST_F(StepsWindow, TheyLeaveWholeAndNoMatrixIsTornByAPage)
     EXPECT_EQ(found, 1 + 4 + 2);
     EXPECT_GE(headings, static_cast<int>(steps::stepsOfAnalysis({}).sections.size()));
 
-    desktop.expectMessage("There is no default printer. Do you want to save the report as a PDF "
+    desktop.expectMessage("There is no default printer. Do you want to save the steps as a PDF "
                           "file instead?",
                           Icon::question, Answer::no);
     click("PrintSteps");
+}
+
+TEST_F(StepsWindow, LargerLettersAndOtherDigitsKeepThePlaceAndCopiesTheirCells)
+{
+    openOn(portal);
+    EXPECT_TRUE(
+        find<QWidget>("frmSteps")->actions().contains(find<QAction>("mnuTIMES_STOIXEIOU_item")));
+    const auto top = [this] { return text()->cursorForPosition({0, 0}).blockNumber(); };
+    const auto letters = [this] {
+        return text()->document()->find("361700").charFormat().fontPointSize();
+    };
+    const double usual = letters();
+    text()->verticalScrollBar()->setValue(1500);
+    const int before = top();
+    const auto turn = [this](int by) {
+        QWheelEvent event({}, {}, {}, {0, by}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(text()->viewport(), &event);
+    };
+    turn(240);
+    EXPECT_NEAR(letters() / usual, 1.21, 1e-6);
+    EXPECT_EQ(top(), before);
+    find<QSpinBox>("Digits")->setValue(3);
+    click("ShowSteps");
+    find<QSpinBox>("Digits")->setValue(4);
+    click("ShowSteps");
+    EXPECT_NEAR(letters() / usual, 1.21, 1e-6) << "kept by the window";
+    EXPECT_EQ(top(), before);
+
+    text()->selectAll();
+    click("Copy");
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(
+        "\nKff =\t\t1\t2\t3\t4\t5\t6\t7\t8\t9\n\t1\t361700\t0\t15660\t-354700\t0\t0\t0\t0\t0\n"));
+    QTextCursor cells = text()->document()->find("361700");
+    QTextTable *table = cells.currentTable();
+    cells = table->cellAt(1, 2).firstCursorPosition();
+    cells.setPosition(table->cellAt(2, 3).firstPosition(), QTextCursor::KeepAnchor);
+    text()->setTextCursor(cells);
+    click("Copy");
+    EXPECT_EQ(QApplication::clipboard()->text(), "361700\t0\n0\t700500");
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->html().contains("<table"));
+}
+
+TEST_F(StepsWindow, LongTablesGoOnUnderTheirHeadingsAndTheContentsNameThePages)
+{
+    openOn(large);
+    field("Nodes")->setText("1-60");
+    click("ShowSteps");
+    desktop.expectFileDialog(path("l_steps.pdf"));
+    click("SavePdf");
+    const QString file = QString::fromStdString(path("l_steps.pdf"));
+    const QStringList pages =
+        output("pdftotext", {"-layout", file, "-"}).split('\f', Qt::SkipEmptyParts);
+    int headed = 0;
+    for (const QString &page : pages)
+        headed += page.trimmed().startsWith("Freedom") ? 1 : 0;
+    EXPECT_GT(headed, 2); // the right-hand side and the pivots of 168 freedoms
+    for (const steps::Section &section : steps::stepsOfAnalysis({{}, {1}}).sections) {
+        const QString heading = qtText(section.heading);
+        const QRegularExpression line(QRegularExpression::escape(heading) + "\\s+(\\d+)\n");
+        const int page = line.match(pages[0]).captured(1).toInt();
+        ASSERT_GT(page, 0) << section.heading;
+        EXPECT_TRUE(pages[page - 1].contains(heading + '\n')) << section.heading;
+    }
+    EXPECT_FALSE(output("pdfinfo", {"-url", file}).contains('#')) << "no dead links";
 }
 
 } // namespace
