@@ -195,7 +195,14 @@ std::vector<double> extremesOfV(const AlongElement &a, const std::vector<double>
     };
     const double least = std::max(rounding * size, a.leastM * L);
     std::vector<double> places = Piecewise{slope, least, breaksOf(0, zerosOfM, L)}.changes();
-    std::erase_if(places, [&a, L](double x) { return x < a.nearness() || x > L - a.nearness(); });
+    // Beside an end the slope, a difference of displacements, leaves its zero less certain.
+    constexpr double beside = 1e-4, equal = 1e-7; // of the length, of the displacement
+    std::erase_if(places, [&a, L](double x) {
+        const double end = x < L / 2 ? 0 : L, way = std::abs(x - end);
+        const double v = a.v(x).value_or(0), atEnd = a.v(end).value_or(0);
+        return way < a.nearness()
+               || (way < beside * L && std::abs(v - atEnd) <= equal * std::abs(v));
+    });
     return places;
 }
 

@@ -166,12 +166,11 @@ private:
     std::vector<TextTable> displacementExtremes() const
     {
         std::vector<TextTable> tables = {nodeExtremes()};
-        if (const auto between = largestDeflectionBetweenEnds())
-            tables.push_back(
-                {headerRow(
-                     {"", Metafrasi(1953, "Largest deflection"), Metafrasi(342, "Element"), "x"}),
-                 row({Metafrasi(1954, "Across an element, between its ends"), number_(between->v),
-                      numberText(between->e), number_(between->x)})});
+        if (const auto largest = largestDeflection())
+            tables.push_back({headerRow({"", Metafrasi(1953, "Largest deflection"),
+                                         Metafrasi(342, "Element"), "x"}),
+                              row({Metafrasi(1954, "Across an element"), number_(largest->v),
+                                   numberText(largest->e), number_(largest->x)})});
         return tables;
     }
 

@@ -44,14 +44,13 @@ std::optional<ForceRange> forceRange(const StressResultant &resultant)
 
 namespace {
 
-std::vector<PlacedDeflection> deflectionsBetweenEnds(int e)
+std::vector<PlacedDeflection> deflections(int e)
 try {
     std::vector<PlacedDeflection> found;
     const AlongElement along = alongElement(e);
     for (const Station &station : stations(along, 1))
-        if ((station.marks & placeMark::extremeV) != 0)
-            if (const auto v = along.v(station.x))
-                found.push_back({e, station.x, *v});
+        if (const auto v = along.v(station.x))
+            found.push_back({e, station.x, *v});
     return found;
 } catch (const Fault &) { // of an element without length
     return {};
@@ -59,11 +58,11 @@ try {
 
 } // namespace
 
-std::optional<PlacedDeflection> largestDeflectionBetweenEnds()
+std::optional<PlacedDeflection> largestDeflection()
 {
     std::optional<PlacedDeflection> largest;
     for (int e = 1; e <= Arithmos_Stoixeion && !Allagi_Montelou; ++e)
-        for (const PlacedDeflection &one : deflectionsBetweenEnds(e))
+        for (const PlacedDeflection &one : deflections(e))
             if (!largest || isLarger(std::abs(one.v), std::abs(largest->v)))
                 largest = one;
     return largest;

@@ -31,9 +31,9 @@ struct PlacedDeflection
     double x, v; ///< x along the element, from end i
 };
 
-/// The largest one between the ends of an element, in magnitude and where it has an extreme there.
-/// None where there is no such place, or the loads are not those of the results.
-std::optional<PlacedDeflection> largestDeflectionBetweenEnds();
+/// The largest one of all elements, in magnitude, at their ends and at the extremes between them.
+/// None without an element that can be computed, or where the loads are not those of the results.
+std::optional<PlacedDeflection> largestDeflection();
 
 /// Nodes with the largest and the smallest displacement in direction @p k (1 x, 2 y, 3 rotation).
 /// There is a node.

@@ -89,6 +89,9 @@ void PaperKanvas::paintHalo(const PlacedText &text, const Stroke &stroke)
     for (const QPolygonF &part : letters.toSubpathPolygons(text.place()))
         outline.addPolygon(part);
     painter_.strokePath(outline, penOf(stroke.colour, stroke.width, false));
+    QPainterPath patch;
+    patch.addPolygon(text.place().map(QPolygonF(text.patch)));
+    painter_.fillPath(patch, stroke.colour);
 }
 
 void PaperKanvas::paintText(const PlacedText &text)

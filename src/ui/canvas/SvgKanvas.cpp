@@ -239,6 +239,15 @@ void SvgKanvas::paintHalo(const PlacedText &text, const Stroke &stroke)
         attribute("x", metrics.horizontalAdvance(text.text.left(i)));
         i += units - 1;
     }
+    if (!text.patch.isEmpty()) {
+        file_.writeEmptyElement("rect");
+        attribute("x", text.patch.x());
+        attribute("y", text.patch.y());
+        attribute("width", text.patch.width());
+        attribute("height", text.patch.height());
+        attribute("fill", stroke.colour);
+        attribute("stroke", QString("none"));
+    }
     file_.writeEndElement();
 }
 

@@ -68,11 +68,16 @@ QTransform VectorKanvas::PlacedText::place() const
 VectorKanvas::PlacedText VectorKanvas::PlacedText::underHalo() const
 {
     PlacedText under = *this;
-    if (!ordinate || text.startsWith('-'))
+    if (!ordinate)
+        return under;
+    const QFontMetricsF metrics(font);
+    under.patch = metrics.tightBoundingRect(text);
+    if (text.startsWith('-'))
         return under;
     const QString room = "--"; // what is left of the line is too far off to be a sign
     under.text.prepend(room);
-    under.corner.rx() -= QFontMetricsF(font).horizontalAdvance(room) * size / em;
+    under.patch.translate(metrics.horizontalAdvance(room), 0);
+    under.corner.rx() -= metrics.horizontalAdvance(room) * size / em;
     return under;
 }
 

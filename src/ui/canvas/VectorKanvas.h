@@ -72,6 +72,8 @@ protected:
         QColor colour = {};
         bool hasHalo = false; ///< what stands at a node has none: it would hide its symbols
         std::optional<Ordinate> ordinate = {}; ///< of a value; pixels
+        QRectF patch = {}; ///< filled by the halo, in the font's pixels: a crumb of a line between
+                           ///< two digits would be a point
 
         /// From the font's own pixels, at the beginning of the base line, to those of the picture.
         QTransform place() const;

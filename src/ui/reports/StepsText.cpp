@@ -211,16 +211,16 @@ void Writer::write(const steps::Formula &formula)
 
 void Writer::write(const steps::Links &links)
 {
+    if (room_ > 0)
+        return; // on paper they lead nowhere, and the contents tell the pages
     begin(paragraphFormat());
     cursor_.insertText(qtText(links.lead), charFormat(font_));
     for (const auto &[name, id] : links.links) {
         const bool isFirst = &name == &links.links.front().first;
         cursor_.insertText(isFirst ? " " : ", ", charFormat(font_));
-        QTextCharFormat format = charFormat(font_, room_ > 0 ? ink : linkInk);
-        if (room_ == 0) { // a printed address leads nowhere
-            format.setAnchor(true);
-            format.setAnchorHref("#" + qtText(id));
-        }
+        QTextCharFormat format = charFormat(font_, linkInk);
+        format.setAnchor(true);
+        format.setAnchorHref("#" + qtText(id));
         cursor_.insertText(qtText(name), format);
     }
 }
