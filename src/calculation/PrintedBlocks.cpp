@@ -8,6 +8,7 @@
 #include "ReportPicture.h"
 #include "ResultWarnings.h"
 #include "Sentences.h"
+#include "Zoom.h"
 
 #include <algorithm>
 #include <map>
@@ -179,11 +180,11 @@ double pictureHeight(const Sheet &sheet)
     const double whole = sheet.height() - sheet.cm(3.4) - 2 * warnings; // two headings and a note
     const double half = whole / 2 - sheet.cm(0.5);
     const double below = sheet.cm(2.5); // caption and extremes
-    const ModelBox model = modelBox();
+    const Extent model = modelExtent();
     const auto scale = [&](double room) {
         const double ordinates = sheet.cm(2) + 0.2 * std::min(sheet.width(), room - below);
-        return std::min((sheet.width() - ordinates) / (model.right - model.left),
-                        (room - below - ordinates) / (model.top - model.bottom));
+        return std::min((sheet.width() - ordinates) / (model.xmax - model.xmin),
+                        (room - below - ordinates) / (model.ymax - model.ymin));
     };
     constexpr double clearly = 1.8;
     return scale(whole) > clearly * scale(half) ? whole : half;

@@ -57,7 +57,7 @@ struct Margins
 };
 
 /// What the picture draws beyond the nodes, and the lines of text above it.
-Margins drawnMargins(const ModelBox &model)
+Margins drawnMargins(const Extent &model)
 {
     InkKanvas ink(Picture1());
     {
@@ -67,10 +67,10 @@ Margins drawnMargins(const ModelBox &model)
     const QRectF covered = ink.finish();
     constexpr double air = 0.15;
     const auto beyond = [](double length) { return std::max(length, 0.0) + air; };
-    return {beyond(Kosmos_X(model.left) - covered.left()),
-            beyond(Kosmos_Y(model.top) - covered.top()) + ink.noteBottom(),
-            beyond(covered.right() - Kosmos_X(model.right)),
-            beyond(covered.bottom() - Kosmos_Y(model.bottom))};
+    return {beyond(Kosmos_X(model.xmin) - covered.left()),
+            beyond(Kosmos_Y(model.ymax) - covered.top()) + ink.noteBottom(),
+            beyond(covered.right() - Kosmos_X(model.xmax)),
+            beyond(covered.bottom() - Kosmos_Y(model.ymin))};
 }
 
 /// Two digits, no less than @p scale.
@@ -81,7 +81,7 @@ double roundedUp(double scale)
 }
 
 /// Puts the model into the middle of what @p margins leave, as large as it can be there.
-void placeModel(const ModelBox &model, const Margins &margins)
+void placeModel(const Extent &model, const Margins &margins)
 {
     constexpr double leastShare = 0.3; // of the picture, whatever stands around the model
     const auto room = [](double whole, double before, double behind) {
@@ -89,12 +89,12 @@ void placeModel(const ModelBox &model, const Margins &margins)
     };
     const double roomX = room(Picture1().width(), margins.left, margins.right);
     const double roomY = room(Picture1().height(), margins.top, margins.bottom);
-    const double width = model.right - model.left, height = model.top - model.bottom;
+    const double width = model.xmax - model.xmin, height = model.ymax - model.ymin;
     const double needed = 100 * std::max(width / roomX, height / roomY);
     if (std::isnormal(static_cast<float>(needed)))
         Klimaka = static_cast<float>(roundedUp(needed));
-    moveOrigin(Mikos_Se_Othoni(model.left) - margins.left - (roomX - Mikos_Se_Othoni(width)) / 2,
-               Anastrofi_Y(Mikos_Se_Othoni(model.top)) - margins.top
+    moveOrigin(Mikos_Se_Othoni(model.xmin) - margins.left - (roomX - Mikos_Se_Othoni(width)) / 2,
+               Anastrofi_Y(Mikos_Se_Othoni(model.ymax)) - margins.top
                    - (roomY - Mikos_Se_Othoni(height)) / 2);
 }
 
@@ -103,7 +103,7 @@ void placeModel(const ModelBox &model, const Margins &margins)
 void fillPicture()
 {
     constexpr int steps = 3;
-    const ModelBox model = modelBox();
+    const Extent model = modelExtent();
     for (int i = 0; i < steps; ++i)
         placeModel(model, drawnMargins(model));
 }
@@ -142,18 +142,6 @@ std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas)
         caption += ". " + Metafrasi(1938, "The diagram leaves the picture.");
     const bool hasTooLarge = drawAndSeeWhetherValuesAreLost();
     return caption + lostText(hasTooLarge);
-}
-
-ModelBox modelBox()
-{
-    ModelBox box = {Komboi(1, node::x), Komboi(1, node::y), Komboi(1, node::x), Komboi(1, node::y)};
-    for (int n = 2; n <= Arithmos_Kombon; ++n) {
-        box.left = std::min<double>(box.left, Komboi(n, node::x));
-        box.bottom = std::min<double>(box.bottom, Komboi(n, node::y));
-        box.right = std::max<double>(box.right, Komboi(n, node::x));
-        box.top = std::max<double>(box.top, Komboi(n, node::y));
-    }
-    return box;
 }
 
 } // namespace veskora

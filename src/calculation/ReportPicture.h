@@ -16,12 +16,4 @@ class Kanvas;
 /// @return the picture's caption: its scales, and what must be told of it
 std::string drawReportPicture(std::int16_t shown, Kanvas &kanvas);
 
-/// Around all nodes, in the model's own units.
-struct ModelBox
-{
-    double left, bottom, right, top;
-};
-/// There is a node.
-ModelBox modelBox();
-
 } // namespace veskora

@@ -12,11 +12,6 @@ namespace veskora {
 
 namespace {
 
-struct Extent
-{
-    double xmin, xmax, ymin, ymax;
-};
-
 void placeByWidth(const Extent &extent, double margin)
 {
     Arxi_X = Mikos_Se_Othoni(extent.xmin) - margin;
@@ -51,6 +46,8 @@ void centreNode1()
         setView(before);
 }
 
+} // namespace
+
 Extent modelExtent()
 {
     Extent extent = {Komboi(1, node::x), Komboi(1, node::x), Komboi(1, node::y),
@@ -63,6 +60,8 @@ Extent modelExtent()
     }
     return extent;
 }
+
+namespace {
 
 /// How the canvas holds an extent.
 struct Place

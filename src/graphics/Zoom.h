@@ -17,6 +17,14 @@ inline constexpr std::int16_t scaleDecimals = 3;
 inline constexpr double finestScale = 1;         ///< of the screen
 inline constexpr double coarsestScale = 2147483; ///< beyond it such a rounding has no room
 
+/// Around nodes, in the model's own units.
+struct Extent
+{
+    double xmin, xmax, ymin, ymax;
+};
+/// Of all nodes; there is one.
+Extent modelExtent();
+
 /// @name World to canvas, centimetres
 /// @{
 double Kosmos_X(double x);

@@ -12,10 +12,9 @@
 #include "Registry.h"
 #include "ReportPicture.h"
 #include "ScriptedDesktop.h"
+#include "SystemPrograms.h"
 
 #include <gmock/gmock.h>
-
-#include <QProcess>
 
 #include <sstream>
 
@@ -30,10 +29,7 @@ std::string poppler(const char *program, std::vector<std::string> arguments)
     QStringList list;
     for (const std::string &argument : arguments)
         list << QString::fromStdString(argument);
-    QProcess process;
-    process.start(QString("/usr/bin/") + program, list);
-    EXPECT_TRUE(process.waitForFinished()) << program;
-    return process.readAllStandardOutput().toStdString();
+    return output(program, list).toStdString();
 }
 
 int count(const std::string &text, const std::string &word)

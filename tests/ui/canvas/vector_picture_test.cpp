@@ -9,12 +9,12 @@
 #include "RecordingKanvas.h"
 #include "Settings.h"
 #include "Sxediastika.h"
+#include "SystemPrograms.h"
 #include "VectorPicture.h"
 #include "Zoom.h"
 
 #include <QFontMetricsF>
 #include <QLocale>
-#include <QProcess>
 #include <QRawFont>
 #include <QRegularExpression>
 #include <QXmlStreamReader>
@@ -113,13 +113,6 @@ protected:
     {
         return vectorPicture(form, {pictureWidth, pictureHeight}, "a < \x01 b",
                              [shown](VectorKanvas &) { draw(shown); });
-    }
-    static std::string output(const QString &program, const QStringList &arguments)
-    {
-        QProcess process;
-        process.start(program, arguments);
-        EXPECT_TRUE(process.waitForFinished()) << program.toStdString();
-        return process.readAllStandardOutput().toStdString();
     }
 };
 
@@ -238,16 +231,16 @@ TEST_F(VectorPictures, APdfFileIsOnePageOfVectorsThatOthersCanSearch)
     open("portal_frame");
     write(path("m.pdf"), drawn(VectorForm::pdf, view::M));
     const QString file = QString::fromStdString(path("m.pdf"));
-    const std::string facts = output("pdfinfo", {file});
+    const std::string facts = output("pdfinfo", {file}).toStdString();
     EXPECT_NE(facts.find("Pages:           1\n"), std::string::npos) << facts;
     EXPECT_NE(facts.find("Page size:       960 x 600 pts"), std::string::npos) << facts;
     EXPECT_NE(facts.find("Title:           a <  b\n"), std::string::npos) << facts;
     const auto lines = [](const std::string &text) { return std::ranges::count(text, '\n'); };
-    EXPECT_EQ(lines(output("pdfimages", {"-list", file})), 2); // the heading
-    const std::string fonts = output("pdffonts", {file});
+    EXPECT_EQ(lines(output("pdfimages", {"-list", file}).toStdString()), 2); // the heading
+    const std::string fonts = output("pdffonts", {file}).toStdString();
     EXPECT_EQ(lines(fonts), 4) << fonts;                             // plain and bold
     EXPECT_EQ(fonts.find(" no  "), fonts.find(" no  yes")) << fonts; // embedded, with Unicode
-    std::istringstream words(output("pdftotext", {file, "-"}));
+    std::istringstream words(output("pdftotext", {file, "-"}).toStdString());
     EXPECT_EQ(std::count(std::istream_iterator<std::string>(words), {}, "-113.6"), 1);
 }
 

@@ -5,6 +5,7 @@
 #include "MainWindowTest.h"
 #include "Models.h"
 #include "StepsFile.h"
+#include "SystemPrograms.h"
 #include "Text.h"
 
 #include <gmock/gmock.h>
@@ -15,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -27,15 +27,6 @@
 
 namespace veskora {
 namespace {
-
-QString output(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start("/usr/bin/" + program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        throw std::runtime_error("cannot run " + program.toStdString());
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 class StepsWindow : public MainWindow
 {

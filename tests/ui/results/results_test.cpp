@@ -13,6 +13,7 @@
 #include "Models.h"
 #include "ModelTree.h"
 #include "ResultGrid.h"
+#include "SystemPrograms.h"
 
 #include <QAction>
 #include <QApplication>
@@ -20,7 +21,6 @@
 #include <QClipboard>
 #include <QPdfWriter>
 #include <QPrinter>
-#include <QProcess>
 #include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
@@ -37,16 +37,6 @@ namespace fs = std::filesystem;
 
 namespace veskora {
 namespace {
-
-/// What a program of the system prints; the window's tests have no PATH.
-QString output(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start("/usr/bin/" + program, arguments);
-    if (!process.waitForFinished() || process.exitCode() != 0)
-        throw std::runtime_error("cannot run " + program.toStdString());
-    return QString::fromUtf8(process.readAllStandardOutput());
-}
 
 class Results : public MainWindow
 {
