@@ -35,9 +35,26 @@ bool FileCommands::mayLeave(bool closing)
     return answer != Answer::cancel;
 }
 
+namespace {
+
+/// Whether the model may go into its own file, which may have what another program put there.
+bool mayReplaceFile(ReplacementLock &lock)
+{
+    if (lock.isHeld() && !sumOfForeignChange())
+        return true;
+    lock.release(); // the answer takes its time
+    return desktop().message(Metafrasi(2140, "The file was changed by another program since it was "
+                                             "opened. Replace it?"),
+                             Icon::exclamation, Buttons::noYes)
+           == Answer::yes;
+}
+
+} // namespace
+
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
-    std::string path = Onoma_Arxeiou;
+    ReplacementLock lock(Onoma_Arxeiou);
+    std::string path = mayReplaceFile(lock) ? Onoma_Arxeiou : ""; // then another name is asked for
     if (Apothikefsi_Arxeiou(path, false)) {
         settle(path);
         return true;
@@ -171,7 +188,7 @@ bool FileCommands::openJournal(const LostJournal &lost)
     }
     if (!mayLeave(false))
         return false;
-    const bool isOpen = veskora::openJournal(lost.file.path, lost.model);
+    const bool isOpen = veskora::openJournal(lost.file.path, lost.model.path, lost.model.sum);
     emit modelReplaced();
     return isOpen;
 }
@@ -180,15 +197,28 @@ bool FileCommands::openJournal(const LostJournal &lost)
 
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    if (Apothikefsi_Arxeiou(Onoma_Arxeiou, false))
+    ReplacementLock lock(Onoma_Arxeiou);
+    if (mayReplaceFile(lock) && Apothikefsi_Arxeiou(Onoma_Arxeiou, false))
         settle(Onoma_Arxeiou);
 }
 
 void FileCommands::saveAs()
 {
+    tellForeignChange(); // the dialog only asks whether an old file is to go
     std::string path;
     if (Apothikefsi_Arxeiou(path, false))
         settle(path);
+}
+
+void FileCommands::tellForeignChange()
+{
+    const std::optional<std::uint64_t> sum = sumOfForeignChange();
+    if (!sum || sum == told_)
+        return;
+    told_ = sum;
+    Grammi_Log(Metafrasi(2141, "The file was changed by another program since it was opened:") + " "
+                   + Onoma_Arxeiou,
+               logColour::red);
 }
 
 } // namespace veskora
