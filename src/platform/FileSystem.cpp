@@ -463,6 +463,23 @@ void ReplacementLock::release()
     (void)::flock(descriptor_.number(), LOCK_UN);
 }
 
+namespace {
+
+int openedFolder(const std::string &folder)
+{
+    std::error_code ignored;
+    fs::create_directories(folder, ignored);
+    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+} // namespace
+
+Turn::Turn(const std::string &folder) : descriptor_(openedFolder(folder))
+{
+    while (::flock(descriptor_.number(), LOCK_EX) != 0 && errno == EINTR) {
+    }
+}
+
 LockFile::LockFile(std::string path, int flags)
     : path_(std::move(path)),
       descriptor_(::open(path_.c_str(), flags | O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600))

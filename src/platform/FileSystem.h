@@ -101,6 +101,18 @@ private:
     bool isHeld_ = true;
 };
 
+/// While it lives, another copy of the program that wants one of the same folder waits: for what
+/// must be read, changed and written in one piece. Where the system knows no locks nobody waits.
+class Turn
+{
+public:
+    /// @param folder  is made where it is not there
+    explicit Turn(const std::string &folder);
+
+private:
+    Descriptor descriptor_;
+};
+
 /// A file that one process holds locked. The lock goes with the process, however it ends.
 class LockFile
 {
