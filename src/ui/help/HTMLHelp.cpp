@@ -60,7 +60,9 @@ QString provideCollection(const QString &program)
 
 } // namespace
 
-HTMLHelp::HTMLHelp() = default;
+HTMLHelp::HTMLHelp(std::function<void(const QString &name)> openExample)
+    : openExample_(std::move(openExample))
+{}
 
 HTMLHelp::~HTMLHelp() = default;
 
@@ -74,6 +76,8 @@ HelpViewer *HTMLHelp::open()
                         + " " + plainText(program) + "/Veskora_ML.qch");
             return nullptr;
         }
+        QObject::connect(viewer.get(), &HelpViewer::exampleWanted, viewer.get(), openExample_,
+                         Qt::QueuedConnection);
         viewer_ = std::move(viewer);
     }
     viewer_->bringUp();
