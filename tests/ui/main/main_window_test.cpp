@@ -15,6 +15,7 @@
 #include "Settings.h"
 #include "StatusPanel.h"
 #include "Tool.h"
+#include "Version.h"
 #include "Zoom.h"
 
 #include <QClipboard>
@@ -54,7 +55,7 @@ TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
     EXPECT_EQ(lines[0], " Kalvorn Veskora ML - Linear static analysis of plane frames program");
     EXPECT_EQ(lines[2], " ");
     EXPECT_THAT(lines[3].toStdString(), testing::ContainsRegex("^ [A-Z][a-z]+day [0-9]"));
-    EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), "1.00");
+    EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), programVersion);
     EXPECT_EQ(Thesi_Istorikou, 0);
 
     EXPECT_THAT(contentOf(path("data/mime/packages/veskora-ml.xml")),
