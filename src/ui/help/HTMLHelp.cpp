@@ -1,6 +1,7 @@
 #include "HTMLHelp.h"
 
 #include "Desktop.h"
+#include "FileSystem.h"
 #include "Functions.h"
 #include "HelpViewer.h"
 #include "Text.h"
@@ -69,11 +70,11 @@ HTMLHelp::~HTMLHelp() = default;
 HelpViewer *HTMLHelp::open()
 {
     if (viewer_ == nullptr) {
-        const QString program = qtText(desktop().programFolder());
-        auto viewer = std::make_unique<HelpViewer>(provideCollection(program));
+        const QString folder = qtText(suppliedFilesFolder(desktop().programFolder()));
+        auto viewer = std::make_unique<HelpViewer>(provideCollection(folder));
         if (!viewer->isUsable()) {
             showRefusal(Metafrasi(2170, "The help cannot be shown. Its file is missing or damaged:")
-                        + " " + plainText(program) + "/Veskora_ML.qch");
+                        + " " + plainText(folder) + "/Veskora_ML.qch");
             return nullptr;
         }
         QObject::connect(viewer.get(), &HelpViewer::exampleWanted, viewer.get(), openExample_,
