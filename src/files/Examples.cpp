@@ -1,6 +1,7 @@
 #include "Examples.h"
 
 #include "Desktop.h"
+#include "FileSystem.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -11,7 +12,7 @@ namespace veskora {
 
 std::string examplesFolder()
 {
-    return desktop().programFolder() + "/examples";
+    return suppliedFilesFolder(desktop().programFolder()) + "/examples";
 }
 
 bool isExample(const std::string &path)
