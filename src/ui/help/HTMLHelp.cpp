@@ -61,7 +61,9 @@ QString provideCollection(const QString &program)
 
 } // namespace
 
-HTMLHelp::HTMLHelp() = default;
+HTMLHelp::HTMLHelp(std::function<void(const QString &name)> openExample)
+    : openExample_(std::move(openExample))
+{}
 
 HTMLHelp::~HTMLHelp() = default;
 
@@ -75,6 +77,8 @@ HelpViewer *HTMLHelp::open()
                         + " " + plainText(folder) + "/Veskora_ML.qch");
             return nullptr;
         }
+        QObject::connect(viewer.get(), &HelpViewer::exampleWanted, viewer.get(), openExample_,
+                         Qt::QueuedConnection);
         viewer_ = std::move(viewer);
     }
     viewer_->bringUp();
