@@ -1,6 +1,7 @@
 #include "FileCommands.h"
 
 #include "Desktop.h"
+#include "Examples.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "Functions.h"
@@ -37,10 +38,11 @@ bool FileCommands::mayLeave(bool closing)
 
 namespace {
 
-/// Whether the model may go into its own file, which may have what another program put there.
-bool mayReplaceFile(ReplacementLock &lock)
+/// Whether the model may go into its own file @p path, which may have what another program put
+/// there. Where it is empty a name is asked for.
+bool mayReplaceFile(const std::string &path, ReplacementLock &lock)
 {
-    if (lock.isHeld() && !sumOfForeignChange())
+    if (path.empty() || (lock.isHeld() && !sumOfForeignChange()))
         return true;
     lock.release(); // the answer takes its time
     return desktop().message(Metafrasi(2140, "The file was changed by another program since it was "
@@ -49,12 +51,24 @@ bool mayReplaceFile(ReplacementLock &lock)
            == Answer::yes;
 }
 
+/// The file that Save writes, empty where it asks for one.
+std::string fileOfSave()
+{
+    if (!isExample(Onoma_Arxeiou))
+        return Onoma_Arxeiou;
+    Grammi_Log(Metafrasi(2127, "The examples stay as they are; save this one under another name."),
+               logColour::black);
+    return {};
+}
+
 } // namespace
 
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
-    ReplacementLock lock(Onoma_Arxeiou);
-    std::string path = mayReplaceFile(lock) ? Onoma_Arxeiou : ""; // then another name is asked for
+    std::string path = fileOfSave();
+    ReplacementLock lock(path);
+    if (!mayReplaceFile(path, lock))
+        path.clear(); // another name is asked for
     if (Apothikefsi_Arxeiou(path, false)) {
         settle(path);
         return true;
@@ -165,6 +179,12 @@ void FileCommands::openRecent(const std::string &path)
         forgetFile(path);
 }
 
+void FileCommands::openExample(const std::string &name)
+{
+    if (const std::string path = examplesFolder() + "/" + name; isThere(path))
+        open(path);
+}
+
 void FileCommands::sayNoneRecent()
 {
     showRefusal(Metafrasi(1849, "No file has been opened or saved yet."));
@@ -197,9 +217,10 @@ bool FileCommands::openJournal(const LostJournal &lost)
 
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    ReplacementLock lock(Onoma_Arxeiou);
-    if (mayReplaceFile(lock) && Apothikefsi_Arxeiou(Onoma_Arxeiou, false))
-        settle(Onoma_Arxeiou);
+    std::string path = fileOfSave();
+    ReplacementLock lock(path);
+    if (mayReplaceFile(path, lock) && Apothikefsi_Arxeiou(path, false))
+        settle(path);
 }
 
 void FileCommands::saveAs()

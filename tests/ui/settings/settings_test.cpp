@@ -8,6 +8,7 @@
 #include "MainWindowTest.h"
 #include "QtColour.h"
 #include "Registry.h"
+#include "Version.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -613,7 +614,7 @@ TEST_F(Settings, TheWelcomeFormComesWhenDueAndSetsTheLanguage)
             during(next, [&] { EXPECT_EQ(stored("Startup", "ShowForm"), "1"); });
         else
             next();
-        EXPECT_EQ(stored("Startup", "Version"), "1.00");
+        EXPECT_EQ(stored("Startup", "Version"), programVersion);
     }
 }
 
