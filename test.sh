@@ -9,7 +9,7 @@ scripts/format.sh --check
 echo "== Tests, optimised"
 cmake --preset release -DVESKORA_TESTS=ON >/dev/null
 cmake --build --preset release
-scripts/kill-drill 8 & # it sleeps most of its time
+scripts/drills/kills 8 & # it sleeps most of its time
 drill=$!
 ctest --preset release -j "$(nproc)"
 

@@ -42,7 +42,7 @@ constexpr std::string_view usage =
     "              where an installed program is looked for; without one, this one\n"
     "              registers the type of model files in XDG_DATA_HOME\n"
     "  TMPDIR      folder of temporary files, /tmp when not set\n"
-    "  PATH        where a calculator is looked for\n"
+    "  PATH        where an installed program and a calculator are looked for\n"
     "  QT_QPA_PLATFORM, QT_SCALE_FACTOR, QT_STYLE_OVERRIDE, DISPLAY, WAYLAND_DISPLAY\n"
     "              the display, as for every program made with Qt\n"
     "\n"

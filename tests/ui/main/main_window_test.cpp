@@ -111,7 +111,6 @@ TEST_F(MainWindow, AnInstalledProgramStaysTheRegisteredOne)
     const std::string own = path("data/applications/veskora-ml.desktop");
     const std::string copied =
         "[Desktop Entry]\nExec=\"/b \\\\$c/Veskora_ML\" %f\nTerminal=false\n";
-    const char *const usual = ::getenv("XDG_DATA_DIRS");
     ::setenv("XDG_DATA_DIRS", (path("none") + ":" + path("system")).c_str(), 1);
     start();
     EXPECT_EQ(copies(), 4) << "its program is gone";
@@ -142,10 +141,6 @@ TEST_F(MainWindow, AnInstalledProgramStaysTheRegisteredOne)
     reopen();
     start();
     EXPECT_EQ(copies(), 4) << "not all is installed";
-    if (usual == nullptr)
-        ::unsetenv("XDG_DATA_DIRS");
-    else
-        ::setenv("XDG_DATA_DIRS", usual, 1);
 }
 
 TEST_F(MainWindow, OpensTheFileOfTheCommandLine)

@@ -1,0 +1,59 @@
+#include "DrivenWindow.h"
+
+#include "Metablites.h"
+
+#include <QAction>
+#include <QCoreApplication>
+
+namespace veskora {
+
+Answer UnattendedDesktop::message(const std::string &, Icon, Buttons buttons)
+{
+    return buttons == Buttons::ok ? Answer::ok : Answer::no;
+}
+
+std::size_t UnattendedDesktop::choose(const std::string &, const std::vector<std::string> &answers,
+                                      std::size_t)
+{
+    const std::size_t any = below(2 * answers.size());
+    return any < answers.size() ? any : 0;
+}
+
+DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, const QString &model) : desktop_(desktop)
+{
+    desktop.storeSetting("Startup", "ShowForm", "0");
+    desktop.attach(&window_);
+    window_.start(model);
+}
+
+void DrivenWindow::trigger(const char *action)
+{
+    auto *found = window_.findChild<QAction *>(action);
+    if (found == nullptr)
+        qFatal("no action named %s", action);
+    found->trigger();
+}
+
+QPointF DrivenWindow::anywhere()
+{
+    return {static_cast<double>(desktop_.below(static_cast<std::size_t>(canvas().width()))),
+            static_cast<double>(desktop_.below(static_cast<std::size_t>(canvas().height())))};
+}
+
+void DrivenWindow::mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button)
+{
+    const bool isRelease = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, at, canvas().mapToGlobal(at), button, isRelease ? Qt::NoButton : button,
+                      Qt::NoModifier);
+    QCoreApplication::sendEvent(&canvas(), &event);
+}
+
+void DrivenWindow::provideGroup()
+{
+    if (Arithmos_Omadon > 0)
+        return;
+    Arithmos_Omadon = 1;
+    Omades(1, group::E) = Omades(1, group::A) = Omades(1, group::I) = 1;
+}
+
+} // namespace veskora

@@ -1,0 +1,61 @@
+#pragma once
+/// @file
+/// The real window on the offscreen platform, driven by a program in place of a user: what the
+/// drills of `scripts/drills/` kill, starve of disk and keep busy.
+
+#include "CanvasWidget.h"
+#include "frmMain.h"
+
+#include <QMouseEvent>
+#include <QPointF>
+#include <QString>
+
+#include <random>
+
+namespace veskora {
+
+/// Answers what the window asks: leaves without saving, takes one file name for all, and does with
+/// a journal what comes to mind.
+class UnattendedDesktop : public QtDesktop
+{
+public:
+    UnattendedDesktop(const QString &file, unsigned seed) : file_(file.toStdString()), chance_(seed)
+    {}
+
+    Answer message(const std::string &text, Icon icon, Buttons buttons) override;
+    std::size_t choose(const std::string &text, const std::vector<std::string> &answers,
+                       std::size_t escape) override;
+    std::string askText(const std::string &) override { return {}; }
+    std::optional<std::string> askOpenFile(const FileQuestion &) override { return file_; }
+    std::optional<std::string> askSaveFile(const FileQuestion &) override { return file_; }
+
+    /// A whole number from 0 to @p limit - 1.
+    unsigned below(std::size_t limit) { return static_cast<unsigned>(chance_() % limit); }
+
+private:
+    std::string file_;
+    std::mt19937 chance_;
+};
+
+/// The main window, in the folders of the user that the environment names; no welcome form comes.
+class DrivenWindow
+{
+public:
+    /// @param desktop  that of the process by now
+    DrivenWindow(UnattendedDesktop &desktop, const QString &model);
+
+    /// Triggers the action of that object name; a name that is none ends the process.
+    void trigger(const char *action);
+    CanvasWidget &canvas() { return *window_.findChild<CanvasWidget *>("Picture1"); }
+    /// A place on the canvas, by chance.
+    QPointF anywhere();
+    void mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button = Qt::LeftButton);
+    /// The first group, without which drawing would ask for one.
+    static void provideGroup();
+
+private:
+    UnattendedDesktop &desktop_;
+    frmMain window_;
+};
+
+} // namespace veskora
