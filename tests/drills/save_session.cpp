@@ -185,6 +185,13 @@ private:
              rememberFile(folder_.toStdString() + "/another.vsk");
              (void)recentFiles();
          }},
+        {"start",
+         [this] {
+             ToldDesktop another(folder_, 1); // which has not read the settings yet
+             (void)another.setting("Startup", "Version", "");
+             another.storeSetting("Startup", "Version", "0");
+             desktop_.told.append(QString::fromStdString(another.writeSettings()));
+         }},
         {"report", [] { Apothikefsi_Anaforas(Onoma_Arxeiou); }},
         {"table", [] { (void)saveTable(Anafora, Onoma_Arxeiou, "_values"); }},
         {"workbook",
