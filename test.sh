@@ -19,6 +19,9 @@ scripts/check-wayland.sh build/release/bin/Veskora_ML
 echo "== What the README quotes"
 scripts/check-docs.sh build/release/bin/Veskora_batch
 
+echo "== Faults in saves"
+scripts/drills/faults 100
+
 echo "== Kills, and what is left of the work"
 wait $drill
 

@@ -6,6 +6,7 @@
 
 #include "Anafora.h"
 #include "Application.h"
+#include "Batch.h"
 #include "DrivenWindow.h"
 #include "ExportFlexGrid.h"
 #include "FaultyCalls.h"
@@ -157,6 +158,12 @@ private:
         form.findChild<QPushButton *>(button)->click();
     }
 
+    void pressInSteps(const char *button)
+    {
+        window_.trigger("mnuVIMATA_ANALYSIS_item");
+        press(*window_.find<frmSteps>(), button);
+    }
+
     ToldDesktop &desktop_;
     const QString folder_;
     DrivenWindow window_;
@@ -207,11 +214,18 @@ private:
              frmCalculation form(nullptr);
              form.accept();
          }},
-        {"steps",
+        {"batch",
          [this] {
-             window_.trigger("mnuVIMATA_ANALYSIS_item");
-             press(*window_.find<frmSteps>(), "SaveHtml");
+             std::ostringstream told;
+             const std::string folder = folder_.toStdString();
+             if (runBatch({"--out", folder + "/batch", "--csv", "--pictures=png", "--size",
+                           "300x200", folder + "/model.vsk"},
+                          told, told)
+                 != 0)
+                 desktop_.told.append(QString::fromStdString(told.str()));
          }},
+        {"steps", [this] { pressInSteps("SaveHtml"); }},
+        {"steps-pdf", [this] { pressInSteps("SavePdf"); }},
     };
 };
 
