@@ -11,6 +11,7 @@ target_compile_options(veskora_flags INTERFACE
   $<$<BOOL:${VESKORA_WERROR}>:-Werror>
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
 target_link_options(veskora_flags INTERFACE
+  -Wl,-z,relro,-z,now # what the linker has filled in cannot be written any more
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined>)
 
 # veskora_library(NAME [QT] SOURCES ... LINKS ...): its own folder is its include path, and that of

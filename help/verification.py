@@ -84,9 +84,12 @@ def main(batch, models, template, output, *files):
     for path in files:
         for title, source, expected in problems(path):
             name, _, heading = title.partition(" ")
-            found = results(report(batch, next(pathlib.Path(models).rglob(f"{name}.vsk"))))
+            model = next(pathlib.Path(models).rglob(f"{name}.vsk"))
+            found = results(report(batch, model))
+            link = f"example:{model.relative_to(models).as_posix()}"
             limit = re.search(r"Compare within ([\d.]+) %", source)
-            rows.append(f'<tr><td colspan="6" class="problem"><b>{name}</b> {html.escape(heading)}'
+            rows.append(f'<tr><td colspan="6" class="problem">'
+                        f'<b><a href="{link}">{name}</a></b> {html.escape(heading)}'
                         f"<br><small>{html.escape(source)}</small></td></tr>")
             for table, row, column, published in expected:
                 ours = found[table, row, column]

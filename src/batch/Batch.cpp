@@ -8,6 +8,9 @@
 #include "Metablites.h"
 #include "Outputs.h"
 #include "ResultTables.h"
+#include "Version.h"
+
+#include <QtGlobal>
 
 #include <algorithm>
 #include <filesystem>
@@ -199,9 +202,12 @@ bool needsFonts(const std::vector<std::string> &arguments)
 int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)
 {
     const Order order = parse(arguments);
-    if (order.help) {
-        out << usage << std::flush;
-        return out ? batchStatus::allAnalysed : batchStatus::someFailed;
+    if (order.help || order.version) {
+        if (order.help)
+            out << usage;
+        else
+            out << "Veskora_batch " << programVersion << "\nQt " << qVersion() << "\n";
+        return out.flush() ? batchStatus::allAnalysed : batchStatus::someFailed;
     }
     if (!order.complaint.empty()) {
         err << "Veskora_batch: " << order.complaint << "\n\n" << usage;

@@ -67,6 +67,7 @@ const char *const usage =
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  --help     this text\n"
+    "  --version  the version of the program, and of Qt, which draws the pictures\n"
     "\n"
     "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
     "--check or --strict found that one can move freely, or --check that one is\n"
@@ -91,6 +92,7 @@ constexpr auto flags = std::to_array<Flag>({
     {"--strict", &Order::strict},
     {"--help", &Order::help},
     {"-h", &Order::help},
+    {"--version", &Order::version},
 });
 
 /// A forgotten name must not make the option behind it, or the first model, the place.

@@ -27,6 +27,7 @@ struct Order
     bool fit = false;
     bool strict = false;
     bool help = false;
+    bool version = false;
     std::string folder;     ///< empty: the working directory
     std::string summary;    ///< file of the summary, "-" for the standard output, empty for none
     int parts = usualParts; ///< equal parts of an element for its values

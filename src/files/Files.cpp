@@ -2,6 +2,7 @@
 
 #include "Anafora.h"
 #include "Desktop.h"
+#include "Examples.h"
 #include "Fault.h"
 #include "FileSystem.h"
 #include "Functions.h"
@@ -25,6 +26,12 @@ constexpr const char *tableExtension = ".csv";
 std::string dialogFolder()
 {
     return currentFolder.empty() ? startFolder(desktop().documentsFolder()) : currentFolder;
+}
+
+/// Nothing of the user's is proposed to stand among the examples.
+std::string saveFolder()
+{
+    return isExample(dialogFolder()) ? desktop().documentsFolder() : dialogFolder();
 }
 
 std::string filterFor(const std::string &files, const std::string &pattern)
@@ -142,11 +149,12 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::vector<std::string> &extensions)
 {
-    std::string name = proposed;
+    std::string name =
+        isExample(proposed) ? std::filesystem::path(proposed).filename().string() : proposed;
     for (;;) {
         std::string pattern = "*" + extensions.front();
         const std::optional<std::string> chosen =
-            desktop().askSaveFile({filter, dialogFolder(), name, &pattern});
+            desktop().askSaveFile({filter, saveFolder(), name, &pattern});
         if (!chosen)
             return {};
         name = withExtension(*chosen, extensions, pattern.substr(1));

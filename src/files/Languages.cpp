@@ -2,6 +2,7 @@
 
 #include "Desktop.h"
 #include "Fault.h"
+#include "FileSystem.h"
 #include "ItemReader.h"
 #include "Metablites.h"
 #include "PrintableText.h"
@@ -23,7 +24,7 @@ constexpr const char *languageKey = "Language";
 
 fs::path packFolder()
 {
-    return fs::path(desktop().programFolder()) / "Languages";
+    return fs::path(suppliedFilesFolder(desktop().programFolder())) / "Languages";
 }
 
 void readPack(const std::string &path)

@@ -110,8 +110,8 @@ public:
     /// @return the file that refuses, empty where none does
     virtual std::string writeSettings() = 0;
 
-    /// The folder of the program's executable, the user's folder for documents, and the user's
-    /// folder for the program's own data.
+    /// The folder of the program's executable (see suppliedFilesFolder), the user's folder for
+    /// documents, and the user's folder for the program's own data.
     virtual std::string programFolder() = 0;
     virtual std::string documentsFolder() = 0;
     virtual std::string dataFolder() = 0;

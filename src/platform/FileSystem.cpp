@@ -462,6 +462,13 @@ std::string scratchFolder(const std::string &programFolder)
     return privateFolder();
 }
 
+std::string suppliedFilesFolder(const std::string &programFolder)
+{
+    const fs::path installed = (fs::path(programFolder) / "../share/veskora-ml").lexically_normal();
+    std::error_code error;
+    return fs::is_directory(installed, error) ? installed.string() : programFolder;
+}
+
 std::string privateFolder()
 {
     static PrivateFolder folder;

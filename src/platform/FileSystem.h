@@ -104,6 +104,11 @@ private:
 /// written and no other running copy uses it, else the private one.
 std::string scratchFolder(const std::string &programFolder);
 
+/// The folder of what comes with the program: language packs, help, examples, the web page. They
+/// are in share/veskora-ml of the tree in which the program is installed, wherever that was moved
+/// to, else beside the program itself.
+std::string suppliedFilesFolder(const std::string &programFolder);
+
 /// A folder among the temporary files that no other user can enter, removed at the end.
 std::string privateFolder();
 

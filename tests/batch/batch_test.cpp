@@ -6,6 +6,7 @@
 #include "Registry.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
+#include "Version.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -274,6 +275,10 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
         EXPECT_EQ(run(arguments), batchStatus::wrongUsage) << testing::PrintToString(arguments);
     EXPECT_EQ(run({"--help"}), batchStatus::allAnalysed);
     EXPECT_THAT(out.str(), testing::StartsWith("Usage: Veskora_batch"));
+    out.str("");
+    EXPECT_EQ(run({"--version"}), batchStatus::allAnalysed);
+    EXPECT_THAT(out.str(),
+                testing::StartsWith(std::string("Veskora_batch ") + programVersion + "\n"));
 
     EXPECT_EQ(run({"-", "--out", path("x"), small}), batchStatus::wrongUsage);
     EXPECT_EQ(run({"-", ""}), batchStatus::wrongUsage);

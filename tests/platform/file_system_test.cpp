@@ -31,6 +31,15 @@ TEST_F(WholeFile, ASecondRunningCopyHasItsScratchFileElsewhere)
     EXPECT_EQ(scratchFolder(path("")), path(""));
 }
 
+TEST_F(WholeFile, WhatComesWithTheProgramIsBesideItOrInTheInstalledTree)
+{
+    EXPECT_EQ(suppliedFilesFolder(path("tree/bin")), path("tree/bin"));
+    fs::create_directories(path("tree/share/veskora-ml"));
+    EXPECT_EQ(suppliedFilesFolder(path("tree/bin")), path("tree/share/veskora-ml"));
+    fs::rename(path("tree"), path("moved"));
+    EXPECT_EQ(suppliedFilesFolder(path("moved/bin")), path("moved/share/veskora-ml"));
+}
+
 TEST_F(WholeFile, LinksAreFollowedAndModesKept)
 {
     fs::create_directory(path("real"));

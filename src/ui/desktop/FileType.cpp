@@ -1,43 +1,37 @@
 #include "FileType.h"
 
 #include "FileSystem.h"
-#include "Functions.h"
 #include "Text.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QStandardPaths>
+
+#include <algorithm>
 
 namespace veskora {
 
 namespace {
 
-constexpr const char *mimeType = "application/x-veskora-model";
-constexpr const char *mimeIcon = "application-x-veskora-model";
-constexpr const char *entryName = "veskora-ml";
-
-QByteArray mimePackage()
+/// What the desktop knows the program and its files by.
+struct Part
 {
-    return QByteArray(R"(<?xml version="1.0" encoding="UTF-8"?>
-<mime-info xmlns="http://www.freedesktop.org/standards/shared-mime-info">
-  <mime-type type="%1">
-    <comment>Veskora Input File</comment>
-    <sub-class-of type="text/plain"/>
-    <generic-icon name="%2"/>
-    <magic priority="60">
-      <match type="string" offset="0" value="***********************************">
-        <match type="string" offset="37" value="*        VESK! Input file"/>
-      </match>
-    </magic>
-    <glob pattern="*%3"/>
-  </mime-type>
-</mime-info>
-)")
-        .replace("%1", mimeType)
-        .replace("%2", mimeIcon)
-        .replace("%3", modelExtension);
-}
+    const char *place;          ///< in a data folder
+    const char *source;         ///< among the resources
+    const char *tool = nullptr; ///< that makes the desktop's own tables of it anew
+    const char *tables = "";    ///< where they are
+};
+constexpr Part entry = {"/applications/veskora-ml.desktop", ":/packaging/veskora-ml.desktop.in",
+                        "update-desktop-database", "/applications"};
+constexpr Part parts[] = {
+    {"/icons/hicolor/scalable/apps/veskora-ml.svg", ":/icons/Veskora_ML.svg"},
+    {"/icons/hicolor/scalable/mimetypes/application-x-veskora-model.svg", ":/icons/vesk_model.svg"},
+    {"/mime/packages/veskora-ml.xml", ":/packaging/veskora-ml.xml", "update-mime-database",
+     "/mime"},
+    entry,
+};
 
 /// A path as an argument of a desktop entry's Exec line: in quotes, with the characters that mean
 /// something there escaped, once for the quotes and once for the file.
@@ -48,19 +42,6 @@ QByteArray quotedArgument(const QString &path)
         text.replace(special, QString("\\") + special);
     text.replace("\\", "\\\\").replace("%", "%%");
     return '"' + text.toUtf8() + '"';
-}
-
-QByteArray desktopEntry(const QString &program)
-{
-    return "[Desktop Entry]\n"
-           "Type=Application\n"
-           "Name=Kalvorn Veskora ML\n"
-           "GenericName=Plane Frame Analysis\n"
-           "Comment=Linear static analysis of plane frames\n"
-           "Exec="
-           + quotedArgument(program) + " %f\nIcon=" + entryName
-           + "\nTerminal=false\nCategories=Education;Science;Engineering;\nMimeType=" + mimeType
-           + ";\n";
 }
 
 QByteArray contentOf(const QString &path)
@@ -77,19 +58,58 @@ bool write(const QString &path, const QByteArray &content)
     return tryWriteWholeFile(plainText(path), content.toStdString()) && !same;
 }
 
+/// The first word of the line Exec, without the quotes.
+QString programOf(const QString &desktopEntry)
+{
+    static const QRegularExpression exec("^Exec=(.*)$", QRegularExpression::MultilineOption);
+    return QProcess::splitCommand(exec.match(desktopEntry).captured(1)).value(0);
+}
+
+/// Whether the program is installed for all users, so that the desktop knows it already.
+bool isInstalled(const QString &own)
+{
+    const QStringList folders =
+        QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    return std::ranges::any_of(folders, [&own](const QString &folder) {
+        return folder != own
+               && std::ranges::all_of(
+                   parts,
+                   [&folder](const Part &part) { return QFile::exists(folder + part.place); })
+               && !QStandardPaths::findExecutable(programOf(contentOf(folder + entry.place)))
+                       .isEmpty();
+    });
+}
+
+/// Whether the program wrote @p found, this version or an earlier one that knew fewer lines, and no
+/// user who wants another one.
+bool isOurEntry(const QByteArray &found)
+{
+    static const QRegularExpression ourExec(R"(^Exec="/(?:[^"\\]|\\.)*" %f$)");
+    const auto isExec = [](const QByteArray &line) { return ourExec.match(line).hasMatch(); };
+    const QList<QByteArray> ours = contentOf(entry.source).split('\n');
+    const QList<QByteArray> lines = found.split('\n');
+    return std::ranges::any_of(lines, isExec)
+           && std::ranges::all_of(
+               lines, [&](const QByteArray &line) { return ours.contains(line) || isExec(line); });
+}
+
 } // namespace
 
 void registerFileType(const QString &program)
 {
-    const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-    const QString icons = data + "/icons/hicolor/scalable/";
-    write(icons + "apps/" + entryName + ".svg", contentOf(":/icons/Veskora_ML.svg"));
-    write(icons + "mimetypes/" + mimeIcon + ".svg", contentOf(":/icons/vesk_model.svg"));
-    // The desktop keeps tables of its own made from these; they are made anew when ours changed.
-    if (write(data + "/mime/packages/" + entryName + ".xml", mimePackage()))
-        QProcess::startDetached("update-mime-database", {data + "/mime"});
-    if (write(data + "/applications/" + entryName + ".desktop", desktopEntry(program)))
-        QProcess::startDetached("update-desktop-database", {data + "/applications"});
+    const QString own = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+    const bool installed = isInstalled(own);
+    // Copies of ours would stand before what is installed, and start what may be gone by now.
+    if (installed && !isOurEntry(contentOf(own + entry.place)))
+        return;
+    for (const Part &part : parts) {
+        const QString path = own + part.place;
+        const QByteArray content =
+            contentOf(part.source).replace("@VESKORA_EXEC@", quotedArgument(program));
+        const bool changed = installed ? QFile::remove(path) : write(path, content);
+        if (changed && part.tool != nullptr)
+            QProcess::startDetached(part.tool, {own + part.tables});
+    }
 }
 
 } // namespace veskora

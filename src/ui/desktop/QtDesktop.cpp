@@ -19,6 +19,7 @@
 static void initResources()
 {
     Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(packaging);
 }
 
 namespace veskora {

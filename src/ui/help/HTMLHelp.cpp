@@ -1,6 +1,7 @@
 #include "HTMLHelp.h"
 
 #include "Desktop.h"
+#include "FileSystem.h"
 #include "Functions.h"
 #include "HelpViewer.h"
 #include "Text.h"
@@ -60,20 +61,24 @@ QString provideCollection(const QString &program)
 
 } // namespace
 
-HTMLHelp::HTMLHelp() = default;
+HTMLHelp::HTMLHelp(std::function<void(const QString &name)> openExample)
+    : openExample_(std::move(openExample))
+{}
 
 HTMLHelp::~HTMLHelp() = default;
 
 HelpViewer *HTMLHelp::open()
 {
     if (viewer_ == nullptr) {
-        const QString program = qtText(desktop().programFolder());
-        auto viewer = std::make_unique<HelpViewer>(provideCollection(program));
+        const QString folder = qtText(suppliedFilesFolder(desktop().programFolder()));
+        auto viewer = std::make_unique<HelpViewer>(provideCollection(folder));
         if (!viewer->isUsable()) {
             showRefusal(Metafrasi(2170, "The help cannot be shown. Its file is missing or damaged:")
-                        + " " + plainText(program) + "/Veskora_ML.qch");
+                        + " " + plainText(folder) + "/Veskora_ML.qch");
             return nullptr;
         }
+        QObject::connect(viewer.get(), &HelpViewer::exampleWanted, viewer.get(), openExample_,
+                         Qt::QueuedConnection);
         viewer_ = std::move(viewer);
     }
     viewer_->bringUp();

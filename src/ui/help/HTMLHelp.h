@@ -1,7 +1,9 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
+class QString;
 class QWidget;
 
 namespace veskora {
@@ -16,7 +18,9 @@ class HelpViewer;
 class HTMLHelp
 {
 public:
-    HTMLHelp();
+    /// @param openExample  is given the name of an example when a link to it is followed, and never
+    ///                     within an event of the viewer's: a question may come
+    explicit HTMLHelp(std::function<void(const QString &name)> openExample);
     ~HTMLHelp(); // in the .cpp, where HelpViewer is complete
 
     void showContents();
@@ -33,6 +37,7 @@ private:
     /// @return the viewer, null when the help cannot be opened, which the user is then told
     HelpViewer *open();
 
+    const std::function<void(const QString &name)> openExample_;
     std::unique_ptr<HelpViewer> viewer_; ///< made at the first use
 };
 

@@ -33,6 +33,14 @@ QVariant HelpBrowser::loadResource(int type, const QUrl &name)
     return engine_->fileData(url);
 }
 
+void HelpBrowser::doSetSource(const QUrl &url, QTextDocument::ResourceType type)
+{
+    if (url.scheme() == "example")
+        emit exampleWanted(url.path());
+    else
+        QTextBrowser::doSetSource(url, type);
+}
+
 /// A drawing is painted at the screen's pixels; a photograph of the program, taken with two pixels
 /// for each logical one, is brought to them smoothly.
 QImage HelpBrowser::picture(const QUrl &url) const

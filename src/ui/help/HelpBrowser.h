@@ -6,7 +6,8 @@ class QHelpEngineCore;
 
 namespace veskora {
 
-/// Shows the pages of a help file, its pictures sharp at every scale factor of the screen.
+/// Shows the pages of a help file, its pictures sharp at every scale factor of the screen. A link
+/// such as "example:truss.vsk" leads to no page but to the model of that name.
 class HelpBrowser : public QTextBrowser
 {
     Q_OBJECT
@@ -20,6 +21,13 @@ public:
     void mark(const QStringList &words);
 
     QVariant loadResource(int type, const QUrl &name) override;
+
+signals:
+    /// @param name  of the file, in the folder of the examples
+    void exampleWanted(const QString &name);
+
+protected:
+    void doSetSource(const QUrl &url, QTextDocument::ResourceType type) override;
 
 private:
     QImage picture(const QUrl &url) const;

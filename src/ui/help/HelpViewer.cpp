@@ -89,6 +89,7 @@ HelpViewer::HelpViewer(const QString &collection)
     connect(page, &QTextBrowser::backwardAvailable, ui_->Back, &QWidget::setEnabled);
     connect(page, &QTextBrowser::forwardAvailable, ui_->Forward, &QWidget::setEnabled);
     connect(page, &QTextBrowser::sourceChanged, this, &HelpViewer::pageChanged);
+    connect(page, &HelpBrowser::exampleWanted, this, &HelpViewer::exampleWanted);
 
     connect(ui_->Find, &QLineEdit::returnPressed, this, [this] { findInPage({}); });
     const auto key = [this](const QKeySequence &keys, auto command) {

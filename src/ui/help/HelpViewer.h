@@ -36,6 +36,9 @@ public:
     /// @return whether there is such a topic
     bool showTopic(const QString &id);
 
+signals:
+    void exampleWanted(const QString &name); ///< as that of its `HelpBrowser`
+
 protected:
     bool event(QEvent *event) override;
 

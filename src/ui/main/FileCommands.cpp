@@ -1,6 +1,7 @@
 #include "FileCommands.h"
 
 #include "Desktop.h"
+#include "Examples.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "Functions.h"
@@ -35,9 +36,23 @@ bool FileCommands::mayLeave(bool closing)
     return answer != Answer::cancel;
 }
 
+namespace {
+
+/// The file that Save writes, empty where it asks for one.
+std::string fileOfSave()
+{
+    if (!isExample(Onoma_Arxeiou))
+        return Onoma_Arxeiou;
+    Grammi_Log(Metafrasi(2127, "The examples stay as they are; save this one under another name."),
+               logColour::black);
+    return {};
+}
+
+} // namespace
+
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
-    std::string path = Onoma_Arxeiou;
+    std::string path = fileOfSave();
     if (Apothikefsi_Arxeiou(path, false)) {
         settle(path);
         return true;
@@ -148,6 +163,12 @@ void FileCommands::openRecent(const std::string &path)
         forgetFile(path);
 }
 
+void FileCommands::openExample(const std::string &name)
+{
+    if (const std::string path = examplesFolder() + "/" + name; isThere(path))
+        open(path);
+}
+
 void FileCommands::sayNoneRecent()
 {
     showRefusal(Metafrasi(1849, "No file has been opened or saved yet."));
@@ -180,8 +201,8 @@ bool FileCommands::openJournal(const LostJournal &lost)
 
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    if (Apothikefsi_Arxeiou(Onoma_Arxeiou, false))
-        settle(Onoma_Arxeiou);
+    if (std::string path = fileOfSave(); Apothikefsi_Arxeiou(path, false))
+        settle(path);
 }
 
 void FileCommands::saveAs()

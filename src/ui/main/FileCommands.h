@@ -30,6 +30,8 @@ public:
     /// One of the files that were opened or saved last.
     void openRecent(const std::string &path);
     void sayNoneRecent();
+    /// One of the models that come with the program. @param name  of its file
+    void openExample(const std::string &name);
     /// What was dropped on the window; one that is not on this computer is an empty path.
     void openDropped(const QStringList &paths);
     /// @return whether the model is that of the journal now

@@ -1,6 +1,9 @@
 #include "OutsidePrograms.h"
 
-#include <QApplication>
+#include "Desktop.h"
+#include "FileSystem.h"
+#include "Text.h"
+
 #include <QDesktopServices>
 #include <QProcess>
 #include <QUrl>
@@ -17,8 +20,7 @@ void startCalculator()
 
 void openWebPage()
 {
-    QDesktopServices::openUrl(
-        QUrl::fromLocalFile(QApplication::applicationDirPath() + "/web/index.html"));
+    openFile(qtText(suppliedFilesFolder(desktop().programFolder()) + "/web/index.html"));
 }
 
 void openFile(const QString &path)

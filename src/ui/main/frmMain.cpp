@@ -47,6 +47,7 @@ frmMain::frmMain()
       files_(ui_->RichTextBox1),
       journal_(this, files_),
       undo_(this, canvas_, hand_, picture_),
+      help_([this](const QString &name) { openExample(name); }),
       windows_(this, canvas_, hand_, picture_, help_),
       rows_(canvas_, hand_),
       menus_(this, {*this, hand_, files_, undo_, picture_, windows_, rows_, *ui_->RichTextBox1,
@@ -156,6 +157,16 @@ void frmMain::closeEvent(QCloseEvent *event)
     event->accept();
     QApplication::closeAllWindows();
     QApplication::quit();
+}
+
+/// Of a link in the help, which can be used while a dialog is open.
+void frmMain::openExample(const QString &name)
+{
+    if (QApplication::activeModalWidget() != nullptr)
+        return showRefusal(Metafrasi(2128, "An example cannot be opened while a dialog is open. "
+                                           "Close the dialog first."));
+    bringToFront(*this); // a question, and the model, are to be seen
+    files_.openExample(plainText(name));
 }
 
 // ------------------------------------------------------------------------------------------- drop

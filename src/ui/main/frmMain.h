@@ -73,6 +73,7 @@ private:
     void equipToolbar();
     void connectRooms();
     void setCaptions();
+    void openExample(const QString &name);
 
     // Layout
     void arrange(int pictureHeight, int collapseTop, int collapseLeft);

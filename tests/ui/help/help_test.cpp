@@ -21,6 +21,8 @@
 
 #include <gmock/gmock.h>
 
+#include <set>
+
 namespace fs = std::filesystem;
 
 namespace veskora {
@@ -102,11 +104,14 @@ TEST_F(HelpFile, NoLinkIsDeadAndNoPictureMissing)
     HelpBrowser browser;
     browser.setEngine(&engine);
     ASSERT_GT(pages().size(), 25);
+    std::set<fs::path> linked;
     for (const QUrl &page : pages()) {
         const QString text = content(page);
         for (auto found = reference.globalMatch(text); found.hasNext();) {
             const QUrl target = page.resolved(QUrl(found.next().captured(1)));
-            if (target.path().startsWith("/help/pictures/"))
+            if (target.scheme() == "example")
+                linked.insert(EXAMPLES "/" + target.path().toStdString());
+            else if (target.path().startsWith("/help/pictures/"))
                 EXPECT_FALSE(browser.loadResource(QTextDocument::ImageResource, target)
                                  .value<QImage>()
                                  .isNull())
@@ -115,6 +120,11 @@ TEST_F(HelpFile, NoLinkIsDeadAndNoPictureMissing)
                 expectReachable(target);
         }
     }
+    std::set<fs::path> examples;
+    for (const auto &file : fs::recursive_directory_iterator(EXAMPLES))
+        if (file.path().extension() == ".vsk")
+            examples.insert(file.path());
+    EXPECT_EQ(linked, examples);
 }
 
 TEST_F(HelpFile, ContentsListEveryPageAndKeywordsLeadToOne)
@@ -156,6 +166,61 @@ TEST_F(Help, F1ShowsThePageOfTheWindowInFront)
     EXPECT_TRUE(find<QAction>("mnuCONTENTSitem")->shortcut().isEmpty());
     trigger("mnuEKSODOSitem");
     EXPECT_EQ(viewer(), nullptr);
+}
+
+TEST_F(Help, AnExampleOpensByItsLinkAndIsSavedUnderAnotherName)
+{
+    installHelp();
+    fs::copy(EXAMPLES, desktop.program + "/examples");
+    write(path("own.vsk"), small);
+    start(path("own.vsk"));
+    trigger("ZoomBestFit");
+    trigger("mnuCONTENTSitem");
+    auto *page = viewer()->findChild<HelpBrowser *>("Page");
+    page->setSource(QUrl("qthelp://veskora-ml/help/examples.html"));
+    const auto follow = [page] {
+        page->moveCursor(QTextCursor::Start);
+        QTest::keyClick(page, Qt::Key_Tab); // to the first link
+        QTest::keyClick(page, Qt::Key_Return);
+        QCoreApplication::processEvents();
+    };
+    {
+        QMessageBox box(window.get());
+        box.setWindowModality(Qt::ApplicationModal);
+        box.show();
+        desktop.expectMessage("An example cannot be opened while a dialog is open. Close the "
+                              "dialog first.");
+        follow();
+    }
+    const auto asks = [this](const std::string &file, Answer answer) {
+        desktop.expectMessage("Do you want to save the changes you made to file: '" + file + "'?",
+                              Icon::none, answer);
+    };
+    asks(path("own.vsk"), Answer::cancel);
+    follow();
+    EXPECT_EQ(Onoma_Arxeiou, path("own.vsk"));
+    asks(path("own.vsk"), Answer::no);
+    follow();
+    const std::string example = desktop.program + "/examples/cantilever.vsk";
+    const std::string content = contentOf(example);
+    EXPECT_EQ(Onoma_Arxeiou, example);
+    EXPECT_EQ(shownPage(), "Examples");
+
+    trigger("Zoom_Previous");
+    trigger("ZoomBestFit");
+    desktop.expectFileDialog(std::nullopt);
+    asks(example, Answer::yes);
+    follow(); // the example as it is again, and the changed one in a recovery file
+    EXPECT_EQ(contentOf(example), content);
+    EXPECT_EQ(keptModels().size(), 1U);
+    desktop.expectFileDialog(path("mine.vsk"));
+    trigger("Save");
+    ASSERT_EQ(desktop.fileQuestions.size(), 2U);
+    EXPECT_EQ(desktop.fileQuestions.back().folder, qtDesktop->documentsFolder());
+    EXPECT_EQ(desktop.fileQuestions.back().proposed, "cantilever");
+    EXPECT_EQ(Onoma_Arxeiou, path("mine.vsk"));
+    trigger("Save"); // without a question
+    EXPECT_EQ(contentOf(path("mine.vsk")), contentOf(example));
 }
 
 TEST_F(Help, APackSpeaksWhereTheToolkitLacksItsLanguageAndNothingIsCut)

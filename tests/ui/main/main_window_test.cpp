@@ -15,6 +15,7 @@
 #include "Settings.h"
 #include "StatusPanel.h"
 #include "Tool.h"
+#include "Version.h"
 #include "Zoom.h"
 
 #include <QClipboard>
@@ -33,6 +34,7 @@
 
 #include <csignal>
 #include <functional>
+#include <map>
 #include <set>
 #include <sstream>
 #include <unistd.h>
@@ -54,11 +56,11 @@ TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
     EXPECT_EQ(lines[0], " Kalvorn Veskora ML - Linear static analysis of plane frames program");
     EXPECT_EQ(lines[2], " ");
     EXPECT_THAT(lines[3].toStdString(), testing::ContainsRegex("^ [A-Z][a-z]+day [0-9]"));
-    EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), "1.00");
+    EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), programVersion);
     EXPECT_EQ(Thesi_Istorikou, 0);
 
     EXPECT_THAT(contentOf(path("data/mime/packages/veskora-ml.xml")),
-                testing::HasSubstr("offset=\"37\""));
+                testing::HasSubstr("offset=\"36:37\""));
     const std::string entry = contentOf(path("data/applications/veskora-ml.desktop"));
     EXPECT_THAT(entry, testing::ContainsRegex("Exec=\"/[^\n]*\" %f\n"));
     EXPECT_THAT(contentOf(path("data/icons/hicolor/scalable/apps/veskora-ml.svg")),
@@ -89,6 +91,56 @@ TEST_F(MainWindow, TheDesktopsTablesAreMadeAnewForWhatChanged)
     start();
     QTRY_COMPARE(told(mime), 2);
     EXPECT_EQ(told(entries), 1);
+}
+
+TEST_F(MainWindow, AnInstalledProgramStaysTheRegisteredOne)
+{
+    const std::map<std::string, const char *> parts = {
+        {"icons/hicolor/scalable/apps/veskora-ml.svg", "<svg/>"},
+        {"icons/hicolor/scalable/mimetypes/application-x-veskora-model.svg", "<svg/>"},
+        {"mime/packages/veskora-ml.xml", "<mime-info/>"},
+        {"applications/veskora-ml.desktop", "[Desktop Entry]\nExec=Veskora_ML %f\n"}};
+    for (const auto &[part, content] : parts) {
+        fs::create_directories(fs::path(path("system/" + part)).parent_path());
+        write(path("system/" + part), content);
+    }
+    const auto copies = [&] {
+        return std::ranges::count_if(
+            parts, [this](const auto &part) { return fs::exists(path("data/" + part.first)); });
+    };
+    const std::string own = path("data/applications/veskora-ml.desktop");
+    const std::string copied =
+        "[Desktop Entry]\nExec=\"/b \\\\$c/Veskora_ML\" %f\nTerminal=false\n";
+    ::setenv("XDG_DATA_DIRS", (path("none") + ":" + path("system")).c_str(), 1);
+    start();
+    EXPECT_EQ(copies(), 4) << "its program is gone";
+    fs::create_directory(path("bin"));
+    write(path("bin/Veskora_ML"), "");
+    fs::permissions(path("bin/Veskora_ML"), fs::perms::owner_all);
+    ::setenv("PATH", path("bin").c_str(), 1);
+    struct
+    {
+        const char *name;
+        std::string entry; ///< in the user's folder, where not empty
+        long left;
+    } const cases[] = {
+        {"of the last start", "", 0},
+        {"none", "", 0},
+        {"of an earlier version, another folder", copied, 0},
+        {"of the user, with a line of theirs", copied + "Actions=new;\n", 1},
+        {"of the user, with another command", "[Desktop Entry]\nExec=env A=1 Veskora_ML %f\n", 1},
+    };
+    for (const auto &c : cases) {
+        if (!c.entry.empty())
+            write(own, c.entry);
+        reopen();
+        start();
+        EXPECT_EQ(copies(), c.left) << c.name;
+    }
+    fs::remove(path("system/mime/packages/veskora-ml.xml"));
+    reopen();
+    start();
+    EXPECT_EQ(copies(), 4) << "not all is installed";
 }
 
 TEST_F(MainWindow, OpensTheFileOfTheCommandLine)

@@ -9,6 +9,7 @@
 #include "QtColour.h"
 #include "Registry.h"
 #include "SettingsFile.h"
+#include "Version.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -658,7 +659,7 @@ TEST_F(Settings, TheWelcomeFormComesWhenDueAndSetsTheLanguage)
             during(next, [&] { EXPECT_EQ(stored("Startup", "ShowForm"), "1"); });
         else
             next();
-        EXPECT_EQ(stored("Startup", "Version"), "1.00");
+        EXPECT_EQ(stored("Startup", "Version"), programVersion);
     }
 }
 

@@ -1,0 +1,32 @@
+#include "Examples.h"
+
+#include "Desktop.h"
+#include "FileSystem.h"
+
+#include <algorithm>
+#include <filesystem>
+
+namespace fs = std::filesystem;
+
+namespace veskora {
+
+std::string examplesFolder()
+{
+    return suppliedFilesFolder(desktop().programFolder()) + "/examples";
+}
+
+bool isExample(const std::string &path)
+{
+    if (path.empty())
+        return false;
+    std::error_code ignored;
+    const auto whole = [&ignored](const fs::path &some) {
+        return fs::weakly_canonical(fs::absolute(some, ignored), ignored);
+    };
+    const fs::path folder = whole(examplesFolder());
+    const fs::path file = whole(path);
+    return std::mismatch(folder.begin(), folder.end(), file.begin(), file.end()).first
+           == folder.end();
+}
+
+} // namespace veskora
