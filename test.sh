@@ -19,6 +19,12 @@ scripts/check-wayland.sh build/release/bin/Veskora_ML
 echo "== What the README quotes"
 scripts/check-docs.sh build/release/bin/Veskora_batch
 
+echo "== The package, unpacked"
+scripts/check-package --no-chroot "$(./package.sh)"
+
+echo "== Faults in saves"
+scripts/drills/faults 100
+
 echo "== Kills, and what is left of the work"
 wait $drill
 

@@ -243,12 +243,7 @@ class PrivateFolder
 {
 public:
     PrivateFolder() = default;
-    ~PrivateFolder()
-    {
-        std::error_code ignored;
-        if (maker_ == ::getpid()) // a child that was forked off must leave it
-            fs::remove_all(path_, ignored);
-    }
+    ~PrivateFolder() { remove(); }
     PrivateFolder(const PrivateFolder &) = delete;
     PrivateFolder &operator=(const PrivateFolder &) = delete;
 
@@ -258,6 +253,13 @@ public:
         if (maker_ != ::getpid() || !isWritableFolder(path_))
             make();
         return path_;
+    }
+
+    void remove()
+    {
+        std::error_code ignored;
+        if (maker_ == ::getpid()) // a child that was forked off must leave it
+            fs::remove_all(path_, ignored);
     }
 
 private:
@@ -534,10 +536,24 @@ std::string suppliedFilesFolder(const std::string &programFolder)
     return fs::is_directory(installed, error) ? installed.string() : programFolder;
 }
 
-std::string privateFolder()
+namespace {
+
+PrivateFolder &ownFolder()
 {
     static PrivateFolder folder;
-    return folder.path();
+    return folder;
+}
+
+} // namespace
+
+std::string privateFolder()
+{
+    return ownFolder().path();
+}
+
+void removePrivateFolder()
+{
+    ownFolder().remove();
 }
 
 std::string folderOf(const std::string &path)

@@ -146,6 +146,8 @@ std::string suppliedFilesFolder(const std::string &programFolder);
 
 /// A folder among the temporary files that no other user can enter, removed at the end.
 std::string privateFolder();
+/// For an end at which the destructors of static objects do not run.
+void removePrivateFolder();
 
 /// The folder that @p path stands in, as an absolute path.
 std::string folderOf(const std::string &path);
