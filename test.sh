@@ -28,6 +28,10 @@ scripts/drills/faults 100
 echo "== Kills, and what is left of the work"
 wait $drill
 
+echo "== Several copies side by side, and a long day"
+scripts/drills/copies 30
+scripts/drills/long-use 240
+
 echo "== Tests, under the address and undefined-behaviour sanitizers"
 cmake --preset sanitize >/dev/null
 cmake --build --preset sanitize
