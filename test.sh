@@ -27,5 +27,5 @@ cmake --preset sanitize >/dev/null
 cmake --build --preset sanitize
 ctest --preset sanitize -j "$(nproc)"
 
-echo "== Fuzzing"
-tests/fuzz/run.sh build/sanitize/tests/fuzz/read_model_fuzz
+echo "== Arbitrary files, settings and arguments"
+scripts/drills/reader
