@@ -19,8 +19,18 @@ scripts/check-wayland.sh build/release/bin/Veskora_ML
 echo "== What the README quotes"
 scripts/check-docs.sh build/release/bin/Veskora_batch
 
+echo "== The package, unpacked"
+scripts/check-package --no-chroot "$(./package.sh)"
+
+echo "== Faults in saves"
+scripts/drills/faults 100
+
 echo "== Kills, and what is left of the work"
 wait $drill
+
+echo "== Several copies side by side, and a long day"
+scripts/drills/copies 30
+scripts/drills/long-use 240
 
 echo "== Tests, under the address and undefined-behaviour sanitizers"
 cmake --preset sanitize >/dev/null

@@ -68,6 +68,11 @@ const char *const usage =
     "  --help     this text\n"
     "  --version  the version of the program, and of Qt, which draws the pictures\n"
     "\n"
+    "Environment:\n"
+    "  LC_ALL, LC_NUMERIC, LANG\n"
+    "             the decimal separator of reports and, with --regional, of tables; the\n"
+    "             first and the last also the paper when not given\n"
+    "\n"
     "Exit status: 0 all models analysed, 1 some could not be read or analysed, or\n"
     "--check or --strict found that one can move freely, or --check that one is\n"
     "unstable, 2 wrong usage.\n";

@@ -130,11 +130,12 @@ std::string askModelPath()
                        withoutExtension(Onoma_Arxeiou), modelExtension);
 }
 
-/// The model has its file at @p path now.
-void nameModel(const std::string &path)
+/// The model has its file at @p path now, which this process knows with the sum @p known.
+void nameModel(const std::string &path, std::optional<std::uint64_t> known)
 {
     showModelCaption(path);
     Onoma_Arxeiou = path;
+    knownFileSum = known;
     currentFolder = folderOf(path);
 }
 
@@ -206,16 +207,19 @@ bool Anagnosi_Arxeiou(std::string &path)
 {
     if (path.empty())
         path = askOpenPath();
+    // Before the reading: what comes between the two is a change.
+    const std::optional<std::uint64_t> sum = holdsModel(path) ? sumOfFile(path) : std::nullopt;
     if (path.empty() || !readModel(path))
         return false;
-    nameModel(path);
+    nameModel(path, sum);
     Allagi_Montelou = true;
     Grammi_Log(Metafrasi(149, "Open file:") + " " + path, logColour::black, true);
     resetZoomHistory();
     return true;
 }
 
-bool openJournal(const std::string &journal, const std::string &model)
+bool openJournal(const std::string &journal, const std::string &model,
+                 std::optional<std::uint64_t> known)
 {
     const bool isOutdated = isNewer(model, journal);
     if (!readModel(journal))
@@ -223,7 +227,7 @@ bool openJournal(const std::string &journal, const std::string &model)
     Onoma_Arxeiou.clear();
     showModelCaption({});
     if (!model.empty() && !isOutdated)
-        nameModel(model);
+        nameModel(model, known);
     Allagi_Montelou = true;
     Grammi_Log(Metafrasi(1845, "Open from the journal:") + " " + journal, logColour::black, true);
     if (isOutdated)
@@ -233,6 +237,14 @@ bool openJournal(const std::string &journal, const std::string &model)
                    logColour::red);
     resetZoomHistory();
     return true;
+}
+
+std::optional<std::uint64_t> sumOfForeignChange()
+{
+    std::optional<std::uint64_t> sum;
+    if (!Onoma_Arxeiou.empty() && knownFileSum)
+        sum = sumOfFile(Onoma_Arxeiou);
+    return sum == knownFileSum || isModelFile(Onoma_Arxeiou) ? std::nullopt : sum;
 }
 
 bool holdsModel(const std::string &path)
@@ -261,8 +273,10 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     const std::string target = path.empty() ? askModelPath() : path;
     if (target.empty())
         return false;
+    std::string text;
     try {
-        writeWholeFile(target, modelText(), Durability::onDisk);
+        text = modelText();
+        writeWholeFile(target, text, Durability::onDisk);
     } catch (const Fault &fault) {
         if (!quiet)
             reportFault(Metafrasi(152, "There was an error saving the file:"), target, fault);
@@ -270,7 +284,7 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet)
     }
     path = target;
     if (!quiet) {
-        nameModel(target);
+        nameModel(target, sumOf(text));
         Grammi_Log(Metafrasi(151, "Save file:") + " " + target, logColour::black, true);
     }
     return true;

@@ -4,7 +4,9 @@
 ///
 /// What stands in a model file is the matter of `ModelText.h`. Paths and texts are UTF-8.
 
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,8 +26,10 @@ bool Anagnosi_Arxeiou(std::string &path);
 /// file @p model, so that the next save goes there, unless that was written after the journal: then
 /// the model has no name, and the next save asks for one. An empty @p model is none.
 /// A failure is reported as by `Anagnosi_Arxeiou`.
+/// @param known  sum of the file as the ended process knew it, none where that is not told
 /// @return whether the model is that of the journal now
-bool openJournal(const std::string &journal, const std::string &model);
+bool openJournal(const std::string &journal, const std::string &model,
+                 std::optional<std::uint64_t> known = {});
 
 /// Empties the model, which then has no name; view and settings stay.
 void startEmptyModel();
@@ -41,6 +45,11 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 
 /// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
 bool isModelFile(const std::string &path);
+
+/// Sum of what another program has put into the model's file since this one read or wrote it. None
+/// where nothing that is not the model's own would be lost by a save: the file has the same bytes
+/// as then, or those that a save would write, or is gone. Says nothing.
+std::optional<std::uint64_t> sumOfForeignChange();
 
 /// Whether the file @p path begins as a model's does, whatever it is called. Says nothing.
 bool holdsModel(const std::string &path);

@@ -8,6 +8,7 @@
 #include "RecoveryFolder.h"
 
 #include <algorithm>
+#include <charconv>
 #include <chrono>
 #include <filesystem>
 #include <system_error>
@@ -35,7 +36,21 @@ std::string journalText(const std::string &text)
     std::error_code ignored;
     const std::string model =
         Onoma_Arxeiou.empty() ? Onoma_Arxeiou : fs::absolute(Onoma_Arxeiou, ignored).string();
-    return text + std::string(nameLine) + model;
+    std::string tail = std::string(nameLine) + model;
+    if (knownFileSum) // behind the one byte that no path has
+        tail += '\0' + std::to_string(*knownFileSum);
+    return text + tail;
+}
+
+FileOfJournal fileOf(const std::string &tail)
+{
+    FileOfJournal file = {tail.substr(0, tail.find('\0')), std::nullopt};
+    const char *const end = tail.data() + tail.size();
+    std::uint64_t sum = 0;
+    if (file.path.size() < tail.size()
+        && std::from_chars(tail.data() + file.path.size() + 1, end, sum).ptr == end)
+        file.sum = sum;
+    return file;
 }
 
 bool isBusy(const std::future<void> &work)
@@ -52,13 +67,13 @@ bool isTaken(const std::string &base)
 
 } // namespace
 
-std::optional<std::string> modelOfJournal(const std::string &path)
+std::optional<FileOfJournal> modelOfJournal(const std::string &path)
 try {
     const std::string text = wholeFile(path);
     const std::size_t at = text.find(std::string(modelEndLine) + "\r\n" + std::string(nameLine));
     return at == std::string::npos
                ? std::nullopt
-               : std::optional(text.substr(text.find(nameLine, at) + nameLine.size()));
+               : std::optional(fileOf(text.substr(text.find(nameLine, at) + nameLine.size())));
 } catch (const Fault &) {
     return std::nullopt;
 }
@@ -87,7 +102,8 @@ std::vector<LostJournal> lostJournals()
             if (!fs::exists(file.path, ignored))
                 file.remove(); // its process ended before it had written anything
             else
-                lost.push_back({std::move(file), modelOfJournal(path.string()).value_or("")});
+                lost.push_back(
+                    {std::move(file), modelOfJournal(path.string()).value_or(FileOfJournal())});
         }
     std::ranges::sort(lost, {}, [](const LostJournal &one) { return one.file.path; });
     return lost;

@@ -5,6 +5,7 @@
 
 #include "FileSystem.h"
 
+#include <cstdint>
 #include <future>
 #include <memory>
 #include <optional>
@@ -17,26 +18,32 @@ namespace veskora {
 /// process lives.
 struct JournalFile
 {
-    std::string path; ///< a model file, behind whose end stands the name of the model
+    std::string path; ///< a model file, behind whose end stand the name and sum of the model's own
     std::unique_ptr<LockFile> lock;
 
     void remove();
+};
+
+/// The file of the model that a journal is a copy of.
+struct FileOfJournal
+{
+    std::string path;                 ///< empty where it has none
+    std::optional<std::uint64_t> sum; ///< as the process knew it
 };
 
 /// A journal whose process is gone.
 struct LostJournal
 {
     JournalFile file;
-    std::string model; ///< path of the model's own file, empty where it had none
+    FileOfJournal model;
 };
 
 /// All that there are, the oldest first. Each is held until its row goes, so that no other copy of
 /// the program sees it meanwhile.
 std::vector<LostJournal> lostJournals();
 
-/// The path of the model whose journal @p path is, empty for one without a file; none where the
-/// file is no journal, or not a whole one.
-std::optional<std::string> modelOfJournal(const std::string &path);
+/// Of the model whose journal @p path is; none where the file is no journal, or not a whole one.
+std::optional<FileOfJournal> modelOfJournal(const std::string &path);
 
 /// The journal of this process; there is one at most. Its file is in the recovery folder while it
 /// is needed, and goes with this object.

@@ -1,6 +1,7 @@
 #include "RecentFiles.h"
 
 #include "Desktop.h"
+#include "FileSystem.h"
 
 #include <filesystem>
 
@@ -18,10 +19,16 @@ std::string wholePath(const std::string &path)
         .string();
 }
 
-void store(const std::vector<std::string> &files)
+/// Gives the list to @p change, and stores it before another copy of the program reads it.
+template <typename Change>
+void edit(Change change)
 {
+    const Turn turn(desktop().dataFolder());
+    std::vector<std::string> files = recentFiles();
+    change(files);
     for (std::size_t i = 0; i < mostFiles; ++i)
         desktop().storeSetting(section, std::to_string(i + 1), i < files.size() ? files[i] : "");
+    (void)desktop().writeSettings(); // whoever is refused has no list
 }
 
 } // namespace
@@ -37,17 +44,15 @@ std::vector<std::string> recentFiles()
 
 void rememberFile(const std::string &path)
 {
-    std::vector<std::string> files = recentFiles();
-    std::erase(files, wholePath(path));
-    files.insert(files.begin(), wholePath(path));
-    store(files);
+    edit([&path](std::vector<std::string> &files) {
+        std::erase(files, wholePath(path));
+        files.insert(files.begin(), wholePath(path));
+    });
 }
 
 void forgetFile(const std::string &path)
 {
-    std::vector<std::string> files = recentFiles();
-    std::erase(files, path);
-    store(files);
+    edit([&path](std::vector<std::string> &files) { std::erase(files, path); });
 }
 
 } // namespace veskora

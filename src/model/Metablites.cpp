@@ -50,6 +50,7 @@ bool Sfalma_Epilisis = false;
 bool hasResults = false;
 bool mechanismSuspected = false;
 std::string Onoma_Arxeiou;
+std::optional<std::uint64_t> knownFileSum;
 std::int16_t Katastasi_Provolis = view::model;
 std::string currentFolder;
 std::string Anafora;
@@ -156,6 +157,7 @@ void resetStore()
     Allagi_Montelou = true;
     Sfalma_Epilisis = false;
     Onoma_Arxeiou.clear();
+    knownFileSum.reset();
     Katastasi_Provolis = view::model;
     currentFolder.clear();
     Anafora.clear();

@@ -130,10 +130,12 @@ extern int modelsBegun;      ///< counts up whenever another model takes the pla
 /// The group that the user wants elements drawn on the canvas to have; `groupToDraw` is the one
 /// that they get.
 extern std::int16_t drawnGroup;
-extern bool Sfalma_Epilisis;            ///< the last solve failed
-extern bool hasResults;                 ///< the result tables hold those of an analysis
-extern bool mechanismSuspected;         ///< the structure that the results are of can probably move
-extern std::string Onoma_Arxeiou;       ///< path of the model file, empty for an unnamed model
+extern bool Sfalma_Epilisis;      ///< the last solve failed
+extern bool hasResults;           ///< the result tables hold those of an analysis
+extern bool mechanismSuspected;   ///< the structure that the results are of can probably move
+extern std::string Onoma_Arxeiou; ///< path of the model file, empty for an unnamed model
+/// `sumOf` what this process last read from that file or wrote to it; none where it knows none.
+extern std::optional<std::uint64_t> knownFileSum;
 extern std::int16_t Katastasi_Provolis; ///< what the canvas shows, one of `view`
 /// Where file dialogs start: the folder of the last file used; empty before there was one.
 extern std::string currentFolder;

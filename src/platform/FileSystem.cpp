@@ -243,12 +243,7 @@ class PrivateFolder
 {
 public:
     PrivateFolder() = default;
-    ~PrivateFolder()
-    {
-        std::error_code ignored;
-        if (maker_ == ::getpid()) // a child that was forked off must leave it
-            fs::remove_all(path_, ignored);
-    }
+    ~PrivateFolder() { remove(); }
     PrivateFolder(const PrivateFolder &) = delete;
     PrivateFolder &operator=(const PrivateFolder &) = delete;
 
@@ -258,6 +253,13 @@ public:
         if (maker_ != ::getpid() || !isWritableFolder(path_))
             make();
         return path_;
+    }
+
+    void remove()
+    {
+        std::error_code ignored;
+        if (maker_ == ::getpid()) // a child that was forked off must leave it
+            fs::remove_all(path_, ignored);
     }
 
 private:
@@ -415,6 +417,71 @@ std::string wholeFile(const std::string &path)
     return content;
 }
 
+namespace {
+
+std::uint64_t sumOf(std::string_view content, std::uint64_t before)
+{
+    for (const char byte : content)
+        before = (before ^ static_cast<unsigned char>(byte)) * 0x100000001b3U;
+    return before;
+}
+
+constexpr std::uint64_t sumOfNothing = 0xcbf29ce484222325U;
+
+} // namespace
+
+std::uint64_t sumOf(std::string_view content)
+{
+    return sumOf(content, sumOfNothing);
+}
+
+std::optional<std::uint64_t> sumOfFile(const std::string &path)
+try {
+    InputFile file(path);
+    std::uint64_t sum = sumOfNothing;
+    std::array<char, 16384> piece;
+    while (const std::size_t count = file.read(piece.data(), piece.size()))
+        sum = sumOf({piece.data(), count}, sum);
+    return sum;
+} catch (const Fault &) {
+    return std::nullopt;
+}
+
+ReplacementLock::ReplacementLock(const std::string &path)
+    : descriptor_(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC))
+{
+    struct stat opened = {}, present = {};
+    if (!descriptor_.valid())
+        return;
+    if (::flock(descriptor_.number(), LOCK_EX | LOCK_NB) != 0)
+        isHeld_ = errno != EWOULDBLOCK;
+    // A lock on what was replaced meanwhile keeps nobody off.
+    else if (::fstat(descriptor_.number(), &opened) == 0 && ::stat(path.c_str(), &present) == 0)
+        isHeld_ = opened.st_ino == present.st_ino && opened.st_dev == present.st_dev;
+}
+
+void ReplacementLock::release()
+{
+    (void)::flock(descriptor_.number(), LOCK_UN);
+}
+
+namespace {
+
+int openedFolder(const std::string &folder)
+{
+    std::error_code ignored;
+    fs::create_directories(folder, ignored);
+    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+}
+
+} // namespace
+
+Turn::Turn(const std::string &folder) : descriptor_(openedFolder(folder))
+{
+    while (::flock(descriptor_.number(), LOCK_EX) != 0 && errno == EINTR) {
+    }
+}
+
 LockFile::LockFile(std::string path, int flags)
     : path_(std::move(path)),
       descriptor_(::open(path_.c_str(), flags | O_RDWR | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600))
@@ -469,10 +536,24 @@ std::string suppliedFilesFolder(const std::string &programFolder)
     return fs::is_directory(installed, error) ? installed.string() : programFolder;
 }
 
-std::string privateFolder()
+namespace {
+
+PrivateFolder &ownFolder()
 {
     static PrivateFolder folder;
-    return folder.path();
+    return folder;
+}
+
+} // namespace
+
+std::string privateFolder()
+{
+    return ownFolder().path();
+}
+
+void removePrivateFolder()
+{
+    ownFolder().remove();
 }
 
 std::string folderOf(const std::string &path)

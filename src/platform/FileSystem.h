@@ -5,7 +5,9 @@
 /// routine says otherwise.
 
 #include <cstddef>
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -78,6 +80,39 @@ void removePrivateFile(const std::string &path);
 /// All that stands in a regular file.
 std::string wholeFile(const std::string &path);
 
+/// A sum that tells one content from another (FNV-1a of 64 bits): it is the same in every build.
+std::uint64_t sumOf(std::string_view content);
+/// That of what stands in a regular file; none where it cannot be read.
+std::optional<std::uint64_t> sumOfFile(const std::string &path);
+
+/// While it lives, no other copy of the program that takes one replaces the file @p path.
+class ReplacementLock
+{
+public:
+    explicit ReplacementLock(const std::string &path);
+
+    /// False where another one is replacing the file, or has just done so. What cannot be locked,
+    /// such as a file that is not there, counts as held.
+    bool isHeld() const { return isHeld_; }
+    void release();
+
+private:
+    Descriptor descriptor_;
+    bool isHeld_ = true;
+};
+
+/// While it lives, another copy of the program that wants one of the same folder waits: for what
+/// must be read, changed and written in one piece. Where the system knows no locks nobody waits.
+class Turn
+{
+public:
+    /// @param folder  is made where it is not there
+    explicit Turn(const std::string &folder);
+
+private:
+    Descriptor descriptor_;
+};
+
 /// A file that one process holds locked. The lock goes with the process, however it ends.
 class LockFile
 {
@@ -111,6 +146,8 @@ std::string suppliedFilesFolder(const std::string &programFolder);
 
 /// A folder among the temporary files that no other user can enter, removed at the end.
 std::string privateFolder();
+/// For an end at which the destructors of static objects do not run.
+void removePrivateFolder();
 
 /// The folder that @p path stands in, as an absolute path.
 std::string folderOf(const std::string &path);

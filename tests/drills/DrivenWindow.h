@@ -46,7 +46,13 @@ public:
 
     /// Triggers the action of that object name; a name that is none ends the process.
     void trigger(const char *action);
-    CanvasWidget &canvas() { return *window_.findChild<CanvasWidget *>("Picture1"); }
+    /// A part of it, by its class and object name.
+    template <typename Part>
+    Part *find(const char *name = nullptr)
+    {
+        return window_.findChild<Part *>(QString(name));
+    }
+    CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
     /// A place on the canvas, by chance.
     QPointF anywhere();
     void mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button = Qt::LeftButton);

@@ -97,28 +97,38 @@ TEST_F(JournalTest, IsFoundWhenItsProcessIsGone)
 
     for (const std::string &model : {std::string(), path("a \"name\",\nwith all.vsk")}) {
         SCOPED_TRACE(model);
+        if (std::string name = model; !model.empty())
+            Apothikefsi_Arxeiou(name, true);
         const pid_t child = ::fork();
         if (child == 0) {
             Journal journal;
-            Onoma_Arxeiou = model;
+            if (std::string name = model; !model.empty())
+                Anagnosi_Arxeiou(name);
+            putNode(1, 2);
             look(journal, 2);
             ::raise(SIGKILL);
         }
         ::waitpid(child, nullptr, 0);
         std::vector<LostJournal> lost = lostJournals();
         ASSERT_EQ(lost.size(), 1);
-        EXPECT_EQ(lost[0].model, model);
+        EXPECT_EQ(lost[0].model.path, model);
         EXPECT_EQ(fs::status(lost[0].file.path).permissions(),
                   fs::perms::owner_read | fs::perms::owner_write);
         EXPECT_THAT(lostJournals(), testing::IsEmpty()) << "it is offered once at a time";
         for (const bool savedLater : {false, true}) { // then the older must not go over the newer
-            if (savedLater && !model.empty()) {
+            const auto open = [&lost] {
+                return openJournal(lost[0].file.path, lost[0].model.path, lost[0].model.sum);
+            };
+            if (!model.empty()) { // the ended process never saw this
+                EXPECT_TRUE(open());
+                EXPECT_EQ(sumOfForeignChange().has_value(), savedLater);
                 write(model, "");
                 fs::last_write_time(model, fs::last_write_time(lost[0].file.path)
-                                               + std::chrono::seconds(1));
+                                               + std::chrono::seconds(savedLater ? 1 : -1));
             }
-            EXPECT_TRUE(openJournal(lost[0].file.path, lost[0].model));
+            EXPECT_TRUE(open());
             EXPECT_EQ(Onoma_Arxeiou, savedLater ? "" : model);
+            EXPECT_EQ(sumOfForeignChange().has_value(), !Onoma_Arxeiou.empty());
         }
         const std::string path = lost[0].file.path;
         write(path, contentOf(path).substr(0, 500));

@@ -1,6 +1,7 @@
 // Model files: all stages, every quirk of the format, every way to fail.
 
 #include "Files.h"
+#include "FileSystem.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "ModelText.h"
@@ -408,6 +409,57 @@ TEST_F(ModelFile, AModelAtTheLimitReadsBackAsTheSameText)
     EXPECT_EQ(Arithmos_Omadon, 300);
     Apothikefsi_Arxeiou(second, true);
     EXPECT_EQ(contentOf(first), contentOf(second));
+}
+
+// What becomes of the file behind the program's back, and whether a save would lose it.
+TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
+{
+    const std::string file = path("m.vsk");
+    std::string other = small;
+    other.replace(other.find("0.01"), 4, "0.02"); // of the same length
+    struct Case
+    {
+        const char *name;
+        std::function<void()> act;
+        bool isForeign;
+    };
+    for (const int stage : {46, 48}) // what the program would write differs from the first
+        for (const bool isSaved : {false, true})
+            for (const Case &c : {
+                     Case{"nothing", [] {}, false},
+                     {"edited here", [] { Klimaka = 77; }, false},
+                     {"written again", [&] { write(file, contentOf(file)); }, false},
+                     {"changed", [&] { write(file, other); }, true},
+                     {"changed, with the old time",
+                      [&] {
+                          const auto time = fs::last_write_time(file);
+                          write(file, other);
+                          fs::last_write_time(file, time);
+                      },
+                      true},
+                     {"replaced",
+                      [&] {
+                          write(file + "~", other);
+                          fs::rename(file + "~", file);
+                      },
+                      true},
+                     {"saved with the same model", [&] { write(file, modelText()); }, false},
+                     {"gone", [&] { fs::remove(file); }, false},
+                 }) {
+                read(ofStage(stage));
+                if (isSaved)
+                    Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
+                c.act();
+                EXPECT_EQ(sumOfForeignChange().has_value(), c.isForeign) << c.name;
+                Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
+                EXPECT_EQ(sumOfForeignChange(), std::nullopt) << c.name;
+            }
+    const ReplacementLock first(file);
+    EXPECT_TRUE(first.isHeld());
+    EXPECT_FALSE(ReplacementLock(file).isHeld());
+    write(file + "~", small);
+    fs::rename(file + "~", file); // the lock is on what stood there
+    EXPECT_TRUE(ReplacementLock(file).isHeld() && ReplacementLock(path("none")).isHeld());
 }
 
 using ChangeTest = ModelFile;

@@ -80,6 +80,7 @@ Arguments written(const Order &order)
     give(order.fit, "--fit");
     give(order.strict, "--strict");
     give(order.help, "--help");
+    give(order.version, "--version");
     give(!order.folder.empty(), "--out", order.folder);
     give(!order.summary.empty(), "--summary", order.summary);
     std::string elements;
@@ -116,14 +117,18 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char *data, std::size_t siz
         require(again.complaint.empty() && written(again) == written(order),
                 "an order can be given again");
     }
-    if (order.help || !order.complaint.empty()) { // nothing else is safe to run here
+    const bool asks = order.help || order.version;
+    if (asks || !order.complaint.empty()) { // nothing else is safe to run here
         std::ostringstream out, err;
         const int status = runBatch(arguments, out, err);
-        require(status == (order.help ? batchStatus::allAnalysed : batchStatus::wrongUsage)
-                    && (order.help ? out.view() == usage && err.view().empty()
-                                   : out.view().empty() && err.view().ends_with(usage)
-                                         && err.view().find(order.complaint) != std::string::npos),
-                "usage is told, and the status says why");
+        require(status == (asks ? batchStatus::allAnalysed : batchStatus::wrongUsage),
+                "the status says whether something was wrong");
+        require(out.view().empty() != asks && err.view().empty() == asks, "one of the outputs");
+        require(!order.help || out.view() == usage, "the usage is what was asked for");
+        require(asks
+                    || (err.view().ends_with(usage)
+                        && err.view().find(order.complaint) != std::string::npos),
+                "a complaint is told, and the usage");
     }
     return 0;
 }

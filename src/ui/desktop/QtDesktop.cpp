@@ -32,9 +32,9 @@ QString settingsFile()
            + applicationName() + "/settings.ini";
 }
 
-QString settingKey(std::string_view section, std::string_view key)
+QString fromUtf8(std::string_view text)
 {
-    return QString::fromStdString(std::string(section) + "/" + std::string(key));
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 QMessageBox::Icon boxIcon(Icon icon)
@@ -106,8 +106,10 @@ void bringToFront(QWidget &window)
     window.activateWindow();
 }
 
-QtDesktop::QtDesktop() : settings_(settingsFile(), QSettings::IniFormat)
+QtDesktop::QtDesktop() : settings_(settingsFile())
 {
+    writing_.setSingleShot(true);
+    QObject::connect(&writing_, &QTimer::timeout, &writing_, [this] { (void)settings_.write(); });
     initResources();
     countHeldKeysOnce();
 }
@@ -250,27 +252,19 @@ std::optional<std::string> QtDesktop::askSaveFile(const FileQuestion &question)
 std::string QtDesktop::setting(std::string_view section, std::string_view key,
                                std::string_view standard)
 {
-    settings_.sync(); // costs a look at the file's time when nothing has changed
-    const QVariant value = settings_.value(settingKey(section, key));
-    // A text with commas that somebody typed into the file comes as a list. What else the file
-    // format knows, such as arrays of bytes, is none of ours.
-    const bool isText =
-        value.typeId() == QMetaType::QString || value.typeId() == QMetaType::QStringList;
-    const QString text = isText ? value.toStringList().join(',') : QString();
+    const QString text = settings_.value(fromUtf8(section), fromUtf8(key));
     return text.isEmpty() ? std::string(standard) : plainText(text);
 }
 
 void QtDesktop::storeSetting(std::string_view section, std::string_view key, std::string_view value)
 {
-    settings_.setValue(settingKey(section, key), QString::fromStdString(std::string(value)));
+    settings_.store(fromUtf8(section), fromUtf8(key), fromUtf8(value));
+    writing_.start(0);
 }
 
 std::string QtDesktop::writeSettings()
 {
-    // Shares what waits to be written. The status of an object stays bad after one refusal.
-    QSettings store(settingsFile(), QSettings::IniFormat);
-    store.sync();
-    return store.status() == QSettings::NoError ? std::string() : plainText(store.fileName());
+    return settings_.write() ? std::string() : plainText(settings_.path());
 }
 
 std::string QtDesktop::programFolder()

@@ -3,8 +3,9 @@
 /// The desktop of a process with a window.
 
 #include "Desktop.h"
+#include "SettingsFile.h"
 
-#include <QSettings>
+#include <QTimer>
 
 class QWidget;
 
@@ -86,7 +87,8 @@ private:
 
     MainWindowSurface none_;
     MainWindowSurface *window_ = &none_;
-    QSettings settings_;
+    SettingsFile settings_;
+    QTimer writing_; ///< of what was stored, when the program has time
 };
 
 } // namespace veskora

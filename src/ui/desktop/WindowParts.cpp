@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QHash>
+#include <QIcon>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
@@ -43,6 +45,15 @@ void describe(QWidget *widget, const QString &description)
     widget->setToolTip(description);
     widget->setWhatsThis(description);
     widget->setAccessibleDescription(description);
+}
+
+QIcon iconOf(const QString &file)
+{
+    static auto &icons = *new QHash<QString, QIcon>; // for as long as there may be windows
+    QIcon &icon = icons[file];
+    if (icon.isNull())
+        icon = QIcon(file);
+    return icon;
 }
 
 QList<QToolButton *> dressToolButtons(const QToolBar *bar)

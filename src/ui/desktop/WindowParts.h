@@ -5,6 +5,7 @@
 #include <QList>
 
 class QAction;
+class QIcon;
 class QKeyEvent;
 class QPainter;
 class QPoint;
@@ -22,6 +23,9 @@ namespace veskora {
 void describe(QAction *action, const QString &description);
 void describe(QWidget *widget, const QString &description);
 /// @}
+
+/// The icon in the resource @p file, made once: the toolkit keeps something of each that it draws.
+QIcon iconOf(const QString &file);
 
 /// Gives each button of @p bar the object name of its action and makes it a stop of the Tab key.
 QList<QToolButton *> dressToolButtons(const QToolBar *bar);

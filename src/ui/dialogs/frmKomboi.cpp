@@ -9,6 +9,7 @@
 #include "RowQueries.h"
 #include "Text.h"
 #include "ui_frmKomboi.h"
+#include "WindowParts.h"
 
 #include <QIcon>
 
@@ -110,7 +111,7 @@ void frmKomboi::setSupport(std::string_view code)
 void frmKomboi::eikones()
 {
     const QString support = qtText(code());
-    ui_->Image1->setIcon(QIcon(":/icons/support_" + support + ".svg"));
+    ui_->Image1->setIcon(iconOf(":/icons/support_" + support + ".svg"));
     ui_->Image1->setAccessibleName(qtText(Metafrasi(607, "Constraints:")) + ' ' + support);
     ui_->Image1->setToolTip(ui_->Image1->accessibleName());
 }

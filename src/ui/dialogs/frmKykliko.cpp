@@ -9,6 +9,7 @@
 #include "Text.h"
 #include "ui_frmKykliko.h"
 #include "Units.h"
+#include "WindowParts.h"
 
 #include <QIcon>
 
@@ -77,7 +78,7 @@ bool frmKykliko::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == ui_->Image1 && event->type() == QEvent::Resize)
         ui_->Image1->setPixmap(
-            QIcon(":/icons/arc.svg").pixmap(ui_->Image1->size(), devicePixelRatioF()));
+            iconOf(":/icons/arc.svg").pixmap(ui_->Image1->size(), devicePixelRatioF()));
     return ModelDialog::eventFilter(watched, event);
 }
 

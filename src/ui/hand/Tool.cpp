@@ -1,5 +1,7 @@
 #include "Tool.h"
 
+#include "WindowParts.h"
+
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPixmap>
@@ -11,7 +13,7 @@ namespace veskora {
 QCursor PointerPicture::cursor(double scale) const
 {
     constexpr int side = 32;
-    QPixmap pixmap = QIcon(icon).pixmap(QSize(side, side), scale);
+    QPixmap pixmap = iconOf(icon).pixmap(QSize(side, side), scale);
     // Wayland knows of scales; elsewhere the hot spot counts in the picture's own pixels.
     double unit = 1;
     if (!QGuiApplication::platformName().startsWith("wayland")) {

@@ -8,6 +8,7 @@
 #include "Text.h"
 #include "ui_frmAbout.h"
 #include "Version.h"
+#include "WindowParts.h"
 
 #include <QIcon>
 
@@ -19,7 +20,7 @@ frmAbout::frmAbout(QWidget *parent) : QDialog(parent), ui_(std::make_unique<Ui::
     ui_->setupUi(this);
     const QString title = applicationName();
     setWindowTitle(qtText(Metafrasi(36, "About Kalvorn Veskora ML")));
-    ui_->Image1->setPixmap(QIcon(":/icons/Veskora_ML.svg").pixmap(iconSide, iconSide));
+    ui_->Image1->setPixmap(iconOf(":/icons/Veskora_ML.svg").pixmap(iconSide, iconSide));
     ui_->Label1->setText(title + " " + programVersion);
     ui_->Label2->setText(qtText(Metafrasi(2001, "Linear static analysis of plane frames program")));
     ui_->Label3->setText(qtText(Nai_Agglika

@@ -2,6 +2,7 @@
 
 #include "Desktop.h"
 #include "Files.h"
+#include "FileSystem.h"
 #include "Functions.h"
 #include "Journal.h"
 #include "Metablites.h"
@@ -109,6 +110,7 @@ void guardOtherEnds()
         char number = 0;
         (void)!::read(signalPipe[0], &number, 1);
         keepChangedModel();
+        removePrivateFolder();
         std::_Exit(128 + number);
     });
     for (const int number : {SIGTERM, SIGHUP, SIGINT})

@@ -38,6 +38,19 @@ bool FileCommands::mayLeave(bool closing)
 
 namespace {
 
+/// Whether the model may go into its own file @p path, which may have what another program put
+/// there. Where it is empty a name is asked for.
+bool mayReplaceFile(const std::string &path, ReplacementLock &lock)
+{
+    if (path.empty() || (lock.isHeld() && !sumOfForeignChange()))
+        return true;
+    lock.release(); // the answer takes its time
+    return desktop().message(Metafrasi(2140, "The file was changed by another program since it was "
+                                             "opened. Replace it?"),
+                             Icon::exclamation, Buttons::noYes)
+           == Answer::yes;
+}
+
 /// The file that Save writes, empty where it asks for one.
 std::string fileOfSave()
 {
@@ -53,6 +66,9 @@ std::string fileOfSave()
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
     std::string path = fileOfSave();
+    ReplacementLock lock(path);
+    if (!mayReplaceFile(path, lock))
+        path.clear(); // another name is asked for
     if (Apothikefsi_Arxeiou(path, false)) {
         settle(path);
         return true;
@@ -192,7 +208,7 @@ bool FileCommands::openJournal(const LostJournal &lost)
     }
     if (!mayLeave(false))
         return false;
-    const bool isOpen = veskora::openJournal(lost.file.path, lost.model);
+    const bool isOpen = veskora::openJournal(lost.file.path, lost.model.path, lost.model.sum);
     emit modelReplaced();
     return isOpen;
 }
@@ -201,15 +217,29 @@ bool FileCommands::openJournal(const LostJournal &lost)
 
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    if (std::string path = fileOfSave(); Apothikefsi_Arxeiou(path, false))
+    std::string path = fileOfSave();
+    ReplacementLock lock(path);
+    if (mayReplaceFile(path, lock) && Apothikefsi_Arxeiou(path, false))
         settle(path);
 }
 
 void FileCommands::saveAs()
 {
+    tellForeignChange(); // the dialog only asks whether an old file is to go
     std::string path;
     if (Apothikefsi_Arxeiou(path, false))
         settle(path);
+}
+
+void FileCommands::tellForeignChange()
+{
+    const std::optional<std::uint64_t> sum = sumOfForeignChange();
+    if (!sum || sum == told_)
+        return;
+    told_ = sum;
+    Grammi_Log(Metafrasi(2141, "The file was changed by another program since it was opened:") + " "
+                   + Onoma_Arxeiou,
+               logColour::red);
 }
 
 } // namespace veskora

@@ -4,6 +4,8 @@
 
 #include <QObject>
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 QT_BEGIN_NAMESPACE
@@ -39,6 +41,9 @@ public:
     /// The first model of this run: an empty one, or that of the command line.
     void start(const std::string &commandLine);
 
+    /// A line in the log where another program has changed the model's file, once for each change.
+    void tellForeignChange();
+
     /// Whether nothing would be lost if the model were left.
     static bool isSaved();
     /// The save question before the model is left.
@@ -60,6 +65,7 @@ private:
     bool saveBeforeLeaving(bool closing);
 
     const QWidget *const log_;
+    std::optional<std::uint64_t> told_; ///< sum of the change that was told last
 };
 
 } // namespace veskora

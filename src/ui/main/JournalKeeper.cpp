@@ -32,8 +32,10 @@ JournalKeeper::JournalKeeper(QWidget *window, FileCommands &files)
 /// Who comes back may have changed the file elsewhere.
 bool JournalKeeper::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::WindowActivate)
+    if (event->type() == QEvent::WindowActivate) {
         marked_.clear();
+        files_.tellForeignChange();
+    }
     return QObject::eventFilter(watched, event);
 }
 
@@ -73,7 +75,8 @@ void JournalKeeper::offerLost()
     bool isOpened = false; // the others wait: it is to be seen and saved first
     for (LostJournal &lost : lostJournals()) {
         const std::string model = Metafrasi(1840, "The program ended before this model was saved:")
-                                  + " " + (lost.model.empty() ? "Untitled.vsk" : lost.model);
+                                  + " "
+                                  + (lost.model.path.empty() ? "Untitled.vsk" : lost.model.path);
         const std::string journal =
             Metafrasi(1841, "The journal has it as it was a moment before:") + " " + lost.file.path;
         Grammi_Log(model, logColour::red);

@@ -6,6 +6,7 @@
 #include "QtDesktop.h"
 #include "ResultGrid.h"
 #include "Text.h"
+#include "WorkbookCheck.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -13,6 +14,7 @@
 #include <QFileInfo>
 #include <QPointer>
 #include <QProcess>
+#include <QScopeGuard>
 #include <QTimer>
 #include <QWidget>
 
@@ -75,8 +77,7 @@ void writeWarnings(lxw_workbook *book, lxw_worksheet *sheet, const std::vector<s
         check(worksheet_write_string(sheet, static_cast<lxw_row_t>(i), 0, told[i].c_str(), format));
 }
 
-/// Writes the workbook @p path, where there is no file yet. Fault: it could not be written; nothing
-/// is left there then.
+/// Writes the workbook @p path. Fault: it could not be written.
 void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::string &section,
                    const std::vector<std::string> &told)
 {
@@ -94,11 +95,33 @@ void writeWorkbook(const std::string &path, const ResultGrid &grid, const std::s
         lxw_workbook_free(book);
         throw;
     }
-    // Only now the file is made; the book is freed, whatever comes.
-    if (const lxw_error error = workbook_close(book); error != LXW_NO_ERROR) {
-        QFile::remove(qtText(path));
-        check(error);
-    }
+    check(workbook_close(book)); // only now the file is made; the book is freed, whatever comes
+}
+
+void requireWhole(const std::string &path, const ResultGrid &grid,
+                  const std::vector<std::string> &told)
+{
+    QStringList texts;
+    for (const std::string &line : told)
+        texts << qtText(line);
+    for (int i = 0; i < grid.rowCount(); ++i)
+        for (int j = 0; j < grid.columnCount(); ++j)
+            texts << grid.text(i, j);
+    const qsizetype cells = texts.size();
+    texts.removeAll(QString());
+    requireWholeWorkbook(path, texts, cells);
+}
+
+/// The content of the workbook's file. It is made elsewhere, so that nothing but a whole one ever
+/// stands where the user finds it.
+std::string workbookContent(const ResultGrid &grid, const std::string &section,
+                            const std::vector<std::string> &told)
+{
+    const std::string scratch = privateFolder() + "/workbook.xlsx";
+    const QScopeGuard remove([&scratch] { QFile::remove(qtText(scratch)); });
+    writeWorkbook(scratch, grid, section, told);
+    requireWhole(scratch, grid, told);
+    return wholeFile(scratch);
 }
 
 /// The folder of the model's file, that for documents, or the user's own: the first in which files
@@ -182,7 +205,7 @@ std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
                            const std::string &model, const std::vector<std::string> &told)
 try {
     const std::string path = freePath(sheetName(section), model);
-    writeWorkbook(path, grid, section, told);
+    writeWholeFile(path, workbookContent(grid, section, told), Durability::onDisk);
     Grammi_Log(Metafrasi(2102, "Workbook:") + " " + path, logColour::black);
     return path;
 } catch (const Fault &fault) {

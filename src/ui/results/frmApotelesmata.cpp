@@ -193,7 +193,7 @@ void frmApotelesmata::setCaptions()
     showLegend(ui_->lblMAX, "[max]", cellColour::maximum);
     showLegend(ui_->lblMIN, "[min]", cellColour::minimum);
     constexpr int iconSide = 16;
-    ui_->axes->setPixmap(QIcon(":/icons/global_axes.svg").pixmap(iconSide, iconSide));
+    ui_->axes->setPixmap(iconOf(":/icons/global_axes.svg").pixmap(iconSide, iconSide));
 }
 
 void frmApotelesmata::showCounts()
@@ -254,7 +254,7 @@ void frmApotelesmata::buildToolbar()
          [this] { close(); }},
     };
     for (const auto &[name, caption, tip, icon, run] : commands) {
-        QAction *action = ui_->Toolbar1->addAction(QIcon(icon), qtText(caption.text()), this, run);
+        QAction *action = ui_->Toolbar1->addAction(iconOf(icon), qtText(caption.text()), this, run);
         action->setObjectName(name);
         describe(action, qtText(tip.text()));
     }

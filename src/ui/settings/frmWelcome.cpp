@@ -81,8 +81,11 @@ void frmWelcome::activateLanguage()
         return;
     const bool isRead = language == storedLanguage();
     storeLanguage(language);
-    if (!isRead) // what is amiss with a pack is told once
-        Fortosi_Glossas();
+    if (isRead)
+        return;
+    Fortosi_Glossas();             // what is amiss with a pack is told once
+    if (!ui_->Check1->isChecked()) // else all is written when the form goes
+        writeSettingsOrTell();
 }
 
 void frmWelcome::done(int result)

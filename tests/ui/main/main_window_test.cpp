@@ -1089,6 +1089,67 @@ TEST_F(MainWindow, TheTitleIsMarkedWhileTheSaveQuestionWouldCome)
     }
 }
 
+TEST_F(MainWindow, AFileChangedByAnotherProgramIsNotReplacedUnasked)
+{
+    const std::string file = path("m.vsk"), copy = path("copy.vsk");
+    const std::string question =
+        "Do you want to save the changes you made to file: '" + file + "'?";
+    const std::string other = small + "another program's";
+    struct Case
+    {
+        const char *command;
+        Answer reply;
+        std::optional<std::string> chosen = {}; ///< where another name is asked for
+        const char *says = nullptr;             ///< on leaving the model without one
+    };
+    for (const Case &c : {
+             Case{"mnuAPOTHIKEFSIitem", Answer::no},
+             {"mnuAPOTHIKEFSIitem", Answer::yes},
+             {"mnuAPOTHIKEFSIOSitem", Answer::ok, copy},
+             {"mnuNEOitem", Answer::yes},
+             {"mnuNEOitem", Answer::no, copy},
+             {"mnuEKSODOSitem", Answer::no, copy},
+             {"mnuEKSODOSitem", Answer::no, std::nullopt,
+              "The model is kept in the recovery file: "},
+         }) {
+        SCOPED_TRACE(c.command);
+        write(file, small);
+        fs::remove(copy);
+        reopen();
+        start(file);
+        Klimaka = 77;
+        const std::string mine = modelText();
+        write(file, other);
+        QEvent back(QEvent::WindowActivate);
+        for (int i = 0; i < 2; ++i)
+            QCoreApplication::sendEvent(window.get(), &back);
+        const bool leaves = c.command != std::string("mnuAPOTHIKEFSIitem") && c.reply != Answer::ok;
+        const bool closes = c.command == std::string("mnuEKSODOSitem");
+        if (leaves)
+            desktop.expectMessage(question, closes ? Icon::exclamation : Icon::none, Answer::yes);
+        if (c.reply != Answer::ok)
+            desktop.expectMessage("The file was changed by another program since it was opened. "
+                                  "Replace it?",
+                                  Icon::exclamation, c.reply);
+        if (c.chosen || c.says != nullptr)
+            desktop.expectFileDialog(c.chosen);
+        std::string said;
+        if (c.says != nullptr)
+            desktop.expectAnyMessage(said);
+        trigger(c.command);
+        desktop.expectNothingLeft();
+        EXPECT_EQ(contentOf(file), c.reply == Answer::yes ? mine : other);
+        EXPECT_EQ(c.chosen ? contentOf(copy) : mine, mine);
+        EXPECT_TRUE(said.starts_with(c.says == nullptr ? "" : c.says)) << said;
+        EXPECT_EQ(log().count(" The file was changed by another program since it was opened: "
+                              + QString::fromStdString(file)),
+                  1);
+        if (!leaves && c.reply == Answer::no) { // it is there to be saved elsewhere
+            EXPECT_EQ(Onoma_Arxeiou + modelText(), file + mine);
+        }
+    }
+}
+
 TEST_F(MainWindow, AJournalOpenedAsAFileGivesNoPlaceToSaveIn)
 {
     write(path("j.vsk"), small + "Journal of the model\r\n");

@@ -8,6 +8,7 @@
 #include "MainWindowTest.h"
 #include "QtColour.h"
 #include "Registry.h"
+#include "SettingsFile.h"
 #include "Version.h"
 
 #include <QApplication>
@@ -16,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QSettings>
 #include <QTabWidget>
 #include <QTest>
 #include <QTimer>
@@ -317,6 +319,18 @@ TEST_F(Settings, AreReadAfreshAndARefusalIsTold)
     openDesktop();
     const std::string refusal =
         "The settings could not be written to the file: " + path("file/" + title + "/settings.ini");
+    fs::create_directory(path("Languages"));
+    write(path("Languages/Deutsch.lng"),
+          "h,h\n1651,\"The settings could not be written to the file:\"\nEND");
+    std::string incomplete;
+    during([this] { start(); },
+           [&] {
+               control<QComboBox>("Combo1")->setCurrentText("Deutsch");
+               desktop.expectAnyMessage(incomplete);
+               desktop.expectMessage(refusal);
+               press("Command1");
+           });
+    openDesktop();
     during([this] { start(); },
            [&] {
                press("Check1");
@@ -328,6 +342,37 @@ TEST_F(Settings, AreReadAfreshAndARefusalIsTold)
         press("SSCommand13");
     });
     EXPECT_FALSE(log().last().contains("defaults"));
+}
+
+TEST_F(Settings, TheirFileIsThatOfTheToolkit)
+{
+    const QString file = QString::fromStdString(path("own/settings.ini"));
+    int number = 0;
+    for (const char *sample :
+         {"1.5", "", " a b ", "a, b;c=d", "a \"b\" \\x", "@a", "\u00e4\u4e2d\U0001f600",
+          "\n\r\t\a\x01"
+          "fg\x02",
+          "/a/[b]#%20.vsk"}) {
+        const QString text = sample;
+        const QString key = QString::number(++number);
+        QSettings(file, QSettings::IniFormat).setValue("Theirs/" + key, text);
+        SettingsFile own(file);
+        EXPECT_EQ(own.value("Theirs", key), text);
+        own.store("Ours", key, text);
+        EXPECT_TRUE(own.write());
+        EXPECT_EQ(QSettings(file, QSettings::IniFormat).value("Ours/" + key), text);
+        EXPECT_EQ(SettingsFile(file).value("Ours", key), text);
+    }
+    // What cannot be read is not replaced, and what was stored waits.
+    const QString other = QString::fromStdString(path("other.ini"));
+    fs::create_directory(path("other.ini"));
+    SettingsFile refused(other);
+    refused.store("A", "b", "c");
+    EXPECT_FALSE(refused.write());
+    fs::remove(path("other.ini"));
+    write(path("other.ini"), "[A]\nd = e, f \n;b=1\nb=2");
+    EXPECT_TRUE(refused.write());
+    EXPECT_EQ(contentOf(path("other.ini")), "[A]\nb=c\nd=e, f\n");
 }
 
 TEST_F(Settings, AnExistingFileIsNotReplacedByEnterOrEscape)

@@ -1,0 +1,243 @@
+// The window with a changed model. For each order it forks a child that does one save, in which a
+// system call fails or kills it, and that tells what it told its user.
+//   veskora_save_session FOLDER    the model is FOLDER/model.vsk
+// Orders on standard input: KIND FAULT TURN TARGET, TURN 0 for no fault; "kinds" lists the kinds.
+// Answers: a line of JSON from the child where it lives, and one about it.
+
+#include "Anafora.h"
+#include "Application.h"
+#include "Batch.h"
+#include "DrivenWindow.h"
+#include "ExportFlexGrid.h"
+#include "FaultyCalls.h"
+#include "Files.h"
+#include "frmCalculation.h"
+#include "frmSteps.h"
+#include "frmSXEDIASI.h"
+#include "frmWelcome.h"
+#include "Functions.h"
+#include "JournalKeeper.h"
+#include "Metablites.h"
+#include "ModelText.h"
+#include "RecentFiles.h"
+#include "ResultGrid.h"
+
+#include <QComboBox>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPushButton>
+#include <QTimer>
+
+#include <functional>
+#include <iostream>
+#include <map>
+#include <new>
+#include <sstream>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace veskora {
+namespace {
+
+/// Says yes to everything, and keeps what is told.
+class ToldDesktop : public UnattendedDesktop
+{
+public:
+    using UnattendedDesktop::UnattendedDesktop;
+
+    Answer message(const std::string &text, Icon, Buttons buttons) override
+    {
+        if (buttons != Buttons::ok)
+            return Answer::yes;
+        told.append(QString::fromStdString(text));
+        return Answer::ok;
+    }
+    void insertLog(const std::string &text, std::uint32_t colour, bool bold) override
+    {
+        if (colour == logColourWord(logColour::red))
+            told.append(QString::fromStdString(text));
+        said.append(QString::fromStdString(text));
+        UnattendedDesktop::insertLog(text, colour, bold);
+    }
+    std::optional<std::string> askSaveFile(const FileQuestion &) override { return target; }
+    std::string programFolder() override { return UnattendedDesktop::programFolder() + "/../bin"; }
+
+    std::string target;
+    QJsonArray told; ///< boxes, and what is red in the log
+    QJsonArray said; ///< the log
+};
+
+class Session
+{
+public:
+    Session(ToldDesktop &desktop, const QString &folder)
+        : desktop_(desktop), folder_(folder), window_(desktop, folder + "/model.vsk")
+    {
+        window_.trigger("mnuEPILISIitem");
+        Anafora = reportOf([](const ReportSection &) { return true; });
+        Komboi(2, node::Fx) += 1;
+        record_ = new (::mmap(nullptr, sizeof(CallRecord), PROT_READ | PROT_WRITE,
+                              MAP_SHARED | MAP_ANONYMOUS, -1, 0)) CallRecord;
+        (void)desktop.writeSettings();
+        lookAtJournal();
+    }
+
+    void serve()
+    {
+        std::string order;
+        while (std::getline(std::cin, order)) {
+            std::istringstream words(order);
+            std::string kind, fault, target;
+            int turn = 0;
+            words >> kind >> fault >> turn >> target;
+            if (kind == "kinds") {
+                for (const auto &[name, save] : saves_)
+                    std::cout << name << ' ';
+                std::cout << std::endl;
+                continue;
+            }
+            new (record_) CallRecord;
+            record_->fault = static_cast<std::size_t>(
+                std::ranges::find(callFaults, std::string_view(fault)) - callFaults.begin());
+            record_->turn = turn;
+            desktop_.target = target;
+            const pid_t child = ::fork();
+            if (child == 0)
+                save(kind);
+            tell(child);
+        }
+    }
+
+private:
+    [[noreturn]] void save(const std::string &kind)
+    {
+        const auto &run = saves_.at(kind);
+        strikeCalls(folder_.toStdString(), *record_);
+        if (kind == "journal")
+            Komboi(2, node::Fx) += 1;
+        if (kind == "recovery")
+            Onoma_Arxeiou = (folder_ + "/gone/model.vsk").toStdString(); // nor can it be saved
+        const std::string before = modelText();
+        armCalls(true);
+        run();
+        armCalls(false);
+        const QJsonObject answer = {{"told", desktop_.told},
+                                    {"said", desktop_.said},
+                                    {"model", QString::fromStdString(before)},
+                                    {"kept", modelText() == before},
+                                    {"saved", isModelFile(Onoma_Arxeiou)}};
+        std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
+        std::exit(0);
+    }
+
+    void tell(pid_t child)
+    {
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        QJsonObject calls;
+        for (std::size_t i = 0; i < callFaults.size(); ++i)
+            calls[QString::fromUtf8(callFaults[i])] = record_->calls[i].load();
+        const QJsonObject answer = {
+            {"status", status}, {"struck", callName(record_->struck)}, {"calls", calls}};
+        std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
+    }
+
+    void lookAtJournal()
+    {
+        auto *keeper = window_.find<JournalKeeper>();
+        for (int i = 0; i < 4; ++i) { // changed, at rest, written, on its way to the disk
+            QMetaObject::invokeMethod(window_.find<QTimer>("JournalTimer"), "timeout");
+            keeper->waitForWriting();
+        }
+    }
+
+    void press(QWidget &form, const char *button)
+    {
+        form.findChild<QPushButton *>(button)->click();
+    }
+
+    void pressInSteps(const char *button)
+    {
+        window_.trigger("mnuVIMATA_ANALYSIS_item");
+        press(*window_.find<frmSteps>(), button);
+    }
+
+    ToldDesktop &desktop_;
+    const QString folder_;
+    DrivenWindow window_;
+    CallRecord *record_ = nullptr;
+
+    const std::map<std::string, std::function<void()>> saves_ = {
+        {"model", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
+        {"model-in-place", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
+        {"model-as", [this] { window_.trigger("mnuAPOTHIKEFSIOSitem"); }},
+        {"recovery", [this] { window_.trigger("mnuNEOitem"); }},
+        {"journal", [this] { lookAtJournal(); }},
+        {"options",
+         [this] {
+             frmSXEDIASI form(nullptr);
+             press(form, "SSCommand13");
+         }},
+        {"language",
+         [this] {
+             frmWelcome form;
+             auto *languages = form.findChild<QComboBox *>("Combo1");
+             languages->setCurrentIndex(languages->findText("German"));
+             press(form, "Command1");
+         }},
+        {"recent",
+         [this] {
+             rememberFile(folder_.toStdString() + "/another.vsk");
+             QCoreApplication::processEvents(); // it is written when there is time
+         }},
+        {"start",
+         [this] {
+             ToldDesktop another(folder_, 1); // which has not read the settings yet
+             (void)another.setting("Startup", "Version", "");
+             another.storeSetting("Startup", "Version", "0");
+             desktop_.told.append(QString::fromStdString(another.writeSettings()));
+         }},
+        {"report", [] { Apothikefsi_Anaforas(Onoma_Arxeiou); }},
+        {"table", [] { (void)saveTable(Anafora, Onoma_Arxeiou, "_values"); }},
+        {"workbook",
+         [] {
+             const ResultGrid grid(displacementCells(RegionalNumbers()), std::vector<int>(8, 0));
+             (void)ExportFlexGrid(grid, "Node displacements", Onoma_Arxeiou, {"Warned."});
+         }},
+        {"bitmap", [this] { window_.trigger("mnuEIKONA_arxeio_bmp_item"); }},
+        {"picture-svg", [this] { window_.trigger("mnuEIKONA_SVG_PDF_item"); }},
+        {"picture-pdf", [this] { window_.trigger("mnuEIKONA_SVG_PDF_item"); }},
+        {"calculation",
+         [] {
+             frmCalculation form(nullptr);
+             form.accept();
+         }},
+        {"batch",
+         [this] {
+             std::ostringstream told;
+             const std::string folder = folder_.toStdString();
+             if (runBatch({"--out", folder + "/batch", "--csv", "--pictures=png", "--size",
+                           "300x200", folder + "/model.vsk"},
+                          told, told)
+                 != 0)
+                 desktop_.told.append(QString::fromStdString(told.str()));
+         }},
+        {"steps", [this] { pressInSteps("SaveHtml"); }},
+        {"steps-pdf", [this] { pressInSteps("SavePdf"); }},
+    };
+};
+
+} // namespace
+} // namespace veskora
+
+int main(int argc, char **argv)
+{
+    const veskora::Application application(argc, argv);
+    const QString folder = QApplication::arguments().value(1);
+    veskora::resetStore();
+    veskora::ToldDesktop desktop(folder, 1);
+    veskora::setDesktop(&desktop);
+    veskora::Session(desktop, folder).serve();
+}
