@@ -37,5 +37,8 @@ cmake --preset sanitize >/dev/null
 cmake --build --preset sanitize
 ctest --preset sanitize -j "$(nproc)"
 
+echo "== A user without a mind, under the sanitizers"
+scripts/drills/hands 3000
+
 echo "== Arbitrary files, settings and arguments"
 scripts/drills/reader

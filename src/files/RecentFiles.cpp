@@ -2,6 +2,7 @@
 
 #include "Desktop.h"
 #include "FileSystem.h"
+#include "RecoveryFolder.h"
 
 #include <filesystem>
 
@@ -23,7 +24,7 @@ std::string wholePath(const std::string &path)
 template <typename Change>
 void edit(Change change)
 {
-    const Turn turn(desktop().dataFolder());
+    const Turn turn(recoveryFolders().front()); // the settings lock their own folder
     std::vector<std::string> files = recentFiles();
     change(files);
     for (std::size_t i = 0; i < mostFiles; ++i)

@@ -19,11 +19,16 @@ std::size_t UnattendedDesktop::choose(const std::string &, const std::vector<std
     return any < answers.size() ? any : 0;
 }
 
-DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, const QString &model) : desktop_(desktop)
+DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, const QString &model)
+    : DrivenWindow(desktop, false)
 {
-    desktop.storeSetting("Startup", "ShowForm", "0");
+    start(model);
+}
+
+DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, bool withWelcome) : desktop_(desktop)
+{
+    desktop.storeSetting("Startup", "ShowForm", withWelcome ? "1" : "0");
     desktop.attach(&window_);
-    window_.start(model);
 }
 
 void DrivenWindow::trigger(const char *action)

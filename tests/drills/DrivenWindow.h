@@ -37,15 +37,20 @@ private:
     std::mt19937 chance_;
 };
 
-/// The main window, in the folders of the user that the environment names; no welcome form comes.
+/// The main window, in the folders of the user that the environment names.
 class DrivenWindow
 {
 public:
+    /// One that has started, without a welcome form.
     /// @param desktop  that of the process by now
     DrivenWindow(UnattendedDesktop &desktop, const QString &model);
+    /// One that is yet to be started.
+    DrivenWindow(UnattendedDesktop &desktop, bool withWelcome);
+    void start(const QString &model) { window_.start(model); }
 
     /// Triggers the action of that object name; a name that is none ends the process.
     void trigger(const char *action);
+    frmMain &window() { return window_; }
     /// A part of it, by its class and object name.
     template <typename Part>
     Part *find(const char *name = nullptr)

@@ -4,12 +4,7 @@
 #include "FileSystem.h"
 #include "Text.h"
 
-#include <QDir>
-#include <QFileInfo>
-
 #include <cerrno>
-#include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
 
@@ -98,12 +93,8 @@ bool SettingsFile::write()
 try {
     if (stored_.isEmpty())
         return true;
-    const QString folder = QFileInfo(path_).path();
-    QDir().mkpath(folder);
     // No other copy writes meanwhile. Where that cannot be had, the last one has its way.
-    const Descriptor lock(::open(folder.toUtf8(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    while (::flock(lock.number(), LOCK_EX) != 0 && errno == EINTR) {
-    }
+    const Turn turn(folderOf(path_.toStdString()));
     read(); // what cannot be read must not be replaced
     Sections all = sections_;
     for (auto section = stored_.cbegin(); section != stored_.cend(); ++section)

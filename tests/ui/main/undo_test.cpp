@@ -1,6 +1,5 @@
 // Undo and redo of each kind of action, through the real window.
 
-#include "Fault.h"
 #include "History.h"
 #include "MainWindowTest.h"
 #include "Models.h"
@@ -14,9 +13,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include <array>
 #include <functional>
-#include <random>
 
 namespace veskora {
 namespace {
@@ -251,54 +248,6 @@ TEST_F(Undo, WaitsForTheEndOfADragThatOpenedADialog)
     EXPECT_EQ(Arithmos_Stoixeion, 1);
     trigger("mnuUNDOitem");
     EXPECT_TRUE(bytes() == before);
-}
-
-/// VESKORA_ACTIONS says how many, for a longer run than that of every day.
-TEST_F(Undo, AMonkeyFindsEveryStepAgain)
-{
-    std::mt19937 random(7);
-    const auto pick = [&random](int last) {
-        return std::uniform_int_distribution<>(0, last)(random);
-    };
-    buildModel(frame);
-    desktop.answerAnything = [&] {
-        constexpr std::array answers = {Answer::ok, Answer::yes, Answer::no, Answer::cancel};
-        return Arithmos_Omadon == 0 ? Answer::no : answers.at(static_cast<std::size_t>(pick(3)));
-    };
-    const auto all = actions();
-    std::vector<std::string> states = {bytes()};
-    std::size_t now = 0, analysed = states.max_size();
-    const char *count = std::getenv("VESKORA_ACTIONS");
-    for (int i = count != nullptr ? std::atoi(count) : 250; i > 0; --i) {
-        if (const int kind = pick(9); kind < 4) {
-            const bool back = kind > 0;
-            const std::size_t before = now;
-            now = back ? std::max<std::size_t>(now, 1) - 1 : std::min(now + 1, states.size() - 1);
-            trigger(back ? "mnuUNDOitem" : "mnuREDOitem");
-            ASSERT_TRUE(bytes() == states[now]) << i;
-            ASSERT_TRUE(now == before || Allagi_Montelou == (now != analysed)) << i;
-            continue;
-        } else if (kind == 4) {
-            try {
-                trigger("Epilisi");
-            } catch (const Fault &) {
-                // An element without length.
-            }
-        } else if (kind < 7) {
-            dragModel(pick(9), pick(9), pick(9), pick(9));
-        } else {
-            all.at(static_cast<std::size_t>(pick(static_cast<int>(all.size()) - 1))).act();
-        }
-        if (bytes() != states[now]) {
-            states.resize(++now);
-            states.push_back(bytes());
-            if (analysed >= now)
-                analysed = states.max_size();
-        }
-        if (!Allagi_Montelou)
-            analysed = now;
-    }
-    EXPECT_GT(states.size(), 20U);
 }
 
 } // namespace
