@@ -44,7 +44,8 @@ void requireWindowOnScreen()
 extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv)
 {
     ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    ::setenv("XDG_CONFIG_HOME", veskora::privateFolder().c_str(), 1);
+    for (const char *place : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        ::setenv(place, veskora::privateFolder().c_str(), 1);
     static const auto *application = new QApplication(*argc, *argv); // the fuzzer ends by exit()
     (void)application;
     return 0;

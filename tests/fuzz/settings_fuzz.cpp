@@ -2,6 +2,7 @@
 // sign: it is within limits, and what is stored then is read back equal.
 
 #include "BatchDesktop.h"
+#include "FileSystem.h"
 #include "TakenSettings.h"
 
 #include <map>
@@ -34,6 +35,7 @@ public:
     {
         texts_[std::string(key)] = value;
     }
+    std::string dataFolder() override { return privateFolder(); }
 
 private:
     std::map<std::string, std::string> texts_; ///< by key: none stands in two sections
