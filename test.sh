@@ -40,5 +40,5 @@ ctest --preset sanitize -j "$(nproc)"
 echo "== A user without a mind, under the sanitizers"
 scripts/drills/hands 3000
 
-echo "== Fuzzing"
-tests/fuzz/run.sh build/sanitize/tests/fuzz/read_model_fuzz
+echo "== Arbitrary files, settings and arguments"
+scripts/drills/reader

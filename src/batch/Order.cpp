@@ -9,7 +9,6 @@
 #include <cctype>
 #include <charconv>
 #include <cmath>
-#include <filesystem>
 #include <string_view>
 
 namespace veskora {
@@ -117,10 +116,10 @@ bool takeSummary(Order &order, const std::string &value)
 {
     const bool isFirst = order.summary.empty();
     order.summary = value;
-    std::string ending = std::filesystem::path(value).extension().string();
+    std::string ending = value; // its last letters: ".vsk" alone is a model's name too
     std::ranges::transform(ending, ending.begin(),
                            [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    return isFirst && (value == "-" || isName(value)) && ending != modelExtension;
+    return isFirst && (value == "-" || isName(value)) && !ending.ends_with(modelExtension);
 }
 
 bool takeSize(Order &order, const std::string &value)

@@ -248,6 +248,7 @@ TEST_F(Batch, WrongUsageIsToldApartFromFailure)
                                                       {"--summary", small, small},
                                                       {"--summary", "--csv", small},
                                                       {"--summary", path("new.VSK"), small},
+                                                      {"--summary", path(".vsk"), small},
                                                       {"--out", "--check", small},
                                                       {"--summary", "-", "-", small},
                                                       {"--values", "-", small},
