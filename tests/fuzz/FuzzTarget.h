@@ -2,23 +2,14 @@
 /// @file
 /// What the fuzz targets share.
 
-#include <cstdio>
-#include <cstdlib>
+#include "Require.h"
+
 #include <string>
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
 
 namespace veskora {
-
-/// Ends the process where @p holds is false; the fuzzer then keeps the input.
-inline void require(bool holds, const char *what)
-{
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", what);
-        std::abort();
-    }
-}
 
 /// A file in memory that has a path.
 class MemoryFile

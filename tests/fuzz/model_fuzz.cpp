@@ -7,58 +7,12 @@
 #include "Metablites.h"
 #include "ModelText.h"
 #include "Registry.h"
+#include "Sound.h"
 
-#include <algorithm>
-#include <cmath>
 #include <ostream>
 
 namespace veskora {
 namespace {
-
-bool within(float reference, int most)
-{
-    return reference >= 1 && reference <= static_cast<float>(most)
-           && reference == std::floor(reference);
-}
-
-void requireEmptyBehind(const auto &table, int count)
-{
-    for (int row = count + 1; row <= table.rows; ++row)
-        require(std::ranges::count(table.row(row), 0) == table.columns, "row behind the last");
-}
-
-void requireSound()
-{
-    require(Arithmos_Kombon >= 0 && Arithmos_Kombon <= maxNodes, "number of nodes");
-    require(Arithmos_Stoixeion >= 0 && Arithmos_Stoixeion <= maxElements, "number of elements");
-    require(Arithmos_Omadon >= 0 && Arithmos_Omadon <= maxGroups, "number of groups");
-    const auto isCode = [](float cell) { return cell == 0 || cell == 1; };
-    for (int g = 1; g <= Arithmos_Omadon; ++g)
-        for (const double cell : Omades.row(g))
-            require(std::isfinite(cell), "group");
-    for (int n = 1; n <= Arithmos_Kombon; ++n) {
-        for (const float cell : Komboi.row(n))
-            require(std::isfinite(cell), "node");
-        for (int column = node::fixedX; column <= node::fixedRotation; ++column)
-            require(isCode(Komboi(n, column)), "restraint");
-        for (const float cell : Elatiria.row(n))
-            require(std::isfinite(cell), "spring");
-    }
-    for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
-        require(within(Stoixeia(e, element::nodeI), Arithmos_Kombon), "node i");
-        require(within(Stoixeia(e, element::nodeJ), Arithmos_Kombon), "node j");
-        require(within(Stoixeia(e, element::group), Arithmos_Omadon), "group of an element");
-        require(isCode(Stoixeia(e, element::hingeI)) && isCode(Stoixeia(e, element::hingeJ)),
-                "hinge");
-        require(std::isfinite(Stoixeia(e, element::wx)) && std::isfinite(Stoixeia(e, element::wy)),
-                "load");
-    }
-    requireEmptyBehind(Omades, Arithmos_Omadon);
-    requireEmptyBehind(Komboi, Arithmos_Kombon);
-    requireEmptyBehind(Elatiria, Arithmos_Kombon);
-    requireEmptyBehind(Stoixeia, Arithmos_Stoixeion);
-    require(std::isfinite(Klimaka) && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y), "view");
-}
 
 /// What is written and read is written the same again.
 void requireRoundTrip()

@@ -3,22 +3,11 @@
 /// What holds of every model, whatever was read, typed or drawn.
 
 #include "Metablites.h"
+#include "Require.h"
 
-#include <algorithm>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 
 namespace veskora {
-
-/// Ends the process where @p holds is false, so that whoever started it keeps what led here.
-inline void require(bool holds, const char *what)
-{
-    if (!holds) {
-        std::fprintf(stderr, "broken: %s\n", what);
-        std::abort();
-    }
-}
 
 /// Counts are within the tables, live rows hold numbers and name rows that are there, and those
 /// behind them hold nothing.
