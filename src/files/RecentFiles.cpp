@@ -2,7 +2,6 @@
 
 #include "Desktop.h"
 #include "FileSystem.h"
-#include "RecoveryFolder.h"
 
 #include <filesystem>
 
@@ -24,7 +23,8 @@ std::string wholePath(const std::string &path)
 template <typename Change>
 void edit(Change change)
 {
-    const Turn turn(recoveryFolders().front()); // the settings lock their own folder
+    // A folder of its own: that of the settings may be the one of the data, and is locked by them.
+    const Turn turn(desktop().dataFolder() + "/" + section);
     std::vector<std::string> files = recentFiles();
     change(files);
     for (std::size_t i = 0; i < mostFiles; ++i)
