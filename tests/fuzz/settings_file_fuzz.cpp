@@ -1,5 +1,5 @@
-// What the program makes of an arbitrary settings file, which the toolkit reads and writes as in
-// the window program. Wherever it says that the window was, the window comes on the screen.
+// What the program makes of an arbitrary settings file, read and written as by the window program.
+// Wherever it says that the window was, the window comes on the screen.
 
 #include "FileSystem.h"
 #include "QtDesktop.h"
@@ -19,7 +19,7 @@
 namespace veskora {
 namespace {
 
-/// The toolkit reads a file again that has another time.
+/// The file is read again where it has another time.
 void makeNewer(const std::string &path)
 {
     static time_t time = 1;
