@@ -90,43 +90,72 @@ std::atomic<bool> isArmed = false;
 
 using Arguments = std::array<long, 6>;
 
+bool isOpening(const FileCall &call)
+{
+    return call.number == SYS_open || call.number == SYS_openat;
+}
+
 long passOn(long number, const Arguments &given)
 {
     return drillCall(number, given[0], given[1], given[2], given[3], given[4], given[5]);
 }
 
-bool isWatched(const char *path)
-{
-    return std::strncmp(path, watched.data(), std::strlen(watched.data())) == 0;
-}
+using Path = decltype(MadeCall::file);
 
 /// In a signal handler: no memory is had, and the C library's errno stays.
-bool isWatched(long file)
+Path pathOf(long file)
 {
     std::array<char, 40> link{"/proc/self/fd/"};
     char *end = link.data() + std::strlen(link.data());
     for (long rest = file; rest > 0 || end[-1] == '/'; rest /= 10)
         *end++ = static_cast<char>('0' + rest % 10);
     std::reverse(link.data() + std::strlen("/proc/self/fd/"), end);
-    std::array<char, 512> path{};
-    const long size = drillCall(SYS_readlink, reinterpret_cast<long>(link.data()),
-                                reinterpret_cast<long>(path.data()), path.size() - 1, 0, 0, 0);
-    return size > 0 && isWatched(path.data());
+    Path path{};
+    drillCall(SYS_readlink, reinterpret_cast<long>(link.data()),
+              reinterpret_cast<long>(path.data()), path.size() - 1, 0, 0, 0);
+    return path;
 }
 
-bool concerns(const FileCall &call, const Arguments &given)
+/// The path that an argument is; below an open folder that of the folder.
+Path pathOf(const FileCall &call, const Arguments &given, std::size_t argument)
 {
+    const char *name = reinterpret_cast<const char *>(given[argument]);
+    const long folder = given[argument - static_cast<std::size_t>(call.path)];
+    if (call.path == 1 && *name != '/' && folder != AT_FDCWD)
+        return pathOf(folder);
+    Path path{};
+    std::strncpy(path.data(), name, path.size() - 1);
+    return path;
+}
+
+bool writes(const FileCall &call, const Arguments &given)
+{
+    const long flags = call.path == descriptor ? drillCall(SYS_fcntl, given[0], F_GETFL, 0, 0, 0, 0)
+                       : isOpening(call)       ? given[static_cast<std::size_t>(call.path) + 1]
+                                               : O_RDWR;
+    return (flags & O_ACCMODE) != O_RDONLY;
+}
+
+MadeCall made(const FileCall &call, const Arguments &given)
+{
+    MadeCall one = {call.number, writes(call, given), {}, {}};
     if (call.path == descriptor)
-        return given[0] >= 0 && isWatched(given[0]);
-    const char *path = reinterpret_cast<const char *>(given[static_cast<std::size_t>(call.path)]);
-    const bool isRelative = call.path == 1 && *path != '/' && given[0] != AT_FDCWD;
-    return isRelative ? isWatched(given[0]) : isWatched(path);
+        one.file = pathOf(given[0]);
+    else
+        one.file = pathOf(call, given, static_cast<std::size_t>(call.path));
+    if (std::strncmp(call.name, "rename", 6) == 0)
+        one.to = pathOf(call, given, static_cast<std::size_t>(2 * call.path + 1));
+    return one;
+}
+
+bool concerns(const MadeCall &call)
+{
+    return std::strncmp(call.file.data(), watched.data(), std::strlen(watched.data())) == 0;
 }
 
 bool takesRoom(const FileCall &call, const Arguments &given)
 {
-    const bool isOpening = call.number == SYS_open || call.number == SYS_openat;
-    const long flags = isOpening ? given[static_cast<std::size_t>(call.path) + 1] : 0;
+    const long flags = isOpening(call) ? given[static_cast<std::size_t>(call.path) + 1] : 0;
     return (call.can & takeRoom) != 0 || (flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE;
 }
 
@@ -173,8 +202,13 @@ long answer(long number, const Arguments &given)
 {
     const auto *call = std::find_if(std::begin(fileCalls), std::end(fileCalls),
                                     [number](const FileCall &one) { return one.number == number; });
-    if (!isArmed || call == std::end(fileCalls) || !concerns(*call, given))
+    if (!isArmed || call == std::end(fileCalls))
         return passOn(number, given);
+    const MadeCall one = made(*call, given);
+    if (!concerns(one))
+        return passOn(number, given);
+    const std::size_t place = record->madeCount++;
+    record->made.at(place) = one;
     for (std::size_t i = 0; i < callFaults.size(); ++i) {
         if (!canHappen(callFaults[i], *call, given))
             continue;
@@ -182,7 +216,7 @@ long answer(long number, const Arguments &given)
         if (i != record->fault || record->turn == 0 || turn < record->turn)
             continue;
         if (turn == record->turn)
-            record->struck = number;
+            record->struck = static_cast<long>(place);
         else if (callFaults[i] != "full" && callFaults[i] != "gone")
             continue;
         return strike(callFaults[i], *call, given, turn == record->turn);

@@ -20,13 +20,24 @@ constexpr std::array<std::string_view, 9> callFaults = {
     "kill-behind", ///< and behind it
 };
 
+/// A call that was looked at.
+struct MadeCall
+{
+    long number = -1;
+    bool writes = false;          ///< false: on a file that is open for reading only
+    std::array<char, 256> file{}; ///< its path
+    std::array<char, 256> to{};   ///< of a rename: the new one
+};
+
 /// What is to strike, and what became of it. In memory that a child shares with its parent.
 struct CallRecord
 {
     std::size_t fault = 0; ///< of `callFaults`
     int turn = 0;          ///< the how manieth of its calls; 0: none
     std::array<std::atomic<int>, callFaults.size()> calls{}; ///< counted, of each fault
-    std::atomic<long> struck = -1;                           ///< number of the call; -1: none yet
+    std::array<MadeCall, 2048> made{};                       ///< in their order
+    std::atomic<std::size_t> madeCount = 0;
+    std::atomic<long> struck = -1; ///< which of them; -1: none yet
 };
 
 /// From now on the calls of this process on files below @p folder are counted in @p record, and

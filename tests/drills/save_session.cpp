@@ -2,7 +2,8 @@
 // system call fails or kills it, and that tells what it told its user.
 //   veskora_save_session FOLDER    the model is FOLDER/model.vsk
 // Orders on standard input: KIND FAULT TURN TARGET, TURN 0 for no fault; "kinds" lists the kinds.
-// Answers: a line of JSON from the child where it lives, and one about it.
+// Answers: a line of JSON from the child where it lives, and one about it. Whatever takes more than
+// a minute ends.
 
 #include "Anafora.h"
 #include "Application.h"
@@ -69,6 +70,8 @@ public:
     QJsonArray said; ///< the log
 };
 
+constexpr unsigned limit = 60; // seconds
+
 class Session
 {
 public:
@@ -77,7 +80,8 @@ public:
     {
         window_.trigger("mnuEPILISIitem");
         Anafora = reportOf([](const ReportSection &) { return true; });
-        Komboi(2, node::Fx) += 1;
+        for (int group = 1; group <= 2; ++group)
+            Omades(group, group::E) = 2; // shorter text, so that all behind it stands elsewhere
         record_ = new (::mmap(nullptr, sizeof(CallRecord), PROT_READ | PROT_WRITE,
                               MAP_SHARED | MAP_ANONYMOUS, -1, 0)) CallRecord;
         (void)desktop.writeSettings();
@@ -98,6 +102,7 @@ public:
                 std::cout << std::endl;
                 continue;
             }
+            ::alarm(2 * limit); // the child ends first
             new (record_) CallRecord;
             record_->fault = static_cast<std::size_t>(
                 std::ranges::find(callFaults, std::string_view(fault)) - callFaults.begin());
@@ -113,13 +118,17 @@ public:
 private:
     [[noreturn]] void save(const std::string &kind)
     {
+        ::alarm(limit);
         const auto &run = saves_.at(kind);
         strikeCalls(folder_.toStdString(), *record_);
         if (kind == "journal")
             Komboi(2, node::Fx) += 1;
         if (kind == "recovery")
             Onoma_Arxeiou = (folder_ + "/gone/model.vsk").toStdString(); // nor can it be saved
+        if (kind == "model-link")
+            Onoma_Arxeiou = (folder_ + "/link.vsk").toStdString();
         const std::string before = modelText();
+        const QJsonArray stateBefore = state();
         armCalls(true);
         run();
         armCalls(false);
@@ -127,9 +136,18 @@ private:
                                     {"said", desktop_.said},
                                     {"model", QString::fromStdString(before)},
                                     {"kept", modelText() == before},
-                                    {"saved", isModelFile(Onoma_Arxeiou)}};
+                                    {"before", stateBefore},
+                                    {"after", state()},
+                                    {"saved", Idio_Me_To_Arxeio()}};
         std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
         std::exit(0);
+    }
+
+    /// What the program takes for the model's file.
+    QJsonArray state()
+    {
+        return {QString::fromStdString(Onoma_Arxeiou), window_.window().windowTitle(),
+                knownFileSum ? QString::number(*knownFileSum) : QString()};
     }
 
     void tell(pid_t child)
@@ -139,8 +157,16 @@ private:
         QJsonObject calls;
         for (std::size_t i = 0; i < callFaults.size(); ++i)
             calls[QString::fromUtf8(callFaults[i])] = record_->calls[i].load();
-        const QJsonObject answer = {
-            {"status", status}, {"struck", callName(record_->struck)}, {"calls", calls}};
+        QJsonArray made;
+        for (std::size_t i = 0; i < record_->madeCount; ++i) {
+            const MadeCall &call = record_->made.at(i);
+            made.append(
+                QJsonArray{callName(call.number), call.file.data(), call.to.data(), call.writes});
+        }
+        const QJsonObject answer = {{"status", status},
+                                    {"struck", static_cast<int>(record_->struck)},
+                                    {"made", made},
+                                    {"calls", calls}};
         std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
     }
 
@@ -172,6 +198,7 @@ private:
     const std::map<std::string, std::function<void()>> saves_ = {
         {"model", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
         {"model-in-place", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
+        {"model-link", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
         {"model-as", [this] { window_.trigger("mnuAPOTHIKEFSIOSitem"); }},
         {"recovery", [this] { window_.trigger("mnuNEOitem"); }},
         {"journal", [this] { lookAtJournal(); }},
@@ -236,6 +263,7 @@ int main(int argc, char **argv)
 {
     const veskora::Application application(argc, argv);
     const QString folder = QApplication::arguments().value(1);
+    ::alarm(veskora::limit);
     veskora::resetStore();
     veskora::ToldDesktop desktop(folder, 1);
     veskora::setDesktop(&desktop);
