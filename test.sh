@@ -9,7 +9,7 @@ scripts/format.sh --check
 echo "== Tests, optimised"
 cmake --preset release -DVESKORA_TESTS=ON >/dev/null
 cmake --build --preset release
-scripts/drills/kills 8 & # it sleeps most of its time
+scripts/drills/kills 16 & # it sleeps most of its time
 drill=$!
 ctest --preset release -j "$(nproc)"
 
@@ -30,7 +30,7 @@ wait $drill
 
 echo "== Several copies side by side, and a long day"
 scripts/drills/copies 30
-scripts/drills/long-use 240
+scripts/drills/long-use 480
 
 echo "== Tests, under the address and undefined-behaviour sanitizers"
 cmake --preset sanitize >/dev/null

@@ -2,6 +2,7 @@
 import os
 import pathlib
 import sys
+import threading
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 
@@ -30,3 +31,13 @@ def environment(folder, **more):
     """Of a process with no display, and with settings, data and scratch files in that folder."""
     return dict(os.environ, QT_QPA_PLATFORM="offscreen", XDG_CONFIG_HOME=f"{folder}/config",
                 XDG_DATA_HOME=f"{folder}/data", TMPDIR=str(folder), PATH="", **more)
+
+
+def read_line(process, seconds):
+    """The next line that it prints, or nothing when it has ended; it is killed when none comes so long."""
+    limit = threading.Timer(seconds, process.kill)
+    limit.start()
+    try:
+        return process.stdout.readline()
+    finally:
+        limit.cancel()

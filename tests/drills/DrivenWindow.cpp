@@ -1,9 +1,11 @@
 #include "DrivenWindow.h"
 
+#include "JournalKeeper.h"
 #include "Metablites.h"
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QTimer>
 
 namespace veskora {
 
@@ -51,6 +53,14 @@ void DrivenWindow::mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton b
     QMouseEvent event(type, at, canvas().mapToGlobal(at), button, isRelease ? Qt::NoButton : button,
                       Qt::NoModifier);
     QCoreApplication::sendEvent(&canvas(), &event);
+}
+
+void DrivenWindow::keepJournal()
+{
+    for (int i = 0; i < 4; ++i) { // changed, at rest, written, on its way to the disk
+        QMetaObject::invokeMethod(find<QTimer>("JournalTimer"), "timeout");
+        find<JournalKeeper>()->waitForWriting();
+    }
 }
 
 void DrivenWindow::provideGroup()

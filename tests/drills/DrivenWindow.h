@@ -28,6 +28,8 @@ public:
     std::string askText(const std::string &) override { return {}; }
     std::optional<std::string> askOpenFile(const FileQuestion &) override { return file_; }
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return file_; }
+    /// That of the program: help, packs and examples are there.
+    std::string programFolder() override { return QtDesktop::programFolder() + "/../bin"; }
 
     /// A whole number from 0 to @p limit - 1.
     unsigned below(std::size_t limit) { return static_cast<unsigned>(chance_() % limit); }
@@ -61,6 +63,8 @@ public:
     /// A place on the canvas, by chance.
     QPointF anywhere();
     void mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button = Qt::LeftButton);
+    /// Seconds of the journal's time, enough for a change to be on the disk.
+    void keepJournal();
     /// The first group, without which drawing would ask for one.
     static void provideGroup();
 

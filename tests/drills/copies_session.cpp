@@ -6,7 +6,6 @@
 #include "Application.h"
 #include "DrivenWindow.h"
 #include "FileSystem.h"
-#include "JournalKeeper.h"
 #include "Metablites.h"
 #include "ModelText.h"
 #include "RecentFiles.h"
@@ -18,7 +17,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSocketNotifier>
-#include <QTimer>
 
 #include <functional>
 #include <iostream>
@@ -53,7 +51,6 @@ public:
         ++asked;
         return replaces ? UnattendedDesktop::askSaveFile(question) : std::nullopt;
     }
-    std::string programFolder() override { return UnattendedDesktop::programFolder() + "/../bin"; }
 
     int asked = 0;
     bool saves = false;    ///< before the model is left
@@ -106,16 +103,6 @@ private:
     {
         DrivenWindow::provideGroup();
         words >> Omades(1, group::E);
-        return {};
-    }
-
-    /// Three seconds of the journal's time.
-    std::string keepJournal()
-    {
-        for (int i = 0; i < 3; ++i) {
-            QMetaObject::invokeMethod(window_.find<QTimer>("JournalTimer"), "timeout");
-            window_.find<JournalKeeper>()->waitForWriting();
-        }
         return {};
     }
 
@@ -185,7 +172,11 @@ private:
              window_.trigger("mnuANAGNOSIitem");
              return Onoma_Arxeiou;
          }},
-        {"journal", [this](std::istream &) { return keepJournal(); }},
+        {"journal",
+         [this](std::istream &) {
+             window_.keepJournal();
+             return std::string();
+         }},
         {"recent", [](std::istream &) { return recent(); }},
         {"help", [this](std::istream &) { return searchHelp(); }},
     };

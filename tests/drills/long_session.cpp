@@ -1,8 +1,9 @@
 // A long day at the window: analyses, pictures, windows opened and closed, edits taken back, files.
 //   veskora_long_session FOLDER ROUNDS SAMPLES SEED    the model is FOLDER/model.vsk
-// Prints so many lines of what the process holds, each when every window was closed equally often:
-// rounds, bytes in use of the heap, KiB resident, files, threads, widgets, objects, lines of the
-// log.
+// Prints so many lines, each when every window was closed equally often. What the process holds:
+// rounds, bytes in use of the heap without the log, KiB resident, files, threads, widgets, objects,
+// lines of the log since the last line, bytes of these. What was done: analyses with results,
+// rounds that are to open a window, rounds that did.
 
 #include "Application.h"
 #include "DrivenWindow.h"
@@ -20,6 +21,7 @@
 #include <iostream>
 #include <iterator>
 #include <malloc.h>
+#include <utility>
 
 namespace veskora {
 namespace {
@@ -35,30 +37,20 @@ public:
                : buttons == Buttons::yesNoCancel ? Answer::no
                                                  : Answer::yes;
     }
-    std::string programFolder() override { return UnattendedDesktop::programFolder() + "/../bin"; }
 };
 
-/// Windows and dialogs, and what is written into a file: one of them in each round.
-constexpr const char *opened[] = {
-    "mnuOMADESitem",
-    "mnuKOMBOIitem",
-    "mnuSTOIXEIAitem",
-    "mnuSIGKENTROMENAitem",
-    "mnuOMOIOMORFAitem",
-    "mnuMETAKINISIKOMBONitem",
-    "mnuSIGXONEFSIitem",
-    "mnuDIAIRESIitem",
-    "mnuKYKLIKOitem",
+/// What opens a window or a dialog, and what does not: one of them in each round.
+constexpr const char *opening[] = {
+    "mnuOMADESitem",           "mnuKOMBOIitem",       "mnuSTOIXEIAitem",
+    "mnuSIGKENTROMENAitem",    "mnuOMOIOMORFAitem",   "mnuMETAKINISIKOMBONitem",
+    "mnuSIGXONEFSIitem",       "mnuDIAIRESIitem",     "mnuKYKLIKOitem",
+    "mnuRITHMISEISitem",       "Apotelesmata",        "mnuELEGXOS_ANALYSIS_item",
+    "mnuTIMES_STOIXEIOU_item", "mnuCALCULATION_item", "mnuVIMATA_ANALYSIS_item",
+    "mnuCONTENTSitem",         "mnuPERIitem",
+};
+constexpr const char *others[] = {
     "mnuSIMP_KOMBitem",
     "mnuSIMP_STOIXitem",
-    "mnuRITHMISEISitem",
-    "Apotelesmata",
-    "mnuELEGXOS_ANALYSIS_item",
-    "mnuTIMES_STOIXEIOU_item",
-    "mnuCALCULATION_item",
-    "mnuVIMATA_ANALYSIS_item",
-    "mnuCONTENTSitem",
-    "mnuPERIitem",
     "mnuEIKONA_SVG_PDF_item",
     "mnuEIKONA_arxeio_bmp_item",
     "mnuEIKONA_Clipboard_item",
@@ -66,8 +58,8 @@ constexpr const char *opened[] = {
     "mnuNEOitem",
 };
 
-/// In each round, before that.
-constexpr const char *pictures[] = {"Epilisi", "M", "Q", "N", "Deform", "ZoomBestFit", "Foreas"};
+/// In each round, between the analysis and that.
+constexpr const char *pictures[] = {"M", "Q", "N", "Deform", "ZoomBestFit", "Foreas"};
 
 class Session : public QObject
 {
@@ -87,8 +79,8 @@ private:
         if (isBusy_)
             return; // a dialog has a loop of its own
         isBusy_ = true;
-        if (done_ > 0)
-            closeWindows();
+        closeWindows();
+        opened_ += std::exchange(hasOpened_, false);
         const int perSample = std::max(1, rounds_ / samples_ / cycle) * cycle;
         if (done_ > 0 && done_ % perSample == 0)
             tell();
@@ -97,10 +89,20 @@ private:
         if (Arithmos_Stoixeion == 0)
             window_.trigger("mnuANAGNOSIitem");
         edit();
+        analyse();
         for (const char *action : pictures)
             window_.trigger(action);
-        window_.trigger(opened[done_++ % cycle]);
+        const int turn = done_++ % cycle;
+        due_ += turn < opens;
+        window_.trigger(turn < opens ? opening[turn] : others[turn - opens]);
         isBusy_ = false;
+    }
+
+    void analyse()
+    {
+        hasResults = false; // those of the round before
+        window_.trigger("Epilisi");
+        analysed_ += hasResults;
     }
 
     /// An element drawn, taken back, and drawn again; then none is left of it.
@@ -114,26 +116,42 @@ private:
             window_.trigger(action);
     }
 
-    static void closeDialog()
+    void closeDialog()
     {
         if (QWidget *dialog = QApplication::activeModalWidget())
-            dialog->close();
+            close(*dialog);
     }
 
-    static void closeWindows()
+    void closeWindows()
     {
         for (QWidget *window : QApplication::topLevelWidgets())
             if (window->isVisible() && window->windowType() != Qt::ToolTip
                 && qobject_cast<frmMain *>(window) == nullptr)
-                window->close();
+                close(*window);
     }
 
+    void close(QWidget &window)
+    {
+        hasOpened_ = true;
+        window.close();
+    }
+
+    static std::size_t heapInUse()
+    {
+        const struct mallinfo2 heap = mallinfo2();
+        return heap.uordblks + heap.hblkhd;
+    }
+
+    /// The log has no limit: what it has taken since it was told last is told by itself, and freed.
     void tell()
     {
         window_.find<JournalKeeper>()->waitForWriting();
-        // The log has no limit, and the toolkit's cache of pixmaps one that takes long to reach.
-        window_.find<QTextEdit>("RichTextBox1")->clear();
-        QPixmapCache::clear();
+        QPixmapCache::clear(); // its limit takes long to reach
+        auto &log = *window_.find<QTextEdit>("RichTextBox1");
+        const int lines = log.document()->blockCount();
+        const std::size_t withLog = heapInUse();
+        log.clear();
+        const std::size_t heap = heapInUse();
         const auto entries = [](const char *folder) {
             return QDir(folder)
                 .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
@@ -146,19 +164,22 @@ private:
         qsizetype objects = 0;
         for (const QWidget *window : QApplication::topLevelWidgets())
             objects += window->findChildren<QObject *>().size();
-        const struct mallinfo2 heap = mallinfo2();
-        std::cout << done_ << ' ' << heap.uordblks + heap.hblkhd << ' '
-                  << resident.left(resident.indexOf(' ')).constData() << ' '
-                  << entries("/proc/self/fd") << ' ' << entries("/proc/self/task") << ' '
-                  << QApplication::allWidgets().size() << ' ' << objects << ' '
-                  << window_.find<QTextEdit>("RichTextBox1")->document()->blockCount() << std::endl;
+        std::cout << done_ << ' ' << heap << ' ' << resident.left(resident.indexOf(' ')).constData()
+                  << ' ' << entries("/proc/self/fd") << ' ' << entries("/proc/self/task") << ' '
+                  << QApplication::allWidgets().size() << ' ' << objects << ' ' << lines << ' '
+                  << withLog - heap << ' ' << analysed_ << ' ' << due_ << ' ' << opened_
+                  << std::endl;
     }
 
-    static constexpr int cycle = std::size(opened);
+    static constexpr int opens = std::size(opening), cycle = opens + std::size(others);
 
     DrivenWindow &window_;
     const int rounds_, samples_;
     int done_ = 0;
+    int analysed_ = 0;       ///< analyses that gave results
+    int due_ = 0;            ///< rounds that are to open something
+    int opened_ = 0;         ///< rounds that did
+    bool hasOpened_ = false; ///< in this round
     bool isBusy_ = false;
     QTimer closer_, worker_;
 };
