@@ -12,6 +12,7 @@
 #include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QStandardPaths>
 
@@ -152,10 +153,26 @@ QWidget *QtDesktop::parent() const
     return main != nullptr && main->isVisible() ? main : nullptr;
 }
 
+namespace {
+
+/// What has opened a box may go while it is on the screen, and takes it along.
+struct OwnedBox
+{
+    explicit OwnedBox(QWidget *owner) : box(new QMessageBox(owner)) {}
+    ~OwnedBox() { delete box; }
+    OwnedBox(const OwnedBox &) = delete;
+    OwnedBox &operator=(const OwnedBox &) = delete;
+
+    QPointer<QMessageBox> box;
+};
+
+} // namespace
+
 Answer QtDesktop::message(const std::string &text, Icon icon, Buttons buttons)
 {
     const Asking asking;
-    QMessageBox box(parent());
+    const OwnedBox owned(parent());
+    QMessageBox &box = *owned.box;
     box.setWindowTitle(applicationName());
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(text));
@@ -195,7 +212,8 @@ std::size_t QtDesktop::choose(const std::string &text, const std::vector<std::st
                               std::size_t escape)
 {
     const Asking asking;
-    QMessageBox box(parent());
+    const OwnedBox owned(parent());
+    QMessageBox &box = *owned.box;
     box.setWindowTitle(applicationName());
     box.setTextFormat(Qt::PlainText);
     box.setText(qtText(text));
@@ -210,7 +228,7 @@ std::size_t QtDesktop::choose(const std::string &text, const std::vector<std::st
     box.setEscapeButton(buttons[static_cast<qsizetype>(escape)]);
     assignDialogMnemonics(&box);
     box.exec();
-    const qsizetype pressed = buttons.indexOf(box.clickedButton());
+    const qsizetype pressed = owned.box ? buttons.indexOf(box.clickedButton()) : -1;
     return pressed < 0 ? escape : static_cast<std::size_t>(pressed);
 }
 

@@ -42,6 +42,8 @@ int ResultGrid::columnCount(const QModelIndex &parent) const
 
 QVariant ResultGrid::data(const QModelIndex &index, int role) const
 {
+    if (!index.isValid()) // the view copies its current cell, which may be none
+        return {};
     const TextRow &row = cells_.at(static_cast<std::size_t>(index.row()));
     const auto column = static_cast<std::size_t>(index.column());
     const bool isFilled = column < row.cells.size();

@@ -358,6 +358,8 @@ TEST_F(Results, SelectedCellsAreCopiedAsText)
             QItemSelection(cells.index(top, left), cells.index(bottom, right)),
             QItemSelectionModel::Select);
     };
+    grid->setCurrentIndex({});
+    EXPECT_NO_THROW(copied());
     select(1, 1, 2, 3);
     EXPECT_EQ(copied(), "1.1\t1.2\t1.3\n2.5\t21\t");
     grid->setNotice("Beware.");
