@@ -39,8 +39,7 @@ inline void requireSound()
         require(isCode(Stoixeia(e, element::hingeI)) && isCode(Stoixeia(e, element::hingeJ)),
                 "hinge");
     }
-    require(std::isfinite(Klimaka) && Klimaka > 0 && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y),
-            "view");
+    require(std::isfinite(Klimaka) && std::isfinite(Arxi_X) && std::isfinite(Arxi_Y), "view");
 }
 
 } // namespace veskora
