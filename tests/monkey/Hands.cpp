@@ -60,7 +60,7 @@ private:
     Qt::MouseButtons held_ = Qt::NoButton;
 };
 
-void useMouse(QWidget *target, const Line &line)
+void useMouse(QWidget *target, const Line &line, Watch &watch)
 {
     Finger finger(target, line);
     const QString verb = line.verb();
@@ -75,6 +75,7 @@ void useMouse(QWidget *target, const Line &line)
         finger.click();
     } else if (verb == "twice") {
         finger.click();
+        watch.see(); // each click of a button does what it does
         finger.send(QEvent::MouseButtonDblClick);
         finger.send(QEvent::MouseButtonRelease);
     } else if (verb == "drag") {
@@ -103,14 +104,16 @@ QWidget *keyTarget()
     return window != nullptr && window->focusWidget() != nullptr ? window->focusWidget() : window;
 }
 
-void press(const QKeySequence &keys)
+bool press(const QKeySequence &keys)
 {
     const Qt::Key key = keys[0].key();
     const Qt::KeyboardModifiers modifiers = keys[0].keyboardModifiers();
     const bool isLetter = key < Qt::Key_Escape && (modifiers & ~Qt::ShiftModifier) == 0;
-    if (QWidget *target = keyTarget())
+    QWidget *target = keyTarget();
+    if (target != nullptr)
         QTest::sendKeyEvent(QTest::Click, target, key, isLetter ? QString(QChar(key)) : QString(),
                             modifiers);
+    return target != nullptr;
 }
 
 void type(QLineEdit *field, const QString &text)
@@ -138,26 +141,27 @@ QTimer *timerCalled(const QString &name)
 
 } // namespace
 
-Hands::Hands(DrivenWindow &window, const QString &folder) : window_(window), folder_(folder)
+Hands::Hands(DrivenWindow &window, Watch &watch, const QString &folder)
+    : window_(window), watch_(watch), folder_(folder)
 {
     qApp->installEventFilter(this);
 }
 
-void Hands::perform(const Line &line)
+bool Hands::perform(const Line &line)
 {
     const QString verb = line.verb();
     QWidget *target = line.at(1).isEmpty() ? nullptr : widgetAt(line.at(1));
     if (target != nullptr && !windowsAtHand().contains(target->window()))
-        return; // out of reach
+        return false; // out of reach
     if (target != nullptr && !target->window()->isActiveWindow())
         target->window()->activateWindow();
     if (verb == "menu")
-        chooseInMenu(line.at(1), line.at(2));
-    else if (verb == "pick")
-        pick(qobject_cast<QMenu *>(QApplication::activePopupWidget()), line.at(1));
-    else if (verb == "key")
-        press(QKeySequence(line.at(1)));
-    else if (auto *field = qobject_cast<QLineEdit *>(target); verb == "type" && field != nullptr)
+        return chooseInMenu(line.at(1), line.at(2));
+    if (verb == "pick")
+        return pick(qobject_cast<QMenu *>(QApplication::activePopupWidget()), line.at(1));
+    if (verb == "key")
+        return press(QKeySequence(line.at(1)));
+    if (auto *field = qobject_cast<QLineEdit *>(target); verb == "type" && field != nullptr)
         type(field, line.at(2));
     else if (verb == "close" && target != nullptr)
         target->close();
@@ -170,28 +174,33 @@ void Hands::perform(const Line &line)
         QTimerEvent end(timer->timerId());
         QApplication::sendEvent(timer, &end);
     } else if (target != nullptr)
-        useMouse(target, line);
+        useMouse(target, line, watch_);
+    else
+        return false;
+    return true;
 }
 
-void Hands::chooseInMenu(const QString &name, const QString &action)
+bool Hands::chooseInMenu(const QString &name, const QString &action)
 {
     auto *menu = window_.window().findChild<QMenu *>(name);
     if (menu == nullptr || !windowsAtHand().contains(&window_.window()))
-        return;
+        return false;
     menu->popup(window_.window().mapToGlobal(QPoint(20, 20)));
-    pick(menu, action);
+    return pick(menu, action);
 }
 
-void Hands::pick(QMenu *menu, const QString &action)
+bool Hands::pick(QMenu *menu, const QString &action)
 {
     if (menu == nullptr)
-        return;
+        return false;
     for (QAction *entry : menu->actions())
         if (entry->objectName() == action && entry->isVisible() && !entry->isSeparator()) {
             menu->setActiveAction(entry);
-            return QTest::keyClick(menu, Qt::Key_Return);
+            QTest::keyClick(menu, Qt::Key_Return);
+            return true;
         }
     menu->close();
+    return false;
 }
 
 void Hands::drop(const QStringList &files)

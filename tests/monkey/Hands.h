@@ -3,8 +3,8 @@
 /// Does what a line says, by the events that a user's hands bring about. What the line names may
 /// have gone; then nothing happens.
 
-#include "DrivenWindow.h"
 #include "Line.h"
+#include "Watch.h"
 
 QT_BEGIN_NAMESPACE
 class QMenu;
@@ -15,20 +15,22 @@ namespace veskora {
 class Hands : public QObject
 {
 public:
-    Hands(DrivenWindow &window, const QString &folder);
+    Hands(DrivenWindow &window, Watch &watch, const QString &folder);
 
-    void perform(const Line &line);
+    /// @return whether what the line names was there
+    bool perform(const Line &line);
 
     /// Timers that run and wait for a line; time stands still else, so that a script has it.
     static QStringList timers();
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void chooseInMenu(const QString &menu, const QString &action);
-    static void pick(QMenu *menu, const QString &action);
+    bool chooseInMenu(const QString &menu, const QString &action);
+    static bool pick(QMenu *menu, const QString &action);
     void drop(const QStringList &files);
 
     DrivenWindow &window_;
+    Watch &watch_;
     const QString folder_;
     bool lets_ = false; ///< a timer's end through
 };

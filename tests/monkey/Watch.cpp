@@ -1,6 +1,7 @@
 #include "Watch.h"
 
 #include "Files.h"
+#include "FileSystem.h"
 #include "Functions.h"
 #include "History.h"
 #include "ModelDialog.h"
@@ -10,14 +11,22 @@
 
 #include <QApplication>
 
-#include <fstream>
-#include <sstream>
-
 namespace veskora {
 
 namespace {
 
-std::size_t sumOfTables()
+/// One action of the user's, and none of undo's; a key may be that. Two clicks of a button are two.
+bool isAction(const Line &line)
+{
+    static const QStringList verbs = {"menu", "pick", "click", "drag"};
+    static const QStringList ways = {"mnuUNDOitem", "mnuREDOitem"};
+    const bool isOne = line.verb() == "twice" ? line.isGesture() : verbs.contains(line.verb());
+    return isOne && !ways.contains(line.fields.back());
+}
+
+} // namespace
+
+std::size_t Watch::sumOfTables()
 {
     std::size_t sum = 0;
     const auto add = [&sum](const auto &table) {
@@ -27,23 +36,6 @@ std::size_t sumOfTables()
     std::apply([&add](const auto &...table) { (add(table), ...); }, modelTables());
     return sum;
 }
-
-std::string contentOf(const std::string &path)
-{
-    std::ostringstream content;
-    content << std::ifstream(path, std::ios::binary).rdbuf();
-    return content.str();
-}
-
-/// One action of the user's, and none of undo's; a key may be that.
-bool isAction(const Line &line)
-{
-    static const QStringList verbs = {"menu", "pick", "click", "twice", "drag"};
-    static const QStringList ways = {"mnuUNDOitem", "mnuREDOitem"};
-    return verbs.contains(line.verb()) && !ways.contains(line.fields.back());
-}
-
-} // namespace
 
 void Watch::begin(const Line &line)
 {
@@ -70,6 +62,7 @@ void Watch::end(const Line &line)
         analysed_ = after_;
     if (!window_.window().isVisible()) // it has not started yet
         return;
+    require(Klimaka > 0, "the window has a view, whatever the file had");
     const std::string name = Onoma_Arxeiou.empty() ? "Untitled.vsk" : Onoma_Arxeiou;
     require(window_.window().windowTitle().contains(qtText(name).replace("[*]", "[*][*]")),
             "the title has the name of the model");
@@ -93,47 +86,50 @@ std::size_t Watch::go(const char *action)
     return now;
 }
 
-void Watch::undo()
+bool Watch::undo()
 {
     if (!isModelAtHand())
-        return;
+        return false;
     const std::size_t now = sumOfTables();
     const bool wasWhole = isWhole_ && before_ != now && after_ == now;
     const std::size_t found = go("mnuUNDOitem");
     require(!wasWhole || found == before_, "undo takes the last action back");
     isWhole_ = false;
-    if (found == now)
-        return;
-    require(go("mnuREDOitem") == now, "redo finds what was undone");
-    go("mnuUNDOitem");
+    if (found != now) {
+        require(go("mnuREDOitem") == now, "redo finds what was undone");
+        go("mnuUNDOitem");
+    }
+    return found != now;
 }
 
-void Watch::redo()
+bool Watch::redo()
 {
     if (!isModelAtHand())
-        return;
+        return false;
     const std::size_t now = sumOfTables();
     const std::size_t found = go("mnuREDOitem");
     isWhole_ = false;
-    if (found != now)
-        require(seen_.contains(found), "redo finds what was there");
+    require(found == now || seen_.contains(found), "redo finds what was there");
+    return found != now;
 }
 
-void Watch::walk()
+bool Watch::walk()
 {
     if (!isModelAtHand())
-        return;
+        return false;
     const bool wasChanged = Allagi_Montelou;
     std::vector<std::size_t> sums = {sumOfTables()};
     for (std::size_t sum = go("mnuUNDOitem"); sum != sums.back(); sum = go("mnuUNDOitem")) {
         require(seen_.contains(sum), "undo finds what was there");
         sums.push_back(sum);
     }
+    const bool isLong = sums.size() > 1;
     while (sums.size() > 1) {
         sums.pop_back();
         require(go("mnuREDOitem") == sums.back(), "redo finds each step");
     }
     require(Allagi_Montelou == wasChanged, "results are as current as they were");
+    return isLong;
 }
 
 void Watch::requireRoundTrip(const std::string &folder)
@@ -141,11 +137,11 @@ void Watch::requireRoundTrip(const std::string &folder)
     std::string first = folder + "/end.vsk", second = folder + "/end2.vsk";
     const std::string text = modelText();
     require(Apothikefsi_Arxeiou(first, true), "the model can be written");
-    require(contentOf(first) == text, "the file holds the model");
+    require(wholeFile(first) == text, "the file holds the model");
     require(Anagnosi_Arxeiou(first), "the file can be read");
     requireSound();
     require(Apothikefsi_Arxeiou(second, true), "the model can be written again");
-    require(contentOf(second) == text, "what was read is written the same");
+    require(wholeFile(second) == text, "what was read is written the same");
 }
 
 } // namespace veskora

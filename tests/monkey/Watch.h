@@ -18,22 +18,26 @@ public:
     /// Around what a line does; lines that a box or a dialog waits for stand within another.
     void begin(const Line &line);
     void end(const Line &line);
+    /// Amid a line that may do several things: the tables as they are by now.
+    void see() { seen_.insert(sumOfTables()); }
 
     /// One step back, which must lead where the line before found the model, and forth again.
-    void undo();
-    void redo();
+    /// @return whether it led anywhere, as of the next two
+    bool undo();
+    bool redo();
     /// All steps back and forth again: each was seen before, and is found again on the way forth.
-    void walk();
+    bool walk();
 
     /// What is written is read back as it was. The folder's files "end.vsk" and "end2.vsk".
     static void requireRoundTrip(const std::string &folder);
 
 private:
+    static std::size_t sumOfTables();
     bool isModelAtHand() const;
     std::size_t go(const char *action);
 
     DrivenWindow &window_;
-    std::unordered_set<std::size_t> seen_; ///< sums of the tables after each line
+    std::unordered_set<std::size_t> seen_; ///< sums of the tables, before each line and behind it
     std::size_t before_ = 0;               ///< that of the tables before the last line
     std::size_t after_ = 0;                ///< and behind it
     int model_ = 0;                        ///< `modelsBegun` then

@@ -22,6 +22,7 @@
 #include <clocale>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <unistd.h>
 
@@ -72,12 +73,15 @@ public:
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return file(); }
     std::string programFolder() override { return folder_ + "/program"; }
 
+    /// What is done before each answer.
+    void setBeforeAnswer(std::function<void()> look) { beforeAnswer_ = std::move(look); }
     /// From now on every question goes without an answer.
     void leave() { leaves_ = true; }
 
 private:
     QString answer(const QStringList &words)
     {
+        beforeAnswer_();
         if (script_.isReplay())
             return script_.nextAnswer().value_or(QString());
         if (leaves_)
@@ -95,6 +99,7 @@ private:
 
     Script &script_;
     const std::string folder_;
+    std::function<void()> beforeAnswer_ = [] {};
     bool leaves_ = false;
 };
 
@@ -105,16 +110,22 @@ public:
             int actions)
         : script_(script),
           desktop_(desktop),
-          hands_(window, folder + "/files"),
-          whim_(window, desktop),
           watch_(window),
+          hands_(window, watch_, folder + "/files"),
+          whim_(window, desktop),
           left_(actions)
     {
+        desktop_.setBeforeAnswer([this] { watch_.see(); });
         next_.setSingleShot(true);
         connect(&next_, &QTimer::timeout, this, &Session::act);
         next_.start(0);
     }
+    ~Session() override
+    {
+        desktop_.setBeforeAnswer([] {});
+    }
     int done() const { return done_; }
+    int effective() const { return effective_; }
     int mostElements() const { return mostElements_; }
 
 private:
@@ -126,18 +137,22 @@ private:
         if (!line)
             return leave();
         ++done_;
-        if (const QString verb = line->verb(); verb == "undo")
-            watch_.undo();
-        else if (verb == "redo")
-            watch_.redo();
-        else if (verb == "walk")
-            watch_.walk();
-        else {
-            watch_.begin(*line);
-            hands_.perform(*line);
-            watch_.end(*line);
-        }
+        effective_ += perform(*line) ? 1 : 0;
         mostElements_ = std::max<int>(mostElements_, Arithmos_Stoixeion);
+    }
+    bool perform(const Line &line)
+    {
+        const QString verb = line.verb();
+        if (verb == "undo")
+            return watch_.undo();
+        if (verb == "redo")
+            return watch_.redo();
+        if (verb == "walk")
+            return watch_.walk();
+        watch_.begin(line);
+        const bool isEffective = hands_.perform(line);
+        watch_.end(line);
+        return isEffective;
     }
     std::optional<Line> nextLine()
     {
@@ -165,12 +180,13 @@ private:
 
     Script &script_;
     MonkeyDesktop &desktop_;
+    Watch watch_;
     Hands hands_;
     Whim whim_;
-    Watch watch_;
     QTimer next_;
     int left_;
     int done_ = 0;
+    int effective_ = 0; ///< of which those that found what they name
     int mostElements_ = 0;
 };
 
@@ -242,8 +258,8 @@ int run(Script script, const QString &folder, unsigned seed, int actions)
     window.start(model);
     QApplication::exec();
     Watch::requireRoundTrip(folder.toStdString());
-    std::cout << session.done() << " actions, at most " << session.mostElements()
-              << " elements, analyses: " << analysesFinished << '\n';
+    std::cout << session.done() << " actions, effective: " << session.effective() << ", at most "
+              << session.mostElements() << " elements, analyses: " << analysesFinished << '\n';
     return EXIT_SUCCESS;
 }
 
