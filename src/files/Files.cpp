@@ -117,13 +117,6 @@ std::string askOpenPath()
         .value_or(std::string());
 }
 
-/// The same of a model to be saved.
-std::string askModelPath()
-{
-    return askSavePath(filterFor(Metafrasi(1771, "Kalvorn Veskora files"), modelExtension),
-                       withoutExtension(Onoma_Arxeiou), modelExtension);
-}
-
 /// The model has its file at @p path now, which this process knows with the sum @p known.
 void nameModel(const std::string &path, std::optional<std::uint64_t> known)
 {
@@ -163,11 +156,23 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
     }
 }
 
+std::string askModelPath()
+{
+    return askSavePath(filterFor(Metafrasi(1771, "Kalvorn Veskora files"), modelExtension),
+                       withoutExtension(Onoma_Arxeiou), modelExtension);
+}
+
 void startEmptyModel()
 {
     Katharismos_Montelou();
     Allagi_Montelou = true;
+    forgetModelName();
+}
+
+void forgetModelName()
+{
     Onoma_Arxeiou.clear();
+    knownFileSum.reset();
     showModelCaption({});
 }
 
@@ -218,8 +223,7 @@ bool openJournal(const std::string &journal, const std::string &model,
     const bool isOutdated = isNewer(model, journal);
     if (!readModel(journal))
         return false;
-    Onoma_Arxeiou.clear();
-    showModelCaption({});
+    forgetModelName();
     if (!model.empty() && !isOutdated)
         nameModel(model, known);
     Allagi_Montelou = true;
@@ -235,10 +239,14 @@ bool openJournal(const std::string &journal, const std::string &model,
 
 std::optional<std::uint64_t> sumOfForeignChange()
 {
-    std::optional<std::uint64_t> sum;
-    if (!Onoma_Arxeiou.empty() && knownFileSum)
-        sum = sumOfFile(Onoma_Arxeiou);
-    return sum == knownFileSum || isModelFile(Onoma_Arxeiou) ? std::nullopt : sum;
+    if (!knownFileSum)
+        return {};
+    if (const auto sum = sumOfFile(Onoma_Arxeiou))
+        return sum == knownFileSum || isModelFile(Onoma_Arxeiou) ? std::nullopt : sum;
+    std::error_code ignored;
+    const auto type = std::filesystem::status(Onoma_Arxeiou, ignored).type();
+    return type == std::filesystem::file_type::not_found ? std::nullopt
+                                                         : std::optional<std::uint64_t>(0);
 }
 
 bool holdsModel(const std::string &path)

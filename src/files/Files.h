@@ -34,6 +34,9 @@ bool openJournal(const std::string &journal, const std::string &model,
 /// Empties the model, which then has no name; view and settings stay.
 void startEmptyModel();
 
+/// The model has no file.
+void forgetModelName();
+
 /// Writes the model to @p path; when it is empty the user is asked, and the name chosen stands in
 /// it once the file is written. The file is replaced as a whole or not at all.
 ///
@@ -46,9 +49,10 @@ bool Apothikefsi_Arxeiou(std::string &path, bool quiet);
 /// Whether @p path holds, byte for byte, what the model would write. Says nothing to the user.
 bool isModelFile(const std::string &path);
 
-/// Sum of what another program has put into the model's file since this one read or wrote it. None
-/// where nothing that is not the model's own would be lost by a save: the file has the same bytes
-/// as then, or those that a save would write, or is gone. Says nothing.
+/// Sum of what another program has put into the model's file since this one read or wrote it, 0
+/// where it cannot be read any more. None where nothing that is not the model's own would be lost
+/// by a save: the file has the same bytes as then, or those that a save would write, or is gone.
+/// Says nothing.
 std::optional<std::uint64_t> sumOfForeignChange();
 
 /// Whether the file @p path begins as a model's does, whatever it is called. Says nothing.
@@ -68,6 +72,9 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
 /// of them, gets that of the filter chosen.
 std::string askSavePath(const std::string &filter, const std::string &proposed,
                         const std::vector<std::string> &extensions);
+
+/// The same of a model to be saved.
+std::string askModelPath();
 
 /// Writes @p content to @p path; a failure is reported.
 /// @return whether it was written

@@ -47,9 +47,11 @@ FileOfJournal fileOf(const std::string &tail)
     FileOfJournal file = {tail.substr(0, tail.find('\0')), std::nullopt};
     const char *const end = tail.data() + tail.size();
     std::uint64_t sum = 0;
-    if (file.path.size() < tail.size()
-        && std::from_chars(tail.data() + file.path.size() + 1, end, sum).ptr == end)
-        file.sum = sum;
+    if (file.path.size() < tail.size()) {
+        const auto read = std::from_chars(tail.data() + file.path.size() + 1, end, sum);
+        if (read.ec == std::errc() && read.ptr == end)
+            file.sum = sum;
+    }
     return file;
 }
 

@@ -23,8 +23,7 @@ std::string wholePath(const std::string &path)
 template <typename Change>
 void edit(Change change)
 {
-    // A folder of its own: that of the settings may be the one of the data, and is locked by them.
-    const Turn turn(desktop().dataFolder() + "/" + section);
+    const Turn turn(desktop().dataFolder() + "/Turns/Recent");
     std::vector<std::string> files = recentFiles();
     change(files);
     for (std::size_t i = 0; i < mostFiles; ++i)

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -13,6 +14,7 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <system_error>
+#include <thread>
 #include <unistd.h>
 #include <utility>
 
@@ -447,39 +449,25 @@ try {
     return std::nullopt;
 }
 
-ReplacementLock::ReplacementLock(const std::string &path)
-    : descriptor_(::open(path.c_str(), O_RDWR | O_NONBLOCK | O_CLOEXEC))
-{
-    struct stat opened = {}, present = {};
-    if (!descriptor_.valid())
-        return;
-    if (::flock(descriptor_.number(), LOCK_EX | LOCK_NB) != 0)
-        isHeld_ = errno != EWOULDBLOCK;
-    // A lock on what was replaced meanwhile keeps nobody off.
-    else if (::fstat(descriptor_.number(), &opened) == 0 && ::stat(path.c_str(), &present) == 0)
-        isHeld_ = opened.st_ino == present.st_ino && opened.st_dev == present.st_dev;
-}
-
-void ReplacementLock::release()
-{
-    (void)::flock(descriptor_.number(), LOCK_UN);
-}
-
 namespace {
 
-int openedFolder(const std::string &folder)
+int openedLock(const std::string &file)
 {
     std::error_code ignored;
-    fs::create_directories(folder, ignored);
-    return ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    fs::create_directories(fs::path(file).parent_path(), ignored);
+    // Some network file systems lock only what may be written.
+    return ::open(file.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0600);
 }
 
 } // namespace
 
-Turn::Turn(const std::string &folder) : descriptor_(openedFolder(folder))
+Turn::Turn(const std::string &file) : descriptor_(openedLock(file))
 {
-    while (::flock(descriptor_.number(), LOCK_EX) != 0 && errno == EINTR) {
-    }
+    using namespace std::chrono_literals;
+    const auto end = std::chrono::steady_clock::now() + 2s;
+    while (::flock(descriptor_.number(), LOCK_EX | LOCK_NB) != 0
+           && (errno == EWOULDBLOCK || errno == EINTR) && std::chrono::steady_clock::now() < end)
+        std::this_thread::sleep_for(5ms);
 }
 
 LockFile::LockFile(std::string path, int flags)

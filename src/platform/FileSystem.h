@@ -85,29 +85,14 @@ std::uint64_t sumOf(std::string_view content);
 /// That of what stands in a regular file; none where it cannot be read.
 std::optional<std::uint64_t> sumOfFile(const std::string &path);
 
-/// While it lives, no other copy of the program that takes one replaces the file @p path.
-class ReplacementLock
-{
-public:
-    explicit ReplacementLock(const std::string &path);
-
-    /// False where another one is replacing the file, or has just done so. What cannot be locked,
-    /// such as a file that is not there, counts as held.
-    bool isHeld() const { return isHeld_; }
-    void release();
-
-private:
-    Descriptor descriptor_;
-    bool isHeld_ = true;
-};
-
-/// While it lives, another copy of the program that wants one of the same folder waits: for what
-/// must be read, changed and written in one piece. Where the system knows no locks nobody waits.
+/// While it lives, another copy of the program that wants the same one waits: for what must be
+/// read, changed and written in one piece. Nobody waits for more than two seconds, as for a copy
+/// that was stopped, nor where the system knows no locks: then the last one has its way.
 class Turn
 {
 public:
-    /// @param folder  is made where it is not there
-    explicit Turn(const std::string &folder);
+    /// @param file  to be locked; made, with its folder, where it is not there
+    explicit Turn(const std::string &file);
 
 private:
     Descriptor descriptor_;

@@ -454,12 +454,9 @@ TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
                 Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
                 EXPECT_EQ(sumOfForeignChange(), std::nullopt) << c.name;
             }
-    const ReplacementLock first(file);
-    EXPECT_TRUE(first.isHeld());
-    EXPECT_FALSE(ReplacementLock(file).isHeld());
-    write(file + "~", small);
-    fs::rename(file + "~", file); // the lock is on what stood there
-    EXPECT_TRUE(ReplacementLock(file).isHeld() && ReplacementLock(path("none")).isHeld());
+    fs::remove(file);
+    fs::create_directory(file);
+    EXPECT_TRUE(sumOfForeignChange()) << "what cannot be read may be anything";
 }
 
 using ChangeTest = ModelFile;

@@ -274,7 +274,8 @@ std::string QtDesktop::programFolder()
 
 std::string QtDesktop::documentsFolder()
 {
-    return plainText(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation));
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return plainText(QDir(folder).exists() ? folder : QDir::homePath()); // a new user has none yet
 }
 
 std::string QtDesktop::dataFolder()

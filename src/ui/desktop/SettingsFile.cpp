@@ -93,9 +93,8 @@ bool SettingsFile::write()
 try {
     if (stored_.isEmpty())
         return true;
-    // No other copy writes meanwhile. Where that cannot be had, the last one has its way.
-    const Turn turn(folderOf(path_.toStdString()));
-    read(); // what cannot be read must not be replaced
+    const Turn turn(path_.toStdString() + ".turn"); // no other copy writes meanwhile
+    read();                                         // what cannot be read must not be replaced
     Sections all = sections_;
     for (auto section = stored_.cbegin(); section != stored_.cend(); ++section)
         all[section.key()].insert(*section);

@@ -27,7 +27,7 @@ void removeOldCopies(const QDir &copies, const QString &current)
 /// @return whether both files of the help stand whole in @p folder, which is made for them
 bool copyHelp(const QString &program, const QString &folder)
 {
-    const Turn turn(plainText(folder)); // another copy of the program may be about it
+    const Turn turn(plainText(folder) + "/turn"); // another copy of the program may be about it
     // The collection comes last: where it stands, the copy is whole.
     for (const QString name : {"/Veskora_ML.qch", "/Veskora_ML.qhc"}) {
         const QString target = folder + name;

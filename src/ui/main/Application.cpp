@@ -23,6 +23,13 @@ namespace veskora {
 
 namespace {
 
+/// Without the destructors, which may do what ended the program once more.
+[[noreturn]] void endNow(int status)
+{
+    removePrivateFolder();
+    std::_Exit(status);
+}
+
 std::string recoveryText()
 {
     if (isModelEmpty())
@@ -58,7 +65,7 @@ void Application::endByFault(const char *facts) noexcept
     desktop().message(Metafrasi(115, "The program must end because of an error:") + "\r\n" + facts
                           + (kept.empty() ? "" : "\r\n\r\n" + kept),
                       Icon::critical);
-    std::_Exit(EXIT_FAILURE);
+    endNow(EXIT_FAILURE);
 }
 
 namespace {
@@ -110,8 +117,7 @@ void guardOtherEnds()
         char number = 0;
         (void)!::read(signalPipe[0], &number, 1);
         keepChangedModel();
-        removePrivateFolder();
-        std::_Exit(128 + number);
+        endNow(128 + number);
     });
     for (const int number : {SIGTERM, SIGHUP, SIGINT})
         if (std::signal(number, passSignalOn) == SIG_IGN) // as nohup wants it

@@ -38,41 +38,40 @@ bool FileCommands::mayLeave(bool closing)
 
 namespace {
 
-/// Whether the model may go into its own file @p path, which may have what another program put
-/// there. Where it is empty a name is asked for.
-bool mayReplaceFile(const std::string &path, ReplacementLock &lock)
+/// Whether @p path is that of the model, by whatever name.
+bool isModelsFile(const std::string &path)
 {
-    if (path.empty() || (lock.isHeld() && !sumOfForeignChange()))
-        return true;
-    lock.release(); // the answer takes its time
-    return desktop().message(Metafrasi(2140, "The file was changed by another program since it was "
-                                             "opened. Replace it?"),
-                             Icon::exclamation, Buttons::noYes)
-           == Answer::yes;
+    std::error_code ignored;
+    return path == Onoma_Arxeiou || std::filesystem::equivalent(path, Onoma_Arxeiou, ignored);
 }
 
-/// The file that Save writes, empty where it asks for one.
-std::string fileOfSave()
+/// Whether the model may go into the file @p path; its own may have what another program put there.
+/// @param turn  taken where it may: other copies of the program wait until it is saved
+bool mayReplaceFile(const std::string &path, std::optional<Turn> &turn)
 {
-    if (!isExample(Onoma_Arxeiou))
-        return Onoma_Arxeiou;
-    Grammi_Log(Metafrasi(2127, "The examples stay as they are; save this one under another name."),
-               logColour::black);
-    return {};
+    std::optional<std::uint64_t> replaceable;
+    for (;;) {
+        turn.emplace(desktop().dataFolder() + "/Turns/Save");
+        const std::optional<std::uint64_t> sum =
+            isModelsFile(path) ? sumOfForeignChange() : std::nullopt;
+        if (!sum || sum == replaceable)
+            return true;
+        turn.reset(); // the answer takes its time, and something else may come there meanwhile
+        if (desktop().message(Metafrasi(2140, "The file was changed by another program since it "
+                                              "was opened. Replace it?"),
+                              Icon::exclamation, Buttons::noYes)
+            != Answer::yes)
+            return false;
+        replaceable = sum;
+    }
 }
 
 } // namespace
 
 bool FileCommands::saveBeforeLeaving(bool closing)
 {
-    std::string path = fileOfSave();
-    ReplacementLock lock(path);
-    if (!mayReplaceFile(path, lock))
-        path.clear(); // another name is asked for
-    if (Apothikefsi_Arxeiou(path, false)) {
-        settle(path);
+    if (save(Onoma_Arxeiou, true))
         return true;
-    }
     // The command goes on all the same, and the user meant to keep the model.
     const std::string recovery = writeRecoveryFile();
     if (recovery.empty()) {
@@ -98,7 +97,8 @@ void FileCommands::start(const std::string &commandLine)
             rememberFile(path);
     }
     resetZoomHistory();
-    emit modelSettled();
+    if (!Onoma_Arxeiou.empty() || isModelEmpty()) // that of a journal stands in no file
+        emit modelSettled();
 }
 
 void FileCommands::Button_Neo_arxeio()
@@ -124,8 +124,7 @@ bool FileCommands::read(std::string &path)
         return false;
     if (!modelOfJournal(path))
         return true;
-    Onoma_Arxeiou.clear(); // a save must not go into a journal
-    showModelCaption({});
+    forgetModelName(); // a save must not go into a journal
     return false;
 }
 
@@ -215,31 +214,62 @@ bool FileCommands::openJournal(const LostJournal &lost)
 
 // ------------------------------------------------------------------------------------------- save
 
+/// Writes the model to @p path, or where that is empty or an example to a file that is asked for.
+/// @param insists  whether another one is asked for where the user does not want it replaced
+/// @return whether the model was written
+bool FileCommands::save(std::string path, bool insists)
+{
+    std::optional<Turn> turn;
+    for (bool isAsked = path.empty();; isAsked = true) {
+        if (isExample(path)) {
+            tellExamplesStay(isAsked);
+            path.clear();
+        }
+        if (path.empty() && (path = askModelPath()).empty())
+            return false;
+        if (isExample(path))
+            continue;
+        if (mayReplaceFile(path, turn))
+            break;
+        if (!insists)
+            return false;
+        path.clear();
+    }
+    if (!Apothikefsi_Arxeiou(path, false))
+        return false;
+    settle(path);
+    return true;
+}
+
+/// @param inBox  where the log would be overlooked
+void FileCommands::tellExamplesStay(bool inBox)
+{
+    const std::string text =
+        Metafrasi(2127, "The examples stay as they are; save this one under another name.");
+    if (inBox || log_->isHidden())
+        showRefusal(text);
+    else
+        Grammi_Log(text, logColour::black);
+}
+
 void FileCommands::Button_Apothikefsi_Arxeiou()
 {
-    std::string path = fileOfSave();
-    ReplacementLock lock(path);
-    if (mayReplaceFile(path, lock) && Apothikefsi_Arxeiou(path, false))
-        settle(path);
+    save(Onoma_Arxeiou, false);
 }
 
 void FileCommands::saveAs()
 {
-    tellForeignChange(); // the dialog only asks whether an old file is to go
-    std::string path;
-    if (Apothikefsi_Arxeiou(path, false))
-        settle(path);
+    save({}, false);
 }
 
 void FileCommands::tellForeignChange()
 {
     const std::optional<std::uint64_t> sum = sumOfForeignChange();
-    if (!sum || sum == told_)
-        return;
+    if (sum && sum != told_)
+        Grammi_Log(Metafrasi(2141, "The file was changed by another program since it was opened:")
+                       + " " + Onoma_Arxeiou,
+                   logColour::red);
     told_ = sum;
-    Grammi_Log(Metafrasi(2141, "The file was changed by another program since it was opened:") + " "
-                   + Onoma_Arxeiou,
-               logColour::red);
 }
 
 } // namespace veskora

@@ -61,6 +61,8 @@ private:
     void open(std::string path);
     bool read(std::string &path);
     void settle(const std::string &path);
+    bool save(std::string path, bool insists);
+    void tellExamplesStay(bool inBox);
     /// @return whether the model is on disk, in its file or in a recovery file
     bool saveBeforeLeaving(bool closing);
 

@@ -213,9 +213,11 @@ TEST_F(Help, AnExampleOpensByItsLinkAndIsSavedUnderAnotherName)
     follow(); // the example as it is again, and the changed one in a recovery file
     EXPECT_EQ(contentOf(example), content);
     EXPECT_EQ(keptModels().size(), 1U);
+    desktop.expectFileDialog(example);
+    desktop.expectMessage("The examples stay as they are; save this one under another name.");
     desktop.expectFileDialog(path("mine.vsk"));
     trigger("Save");
-    ASSERT_EQ(desktop.fileQuestions.size(), 2U);
+    ASSERT_EQ(desktop.fileQuestions.size(), 3U);
     EXPECT_EQ(desktop.fileQuestions.back().folder, qtDesktop->documentsFolder());
     EXPECT_EQ(desktop.fileQuestions.back().proposed, "cantilever");
     EXPECT_EQ(Onoma_Arxeiou, path("mine.vsk"));
