@@ -24,6 +24,7 @@ if [ "$told" != "$version" ] || [ "$released" != "$version" ]; then
   echo "The version is $version, but packaging/changelog begins with $told and the metainfo's releases with $released." >&2
   exit 1
 fi
+[ -n "$(value VESKORA_DOCS_URL)" ] || echo "The metainfo has no screenshots until VESKORA_DOCS_URL tells where docs/ stands on the web." >&2
 # Two packages of one version are the same to the bit.
 export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(dpkg-parsechangelog -l packaging/changelog -S Timestamp)}
 

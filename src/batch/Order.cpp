@@ -65,7 +65,7 @@ const char *const usage =
     "             at the head of that report\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
-    "  --help     this text\n"
+    "  -h, --help this text\n"
     "  --version  the version of the program, and of Qt, which draws the pictures\n"
     "\n"
     "Environment:\n"

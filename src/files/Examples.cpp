@@ -29,4 +29,9 @@ bool isExample(const std::string &path)
            == folder.end();
 }
 
+std::string userFolder(const std::string &folder)
+{
+    return isExample(folder) ? desktop().documentsFolder() : folder;
+}
+
 } // namespace veskora

@@ -28,12 +28,6 @@ std::string dialogFolder()
     return currentFolder.empty() ? startFolder(desktop().documentsFolder()) : currentFolder;
 }
 
-/// Nothing of the user's is proposed to stand among the examples.
-std::string saveFolder()
-{
-    return isExample(dialogFolder()) ? desktop().documentsFolder() : dialogFolder();
-}
-
 std::string filterFor(const std::string &files, const std::string &pattern)
 {
     return files + " (*" + pattern + ")|*" + pattern;
@@ -148,7 +142,7 @@ std::string askSavePath(const std::string &filter, const std::string &proposed,
     for (;;) {
         std::string pattern = "*" + extensions.front();
         const std::optional<std::string> chosen =
-            desktop().askSaveFile({filter, saveFolder(), name, &pattern});
+            desktop().askSaveFile({filter, userFolder(dialogFolder()), name, &pattern});
         if (!chosen)
             return {};
         name = withExtension(*chosen, extensions, pattern.substr(1));

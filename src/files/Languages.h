@@ -1,6 +1,7 @@
 #pragma once
 /// @file
-/// Language packs: the files `*.lng` in the folder `Languages` beside the program.
+/// Language packs: the files `*.lng` in the folder `Languages` among those supplied with the
+/// program.
 ///
 /// A pack is UTF-8. Its first two items are a heading; then come pairs of a slot number and that
 /// slot's text between quotation marks; the item END ends it. The English texts stand in the code:

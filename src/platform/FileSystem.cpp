@@ -519,7 +519,8 @@ std::string scratchFolder(const std::string &programFolder)
 
 std::string suppliedFilesFolder(const std::string &programFolder)
 {
-    const fs::path installed = (fs::path(programFolder) / "../share/veskora-ml").lexically_normal();
+    const fs::path installed =
+        (fs::path(programFolder) / VESKORA_SUPPLIED_FILES).lexically_normal();
     std::error_code error;
     return fs::is_directory(installed, error) ? installed.string() : programFolder;
 }

@@ -65,6 +65,15 @@ QString programOf(const QString &desktopEntry)
     return QProcess::splitCommand(exec.match(desktopEntry).captured(1)).value(0);
 }
 
+/// What starts @p program: where it came as a folder, the launcher of its name above its own
+/// folder, without which it has no fonts on a system that has none.
+QString startOf(const QString &program)
+{
+    const QFileInfo own(program);
+    const QFileInfo launcher(QDir::cleanPath(own.dir().filePath("../" + own.fileName())));
+    return launcher.isFile() && launcher.isExecutable() ? launcher.filePath() : program;
+}
+
 /// Whether the program is installed for all users, so that the desktop knows it already.
 bool isInstalled(const QString &own)
 {
@@ -105,7 +114,7 @@ void registerFileType(const QString &program)
     for (const Part &part : parts) {
         const QString path = own + part.place;
         const QByteArray content =
-            contentOf(part.source).replace("@VESKORA_EXEC@", quotedArgument(program));
+            contentOf(part.source).replace("@VESKORA_EXEC@", quotedArgument(startOf(program)));
         const bool changed = installed ? QFile::remove(path) : write(path, content);
         if (changed && part.tool != nullptr)
             QProcess::startDetached(part.tool, {own + part.tables});

@@ -43,15 +43,15 @@ bool copyHelp(const QString &program, const QString &folder)
 
 /// Gives the help collection to open, empty where the program has no help file. It is a copy in a
 /// folder of the user's: the search index is written beside it, and the program's folder may be
-/// read-only. The copy's folder has a name that tells one build of the help file from another.
+/// read-only. The copy's folder has a name that tells one content of the help file from another:
+/// its time may be that of the version.
 QString provideCollection(const QString &program)
 {
-    const QFileInfo source(program + "/Veskora_ML.qch");
-    if (!source.isFile())
+    const auto sum = sumOfFile(plainText(program + "/Veskora_ML.qch"));
+    if (!sum)
         return {};
     const QDir copies(qtText(desktop().dataFolder()) + "/Help");
-    const QString stamp =
-        QString("%1-%2").arg(source.size()).arg(source.lastModified().toMSecsSinceEpoch());
+    const QString stamp = QString::number(*sum, 16);
     removeOldCopies(copies, stamp);
     const QString own = copies.filePath(stamp);
     // Without a place for its index it has all but the search.

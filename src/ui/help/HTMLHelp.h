@@ -1,4 +1,6 @@
 #pragma once
+/// @file
+/// The online help.
 
 #include <functional>
 #include <memory>
@@ -10,8 +12,8 @@ namespace veskora {
 
 class HelpViewer;
 
-/// The online help: the compiled help file `Veskora_ML` beside the program, in a viewer window of
-/// its own that stays usable while a dialog is open.
+/// The online help: the compiled help file `Veskora_ML` among those supplied with the program, in a
+/// viewer window of its own that stays usable while a dialog is open.
 ///
 /// A topic is an id of the help file: the object name of a window, or the class name of a box of
 /// the toolkit. A help file that is missing or damaged is told to the user; the program goes on.

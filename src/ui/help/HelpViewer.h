@@ -37,7 +37,9 @@ public:
     bool showTopic(const QString &id);
 
 signals:
-    void exampleWanted(const QString &name); ///< as that of its `HelpBrowser`
+    /// A link to an example was followed.
+    /// @param name  of the file, in the folder of the examples
+    void exampleWanted(const QString &name);
 
 protected:
     bool event(QEvent *event) override;

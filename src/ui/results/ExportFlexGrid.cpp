@@ -1,5 +1,6 @@
 #include "ExportFlexGrid.h"
 
+#include "Examples.h"
 #include "Fault.h"
 #include "FileSystem.h"
 #include "Functions.h"
@@ -124,14 +125,16 @@ std::string workbookContent(const ResultGrid &grid, const std::string &section,
     return wholeFile(scratch);
 }
 
-/// The folder of the model's file, that for documents, or the user's own: the first in which files
-/// can be made.
+/// The folder of the model's file, unless that is an example, that for documents, or the user's
+/// own: the first in which files can be made.
 QString targetFolder(const std::string &model)
 {
-    if (!model.empty() && isWritableFolder(folderOf(model)))
-        return qtText(folderOf(model));
     const std::string documents = desktop().documentsFolder();
-    return isWritableFolder(documents) ? qtText(documents) : QDir::homePath();
+    const std::string beside = model.empty() ? documents : userFolder(folderOf(model));
+    for (const std::string &folder : {beside, documents})
+        if (isWritableFolder(folder))
+            return qtText(folder);
+    return QDir::homePath();
 }
 
 /// "frame Node displacements.xlsx", with a number behind it where there is such a file.

@@ -14,9 +14,9 @@ namespace veskora {
 class ResultGrid;
 
 /// Writes @p grid cell by cell into a workbook of its own, on a sheet named after @p section. It
-/// stands beside the file of the model, @p model, else in a folder of the user's, under a name that
-/// no file has yet, which the log tells. A failure is reported to the user. The lines @p told stand
-/// in red over the cells.
+/// stands beside the file of the model, @p model, else, or where that is an example, in a folder of
+/// the user's, under a name that no file has yet, which the log tells. A failure is reported to the
+/// user. The lines @p told stand in red over the cells.
 /// @return its path, empty when it could not be written
 std::string ExportFlexGrid(const ResultGrid &grid, const std::string &section,
                            const std::string &model, const std::vector<std::string> &told = {});

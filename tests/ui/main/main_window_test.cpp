@@ -6,6 +6,7 @@
 #include "Commands.h"
 #include "DiagramOutline.h"
 #include "Files.h"
+#include "FileType.h"
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "MainWindowTest.h"
@@ -65,6 +66,13 @@ TEST_F(MainWindow, StartsEmptyAndRegistersItsFileType)
     EXPECT_THAT(entry, testing::ContainsRegex("Exec=\"/[^\n]*\" %f\n"));
     EXPECT_THAT(contentOf(path("data/icons/hicolor/scalable/apps/veskora-ml.svg")),
                 testing::HasSubstr("<svg"));
+
+    fs::create_directory(path("folder"));
+    write(path("folder/Veskora_ML"), "");
+    fs::permissions(path("folder/Veskora_ML"), fs::perms::owner_all);
+    registerFileType(QString::fromStdString(path("folder/bin/Veskora_ML")));
+    EXPECT_THAT(contentOf(path("data/applications/veskora-ml.desktop")),
+                testing::HasSubstr("Exec=\"" + path("folder/Veskora_ML") + "\" %f\n"));
 }
 
 TEST_F(MainWindow, TheDesktopsTablesAreMadeAnewForWhatChanged)

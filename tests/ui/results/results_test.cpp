@@ -527,13 +527,17 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
     const std::string refusal =
         "An error occured while trying to export file. The operation cannot be completed.";
     EXPECT_TRUE(fs::exists(path("my.frame Constraint-Spring reactions (5).xlsx")));
-    Onoma_Arxeiou = path("gone/m.vsk");
-    open();
+    fs::create_directory(path("examples"));
     const QByteArray home = qgetenv("HOME");
     qputenv("HOME", QByteArray::fromStdString(path("no home")));
-    desktop.expectMessage(refusal, Icon::critical);
-    takeOut("keyExcel", "ooox");
+    for (const char *model : {"gone/m.vsk", "examples/m.vsk"}) {
+        Onoma_Arxeiou = path(model);
+        open();
+        desktop.expectMessage(refusal, Icon::critical);
+        takeOut("keyExcel", "ooox");
+    }
     qputenv("HOME", home);
+    EXPECT_TRUE(fs::is_empty(path("examples"))) << "nothing of the user's stands there";
 }
 
 TEST_F(Results, WhatMustBeToldOfThemStandsOverTheTabsAndFirstInEveryWayOut)
