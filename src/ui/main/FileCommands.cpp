@@ -265,7 +265,7 @@ void FileCommands::saveAs()
 void FileCommands::tellForeignChange()
 {
     const std::optional<std::uint64_t> sum = sumOfForeignChange();
-    if (sum && sum != told_)
+    if (sum && sum != 0 && sum != told_) // what cannot be read just now may be as it was
         Grammi_Log(Metafrasi(2141, "The file was changed by another program since it was opened:")
                        + " " + Onoma_Arxeiou,
                    logColour::red);
