@@ -93,10 +93,11 @@ private:
         words >> reply;
         desktop_.replaces = reply == "yes";
         desktop_.saves = true;
-        const std::string text = modelText();
+        const std::string text = modelText(), file = Onoma_Arxeiou;
         window_.trigger(command);
         desktop_.saves = false;
-        return knownFileSum == sumOf(text) ? "saved" : "";
+        const auto known = knownFileSum ? knownFileSum : sumOfFile(file); // the model may be left
+        return known == sumOf(text) ? "saved" : "";
     }
 
     static std::string edit(std::istream &words)
