@@ -40,8 +40,10 @@ T next(std::deque<T> &script, const std::string &question, T otherwise)
 
 } // namespace
 
-Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons)
+Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons buttons)
 {
+    if (agrees)
+        return buttons == Buttons::ok || buttons == Buttons::okCancel ? Answer::ok : Answer::yes;
     if (answerAnything)
         return answerAnything();
     const Expected expected = next(messages_, text, {text, icon, Answer::cancel});

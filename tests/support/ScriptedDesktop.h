@@ -52,6 +52,7 @@ public:
     std::string filterPattern; ///< of the filter that save dialogs give; empty: they give none
     void expectNothingLeft() const;
     std::function<Answer()> answerAnything; ///< when set, no box is unforeseen
+    bool agrees = false;                    ///< to whatever a box asks
 
     std::function<void()> beforeChoice; ///< what happens when such a box comes
 
