@@ -83,47 +83,6 @@ TEST_F(Image, StraightLinesCoverWholePixelsAtEveryScale)
         }
 }
 
-// As much ink in every column, no less where chords meet, and no steps; broken in two by a place
-// that is none.
-TEST_F(Image, ACurveIsOneStroke)
-{
-    for (const double scale : {1., 1.5, 2.})
-        for (const double height : {.5, .08}) { // the flat one sags by three pixels
-            kanvas.resize(QSize(400, 100), scale);
-            kanvas.setPenWidth(2);
-            std::vector<Point> places;
-            for (int k = 0; k <= 20; ++k)
-                places.push_back({k / 2., 1 + height * std::sin(k / 20. * 3.1416)});
-            kanvas.polyline(places);
-            EXPECT_EQ(kanvas.currentX(), 10);
-            struct Column
-            {
-                double ink = 0, middle = 0;
-            };
-            const auto column = [&](double x) {
-                Column found;
-                for (int y = 0; y < kanvas.image().height(); ++y) {
-                    const double ink =
-                        (255 - qGreen(kanvas.image().pixel(static_cast<int>(x), y))) / 255.;
-                    found.ink += ink;
-                    found.middle += ink * y;
-                }
-                found.middle /= found.ink;
-                return found;
-            };
-            for (double x = 3; x < 9.9 * centimetre * scale; ++x) {
-                EXPECT_NEAR(column(x).ink, 2 * std::round(scale), .15) << scale << ' ' << x;
-                EXPECT_NEAR(column(x).middle, column(x - 1).middle, .6) << scale << ' ' << x;
-            }
-            places[7] = {NAN, 1};
-            kanvas.clear();
-            kanvas.polyline(places);
-            EXPECT_EQ(column(3.5 * centimetre * scale).ink, 0);
-            EXPECT_NEAR(column(2.5 * centimetre * scale).ink, column(4.5 * centimetre * scale).ink,
-                        .1);
-        }
-}
-
 TEST_F(Image, StateSurvivesClearAndResize)
 {
     kanvas.setBackground(blue);
@@ -150,7 +109,7 @@ TEST_F(Image, StateSurvivesClearAndResize)
     EXPECT_NEAR(reds(QRect(0, static_cast<int>(centimetre), 180, 1)), 60, 6);
 }
 
-TEST_F(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
+TEST_F(Image, TextStandsUnderAndRightOfThePoint)
 {
     kanvas.setFontSize(8);
     kanvas.moveTo(2, 3);
@@ -158,27 +117,8 @@ TEST_F(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
     EXPECT_EQ(kanvas.currentX(), 0);
     EXPECT_NEAR(kanvas.currentY(), 3 + kanvas.textHeight(), 1e-6);
     const int x = static_cast<int>(2 * centimetre), y = static_cast<int>(3 * centimetre);
-    const auto expectIn = [this](QRect part) {
-        EXPECT_GT(inked(part), 20);
-        EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(part));
-        kanvas.clear();
-    };
-    expectIn(QRect(x, y, 60, 20));
-    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 900); // upward, its top to the left
-    expectIn(QRect(x, y - 60, 14, 62));
-    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 2700);
-    expectIn(QRect(x - 14, y - 2, 16, 62));
-    // Turned by quarters it is as sharp as level.
-    QMap<int, QList<int>> shades;
-    for (const int angle : {0, 900, 2700, 3600}) {
-        kanvas.clear();
-        kanvas.printRotated("142", 2, 3, {"Arial", 11, 200}, angle);
-        for (int row = 0; row < 400; ++row)
-            for (int column = 0; column < 400; ++column)
-                shades[angle] << qGreen(kanvas.image().pixel(column, row));
-        std::ranges::sort(shades[angle]);
-        EXPECT_EQ(shades[angle], shades[0]) << angle;
-    }
+    EXPECT_GT(inked(QRect(x, y, 60, 20)), 20);
+    EXPECT_EQ(inked(kanvas.image().rect()), inked(QRect(x, y, 60, 20)));
 }
 
 TEST_F(Image, FontsFollowTheScaleAndComeBack)
