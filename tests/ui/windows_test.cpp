@@ -10,7 +10,8 @@
 #include "Models.h"
 #include "Text.h"
 
-#include <QAction>
+#include <QFileDialog>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QTabWidget>
@@ -170,6 +171,75 @@ TEST_F(Windows, SpeakTheLanguageAndAreReachedByKeys)
         QCoreApplication::processEvents();
         EXPECT_EQ(texts, windows.at(name).texts);
     }
+}
+
+class Boxes : public MainWindow, protected Forms
+{
+protected:
+    QtDesktop own; ///< which asks itself
+};
+
+TEST_F(Boxes, HaveTheirIconTheirButtonsAndTheirAnswers)
+{
+    start();
+    own.attach(window.get());
+    using Box = QMessageBox;
+    const std::tuple<Icon, Buttons, Box::Icon, Box::StandardButtons, Answer> cases[] = {
+        {Icon::question, Buttons::ok, Box::Question, Box::Ok, Answer::ok},
+        {Icon::exclamation, Buttons::okCancel, Box::Warning, Box::Ok | Box::Cancel, Answer::ok},
+        {Icon::critical, Buttons::yesNo, Box::Critical, Box::Yes | Box::No, Answer::yes},
+        {Icon::information, Buttons::noYes, Box::Information, Box::Yes | Box::No, Answer::no},
+        {Icon::none, Buttons::yesNoCancel, Box::NoIcon, Box::Yes | Box::No | Box::Cancel,
+         Answer::yes}};
+    const std::pair<Box::StandardButton, Answer> answers[] = {{Box::Ok, Answer::ok},
+                                                              {Box::Yes, Answer::yes},
+                                                              {Box::No, Answer::no},
+                                                              {Box::Cancel, Answer::cancel}};
+    for (const auto &[icon, buttons, shownIcon, shownButtons, byEnter] : cases) {
+        const auto answered = [&, icon = icon, buttons = buttons](auto talk) {
+            Answer given = Answer::ok;
+            during([&] { given = own.message("a < b", icon, buttons); }, talk);
+            return given;
+        };
+        const auto look = [&, shownIcon = shownIcon, shownButtons = shownButtons] {
+            EXPECT_EQ(qobject_cast<Box *>(form)->icon(), shownIcon);
+            EXPECT_EQ(qobject_cast<Box *>(form)->standardButtons(), shownButtons);
+            act("[Return]");
+        };
+        EXPECT_EQ(answered(look), byEnter);
+        for (const auto &[button, answer] : answers)
+            if (shownButtons.testFlag(button)) {
+                const auto press = [&, button = button] {
+                    qobject_cast<Box *>(form)->button(button)->click();
+                };
+                EXPECT_EQ(answered(press), answer);
+            }
+    }
+}
+
+TEST_F(Boxes, FileDialogsOfferTheFiltersAndTellWhichOneWasTaken)
+{
+    start();
+    own.attach(window.get());
+    std::string pattern;
+    FileQuestion question;
+    question.folder = path("");
+    question.proposed = "a";
+    question.filter = "SVG files (*.svg)|*.svg|All files (*.*)|*.*";
+    question.pattern = &pattern;
+    std::optional<std::string> chosen;
+    during([&] { chosen = own.askSaveFile(question); },
+           [&] {
+               auto *filters = control<QComboBox>("fileTypeCombo");
+               EXPECT_EQ(filters->itemText(0), "SVG files (*.svg)");
+               EXPECT_EQ(filters->itemText(1), "All files (*)");
+               EXPECT_EQ(shown("fileNameEdit"), "a");
+               filters->setCurrentIndex(1);
+               qobject_cast<QFileDialog *>(form)->selectNameFilter("All files (*)");
+               act("@fileNameEdit [Return]");
+           });
+    EXPECT_EQ(chosen, path("a"));
+    EXPECT_EQ(pattern, "*.*");
 }
 
 } // namespace
