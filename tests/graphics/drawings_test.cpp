@@ -8,8 +8,8 @@
 #include "FreedomArrows.h"
 #include "MotionShape.h"
 #include "RecordingKanvas.h"
-#include "Registry.h"
 #include "RowMarks.h"
+#include "Settings.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 
@@ -58,7 +58,6 @@ protected:
     std::string anew(const std::string &drawing)
     {
         resetStore();
-        desktop.settingsStore.clear();
         kanvas = RecordingKanvas();
         originAt(0, 0);
         std::istringstream lines(drawing);
@@ -94,15 +93,12 @@ private:
         return text;
     }
 
-    void set(Words &words)
+    static void set(const std::string &key, const std::string &value)
     {
-        for (const std::string &word : rest<std::string>(words)) {
-            const std::size_t sign = word.find('=');
-            const std::string key = word.substr(0, sign);
-            ASSERT_TRUE(std::ranges::count(settings, key, &Setting::key)) << key;
-            desktop.settingsStore["Rithmiseis/" + key] = word.substr(sign + 1);
-        }
-        Fortosi_Rithmiseon();
+        const auto found = std::ranges::find(settings, key, &Setting::key);
+        ASSERT_NE(found, settings.end()) << key;
+        Words words(value);
+        std::visit([&](auto *variable) { words >> std::boolalpha >> *variable; }, found->value);
     }
 
     void place(Words &words)
@@ -124,18 +120,15 @@ private:
     const std::map<std::string, Order> orders_ = {
         {"model",
          [](Words &words) {
-             std::string text;
-             std::getline(words, text);
-             buildModel(text);
+             buildModel({std::istreambuf_iterator<char>(words), {}});
          }},
-        {"set", [this](Words &words) { set(words); }},
+        {"set",
+         [](Words &words) {
+             for (const std::string &word : rest<std::string>(words))
+                 set(word.substr(0, word.find('=')), word.substr(word.find('=') + 1));
+         }},
         {"origin", [this](Words &words) { place(words); }}, // X Y SCALE
         {"scale", [](Words &words) { words >> Klimaka; }},  // but for the history of zooms
-        {"scales",                                          // of all diagrams
-         [](Words &words) {
-             words >> Ena_cm_posa_KNm_M;
-             Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = Ena_cm_posa_KNm_M;
-         }},
         {"canvas", [this](Words &words) { words >> kanvas.w >> kanvas.h; }},
         {"fill", [this](Words &words) { words >> kanvas.pen.fillOn >> kanvas.pen.fillColour; }},
         {"analyse",
@@ -169,6 +162,13 @@ private:
         {"draw-uniform-loads", [](Words &) { Sxedio_Fortiseon_Om(); }},
         {"draw-motion", [](Words &words) { drawMotion(rest<double>(words)); }},
         {"draw-marks", [](Words &words) { markRows(std::array{2}, rest<int>(words)); }},
+        {"draw-freedoms", [](Words &words) { drawFreedoms(rest<int>(words), 3); }},
+        {"draw-end-forces", // COSINE SINE of the element's direction, FORCES
+         [](Words &words) {
+             double c = 0, s = 0;
+             words >> c >> s;
+             drawEndForces(c, s, rest<std::string>(words));
+         }},
     };
 };
 
