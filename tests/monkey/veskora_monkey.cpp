@@ -124,9 +124,11 @@ public:
     {
         desktop_.setBeforeAnswer([] {});
     }
-    int done() const { return done_; }
-    int effective() const { return effective_; }
-    int mostElements() const { return mostElements_; }
+    void report() const
+    {
+        std::cout << done_ << " actions, effective: " << effective_ << ", at most " << mostElements_
+                  << " elements, analyses: " << analysesFinished << '\n';
+    }
 
 private:
     /// In whatever event loop waits for a user; what the line leads to may begin one more.
@@ -258,8 +260,7 @@ int run(Script script, const QString &folder, unsigned seed, int actions)
     window.start(model);
     QApplication::exec();
     Watch::requireRoundTrip(folder.toStdString());
-    std::cout << session.done() << " actions, effective: " << session.effective() << ", at most "
-              << session.mostElements() << " elements, analyses: " << analysesFinished << '\n';
+    session.report();
     return EXIT_SUCCESS;
 }
 
