@@ -76,13 +76,13 @@ private:
         Words words(line);
         std::string order;
         words >> order;
-        if (const auto found = orders_.find(order); found != orders_.end()) {
-            found->second(words);
-            return "";
-        }
         kanvas.clear();
-        drawings_.at(order)(words);
-        return kanvas.text() + logged();
+        orders_.at(order)(words);
+        if (order.starts_with("draw"))
+            return kanvas.text() + logged();
+        return order.starts_with("zoom")
+                   ? record("view", {Klimaka, Arxi_X, Arxi_Y}) + "\n" + logged()
+                   : "";
     }
 
     std::string logged()
@@ -127,8 +127,8 @@ private:
              for (const std::string &word : rest<std::string>(words))
                  set(word.substr(0, word.find('=')), word.substr(word.find('=') + 1));
          }},
-        {"origin", [this](Words &words) { place(words); }}, // X Y SCALE
-        {"scale", [](Words &words) { words >> Klimaka; }},  // but for the history of zooms
+        {"origin", [this](Words &words) { place(words); }},                   // X Y SCALE
+        {"view", [](Words &words) { words >> Klimaka >> Arxi_X >> Arxi_Y; }}, // as a damaged file's
         {"canvas", [this](Words &words) { words >> kanvas.w >> kanvas.h; }},
         {"fill", [this](Words &words) { words >> kanvas.pen.fillOn >> kanvas.pen.fillColour; }},
         {"analyse",
@@ -148,8 +148,18 @@ private:
              for (const double move : rest<double>(words))
                  Metatopiseis(freedom++) = move;
          }},
-    };
-    const std::map<std::string, Order> drawings_ = {
+        {"zoom-fit", [](Words &) { Zoom_Best_Fit(); }},
+        {"zoom-diagram", [](Words &) { Zoom_Diagram(); }},
+        {"zoom-window", // between two places of the canvas
+         [](Words &words) {
+             const auto at = rest<double>(words);
+             Zoom_Parathyrou(at.at(0), at.at(1), at.at(2), at.at(3));
+         }},
+        {"zoom-drag", // from one height to another
+         [](Words &words) {
+             const auto at = rest<double>(words);
+             Zoom_Syrsimatos(at.at(0), at.at(1));
+         }},
         {"draw-model", [this](Words &) { draw(view::model); }},
         {"draw-M", [this](Words &) { draw(view::M); }},
         {"draw-Q", [this](Words &) { draw(view::Q); }},

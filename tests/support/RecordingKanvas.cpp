@@ -19,12 +19,16 @@ std::string shortest(double value)
     return number.ends_with('.') ? number.substr(0, number.size() - 1) : number;
 }
 
+} // namespace
+
 std::string record(std::string text, std::initializer_list<double> numbers)
 {
     for (const double number : numbers)
         text.append(" ").append(shortest(number));
     return text;
 }
+
+namespace {
 
 std::string penRecord(const Pen &pen)
 {

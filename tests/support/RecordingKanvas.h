@@ -89,6 +89,9 @@ private:
     Primitive &add(Primitive::Kind kind, float x, float y);
 };
 
+/// A line of such a text, without its end: @p text and the numbers.
+std::string record(std::string text, std::initializer_list<double> numbers);
+
 /// A fresh store, a scripted desktop and a recording canvas.
 class DrawingTest : public StoreTest
 {
