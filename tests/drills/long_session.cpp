@@ -108,10 +108,7 @@ private:
     /// An element drawn, taken back, and drawn again; then none is left of it.
     void edit()
     {
-        const QPointF end = window_.anywhere();
-        window_.mouse(QEvent::MouseButtonPress, window_.anywhere());
-        window_.mouse(QEvent::MouseMove, end);
-        window_.mouse(QEvent::MouseButtonRelease, end);
+        window_.drawElement();
         for (const char *action : {"mnuUNDOitem", "mnuREDOitem", "mnuUNDOitem"})
             window_.trigger(action);
     }
