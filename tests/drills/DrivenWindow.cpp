@@ -35,11 +35,11 @@ DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, bool withWelcome) : deskt
     desktop.attach(&window_);
 }
 
-void DrivenWindow::trigger(const char *action)
+void DrivenWindow::trigger(const QString &action)
 {
     auto *found = window_.findChild<QAction *>(action);
     if (found == nullptr)
-        qFatal("no action named %s", action);
+        qFatal("no action named %s", qPrintable(action));
     found->trigger();
 }
 

@@ -51,7 +51,7 @@ public:
     void start(const QString &model) { window_.start(model); }
 
     /// Triggers the action of that object name; a name that is none ends the process.
-    void trigger(const char *action);
+    void trigger(const QString &action);
     frmMain &window() { return window_; }
     /// A part of it, by its class and object name.
     template <typename Part>

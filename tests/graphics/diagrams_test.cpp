@@ -21,13 +21,17 @@ protected:
     {
         originAt(0, 0);
         nai_grid = nai_aksones = nai_arithmisi_stoixeion = nai_arithmisi_kombon = false;
-        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = 10;
+        setScales(10);
     }
 
-    static void setEndForces(int e, const std::array<double, 6> &forces)
+    static void setScales(float scale)
     {
-        std::ranges::copy(forces, Entasi_Topiki.row(e).begin());
-        Allagi_Montelou = false;
+        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = scale;
+    }
+    /// By the mode of the view; that of the model alone has none.
+    static std::array<float, 5> scales()
+    {
+        return {10, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000};
     }
 };
 
@@ -122,15 +126,13 @@ TEST_F(Diagrams, AFittedScaleIsTheFinestRoundOneThatStaysInside)
         SCOPED_TRACE(testing::Message()
                      << c.model << ' ' << c.mode << ' ' << c.M << ' ' << c.right);
         buildModel(c.model);
-        setEndForces(1, {0, c.Q, -c.M, 0, -c.Q, 0});
+        std::ranges::copy(std::array{0., c.Q, -c.M, 0., -c.Q, 0.}, Entasi_Topiki.row(1).begin());
         Metatopiseis(1) = -c.u;
-        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = 10;
+        setScales(10);
         Katastasi_Provolis = c.mode;
         EXPECT_EQ(isDiagramCut(), c.leaves);
         fitDiagramScale(longest, {.right = c.right});
-        const std::array<float, 5> fitted = {10, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q,
-                                             Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000};
-        EXPECT_FLOAT_EQ(fitted.at(static_cast<std::size_t>(c.mode)), c.fitted);
+        EXPECT_FLOAT_EQ(scales().at(static_cast<std::size_t>(c.mode)), c.fitted);
     }
 }
 
@@ -143,8 +145,6 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
         double greatest;
         float enlarged, reduced;
     };
-    const std::array<float *, 5> scales = {nullptr, &Ena_cm_posa_KNm_M, &Ena_cm_posa_KN_Q,
-                                           &Ena_cm_posa_KN_N, &Ena_cm_posa_m_epi_1000};
     for (const Case &c : {
              Case{view::M, 10, 10, 8.33F, 12.5F},
              {view::Q, 10, 10, 8.33F, 12.5F},
@@ -161,19 +161,15 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
          }) {
         Katastasi_Provolis = c.mode;
         Entasi_Topiki.clear();
-        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(static_cast<std::size_t>(c.mode))) =
-            -c.greatest;
+        const auto mode = static_cast<std::size_t>(c.mode);
+        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(mode)) = -c.greatest;
         Metatopiseis(1) = -c.greatest;
         for (const bool enlarge : {true, false}) {
-            for (float *scale : scales)
-                if (scale != nullptr)
-                    *scale = c.scale;
+            setScales(c.scale);
+            std::array<float, 5> expected = scales();
             enlarge ? enlargeDiagram() : reduceDiagram();
-            for (std::size_t mode = 1; mode < scales.size(); ++mode)
-                EXPECT_EQ(*scales.at(mode), mode != static_cast<std::size_t>(c.mode) ? c.scale
-                                            : enlarge                                ? c.enlarged
-                                                                                     : c.reduced)
-                    << c.mode << ' ' << c.scale << ' ' << c.greatest;
+            expected.at(mode) = enlarge ? c.enlarged : c.reduced;
+            EXPECT_EQ(scales(), expected) << c.mode << ' ' << c.scale << ' ' << c.greatest;
         }
     }
 }

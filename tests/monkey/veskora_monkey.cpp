@@ -144,13 +144,11 @@ private:
     }
     bool perform(const Line &line)
     {
+        static const std::map<QString, bool (Watch::*)()> ways = {
+            {"undo", &Watch::undo}, {"redo", &Watch::redo}, {"walk", &Watch::walk}};
         const QString verb = line.verb();
-        if (verb == "undo")
-            return watch_.undo();
-        if (verb == "redo")
-            return watch_.redo();
-        if (verb == "walk")
-            return watch_.walk();
+        if (const auto way = ways.find(verb); way != ways.end())
+            return watch_.isModelAtHand() && (watch_.*way->second)();
         watch_.begin(line);
         const bool isEffective = hands_.perform(line);
         watch_.end(line);
@@ -247,7 +245,7 @@ Line firstLine(Script &script, MonkeyDesktop &desktop)
     return Line{fields};
 }
 
-int run(Script script, const QString &folder, unsigned seed, int actions)
+int run(Script &script, const QString &folder, unsigned seed, int actions)
 {
     resetStore();
     MonkeyDesktop desktop(script, folder.toStdString(), seed);
@@ -274,7 +272,7 @@ int main(int argc, char **argv)
     const bool isReplay = arguments.value(0) == "--replay";
     if (arguments.size() != (isReplay ? 2 : 3))
         return 2;
-    Script script = isReplay ? Script::of(arguments[1]) : Script::kept(arguments[2]);
+    Script script(arguments.back(), isReplay);
     const QTemporaryDir folder;
     furnish(folder.path().toStdString());
     qInstallMessageHandler(hear);
@@ -282,8 +280,7 @@ int main(int argc, char **argv)
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setCursorFlashTime(0);
     QApplication::styleHints()->setKeyboardInputInterval(-1);
-    const int status =
-        run(std::move(script), folder.path(), arguments[0].toUInt(), arguments.value(1).toInt());
+    const int status = run(script, folder.path(), arguments[0].toUInt(), arguments[1].toInt());
     fs::current_path("/");
     return status;
 }
