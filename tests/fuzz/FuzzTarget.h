@@ -41,7 +41,7 @@ inline std::string_view bytes(const unsigned char *data, std::size_t size)
     return {reinterpret_cast<const char *>(data), size};
 }
 
-/// Its lines, one at least.
+/// Its lines; an empty text has none.
 inline std::vector<std::string> lines(std::string_view text)
 {
     std::vector<std::string> all;
