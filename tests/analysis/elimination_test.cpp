@@ -147,7 +147,6 @@ protected:
         same("Metatopiseis", Metatopiseis, literal.displacements);
         same("Entasi_Topiki", Entasi_Topiki, literal.endForces);
         same("Antidraseis", Antidraseis, literal.reactions);
-        same("Akrotata", Akrotata, literal.extremes);
         return true;
     }
 };

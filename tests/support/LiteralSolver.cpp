@@ -120,47 +120,6 @@ void assemble(const Element &element, Table &whole)
         }
 }
 
-void extremes(Results &results)
-{
-    const auto search = [](int count, int ends, auto value, bool largest) {
-        double best = value(1, 0);
-        for (int row = 1; row <= count; ++row)
-            for (int end = 0; end < ends; ++end)
-                if (largest ? value(row, end) > best : value(row, end) < best)
-                    best = value(row, end);
-        return best;
-    };
-    const auto &u = results.displacements;
-    const auto &f = results.endForces;
-    const int nodes = Arithmos_Kombon;
-    const int elements = Arithmos_Stoixeion;
-    int at = 0;
-    for (const int component : {1, 2, 3}) {
-        const auto signedValue = [&](int n, int) { return u(3 * n - 3 + component); };
-        const auto absolute = [&](int n, int) { return std::abs(u(3 * n - 3 + component)); };
-        results.extremes(++at) = search(nodes, 1, absolute, true);
-        results.extremes(++at) = search(nodes, 1, signedValue, true);
-        results.extremes(++at) = search(nodes, 1, signedValue, false);
-        if (component == 2)
-            results.extremes(++at) = search(
-                nodes, 1,
-                [&](int n, int) {
-                    return std::sqrt(u(3 * n - 2) * u(3 * n - 2) + u(3 * n - 1) * u(3 * n - 1));
-                },
-                true);
-    }
-    for (const int component : {3, 2, 1}) {
-        const double atI = component == 2 ? 1 : -1;
-        const auto signedValue = [&](int e, int end) {
-            return (end == 0 ? atI : -atI) * f(e, component + 3 * end);
-        };
-        const auto absolute = [&](int e, int end) { return std::abs(f(e, component + 3 * end)); };
-        results.extremes(++at) = search(elements, 2, absolute, true);
-        results.extremes(++at) = search(elements, 2, signedValue, true);
-        results.extremes(++at) = search(elements, 2, signedValue, false);
-    }
-}
-
 } // namespace
 
 bool eliminate(Table &A, Table &b, Table &x, int n)
@@ -283,7 +242,6 @@ Results analyse()
     for (int n = 1; n <= Arithmos_Kombon; ++n)
         for (int k = 1; k <= 3; ++k)
             results.reactions(n, k) -= Komboi(n, k + 5);
-    extremes(results);
     // At the end every working table is released and created once more.
     for (Table *table : {&whole, &permuted, &fs, &sf, &ss})
         *table = Table(600, 600);

@@ -43,7 +43,6 @@ struct Results
     Table displacements{600};
     Table endForces{300, 6};
     Table reactions{200, 3};
-    Table extremes{19};
 };
 
 /// One element; rows and columns from 1. `fixedEnd` in global axes.
