@@ -53,24 +53,10 @@ TEST(FreeMotions, AreToldWithTheirCause)
 
 // ------------------------------------------------------------------- counted in exact arithmetic
 
-/// Integers modulo a prime so large that no minor of small integers is a multiple by chance.
+/// Integers modulo a prime so large that hardly a minor of small integers is a multiple by chance,
+/// and so small that the difference of two products is in range.
 using Residue = std::uint64_t;
-constexpr Residue prime = (Residue{1} << 61) - 1;
-__extension__ typedef unsigned __int128 Wide;
-
-Residue times(Residue a, Residue b)
-{
-    return static_cast<Residue>(static_cast<Wide>(a) * b % prime);
-}
-
-Residue inverse(Residue a)
-{
-    Residue result = 1;
-    for (Residue exponent = prime - 2; exponent != 0; exponent >>= 1, a = times(a, a))
-        if ((exponent & 1) != 0)
-            result = times(result, a);
-    return result;
-}
+constexpr Residue prime = (Residue{1} << 31) - 1;
 
 /// Free freedoms less the rank of what strains members and springs: for positive stiffnesses the
 /// rank of the stiffness. Coordinates are whole numbers.
@@ -117,11 +103,11 @@ int exactFreeMotions()
         if (pivot == rows.size())
             continue;
         std::swap(rows[pivot], rows[rank]);
-        const Residue scale = inverse(rows[rank][column]);
+        const Residue above = rows[rank][column];
         for (std::size_t row = rank + 1; row < rows.size(); ++row)
-            if (const Residue factor = times(rows[row][column], scale); factor != 0)
+            if (const Residue factor = prime - rows[row][column]; factor != prime)
                 for (std::size_t c = column; c < columns.size(); ++c)
-                    rows[row][c] = (rows[row][c] + prime - times(factor, rows[rank][c])) % prime;
+                    rows[row][c] = (rows[row][c] * above + factor * rows[rank][c]) % prime;
         ++rank;
     }
     return static_cast<int>(columns.size() - rank);

@@ -33,33 +33,22 @@ Element elementOf(int e)
     Element element = {};
     element.ni = static_cast<int>(Stoixeia(e, 1));
     element.nj = static_cast<int>(Stoixeia(e, 2));
-    const float dx = Komboi(element.nj, 1) - Komboi(element.ni, 1);
-    const float dy = Komboi(element.nj, 2) - Komboi(element.ni, 2);
-    const double L = std::sqrt(static_cast<double>(dx) * static_cast<double>(dx)
-                               + static_cast<double>(dy) * static_cast<double>(dy));
-    const double c = static_cast<double>(dx) / L;
-    const double s = static_cast<double>(dy) / L;
-    element.L = L;
-
-    const double T[7][7] = {{},
-                            {0, c, s, 0, 0, 0, 0},
-                            {0, -s, c, 0, 0, 0, 0},
-                            {0, 0, 0, 1, 0, 0, 0},
-                            {0, 0, 0, 0, c, s, 0},
-                            {0, 0, 0, 0, -s, c, 0},
-                            {0, 0, 0, 0, 0, 0, 1}};
-    for (int r = 0; r <= 6; ++r)
-        for (int m = 0; m <= 6; ++m)
-            element.T[r][m] = T[r][m];
+    const double dx = Komboi(element.nj, 1) - Komboi(element.ni, 1); // of Singles
+    const double dy = Komboi(element.nj, 2) - Komboi(element.ni, 2);
+    const double L = element.L = std::sqrt(dx * dx + dy * dy);
+    const double c = dx / L;
+    const double s = dy / L;
+    auto &T = element.T;
+    T[1][1] = T[2][2] = T[4][4] = T[5][5] = c;
+    T[1][2] = T[4][5] = s;
+    T[2][1] = T[5][4] = -s;
+    T[3][3] = T[6][6] = 1;
 
     const int g = static_cast<int>(Stoixeia(e, 3));
-    const double E = Omades(g, 1);
-    const double A = Omades(g, 2);
-    const double I = Omades(g, 3);
-    const double q =
-        -static_cast<double>(Stoixeia(e, 6)) * s + static_cast<double>(Stoixeia(e, 7)) * c;
-    const double n =
-        static_cast<double>(Stoixeia(e, 6)) * c + static_cast<double>(Stoixeia(e, 7)) * s;
+    const double E = Omades(g, 1), A = Omades(g, 2), I = Omades(g, 3);
+    const double wx = Stoixeia(e, 6), wy = Stoixeia(e, 7);
+    const double q = -wx * s + wy * c;
+    const double n = wx * c + wy * s;
     auto &K = element.K;
     K[1][1] = K[4][4] = (A * E) / L;
     K[1][4] = K[4][1] = (-1 * A * E) / L;
