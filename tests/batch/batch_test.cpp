@@ -1,4 +1,5 @@
 #include "Batch.h"
+#include "DataCases.h"
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
@@ -239,38 +240,11 @@ TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextM
 
 TEST_F(Batch, WrongUsageIsToldApartFromFailure)
 {
-    for (const auto &[says, lines] : std::vector<std::pair<std::string, std::string>>{
-             {"unknown option --pix", "--pix"},
-             {"no model given", "--out"},
-             {"--out needs", "--out --check; --out @x --out @x"},
-             {"--out and -", "- --out @x"},
-             {"--csv and -", "--csv -"},
-             {"--summary needs", "--summary; --summary --csv; --summary @new.VSK; --summary @.vsk;"
-                                 "--summary - --summary -"},
-             {"--summary - and -", "--summary - -"},
-             {"--values and -", "--values -"},
-             {"--values takes", "--values 0; --values 101; --values=; --values=2.5"},
-             {"--regional needs", "--regional"},
-             {"--fit, --size and --label-scale need --pictures",
-              "--fit; --label-scale 2; --size 1281x800; --size 1280x801"},
-             {"--pictures= needs", "--pictures=; --pictures=svg,gif; --pictures=svg,"},
-             {"--steps-elements and --steps-digits need --steps",
-              "--steps-digits 4; --steps-elements 1"},
-             {"--steps-digits needs", "--steps-digits 2.5; --steps-digits 16; --steps-digits 0"},
-             {"--steps-elements needs", "--steps-elements 3-1; --steps-elements 1,;"
-                                        "--steps-elements 301; --steps-elements 2-"},
-             {"--label-scale needs", "--label-scale 4.1; --label-scale .4"},
-             {"--size needs", "--size 1920; --size 1920x; --size 1920x1080p; --size 199x800;"
-                              "--size 200x8001"},
-             {"--paper needs", "--paper A5"},
-             {"--title needs", "--title " + std::string(201, 'x')},
-             {"--paper, --title and --author need --pdf", "--paper A4; --title x; --author x"},
-         }) {
-        std::istringstream split(lines);
-        for (std::string line; std::getline(split, line, ';');) {
-            EXPECT_EQ(runLine(line + " small"), batchStatus::wrongUsage) << line;
-            EXPECT_THAT(err.str(), testing::StartsWith("Veskora_batch: " + says)) << line;
-        }
+    auto cases = dataCases("wrong_usage.txt");
+    cases.emplace_back("--title " + std::string(201, 'x'), "--title needs a text of at most 200");
+    for (const auto &[line, says] : cases) {
+        EXPECT_EQ(runLine(line + " small"), batchStatus::wrongUsage) << line;
+        EXPECT_THAT(err.str(), testing::StartsWith("Veskora_batch: " + says)) << line;
     }
     for (const std::vector<std::string> &noModel : {std::vector<std::string>{}, {"-", ""}})
         EXPECT_EQ(run(noModel), batchStatus::wrongUsage);

@@ -30,14 +30,13 @@ class ModelFile : public StoreTest
 {
 protected:
     const std::string small = contentOf(TEST_DATA "/small.vsk");
+    std::vector<std::string> lines; ///< its own
 
-    static std::vector<std::string> linesOf(const std::string &text)
+    ModelFile()
     {
-        std::vector<std::string> lines;
-        std::istringstream in(text);
+        std::istringstream in(small);
         for (std::string line; std::getline(in, line); lines.push_back(line))
             line.pop_back();
-        return lines;
     }
     static std::string joined(const std::vector<std::string> &lines, const char *end = "\r\n")
     {
@@ -50,18 +49,18 @@ protected:
     /// The small file with @p text in place of line @p number.
     std::string withLine(int number, const std::string &text) const
     {
-        std::vector<std::string> lines = linesOf(small);
-        lines.at(static_cast<std::size_t>(number - 1)) = text;
-        return joined(lines);
+        std::vector<std::string> changed = lines;
+        changed.at(static_cast<std::size_t>(number - 1)) = text;
+        return joined(changed);
     }
 
     /// The small file of the stage whose Rithmiseis section ends with @p line.
     std::string ofStage(int line) const
     {
-        std::vector<std::string> lines = linesOf(small);
+        std::vector<std::string> kept = lines;
         if (line < 48)
-            lines.erase(std::ranges::find(lines, "Rithmiseis") + 1 + line, lines.end() - 1);
-        return joined(lines);
+            kept.erase(std::ranges::find(kept, "Rithmiseis") + 1 + line, kept.end() - 1);
+        return joined(kept);
     }
 
     void read(const std::string &content)
@@ -115,24 +114,15 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
 // Each line of the section alone gets another value, which must show in its own variable.
 TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 {
-    std::istringstream names(R"(
-        nai_aksones nai_grid nai_komboi nai_arithmisi_kombon nai_desmefseis nai_sint_kombon
-        nai_stoixeia nai_arithmisi_stoixeion nai_eleftheroseis nai_omades nai_miki nai_fortiseis_si
-        nai_times_fortiseon_si nai_fortiseis_om nai_times_fortiseon_om nai_times_M nai_times_Q
-        nai_times_N Q_sin_Ina N_sin_Ina xroma_background xroma_aksonon xroma_grid xroma_stoixeion
-        xroma_kombon xroma_sigkentromenon xroma_omoiomorfon xroma_M xroma_Q xroma_N dekadika_M
-        dekadika_Q dekadika_N Ena_cm_posa_KNm_M Ena_cm_posa_KN_Q Ena_cm_posa_KN_N Klimaka Arxi_X
-        Arxi_Y kannab nai_graf_stir Nai_Apolites_Sint Nai_Sxetikes_Sint xroma_paramorfosis
-        Ena_cm_posa_m_epi_1000 M_sin_Tension nai_springs)");
     std::map<std::string, StoreVariable> variables = {
         {"Klimaka", &Klimaka}, {"Arxi_X", &Arxi_X}, {"Arxi_Y", &Arxi_Y}};
     for (const Setting &setting : settings)
         variables.emplace(setting.key, setting.value);
-    int line = 51;
-    for (std::string name; names >> name; line += line == 51 ? 2 : 1) { // the second is retired
+    for (const auto &[number, name] : dataCases("setting_lines.txt")) {
+        const int line = std::stoi(number);
         const StoreVariable &variable = variables.at(name);
         const bool isSwitch = std::holds_alternative<bool *>(variable);
-        const bool isOn = linesOf(small).at(static_cast<std::size_t>(line - 1)) == "1";
+        const bool isOn = lines.at(static_cast<std::size_t>(line - 1)) == "1";
         const std::string content = withLine(line, !isSwitch ? "7" : isOn ? "0" : "1");
         read(content);
         std::visit([&](const auto *value) { EXPECT_EQ(*value, isSwitch ? !isOn : 7) << name; },
@@ -140,7 +130,6 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
         EXPECT_EQ(modelText(), content) << name;
         variables.erase(name);
     }
-    EXPECT_EQ(line, 99);
     variables.erase("smallHeldRotation"); // behind the springs, where it is on
     const std::string section = "Small symbol of held rotation\r\n";
     const std::string before = small.substr(0, small.find(modelEndLine));
@@ -221,7 +210,6 @@ TEST_F(ModelFile, WhatTheProgramCannotHaveWrittenIsRefused)
 
 TEST_F(ModelFile, EveryCutOfAFileIsRefusedOrReadWhole)
 {
-    const std::vector<std::string> lines = linesOf(small);
     for (std::size_t kept = 0; kept + 1 < lines.size(); ++kept)
         refuse(joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept)}),
                "Input past end of file in line " + std::to_string(kept + 1));
@@ -231,7 +219,6 @@ TEST_F(ModelFile, EveryCutOfAFileIsRefusedOrReadWhole)
 
 TEST_F(ModelFile, OddButHarmlessFilesAreRead)
 {
-    std::vector<std::string> lines = linesOf(small);
     const auto set = [&](int line, const char *text) {
         lines[static_cast<std::size_t>(line - 1)] = text;
     };

@@ -26,7 +26,6 @@ public:
     {
         return const_cast<Table &>(*this)(row, column);
     }
-    const std::vector<double> &cells() const { return cells_; }
 
 private:
     int columns_;
