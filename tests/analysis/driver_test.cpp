@@ -28,9 +28,8 @@ const std::string cantilever = "G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; E 
 std::string unconnected(int n)
 {
     return "Node #" + std::to_string(n)
-           + " is not connected to other nodes with elements and could probably cause problems to "
-             "the "
-             "solution process.";
+           + " is not connected to other nodes with elements and "
+             "could probably cause problems to the solution process.";
 }
 
 std::string question(int n)
