@@ -24,15 +24,9 @@ using CheckTexts = StoreTest;
 Finding motion(FindingKind kind, Shape shape, Cause cause, const std::vector<Motion::Move> &moves,
                double x = 0, double y = 0, int centre = 0, int count = 1)
 {
-    Motion motion;
-    motion.shape = shape;
-    motion.cause = cause;
-    motion.count = count;
-    motion.moves = moves;
-    motion.x = x;
-    motion.y = y;
-    motion.centre = centre;
-    return {kind, Severity::fault, {}, {2, 3}, {}, motion};
+    return {kind, Severity::fault,
+            {},   {2, 3},
+            {},   Motion{shape, cause, count, 0, moves, x, y, centre, {}, {}}};
 }
 
 Finding slip(FindingKind kind, std::vector<int> nodes, std::vector<int> elements = {},
@@ -56,7 +50,7 @@ TEST_F(CheckTexts, TellsTheRowsInWholeSentences)
     using enum Shape;
     using enum Cause;
     const auto scattered = rowsWhere(60, [](int row) { return row % 2 == 1; });
-    const std::vector<Finding> findings = {
+    std::vector<Finding> findings = {
         motion(freeMotion, turning, onlyHinges, {{4, Way::turns}}),
         motion(freeMotion, turning, onlyHinges, moves(1, 100, Way::turns)),
         motion(freeMotion, shift, noSupport, moves(2, 4, Way::alongX), 1, 0),
@@ -88,6 +82,16 @@ TEST_F(CheckTexts, TellsTheRowsInWholeSentences)
                      {},
                      {2, 1.5e-14, 2e-16},
                      {3, NAN, 1}}}};
+    for (int kind = static_cast<int>(notAnalysed); kind <= static_cast<int>(noSlips); ++kind)
+        findings.push_back(slip(static_cast<FindingKind>(kind), {1, 2, 4}, {3}, {9}));
+    for (const FindingKind kind : {coincidentNodes, coincidentElements, nodesOnElements})
+        findings.push_back({kind, Severity::warning, {}, {}, {}, Pairs(50, RowPair{123, 124})});
+    findings.push_back({noFreeMotion, Severity::good, {}, {}, {}, 0.5});
+    findings.push_back({noFreeMotion, Severity::good, {}, {}, {}, {}});
+    for (const Severity severity : {Severity::good, Severity::warning}) {
+        findings.push_back({equilibrium, severity, {}, {}, {}, Equilibrium{}});
+        findings.push_back({digits, severity, {}, {}, {}, CorrectDigits{}});
+    }
     EXPECT_EQ(checkText(findings), contentOf(TEST_DATA "/reports/check.txt"));
 }
 
@@ -103,20 +107,9 @@ TEST_F(CheckTexts, EveryFindingReadsWellInTheDocument)
                     findings.push_back(motion(kind, static_cast<Shape>(shape),
                                               static_cast<Cause>(cause),
                                               moves(5, last, Way::oblique), .28, .96));
-    for (int kind = static_cast<int>(notAnalysed); kind <= static_cast<int>(noSlips); ++kind)
-        findings.push_back(slip(static_cast<FindingKind>(kind), {1, 2, 4}, {3}, {9}));
-    for (const FindingKind kind : {coincidentNodes, coincidentElements, nodesOnElements})
-        findings.push_back({kind, Severity::warning, {}, {}, {}, Pairs(50, RowPair{123, 124})});
-    findings.push_back({noFreeMotion, Severity::good, {}, {}, {}, 0.5});
-    findings.push_back({noFreeMotion, Severity::good, {}, {}, {}, {}});
-    for (const Severity severity : {Severity::good, Severity::warning}) {
-        findings.push_back({equilibrium, severity, {}, {}, {}, Equilibrium{}});
-        findings.push_back({digits, severity, {}, {}, {}, CorrectDigits{}});
-    }
     for (const Finding &finding : findings) {
         const FindingText text = textOf(finding);
-        EXPECT_FALSE(text.title.empty());
-        EXPECT_EQ(text.explanation.empty(), finding.kind == noNodes);
+        EXPECT_FALSE(text.title.empty() || text.explanation.empty());
         EXPECT_THAT(text.title + text.explanation,
                     Not(testing::ContainsRegex("%[1-9]|[|]|  |\n\r")));
         EXPECT_THAT(text.title, Not(HasSubstr("\n")));
