@@ -3,8 +3,6 @@
 #include "DataCases.h"
 #include "Functions_Bres_Megista.h"
 
-#include <algorithm>
-#include <cmath>
 #include <map>
 #include <sstream>
 

@@ -6,7 +6,6 @@
 #include "Models.h"
 #include "ScriptedDesktop.h"
 
-#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <functional>
@@ -155,12 +154,10 @@ TEST_F(WholeAnalysis, GivesTheBitsOfThePlainLoopsOnRandomFrames)
 TEST_F(WholeAnalysis, DoesNotDependOnTheOneThatFailedBefore)
 {
     std::mt19937 random(11);
+    desktop.answerAnything = [] { return Answer::ok; };
     for (int round = 0; round < 5; ++round) {
         buildRandomFrame(random, 40);
         putNode(99, 99); // loose: singular
-        desktop.expectMessage("An error occured during the analysis process. Make sure that the "
-                              "structure is well defined (not a mechanism) and can be analyzed.",
-                              Icon::critical);
         EXPECT_FALSE(compare());
         --Arithmos_Kombon;
         Arithmos_Stoixeion = static_cast<std::int16_t>(Arithmos_Stoixeion - round);

@@ -273,16 +273,11 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
                                              "small_nodes.csv"};
     for (const std::string &model : models)
         fs::copy_file(small, path(model));
-    struct Case
-    {
-        const char *line;
-        int status;
-        const char *says;
-    };
-    const auto runs = [&](std::initializer_list<Case> cases) {
-        for (const Case &c : cases) {
-            EXPECT_EQ(runLine(c.line), c.status) << c.line;
-            EXPECT_THAT(err.str(), HasSubstr(c.says)) << c.line;
+    using Cases = std::vector<std::tuple<const char *, int, const char *>>;
+    const auto runs = [&](const Cases &cases) {
+        for (const auto &[line, status, says] : cases) {
+            EXPECT_EQ(runLine(line), status) << line;
+            EXPECT_THAT(err.str(), HasSubstr(says)) << line;
         }
     };
     using namespace batchStatus;

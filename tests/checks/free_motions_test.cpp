@@ -53,10 +53,9 @@ TEST(FreeMotions, AreToldWithTheirCause)
 
 // ------------------------------------------------------------------- counted in exact arithmetic
 
-/// Integers modulo a prime so large that hardly a minor of small integers is a multiple by chance,
-/// and so small that the difference of two products is in range.
-using Residue = std::uint64_t;
-constexpr Residue prime = (Residue{1} << 31) - 1;
+/// Integers are taken modulo a prime so large that hardly a minor of small ones is a multiple by
+/// chance, and so small that the difference of two products is in range.
+constexpr std::int64_t prime = (std::int64_t{1} << 31) - 1;
 
 /// Free freedoms less the rank of what strains members and springs: for positive stiffnesses the
 /// rank of the stiffness. Coordinates are whole numbers.
@@ -67,13 +66,12 @@ int exactFreeMotions()
         for (int k = 1; k <= 3; ++k)
             if (Komboi(n, node::fixedX - 1 + k) == 0)
                 columns.emplace(freedomOf(n, k), columns.size());
-    std::vector<std::vector<Residue>> rows;
+    std::vector<std::vector<std::int64_t>> rows;
     const auto add = [&](std::initializer_list<std::pair<int, std::int64_t>> entries) {
         rows.emplace_back(columns.size());
         for (const auto &[freedom, value] : entries)
             if (columns.contains(freedom))
-                rows.back()[columns[freedom]] = static_cast<Residue>(
-                    value < 0 ? value + static_cast<std::int64_t>(prime) : value);
+                rows.back()[columns[freedom]] = value;
     };
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
         const int i = nodeOf(e, element::nodeI), j = nodeOf(e, element::nodeJ);
@@ -103,11 +101,11 @@ int exactFreeMotions()
         if (pivot == rows.size())
             continue;
         std::swap(rows[pivot], rows[rank]);
-        const Residue above = rows[rank][column];
+        const auto above = rows[rank][column];
         for (std::size_t row = rank + 1; row < rows.size(); ++row)
-            if (const Residue factor = prime - rows[row][column]; factor != prime)
+            if (const auto factor = rows[row][column]; factor != 0)
                 for (std::size_t c = column; c < columns.size(); ++c)
-                    rows[row][c] = (rows[row][c] * above + factor * rows[rank][c]) % prime;
+                    rows[row][c] = (rows[row][c] * above - factor * rows[rank][c]) % prime;
         ++rank;
     }
     return static_cast<int>(columns.size() - rank);

@@ -7,6 +7,7 @@
 #include "ScriptedDesktop.h"
 
 #include <algorithm>
+#include <cstdio>
 #include <gmock/gmock.h>
 
 namespace veskora {
@@ -46,14 +47,13 @@ TEST_F(Languages, APackIsReadItemByItem)
     EXPECT_EQ(Metafrasi(3, "Open"), "Öffnen");
     EXPECT_EQ(Metafrasi(2500, ""), "letzter");
     EXPECT_EQ(Metafrasi(4, "Save"), "");
-    // Three of the four slots are in use.
-    EXPECT_THAT(said, testing::ContainsRegex("The language pack X lacks [1-9][0-9][0-9] of the "
-                                             "[1-9][0-9][0-9] texts of this program"));
-    const auto number = [this](const char *before) {
-        return std::stoi(said.substr(said.find(before) + std::string(before).size()));
-    };
-    EXPECT_EQ(number("of the ") - number("lacks "), 3);
-
+    int lacks = 0, all = 0;
+    ASSERT_EQ(std::sscanf(said.c_str(),
+                          "The language pack X lacks %d of the %d texts of this program;", &lacks,
+                          &all),
+              2);
+    EXPECT_EQ(all - lacks, 3); // of the four slots three are in use
+    EXPECT_GT(lacks, 100);
     // Another pack leaves nothing of the one before.
     read("h,h\n4,\"Sichern\"\nEND");
     EXPECT_EQ(Metafrasi(4, "Save"), "Sichern");

@@ -125,9 +125,9 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
         const bool isOn = lines.at(static_cast<std::size_t>(line - 1)) == "1";
         const std::string content = withLine(line, !isSwitch ? "7" : isOn ? "0" : "1");
         read(content);
-        std::visit([&](const auto *value) { EXPECT_EQ(*value, isSwitch ? !isOn : 7) << name; },
-                   variable);
-        EXPECT_EQ(modelText(), content) << name;
+        SCOPED_TRACE(name);
+        std::visit([&](const auto *value) { EXPECT_EQ(*value, isSwitch ? !isOn : 7); }, variable);
+        EXPECT_EQ(modelText(), content);
         variables.erase(name);
     }
     variables.erase("smallHeldRotation"); // behind the springs, where it is on
@@ -309,23 +309,20 @@ TEST_F(ModelFile, OpenAsksWhereNoPathIsGivenAndCancelChangesNothing)
 
 TEST_F(ModelFile, SaveAsksForANameAndMindsItsExtension)
 {
-    struct Case
-    {
-        const char *old, *proposed, *chosen, *written;
-    };
-    for (const Case &c : {Case{"", "Untitled", "a", "a.vsk"},
-                          {"model.vsk", "model", "b.vsk", "b.vsk"},
-                          {"model.vsk", "model", "c.VSK", "c.VSK.vsk"}}) {
-        Onoma_Arxeiou = c.old;
-        desktop.expectFileDialog(path(c.chosen));
+    for (const auto &[old, proposed, chosen, written] :
+         {std::tuple{"", "Untitled", "a", "a.vsk"},
+          {"model.vsk", "model", "b.vsk", "b.vsk"},
+          {"model.vsk", "model", "c.VSK", "c.VSK.vsk"}}) {
+        Onoma_Arxeiou = old;
+        desktop.expectFileDialog(path(chosen));
         std::string name;
         EXPECT_TRUE(Apothikefsi_Arxeiou(name, false));
-        EXPECT_EQ(desktop.fileQuestions.back().proposed, c.proposed);
+        EXPECT_EQ(desktop.fileQuestions.back().proposed, proposed);
         EXPECT_EQ(desktop.fileQuestions.back().filter, "Kalvorn Veskora files (*.vsk)|*.vsk");
-        EXPECT_EQ(Onoma_Arxeiou, path(c.written));
-        EXPECT_EQ(desktop.caption, path(c.written) + " - " + title);
-        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(c.written), black, true}));
-        EXPECT_TRUE(fs::exists(path(c.written)));
+        EXPECT_EQ(Onoma_Arxeiou, path(written));
+        EXPECT_EQ(desktop.caption, path(written) + " - " + title);
+        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(written), black, true}));
+        EXPECT_TRUE(fs::exists(path(written)));
         EXPECT_EQ(currentFolder + "/", path(""));
     }
     // The dialog asked about "a", which is not there; "a.vsk" is.
@@ -363,16 +360,11 @@ TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
 {
     const std::string file = path("m.vsk");
     std::string other = small;
-    other.replace(other.find("0.01"), 4, "0.02"); // of the same length
-    struct Case
-    {
-        const char *name;
-        std::function<void()> act;
-        bool isForeign;
-    };
+    other.replace(other.find("0.01"), 4, "0.02");                       // of the same length
+    using Case = std::tuple<const char *, std::function<void()>, bool>; // whether it is foreign
     for (const int stage : {46, 48}) // what the program would write differs from the first
         for (const bool isSaved : {false, true})
-            for (const Case &c : {
+            for (const auto &[name, act, isForeign] : {
                      Case{"nothing", [] {}, false},
                      {"edited here", [] { Klimaka = 77; }, false},
                      {"written again", [&] { write(file, contentOf(file)); }, false},
@@ -396,10 +388,10 @@ TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
                 read(ofStage(stage));
                 if (isSaved)
                     Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
-                c.act();
-                EXPECT_EQ(sumOfForeignChange().has_value(), c.isForeign) << c.name;
+                act();
+                EXPECT_EQ(sumOfForeignChange().has_value(), isForeign) << name;
                 Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
-                EXPECT_EQ(sumOfForeignChange(), std::nullopt) << c.name;
+                EXPECT_EQ(sumOfForeignChange(), std::nullopt) << name;
             }
     fs::remove(file);
     fs::create_directory(file);

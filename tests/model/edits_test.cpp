@@ -1,7 +1,6 @@
 #include "Analysis.h"
 #include "ArcEdit.h"
 #include "Diagrafes.h"
-#include "Files.h"
 #include "Metablites.h"
 #include "ModelEdits.h"
 #include "Models.h"
@@ -41,15 +40,9 @@ TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
     const std::string three = groups + "N 1 0 xoo 1; " + nodes;
     const std::string four = three + "N 4 0 xxx 4; S 4 7 8 9; ";
     const std::string whole = four + "E 2 4 3 0 1 5 6; E 4 2 1 1 0 7 8; E 1 2 3";
-    struct Case
-    {
-        const char *name;
-        std::string before;
-        std::function<int()> edit;
-        int answer;
-        std::string after; ///< empty where nothing changes
-    };
-    for (const Case &c : {
+    // Name, model before, edit, its answer, and model after, empty where nothing changes.
+    using Case = std::tuple<const char *, std::string, std::function<int()>, int, std::string>;
+    for (const auto &[name, before, edit, answer, expected] : {
              Case{"node", frame, [] { return addNode(1, 2); }, 4, frame + "N 1 2"},
              {"element", frame, [] { return addElement(3, 1, 2); }, 1, frame + "E 3 1 2"},
              {"support", "N 0 0 xox 5", [] { return stepSupport(1); }, 1, "N 0 0 oxx 5"},
@@ -96,23 +89,23 @@ TEST_F(Edits, ChangeTheRowsAndSayWhatCannotBe)
               "G 1 1 1; G 3 3 3; N 1 0 xoo 1; " + nodes
                   + "N 4 0 xxx 4; S 4 7 8 9; E 2 4 2 0 1 5 6; E 4 2 1 1 0 7 8; E 1 2 2"},
          }) {
-        SCOPED_TRACE(c.name);
-        buildModel(c.after.empty() ? c.before : c.after);
+        SCOPED_TRACE(name);
+        buildModel(expected.empty() ? before : expected);
         const std::string after = modelText();
-        buildModel(c.before);
+        buildModel(before);
         // Rows behind the last are new ones whatever they held.
         Komboi(Arithmos_Kombon + 1, node::Fx) = Elatiria(Arithmos_Kombon + 1, 1) = 9;
         Stoixeia(Arithmos_Stoixeion + 1, element::hingeI) = 1;
         Stoixeia(2, element::used + 1) = 4; // a column that nobody uses
         Allagi_Montelou = false;
         desktop.log.clear();
-        EXPECT_EQ(c.edit(), c.answer);
+        EXPECT_EQ(edit(), answer);
         EXPECT_EQ(modelText(), after);
-        EXPECT_EQ(Allagi_Montelou, !c.after.empty());
+        EXPECT_EQ(Allagi_Montelou, !expected.empty());
         EXPECT_EQ(Stoixeia(2, element::used + 1), 4);
         if (desktop.log.empty())
             continue;
-        EXPECT_EQ(desktop.log.back(), (LogLine{c.name, 32768}));
+        EXPECT_EQ(desktop.log.back(), (LogLine{name, 32768}));
         EXPECT_EQ(Komboi(Arithmos_Kombon + 1, node::x), 0);
         EXPECT_EQ(Elatiria(4, 1), Arithmos_Kombon == 4 ? 7 : 0);
         EXPECT_EQ(Stoixeia(Arithmos_Stoixeion + 1, element::group), 0);
@@ -156,29 +149,24 @@ TEST_F(Edits, AnArcRunsCounterClockwiseOrIsRefused)
     const Arc quarter = arcAround(0, 0, 1, 0, 0, 2);
     // In one direction, but for the last digits of the angles.
     const Arc circle = arcAround(0, 0, .1, .3, .2, .6);
-    struct Case
-    {
-        Arc arc;
-        double elements;
-        ArcRefusal refusal;
-        Place last;
-    };
     using enum ArcRefusal;
-    for (const Case &c : {Case{quarter, 1, none, {6.123234e-17F, 1}},
-                          {arcAround(1, 1, 1, 3, 5, 1), 3, none, {3, 1}},
-                          {circle, 2, none, {-.1F, -.3F}},
-                          {circle, 1, badNumber, {}},
-                          {arcAround(2, 2, 2, 2, 5, 5), 3, noLength, {}},
-                          {arcAround(1e7, 1e7, 10000000.1, 1e7, 1e7, 2e7), 2, noLength, {}},
-                          {quarter, 200, nodeLimit, {}},
-                          {circle, 201, nodeLimit, {}},
-                          {arcAround(3e38, 0, 1e37, 0, 3.3e38, 0), 9, overflow, {}}}) {
-        SCOPED_TRACE(testing::Message() << c.arc.start << " " << c.arc.R << " " << c.elements);
-        const auto [refusal, places] = arcNodes(c.arc, c.elements);
-        EXPECT_EQ(refusal, c.refusal);
+    using Case = std::tuple<Arc, double, ArcRefusal, Place>; // and the last of its nodes
+    for (const auto &[arc, elements, expected, end] :
+         {Case{quarter, 1, none, {6.123234e-17F, 1}},
+          {arcAround(1, 1, 1, 3, 5, 1), 3, none, {3, 1}},
+          {circle, 2, none, {-.1F, -.3F}},
+          {circle, 1, badNumber, {}},
+          {arcAround(2, 2, 2, 2, 5, 5), 3, noLength, {}},
+          {arcAround(1e7, 1e7, 10000000.1, 1e7, 1e7, 2e7), 2, noLength, {}},
+          {quarter, 200, nodeLimit, {}},
+          {circle, 201, nodeLimit, {}},
+          {arcAround(3e38, 0, 1e37, 0, 3.3e38, 0), 9, overflow, {}}}) {
+        SCOPED_TRACE(testing::Message() << arc.start << " " << arc.R << " " << elements);
+        const auto [refusal, places] = arcNodes(arc, elements);
+        EXPECT_EQ(refusal, expected);
         const Place last = places.empty() ? Place{} : places.back();
-        EXPECT_FLOAT_EQ(last.x, c.last.x);
-        EXPECT_FLOAT_EQ(last.y, c.last.y);
+        EXPECT_FLOAT_EQ(last.x, end.x);
+        EXPECT_FLOAT_EQ(last.y, end.y);
     }
 }
 

@@ -57,9 +57,8 @@ TEST_F(Store, APackGivesEveryTextAndAnEmptyOneForWhatItLeavesOut)
 // every table was written to.
 TEST_F(Store, EverythingGoesBackToItsStart)
 {
-    for (int i = 1; i <= 19; ++i)
-        Akrotata(i) = i;
-    Metatopiseis(600) = Entasi_Topiki(300, 6) = Antidraseis(200, 3) = Seira_Vathmon(600) = 5;
+    Akrotata(1) = Akrotata(19) = Metatopiseis(600) = Entasi_Topiki(300, 6) = Antidraseis(200, 3) =
+        Seira_Vathmon(600) = 5;
     Istoriko_Zoom(100, 3) = Entasi_Oliki(1, 1) = U_Eleftheroi(1) = P_Oliko(1) = 5;
     Omades(300, 3) = 1;
     Elatiria(200, 3) = Stoixeia(300, 9) = 1;
@@ -70,11 +69,10 @@ TEST_F(Store, EverythingGoesBackToItsStart)
     Pinakas_Glossas(1) = "Datei";
     resetStore();
     EXPECT_EQ(Glossa + Metafrasi(1, " File") + Pinakas_Glossas(1), "English File");
-    double sum = Metatopiseis(600) + Entasi_Topiki(300, 6) + Antidraseis(200, 3)
-                 + Seira_Vathmon(600) + Istoriko_Zoom(100, 3) + Entasi_Oliki(1, 1) + U_Eleftheroi(1)
-                 + P_Oliko(1) + Omades(300, 3) + Elatiria(200, 3) + Stoixeia(300, 9);
-    for (int i = 1; i <= 19; ++i)
-        sum += Akrotata(i);
+    const double sum = Akrotata(1) + Akrotata(19) + Metatopiseis(600) + Entasi_Topiki(300, 6)
+                       + Antidraseis(200, 3) + Seira_Vathmon(600) + Istoriko_Zoom(100, 3)
+                       + Entasi_Oliki(1, 1) + U_Eleftheroi(1) + P_Oliko(1) + Omades(300, 3)
+                       + Elatiria(200, 3) + Stoixeia(300, 9);
     EXPECT_EQ(sum, 0);
     EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
     buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; S 2 0 5000 0; E 1 2 1");

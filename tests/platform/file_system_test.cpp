@@ -25,9 +25,7 @@ TEST_F(WholeFile, ASecondRunningCopyHasItsScratchFileElsewhere)
     ::close(lock);
     EXPECT_NE(folder, path("other"));
     EXPECT_TRUE(isWritableFolder(folder));
-    struct stat status = {};
-    ::stat(folder.c_str(), &status);
-    EXPECT_EQ(status.st_mode & 0077, 0U);
+    EXPECT_EQ(fs::status(folder).permissions() & fs::perms(077), fs::perms::none);
     EXPECT_EQ(scratchFolder(path("")), path(""));
 }
 
