@@ -47,8 +47,8 @@ std::vector<Motion::Move> moves(int first, int last, Way way)
 TEST_F(CheckTexts, TellsTheRowsInWholeSentences)
 {
     Arithmos_Kombon = maxNodes; // what moves is a part of the structure
-    using enum Shape;
-    using enum Cause;
+    using enum Motion::Shape;
+    using enum Motion::Cause;
     const auto scattered = rowsWhere(60, [](int row) { return row % 2 == 1; });
     std::vector<Finding> findings = {
         motion(freeMotion, turning, onlyHinges, {{4, Way::turns}}),
