@@ -1,9 +1,9 @@
 // What is really painted: the canvas's image, and the pictures of the batch runner.
 
-#include "Batch.h"
 #include "Files.h"
 #include "ImageKanvas.h"
 #include "Models.h"
+#include "QtDrawings.h"
 #include "ScriptedDesktop.h"
 
 #include <QGuiApplication>
@@ -260,7 +260,8 @@ class Pictures : public StoreTest
 TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
 {
     std::ostringstream out, err;
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), EXAMPLES "/portal_frame.vsk"}, out, err),
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), EXAMPLES "/portal_frame.vsk"}, out, err,
+                       qtDrawings()),
               batchStatus::allAnalysed)
         << err.str();
     EXPECT_EQ(std::distance(fs::directory_iterator(path("p")), {}), 6);
@@ -282,8 +283,9 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
     replaceLine(22, "255");
     replaceLine(39, "-5000");
     write(path("moved.vsk"), model);
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), path("moved.vsk")}, out, err),
-              batchStatus::allAnalysed);
+    EXPECT_EQ(
+        runBatch({"--pictures", "--out", path("p"), path("moved.vsk")}, out, err, qtDrawings()),
+        batchStatus::allAnalysed);
     const QImage moved(QString::fromStdString(path("p/moved_model.png")));
     EXPECT_EQ(moved.pixel(5, 5), redPixel);
     int dark = 0;
@@ -292,7 +294,8 @@ TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
     EXPECT_GT(dark, 400);
 
     fs::create_directories(path("q/portal_frame_M.png"));
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("q"), EXAMPLES "/portal_frame.vsk"}, out, err),
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("q"), EXAMPLES "/portal_frame.vsk"}, out, err,
+                       qtDrawings()),
               batchStatus::someFailed);
     EXPECT_NE(err.str().find("q/portal_frame_M.png: "), std::string::npos);
 }
@@ -305,7 +308,7 @@ TEST_F(Pictures, StandInTheStepsOfTheAnalysis)
     std::ostringstream out, err;
     EXPECT_EQ(runBatch({"--steps", "--steps-elements", "1,4-5", "--steps-digits", "3", "--out",
                         path("s"), model},
-                       out, err),
+                       out, err, qtDrawings()),
               batchStatus::allAnalysed);
     EXPECT_NE(err.str().find("frame_steps.html: the model has no elements 4 and 5\n"),
               std::string::npos);
@@ -344,7 +347,8 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
         Options arguments = {"--pictures", "--out", path("s"), model};
         arguments.insert(arguments.end(), options.begin(), options.end());
         std::ostringstream out, err;
-        EXPECT_EQ(runBatch(arguments, out, err), batchStatus::allAnalysed) << err.str();
+        EXPECT_EQ(runBatch(arguments, out, err, qtDrawings()), batchStatus::allAnalysed)
+            << err.str();
         EXPECT_EQ(err.str().find("large_M.png: the diagram leaves") != std::string::npos, isCut);
         const QImage picture(QString::fromStdString(path("s/large_M.png")));
         ASSERT_EQ(picture.size(), size);
@@ -361,7 +365,7 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
     model = path("loose.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
     std::ostringstream out, err;
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("t"), model}, out, err),
+    EXPECT_EQ(runBatch({"--pictures", "--out", path("t"), model}, out, err, qtDrawings()),
               batchStatus::someFailed);
     EXPECT_EQ(std::distance(fs::directory_iterator(path("t")), {}), 1);
     EXPECT_TRUE(fs::exists(path("t/loose_model.png")));

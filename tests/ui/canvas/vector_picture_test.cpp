@@ -1,11 +1,11 @@
 // Pictures of vectors: SVG held against what was drawn, PDF as other programs read it.
 
 #include "AnalysisCommands.h"
-#include "Batch.h"
 #include "Files.h"
 #include "Metablites.h"
 #include "PaperKanvas.h"
 #include "QtColour.h"
+#include "QtDrawings.h"
 #include "RecordingKanvas.h"
 #include "Settings.h"
 #include "Sxediastika.h"
@@ -336,7 +336,7 @@ TEST_F(VectorPictures, ComeFromTheBatchRunnerInEveryKindOrdered)
     std::ostringstream out, err;
     const auto run = [&](const char *option) {
         return runBatch({option, "--fit", "--out", path(option), EXAMPLES "/portal_frame.vsk"}, out,
-                        err);
+                        err, qtDrawings());
     };
     EXPECT_EQ(run("--pictures=svg,pdf"), batchStatus::allAnalysed) << err.str();
     EXPECT_EQ(run("--pictures=png"), batchStatus::allAnalysed) << err.str();
