@@ -1,8 +1,8 @@
-#include "Batch.h"
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "ModelText.h"
+#include "QtDrawings.h"
 #include "Registry.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
@@ -30,7 +30,7 @@ protected:
     {
         out.str("");
         err.str("");
-        return runBatch(arguments, out, err);
+        return runBatch(arguments, out, err, qtDrawings());
     }
     std::ostringstream out, err;
     const std::string small = TEST_DATA "/small.vsk";
