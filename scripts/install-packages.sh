@@ -9,6 +9,7 @@ declare -A packages=(
   [package]="dpkg-dev patchelf xz-utils lintian appstream desktop-file-utils shared-mime-info libglib2.0-bin man-db debootstrap
     xvfb xdotool x11-utils"
   [bench]="libbenchmark-dev python3"
+  [mutants]="python3-clang-14 git"
   [pictures]="chromium xvfb openbox xdotool imagemagick x11-utils poppler-utils"
 )
 
