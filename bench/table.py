@@ -13,11 +13,14 @@ RATIOS = [
     ("undo/limit", "picture_model/limit"),
     ("quick_test/limit", "analysis/storey"),
     ("check/limit", "analysis/storey"),
+    ("batch_process/limit", "batch_model/limit"),
+    ("batch_files/limit", "batch_model/limit"),
+    ("batch_jobs_1/limit", "batch_jobs_2/limit"),
 ]
 
 with open(sys.argv[1], encoding="utf-8") as file:
     rows = json.load(file)["benchmarks"]
-median = {row["run_name"]: row["real_time"] for row in rows if row.get("aggregate_name") == "median"}
+median = {row["run_name"].removesuffix("/manual_time"): row["real_time"] for row in rows if row.get("aggregate_name") == "median"}
 
 for name, time in median.items():
     print(f"{name:32}{time:12.1f} us")

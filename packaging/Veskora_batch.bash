@@ -21,7 +21,7 @@ _Veskora_batch() {
             compopt -o nospace
             return
             ;;
-        --title | --author | --size | --label-scale | --steps-elements | --steps-digits | *=)
+        --title | --author | --jobs | --size | --label-scale | --steps-elements | --steps-digits | *=)
             COMPREPLY=()
             return
             ;;

@@ -55,6 +55,9 @@ private:
 void assembleStiffness()
 {
     K_Oliko.clear();
+    // Memory that is read before it is first written comes in twice, and slowly.
+    for (int freedom = 1; freedom <= 3 * Arithmos_Kombon; ++freedom)
+        K_Oliko(freedom, freedom) = 0;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e) {
         Ipologismos_T(e);
         Ipologismos_K_Topiko(e);

@@ -1,21 +1,14 @@
 #include "Batch.h"
 
-#include "AnalysisCommands.h"
 #include "BatchDesktop.h"
-#include "Fault.h"
+#include "Delivery.h"
 #include "Files.h"
-#include "FileSystem.h"
-#include "Metablites.h"
-#include "Outputs.h"
-#include "ResultTables.h"
+#include "Jobs.h"
 #include "Version.h"
-
-#include <QtGlobal>
 
 #include <algorithm>
 #include <filesystem>
 #include <ostream>
-#include <set>
 
 namespace fs = std::filesystem;
 
@@ -23,215 +16,85 @@ namespace veskora {
 
 namespace {
 
-/// One path for one file, however it is written.
-std::string canonical(const std::string &path)
+std::vector<Output> orderedOutputs(const Order &order, const Drawings &drawings)
 {
-    std::error_code error;
-    const fs::path found = fs::weakly_canonical(path, error);
-    return error ? path : found.string();
+    std::vector<Output> ordered;
+    for (const std::span<const Output> outputs : {plainOutputs(), drawings.outputs})
+        for (const Output &output : outputs)
+            if (output.ordered == nullptr || order.*output.ordered)
+                ordered.push_back(output);
+    return ordered;
 }
 
-/// One run over all models.
-class BatchRun
+/// @return what stands in the way of the whole run, and the status to end with
+std::pair<std::string, int> obstacle(const Order &order)
+{
+    if (!order.folder.empty()) {
+        std::error_code error;
+        fs::create_directories(order.folder, error);
+        if (error)
+            return {order.folder + ": " + error.message(), batchStatus::someFailed};
+    }
+    if (holdsModel(order.summary)) // told before the work that would be lost
+        return {order.summary + " holds a model and is no place for a summary",
+                batchStatus::wrongUsage};
+    return {};
+}
+
+/// While it lives, what the store has to say goes to it.
+class DesktopInUse
 {
 public:
-    BatchRun(const Order &order, std::ostream &out, std::ostream &err)
-        : order_(order), out_(out), err_(err), desktop_(err)
-    {
-        setDesktop(&desktop_);
-        for (const std::string &model : order.models)
-            models_.insert(canonical(model));
-    }
-    ~BatchRun() { setDesktop(nullptr); }
-    BatchRun(const BatchRun &) = delete;
-    BatchRun &operator=(const BatchRun &) = delete;
-
-    /// @return whether all went well that was ordered for the model
-    bool run(const std::string &model)
-    {
-        resetStore();
-        ModelStatus status = ModelStatus::unreadable;
-        bool isDone = succeeds(model, [&] { return analyse(model, status); });
-        for (const Output &output : outputs())
-            if (isOrdered(output) && canBeMade(output, status))
-                isDone = succeeds(model, [&] { return make(output, model); }) && isDone;
-        if (!isDone)
-            warnOfOldFiles(model);
-        if (!order_.summary.empty())
-            isDone = succeeds(model,
-                              [&] {
-                                  summary_.push_back(summaryRow(model, status));
-                                  return std::string();
-                              })
-                     && isDone;
-        return isDone;
-    }
-
-    /// @return whether the summary was written, where it was ordered
-    bool finish()
-    {
-        return order_.summary.empty() || succeeds("summary", [&] {
-                   return deliver(order_.summary, csvText(summary_, csvForm(order_)),
-                                  order_.summary == "-");
-               });
-    }
-
-private:
-    /// Whether @p step says nothing of @p subject; what it says, or a fault in it, is told.
-    template <typename Step>
-    bool succeeds(const std::string &subject, Step step)
-    {
-        std::string failure;
-        try {
-            failure = step();
-        } catch (const Fault &fault) { // what would end a window program ends one step here
-            failure = fault.facts();
-        }
-        desktop_.finishLine();
-        if (!failure.empty())
-            tell(subject, failure);
-        return failure.empty();
-    }
-
-    void tell(const std::string &subject, const std::string &what)
-    {
-        desktop_.finishLine();
-        err_ << "Veskora_batch: " << subject << ": " << what << std::endl;
-    }
-
-    /// @param status  follows how far it came
-    /// @return what went wrong, empty when nothing
-    std::string analyse(std::string model, ModelStatus &status)
-    {
-        Anagnosi_Arxeiou(model);
-        if (Onoma_Arxeiou.empty())
-            return "not read";
-        status = ModelStatus::singular;
-        if (Arithmos_Kombon == 0)
-            return "no nodes, nothing to analyse";
-        Button_Epilisi();
-        if (Sfalma_Epilisis)
-            return "not analysed";
-        status = mechanismSuspected ? ModelStatus::mechanism : ModelStatus::ok;
-        return mechanismSuspected && order_.strict ? "probably a mechanism" : "";
-    }
-
-    bool isOrdered(const Output &output) const
-    {
-        return output.ordered == nullptr || order_.*output.ordered;
-    }
-
-    static bool canBeMade(const Output &output, ModelStatus status)
-    {
-        const bool hasResults = status == ModelStatus::ok || status == ModelStatus::mechanism;
-        return hasResults || (!output.needsResults && status != ModelStatus::unreadable);
-    }
-
-    std::string make(const Output &output, const std::string &model)
-    {
-        const Made made = output.make(order_);
-        const std::string target = pathOf(output, model);
-        if (!made.note.empty())
-            tell(target, made.note);
-        const std::string failure =
-            made.content.empty() ? ""
-                                 : deliver(target, made.content, order_.print && output.isPrinted);
-        return failure.empty() ? made.failure : failure;
-    }
-
-    std::string deliver(const std::string &target, const std::string &content, bool isPrinted)
-    {
-        if (isPrinted) {
-            out_ << content << std::flush;
-            return out_ ? "" : target + " could not be printed";
-        }
-        if (written_.contains(canonical(target)))
-            return target + " was written in this run already";
-        if (isModelOfRun(target))
-            return target + " is a model of this run and no place for results";
-        if (holdsModel(target))
-            return target + " holds a model and is no place for results";
-        try {
-            writeWholeFile(target, content, Durability::onDisk);
-        } catch (const Fault &fault) {
-            return target + ": " + fault.facts();
-        }
-        written_.insert(canonical(target));
-        return {};
-    }
-
-    /// A file left from an earlier run must not pass for one of this model as it is now.
-    void warnOfOldFiles(const std::string &model)
-    {
-        for (const Output &output : outputs()) {
-            const std::string target = pathOf(output, model);
-            std::error_code ignored;
-            if (isOrdered(output) && !(order_.print && output.isPrinted)
-                && !written_.contains(canonical(target)) && fs::exists(target, ignored)
-                && !isModelOfRun(target) && !holdsModel(target))
-                err_ << "Veskora_batch: " << target << " is from an earlier run" << std::endl;
-        }
-    }
-
-    std::string pathOf(const Output &output, const std::string &model) const
-    {
-        return (fs::path(order_.folder) / fs::path(model).stem()).string() + output.ending;
-    }
-
-    bool isModelOfRun(const std::string &target) const
-    {
-        return models_.contains(canonical(target));
-    }
-
-    const Order &order_;
-    std::ostream &out_;
-    std::ostream &err_;
-    BatchDesktop desktop_;
-    std::set<std::string> models_, written_; ///< canonical
-    CsvTable summary_ = {summaryHeader()};
+    explicit DesktopInUse(Desktop &desktop) { setDesktop(&desktop); }
+    ~DesktopInUse() { setDesktop(nullptr); }
+    DesktopInUse(const DesktopInUse &) = delete;
+    DesktopInUse &operator=(const DesktopInUse &) = delete;
 };
 
 } // namespace
 
-bool needsFonts(const std::vector<std::string> &arguments)
+bool needsDrawings(const Order &order)
 {
-    const Order order = parse(arguments);
-    return order.wantsPictures() || order.pdf || order.steps;
+    return !order.help && (order.version || (order.complaint.empty() && order.wantsDrawings()));
 }
 
-int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err)
+int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err,
+             const Drawings &drawings)
 {
     const Order order = parse(arguments);
     if (order.help || order.version) {
         if (order.help)
             out << usage;
         else
-            out << "Veskora_batch " << programVersion << "\nQt " << qVersion() << "\n";
+            out << "Veskora_batch " << programVersion << "\n"
+                << (drawings.toolkit.empty() ? "" : drawings.toolkit + "\n");
         return out.flush() ? batchStatus::allAnalysed : batchStatus::someFailed;
     }
     if (!order.complaint.empty()) {
         err << "Veskora_batch: " << order.complaint << "\n\n" << usage;
         return batchStatus::wrongUsage;
     }
-    if (!order.folder.empty()) {
-        std::error_code error;
-        fs::create_directories(order.folder, error);
-        if (error) {
-            err << "Veskora_batch: " << order.folder << ": " << error.message() << "\n";
-            return batchStatus::someFailed;
+    BatchDesktop desktop(err);
+    if (const auto [what, status] = obstacle(order); !what.empty()) {
+        desktop.tell(what);
+        return status;
+    }
+    const DesktopInUse inUse(desktop);
+    const Task task = {order, orderedOutputs(order, drawings), drawings.start};
+    Delivery delivery(task, out, desktop);
+    if (const int jobs = std::min(order.jobs, static_cast<int>(order.models.size())); jobs > 1) {
+        err.flush(); // else each process would have what waits
+        runInProcesses(jobs, task, delivery, desktop, err);
+    } else {
+        if (task.start)
+            task.start();
+        for (const std::string &model : order.models) {
+            delivery.begin(model);
+            runModel(model, task, desktop, delivery);
         }
     }
-    if (holdsModel(order.summary)) { // told before the work that would be lost
-        err << "Veskora_batch: " << order.summary
-            << " holds a model and is no place for a summary\n";
-        return batchStatus::wrongUsage;
-    }
-    BatchRun run(order, out, err);
-    bool allAnalysed = true;
-    for (const std::string &model : order.models)
-        allAnalysed = run.run(model) && allAnalysed;
-    allAnalysed = run.finish() && allAnalysed;
-    return allAnalysed ? batchStatus::allAnalysed : batchStatus::someFailed;
+    delivery.finish();
+    return delivery.hasFailed() ? batchStatus::someFailed : batchStatus::allAnalysed;
 }
 
 } // namespace veskora

@@ -2,6 +2,9 @@
 /// @file
 /// Models in, reports out, without a window.
 
+#include "Outputs.h"
+
+#include <functional>
 #include <iosfwd>
 #include <string>
 #include <vector>
@@ -16,9 +19,17 @@ inline constexpr int someFailed =
 inline constexpr int wrongUsage = 2;
 } // namespace batchStatus
 
-/// Whether these arguments ask for pictures, a PDF among them, which need Qt's fonts: a
-/// `QGuiApplication` must exist while `runBatch` runs.
-bool needsFonts(const std::vector<std::string> &arguments);
+/// What a program with a toolkit makes besides.
+struct Drawings
+{
+    std::span<const Output> outputs = {};
+    std::string toolkit = {};         ///< its name and version
+    std::function<void()> start = {}; ///< called in each process that draws, before its first model
+};
+
+/// Whether these arguments ask for what only `Drawings` have: pictures, a PDF among them, the steps
+/// of the analysis, the version of the toolkit.
+bool needsDrawings(const Order &order);
 
 /// Runs `Veskora_batch` with the arguments behind the program's name: reads each model, analyses it
 /// and writes what is ordered: report, check, tables, pictures; check and model picture even where
@@ -29,6 +40,7 @@ bool needsFonts(const std::vector<std::string> &arguments);
 /// @param out  where "-" prints the reports, and "--summary -" the summary
 /// @param err  what the message log would say, and why a model failed
 /// @return one of `batchStatus`
-int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err);
+int runBatch(const std::vector<std::string> &arguments, std::ostream &out, std::ostream &err,
+             const Drawings &drawings = {});
 
 } // namespace veskora

@@ -1,7 +1,6 @@
 #include "BatchDesktop.h"
 
-#include <QStandardPaths>
-
+#include <cstdlib>
 #include <ostream>
 
 namespace veskora {
@@ -32,10 +31,22 @@ void BatchDesktop::finishLine()
     lineOpen_ = false;
 }
 
+void BatchDesktop::tell(const std::string &what)
+{
+    finishLine();
+    log_ << "Veskora_batch: " << what << std::endl;
+}
+
+/// Where desktops keep it by their common rules: a path that is not absolute does not count.
 std::string BatchDesktop::dataFolder()
 {
-    std::string folder =
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdString();
+    const auto variable = [](const char *name) {
+        const char *value = std::getenv(name);
+        return std::string(value == nullptr ? "" : value);
+    };
+    std::string folder = variable("XDG_DATA_HOME");
+    if (!folder.starts_with('/'))
+        folder = variable("HOME") + "/.local/share";
     return (folder += '/') += applicationTitle;
 }
 

@@ -18,6 +18,9 @@ public:
     /// Ends the log line that stands open.
     void finishLine();
 
+    /// A line of the runner's own, behind its name.
+    void tell(const std::string &what);
+
     /// No to every question: an unconnected node is kept. What a box says beyond the log is
     /// logged.
     Answer message(const std::string &text, Icon icon, Buttons buttons) override;

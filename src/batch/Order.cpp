@@ -63,6 +63,8 @@ const char *const usage =
     "             of that report; by the region when not given\n"
     "  --title TEXT, --author TEXT\n"
     "             at the head of that report\n"
+    "  --jobs N   run models in N processes, 1 to 256, with the same output in the same\n"
+    "             order; 1 when not given\n"
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  -h, --help this text\n"
@@ -155,6 +157,13 @@ bool takeDigits(Order &order, const std::string &value)
     return true;
 }
 
+bool takeJobs(Order &order, const std::string &value)
+{
+    const char *const end = value.data() + value.size();
+    const auto [rest, error] = std::from_chars(value.data(), end, order.jobs);
+    return error == std::errc() && rest == end && order.jobs >= 1 && order.jobs <= 256;
+}
+
 bool takePaper(Order &order, const std::string &value)
 {
     order.paper = value;
@@ -184,6 +193,7 @@ constexpr auto valued = std::to_array<Valued>({
     {"--steps-digits", takeDigits, "a whole number from 1 to 15"},
     {"--size", takeSize, "WxH in pixels, each from 200 to 8000, as 1920x1080"},
     {"--label-scale", takeLabelScale, "a number from 0.5 to 4"},
+    {"--jobs", takeJobs, "a whole number of processes from 1 to 256"},
     {"--paper", takePaper, "A4 or Letter"},
     {"--title", takeText<&Order::title>, "a text of at most 200 bytes"},
     {"--author", takeText<&Order::author>, "a text of at most 200 bytes"},

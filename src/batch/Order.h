@@ -30,6 +30,7 @@ struct Order
     bool version = false;
     std::string folder;     ///< empty: the working directory
     std::string summary;    ///< file of the summary, "-" for the standard output, empty for none
+    int jobs = 1;           ///< processes that models are run in
     int parts = usualParts; ///< equal parts of an element for its values
     int width = 1280;       ///< of a picture, pixels
     int height = 800;
@@ -41,6 +42,8 @@ struct Order
     std::string complaint; ///< not empty: wrong usage
 
     bool wantsPictures() const { return pngPictures || svgPictures || pdfPictures; }
+    /// What only a toolkit makes.
+    bool wantsDrawings() const { return wantsPictures() || pdf || steps; }
 };
 
 Order parse(const std::vector<std::string> &arguments);

@@ -1,17 +1,10 @@
 #include "Outputs.h"
 
 #include "Anafora.h"
-#include "CalculationReport.h"
 #include "CheckText.h"
-#include "Metablites.h"
 #include "ModelCheck.h"
-#include "Pictures.h"
 #include "ResultTables.h"
-#include "RowQueries.h"
-#include "Sentences.h"
-#include "StepsFile.h"
 
-#include <algorithm>
 #include <array>
 
 namespace veskora {
@@ -49,41 +42,6 @@ Made values(const Order &order)
     return {csvText(valuesTable(order.parts), {.isRegional = order.regional}), {}, {}};
 }
 
-Made stepsOf(const Order &order)
-{
-    const auto isAsked = [&](int e) {
-        return std::ranges::count(order.shownSteps.elements, e) > 0;
-    };
-    std::vector<int> missing = rowsWhere(maxElements, isAsked);
-    const std::size_t asked = missing.size();
-    std::erase_if(missing, [](int e) { return e <= Arithmos_Stoixeion; });
-    if (missing.empty())
-        return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), {}, {}};
-    const std::string note =
-        "the model has no " + forRows("element |elements ", missing.size()) + rowList(missing);
-    if (missing.size() == asked)
-        return {{}, {}, note + ", none of those to show"};
-    return {stepsFile(steps::stepsOfAnalysis(order.shownSteps)), note, {}};
-}
-
-template <std::int16_t shown, PictureForm form>
-Made picture(const Order &order)
-{
-    return drawPicture(shown, form, order);
-}
-
-Made calculation(const Order &order)
-{
-    const Paper usual = usualPaper(QLocale::system().territory());
-    const CalculationOptions options = {
-        .title = order.title.value_or(""),
-        .author = order.author.value_or(""),
-        .paper = order.paper ? (*order.paper == "A4" ? Paper::A4 : Paper::letter) : usual,
-        .withCheck = order.check};
-    return {
-        pdfOf(calculationDocument(options), options.paper, [](int, int) { return true; }), {}, {}};
-}
-
 } // namespace
 
 CsvForm csvForm(const Order &order)
@@ -91,7 +49,7 @@ CsvForm csvForm(const Order &order)
     return {.isRegional = order.regional, .lineEnd = CsvForm::lf};
 }
 
-std::span<const Output> outputs()
+std::span<const Output> plainOutputs()
 {
     static constexpr auto all = std::to_array<Output>({
         {".txt", nullptr, true, true, report},
@@ -100,23 +58,6 @@ std::span<const Output> outputs()
         {"_spans.csv", &Order::csv, true, false, spans},
         {"_nodes.csv", &Order::csv, true, false, csv<nodesTable>},
         {"_values.csv", &Order::values, true, false, values},
-        {"_steps.html", &Order::steps, false, false, stepsOf},
-        {"_model.png", &Order::pngPictures, false, false, picture<view::model, PictureForm::png>},
-        {"_M.png", &Order::pngPictures, true, false, picture<view::M, PictureForm::png>},
-        {"_Q.png", &Order::pngPictures, true, false, picture<view::Q, PictureForm::png>},
-        {"_N.png", &Order::pngPictures, true, false, picture<view::N, PictureForm::png>},
-        {"_D.png", &Order::pngPictures, true, false, picture<view::deformed, PictureForm::png>},
-        {"_model.svg", &Order::svgPictures, false, false, picture<view::model, PictureForm::svg>},
-        {"_M.svg", &Order::svgPictures, true, false, picture<view::M, PictureForm::svg>},
-        {"_Q.svg", &Order::svgPictures, true, false, picture<view::Q, PictureForm::svg>},
-        {"_N.svg", &Order::svgPictures, true, false, picture<view::N, PictureForm::svg>},
-        {"_D.svg", &Order::svgPictures, true, false, picture<view::deformed, PictureForm::svg>},
-        {"_model.pdf", &Order::pdfPictures, false, false, picture<view::model, PictureForm::pdf>},
-        {"_M.pdf", &Order::pdfPictures, true, false, picture<view::M, PictureForm::pdf>},
-        {"_Q.pdf", &Order::pdfPictures, true, false, picture<view::Q, PictureForm::pdf>},
-        {"_N.pdf", &Order::pdfPictures, true, false, picture<view::N, PictureForm::pdf>},
-        {"_D.pdf", &Order::pdfPictures, true, false, picture<view::deformed, PictureForm::pdf>},
-        {"_report.pdf", &Order::pdf, false, false, calculation},
     });
     return all;
 }

@@ -30,7 +30,7 @@ struct Output
 /// How the tables of the run are written, but for the values along the elements.
 CsvForm csvForm(const Order &order);
 
-/// In the order in which they are made.
-std::span<const Output> outputs();
+/// Those that need no toolkit, in the order in which they are made.
+std::span<const Output> plainOutputs();
 
 } // namespace veskora

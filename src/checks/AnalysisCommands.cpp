@@ -14,6 +14,7 @@
 #include "Sentences.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace veskora {
@@ -23,8 +24,12 @@ namespace {
 /// The first node without an element, 0 when there is none.
 int firstUnconnectedNode()
 {
+    std::array<bool, maxNodes + 1> isConnected{};
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int end : {element::nodeI, element::nodeJ})
+            isConnected[static_cast<std::size_t>(nodeOf(e, end))] = true;
     for (int n = 1; n <= Arithmos_Kombon; ++n)
-        if (elementAt(n) == 0)
+        if (!isConnected[static_cast<std::size_t>(n)])
             return n;
     return 0;
 }

@@ -6,6 +6,8 @@
 #include "ResultWarnings.h"
 #include "RowQueries.h"
 
+#include <utility>
+
 namespace veskora {
 
 namespace {
@@ -35,7 +37,10 @@ public:
     std::string take() { return std::move(text_); }
 
 private:
-    std::string localized(const std::string &text) const { return withSeparator(text, separator_); }
+    std::string localized(std::string text) const
+    {
+        return withSeparator(std::move(text), separator_);
+    }
 
     std::string separator_;
     std::string text_;
@@ -46,7 +51,7 @@ namespace {
 /// @p text padded with blanks on the right, or cut, to exactly @p width characters of UTF-8.
 /// scripts/check-languages reads the widths of fields, and the blanks behind headings, in this
 /// file.
-std::string field(std::size_t width, const std::string &text)
+std::string field(std::size_t width, std::string text)
 {
     std::size_t characters = 0;
     std::size_t end = 0;
@@ -56,7 +61,8 @@ std::string field(std::size_t width, const std::string &text)
             break;
         characters += beginsCharacter ? 1 : 0;
     }
-    return text.substr(0, end) + std::string(width - characters, ' ');
+    text.resize(end);
+    return text.append(width - characters, ' ');
 }
 
 std::string blanks(std::size_t count)

@@ -7,9 +7,11 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <langinfo.h>
 #include <limits>
 #include <locale.h>
+#include <utility>
 
 namespace veskora {
 
@@ -338,7 +340,10 @@ std::string signedNumberText(double value)
     return withSignPlace(numberText(value));
 }
 
-std::string regionalDecimalSeparator()
+namespace {
+
+/// The separator of the region that the environment names.
+std::string separatorOfEnvironment()
 {
     // A locale of its own: the process's is that of all threads.
     const locale_t region = ::newlocale(LC_NUMERIC_MASK, "", nullptr);
@@ -349,8 +354,27 @@ std::string regionalDecimalSeparator()
     return separator.empty() ? "." : separator;
 }
 
+} // namespace
+
+std::string regionalDecimalSeparator()
+{
+    // Each report asks several times, and the system reads its files anew each time.
+    static thread_local std::string knownFor = "\n", separator;
+    std::string environment;
+    for (const char *name : {"LC_ALL", "LC_NUMERIC", "LANG", "LOCPATH"})
+        if (const char *value = std::getenv(name))
+            (environment += value) += '\n';
+        else
+            environment += '\n';
+    if (std::exchange(knownFor, environment) != environment)
+        separator = separatorOfEnvironment();
+    return separator;
+}
+
 std::string withSeparator(std::string text, const std::string &separator)
 {
+    if (separator == ".")
+        return text;
     if (const std::size_t point = text.find('.'); point != std::string::npos)
         text.replace(point, 1, separator);
     return text;

@@ -72,6 +72,8 @@ const char *textOf(ModelStatus status)
         return "mechanism";
     case ModelStatus::singular:
         return "singular";
+    case ModelStatus::killed:
+        return "killed";
     case ModelStatus::unreadable:
         break;
     }

@@ -31,6 +31,7 @@ enum class ModelStatus {
     mechanism,  ///< analysed, but the structure can probably move
     singular,   ///< read, but not analysed
     unreadable, ///< not read
+    killed,     ///< the process that was to analyse it was killed
 };
 
 /// The names of the columns of a summary.

@@ -1,9 +1,9 @@
-#include "Batch.h"
 #include "DataCases.h"
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "ModelText.h"
+#include "QtDrawings.h"
 #include "Registry.h"
 #include "ScriptedDesktop.h"
 #include "Settings.h"
@@ -30,7 +30,7 @@ protected:
     {
         out.str("");
         err.str("");
-        return runBatch(arguments, out, err);
+        return runBatch(arguments, out, err, qtDrawings());
     }
     /// Runs with the words of @p line: "small" is the model, "@" stands for the test's folder.
     int runLine(const std::string &line)

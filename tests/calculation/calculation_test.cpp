@@ -1,6 +1,5 @@
 // The calculation report as PDF, read by poppler's programs.
 
-#include "Batch.h"
 #include "CalculationReport.h"
 #include "epilisi.h"
 #include "Files.h"
@@ -8,6 +7,7 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "PageFlow.h"
+#include "QtDrawings.h"
 #include "RecordingKanvas.h"
 #include "Registry.h"
 #include "ReportPicture.h"
@@ -51,7 +51,7 @@ protected:
         std::ostringstream out, err;
         EXPECT_EQ(runBatch({"--pdf", "--check", "--paper", paper, "--title", "Hall 7", "--out",
                             path(""), model},
-                           out, err),
+                           out, err, qtDrawings()),
                   fails ? batchStatus::someFailed : batchStatus::allAnalysed)
             << err.str();
         setDesktop(&desktop);

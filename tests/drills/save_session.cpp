@@ -7,7 +7,6 @@
 
 #include "Anafora.h"
 #include "Application.h"
-#include "Batch.h"
 #include "DrivenWindow.h"
 #include "ExportFlexGrid.h"
 #include "FaultyCalls.h"
@@ -19,6 +18,7 @@
 #include "Functions.h"
 #include "Metablites.h"
 #include "ModelText.h"
+#include "QtDrawings.h"
 #include "RecentFiles.h"
 #include "ResultGrid.h"
 
@@ -240,7 +240,7 @@ private:
              const std::string folder = folder_.toStdString();
              if (runBatch({"--out", folder + "/batch", "--csv", "--pictures=png", "--size",
                            "300x200", folder + "/model.vsk"},
-                          told, told)
+                          told, told, qtDrawings())
                  != 0)
                  desktop_.told.append(QString::fromStdString(told.str()));
          }},

@@ -10,6 +10,8 @@ namespace {
 
 constexpr Eigen::Index none = -1;
 
+using Entry = Eigen::Triplet<Extended, Eigen::Index>;
+
 } // namespace
 
 ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Projections::exact))
@@ -22,7 +24,8 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
             springs_(freedomOf(n, k) - 1) = Elatiria(n, k);
 
     const std::vector<std::size_t> free = freeFreedoms();
-    std::vector<Eigen::Triplet<Extended>> entries;
+    std::vector<Entry> entries;
+    entries.reserve(36 * members_.size() + static_cast<std::size_t>(all));
     ExtendedVector diagonal = springs_, parts = springs_.cwiseAbs(); // what adds up to it, unsigned
     for (const auto &member : members_) {
         const auto K = member.stiffness();
@@ -54,20 +57,18 @@ ScaledStiffness::ScaledStiffness() : members_(veskora::members<Extended>(Project
         const Extended size = abs(diagonal(row)), cancelled = parts(row) * Extended(1e-12);
         scale_(row) = 1 / sqrt(size > cancelled ? size : parts(row));
     }
-    std::vector<Eigen::Triplet<Extended>> scaled;
-    scaled.reserve(entries.size() + freedoms_.size());
-    const auto add = [&](Eigen::Index row, Eigen::Index column, Extended value) {
-        const Eigen::Index r = place[static_cast<std::size_t>(row)];
-        const Eigen::Index c = place[static_cast<std::size_t>(column)];
-        if (r != none && c != none)
-            scaled.emplace_back(r, c, value * scale_(row) * scale_(column));
-    };
-    for (const auto &entry : entries)
-        add(entry.row(), entry.col(), entry.value());
     for (Eigen::Index row = 0; row < all; ++row)
-        add(row, row, springs_(row));
+        entries.emplace_back(row, row, springs_(row));
+    const auto scaled = [&](const Entry &entry) {
+        return Entry(place[static_cast<std::size_t>(entry.row())],
+                     place[static_cast<std::size_t>(entry.col())],
+                     entry.value() * scale_(entry.row()) * scale_(entry.col()));
+    };
+    const auto isOut = [](const auto &entry) { return entry.row() == none || entry.col() == none; };
+    std::ranges::transform(entries, entries.begin(), scaled);
+    std::erase_if(entries, isOut);
     matrix_.resize(size(), size());
-    matrix_.setFromTriplets(scaled.begin(), scaled.end());
+    matrix_.setFromTriplets(entries.begin(), entries.end());
 }
 
 ExtendedVector ScaledStiffness::displacements(const Eigen::VectorXd &scaled) const

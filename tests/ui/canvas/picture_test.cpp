@@ -1,9 +1,9 @@
 // What is really painted: the canvas's image, and the pictures of the batch runner.
 
-#include "Batch.h"
 #include "Files.h"
 #include "ImageKanvas.h"
 #include "Models.h"
+#include "QtDrawings.h"
 #include "ScriptedDesktop.h"
 
 #include <QImage>
@@ -182,7 +182,7 @@ protected:
         for (const QString &option : options.split(' '))
             arguments.push_back(option.toStdString());
         std::ostringstream out, err;
-        const int status = runBatch(arguments, out, err);
+        const int status = runBatch(arguments, out, err, qtDrawings());
         said = err.str();
         return status;
     }
