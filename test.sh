@@ -1,44 +1,71 @@
 #!/usr/bin/env bash
 # Installs what is missing, builds, and runs every test. Needs no display.
+#   ./test.sh [--again]
+# What has passed with all files and packages as they are now is not run again, but with --again.
 set -eu
 cd "$(dirname "$0")"
 scripts/install-packages.sh build test
 
-scripts/format.sh --check
+logs=$(mktemp -d)
+trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$logs"' EXIT
+mkdir -p build/passed
+[ "${1:-}" != --again ] || rm -f build/passed/*
+state=$({ git ls-files -coz --exclude-standard | xargs -0 sha1sum 2>/dev/null; dpkg-query -W; } | sha1sum)
 
-echo "== Tests, optimised"
-cmake --preset release -DVESKORA_TESTS=ON >/dev/null
-cmake --build --preset release
-scripts/drills/kills 16 & # it sleeps most of its time
-drill=$!
-ctest --preset release -j "$(nproc)"
+# step TITLE COMMAND...
+step() {
+  local title=$1 mark=build/passed/${1//[^[:alnum:]]/-}
+  shift
+  echo "== $title"
+  if [ "$(cat "$mark" 2>/dev/null)" = "$state" ]; then
+    echo "passed, with everything as it is now"
+    return
+  fi
+  rm -f "$mark"
+  "$@" || { echo "failed: $title"; return 1; }
+  echo "$state" >"$mark"
+}
 
-echo "== The window on Wayland alone"
-scripts/check-wayland.sh build/release/bin/Veskora_ML
+build() { # build PRESET OPTION...
+  echo "== Build: $1"
+  cmake --preset "$@" >/dev/null && cmake --build --preset "$1"
+}
 
-echo "== What the README quotes"
-scripts/check-docs.sh build/release/bin/Veskora_batch
+# What takes one core, or sleeps, runs beside what takes all of them; its words come at the end.
+drills_of_release() {
+  step "Kills, and what is left of the work" scripts/drills/kills 16
+  step "The window on Wayland alone" scripts/check-wayland.sh build/release/bin/Veskora_ML
+  step "What the README quotes" scripts/check-docs.sh build/release/bin/Veskora_batch
+  step "The package, unpacked" check_package
+  step "Faults in saves" scripts/drills/faults 100
+  step "Several copies side by side" scripts/drills/copies 30
+  step "A long day" scripts/drills/long-use 480
+}
+check_package() { scripts/check-package --no-chroot "$(./package.sh)"; }
 
-echo "== The package, unpacked"
-scripts/check-package --no-chroot "$(./package.sh)"
+drills_of_sanitizers() {
+  step "A user without a mind, under the sanitizers" scripts/drills/hands 3000
+  step "Arbitrary files, settings and arguments" scripts/drills/reader
+}
 
-echo "== Faults in saves"
-scripts/drills/faults 100
+aside() { # aside FUNCTION
+  "$1" >"$logs/$1" 2>&1 &
+  asides+=("$!:$1")
+}
 
-echo "== Kills, and what is left of the work"
-wait $drill
-
-echo "== Several copies side by side, and a long day"
-scripts/drills/copies 30
-scripts/drills/long-use 480
-
-echo "== Tests, under the address and undefined-behaviour sanitizers"
-cmake --preset sanitize >/dev/null
-cmake --build --preset sanitize
-ctest --preset sanitize -j "$(nproc)"
-
-echo "== A user without a mind, under the sanitizers"
-scripts/drills/hands 3000
-
-echo "== Arbitrary files, settings and arguments"
-scripts/drills/reader
+asides=()
+step "Format" scripts/format.sh --check
+build release -DVESKORA_TESTS=ON
+aside drills_of_release
+step "Tests, optimised" ctest --preset release -j "$(nproc)"
+build sanitize
+aside drills_of_sanitizers
+step "Tests, under the address and undefined-behaviour sanitizers" ctest --preset sanitize -j "$(nproc)"
+state+=$(git rev-parse -q --verify HEAD^ origin/main 2>/dev/null || true)
+step "Checks of .clang-tidy, over what changed" scripts/tidy
+status=0
+for one in "${asides[@]}"; do
+  wait "${one%%:*}" || status=1
+  cat "$logs/${one#*:}"
+done
+exit $status

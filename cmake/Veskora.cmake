@@ -8,6 +8,8 @@ target_compile_options(veskora_flags INTERFACE
   -ffp-contract=off -fno-fast-math
   # GCC 12 forgets that a Double was narrowed to a Single where it joins two such places to a vector.
   -fno-tree-slp-vectorize
+  # Files compiled together see each other's unnamed namespaces: nothing is shadowed there in truth.
+  $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>>
   $<$<BOOL:${VESKORA_WERROR}>:-Werror>
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
 target_link_options(veskora_flags INTERFACE
@@ -23,5 +25,8 @@ function(veskora_library name)
   target_include_directories(${name}
     PUBLIC ${CMAKE_CURRENT_SOURCE_DIR} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR}/internal)
   target_link_libraries(${name} PUBLIC ${arg_LINKS} PRIVATE veskora_flags)
+  if(VESKORA_SANITIZE AND arg_QT) # windows wait for their user; the optimiser takes longer than their tests
+    target_compile_options(${name} PRIVATE -O0)
+  endif()
   set_target_properties(${name} PROPERTIES AUTOMOC ${arg_QT} AUTOUIC ${arg_QT} AUTORCC ${arg_QT})
 endfunction()

@@ -5,10 +5,11 @@ set -eu
 declare -A packages=(
   [build]="cmake ninja-build g++ python3 libeigen3-dev qt6-base-dev qt6-svg-dev qt6-wayland qt6-translations-l10n libharfbuzz-dev libxlsxwriter-dev libminizip-dev zlib1g-dev pkg-config fonts-liberation2
     qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite"
-  [test]="libgtest-dev libgmock-dev clang libclang-rt-14-dev clang-format locales python3-openpyxl poppler-utils weston"
+  [test]="libgtest-dev libgmock-dev clang clang-format clang-tidy libclang-rt-14-dev locales python3-openpyxl poppler-utils weston"
   [package]="dpkg-dev patchelf xz-utils lintian appstream desktop-file-utils shared-mime-info libglib2.0-bin man-db debootstrap
     xvfb xdotool x11-utils"
   [bench]="libbenchmark-dev python3"
+  [mutants]="python3-clang-14 git"
   [pictures]="chromium xvfb openbox xdotool imagemagick x11-utils poppler-utils"
 )
 

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double usualPoints = 8.5, leastPoints = 6;
 constexpr double lineSpacing = 1.2;
-constexpr double ruleWidth = 0.018; // cm; half a point, which any printer shows
+constexpr double tableRuleWidth = 0.018; // cm; half a point, which any printer shows
 
 } // namespace
 
@@ -117,7 +117,7 @@ void PrintedTable::paintHeader(QPainter &painter, double top) const
     for (std::size_t k = 0; k < columns_.size(); ++k)
         paintCell(painter, rows_.front()[k], columns_[k], baseline);
     const double line = top + rowHeight_;
-    painter.setPen(QPen(Qt::black, sheet_.cm(ruleWidth)));
+    painter.setPen(QPen(Qt::black, sheet_.cm(tableRuleWidth)));
     painter.drawLine(QPointF(0, line), QPointF(columns_.back().left + columns_.back().width, line));
 }
 
@@ -135,7 +135,7 @@ void PrintedTable::paint(QPainter &painter, double top, std::size_t first, std::
         }
         if (!groups_[part].hasLine)
             continue;
-        painter.setPen(QPen(Qt::gray, sheet_.cm(ruleWidth)));
+        painter.setPen(QPen(Qt::gray, sheet_.cm(tableRuleWidth)));
         const double line = y - (rowHeight_ - sheet_.metrics(font_).height()) / 2;
         painter.drawLine(QPointF(0, line),
                          QPointF(columns_.back().left + columns_.back().width, line));

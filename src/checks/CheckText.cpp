@@ -14,7 +14,6 @@ namespace veskora {
 
 namespace {
 
-constexpr std::string_view nl = "\r\n";
 constexpr std::size_t widestLine = 100; ///< characters
 constexpr std::size_t mostPairs = 20;
 constexpr int digitsOfDouble = 16; ///< results that are equal have no more to show

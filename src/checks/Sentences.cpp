@@ -10,7 +10,6 @@ namespace veskora {
 
 namespace {
 
-constexpr std::string_view nl = "\r\n";
 constexpr std::size_t longestList = 20; ///< entries; a run of rows is one
 
 std::string joined(const std::vector<std::string> &items, std::string_view separator)

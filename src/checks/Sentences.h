@@ -10,6 +10,8 @@
 
 namespace veskora {
 
+inline constexpr std::string_view nl = "\r\n"; ///< ends a line of the texts of this folder
+
 /// @p text with @p values where it has %1, %2 ...; a value is not searched for further marks.
 std::string filled(std::string_view text, const std::vector<std::string> &values);
 

@@ -18,7 +18,7 @@ namespace {
 
 /// What is computed station by station. A value that cannot be (a zero E, I or scale) stays as the
 /// station before left it, across elements too.
-struct Station
+struct ShapeStation
 {
     double EA = 0, EI = 0;
     double N1 = 0, N2 = 0, N3 = 0, N4 = 0; ///< shape functions of v and rotation at i, then at j
@@ -69,7 +69,7 @@ ElementState elementState(int e, const ElementLine &line)
     return s;
 }
 
-void setRigidities(int e, Station &station)
+void setRigidities(int e, ShapeStation &station)
 {
     skipFaults([&] {
         const int g = elementGroup(e);
@@ -80,7 +80,7 @@ void setRigidities(int e, Station &station)
 
 /// The shape functions at @p x. Those of one hinge are quadratics through the end values and the
 /// slope at the rigid end.
-void setShapeFunctions(const ElementState &s, double x, Station &at)
+void setShapeFunctions(const ElementState &s, double x, ShapeStation &at)
 {
     const double L = s.line.length;
     switch (s.type) {
@@ -133,7 +133,7 @@ double loadTerm(const ElementState &s, double x, double EI)
     return 0;
 }
 
-void moveTo(const ElementState &s, double x, Station &at)
+void moveTo(const ElementState &s, double x, ShapeStation &at)
 {
     const double L = s.line.length;
     setShapeFunctions(s, x, at);
@@ -153,7 +153,7 @@ constexpr std::size_t chords = 20; ///< of an element
 template <typename Take>
 void forDeformedElements(Take take)
 {
-    Station station;
+    ShapeStation station;
     for (int e = 1; e <= Arithmos_Stoixeion; ++e)
         skipFaults([&, e] {
             const ElementLine line = elementLine(e);

@@ -17,11 +17,6 @@ namespace {
 /// Less than this share of what goes with it is rounding, and no diagram.
 constexpr double negligible = 1e-9;
 
-double distance(Point a, Point b)
-{
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
-
 /// Centimetres.
 double longestReach()
 {

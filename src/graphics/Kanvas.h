@@ -7,6 +7,7 @@
 /// are narrowed to Single. An operation with a coordinate that is not finite is left out whole, the
 /// move of the current point with it.
 
+#include <cmath>
 #include <span>
 #include <string>
 
@@ -18,6 +19,11 @@ struct Point
     double x = 0;
     double y = 0;
 };
+
+inline double distance(Point a, Point b)
+{
+    return std::hypot(b.x - a.x, b.y - a.y);
+}
 
 inline constexpr const char *canvasFontFace = "Arial"; ///< where no other is asked for
 

@@ -34,11 +34,6 @@ bool contains(const LabelBox &area, const LabelBox &box)
            && box.bottom <= area.bottom;
 }
 
-double distance(Point a, Point b)
-{
-    return std::hypot(b.x - a.x, b.y - a.y);
-}
-
 double length(const Ordinate &ordinate)
 {
     return distance(ordinate.foot, ordinate.tip);

@@ -25,25 +25,26 @@ namespace {
 using testing::HasSubstr;
 using testing::Not;
 
-std::string poppler(const char *program, std::vector<std::string> arguments)
+std::string poppler(const char *program, const QStringList &arguments)
 {
-    QStringList list;
-    for (const std::string &argument : arguments)
-        list << QString::fromStdString(argument);
-    return output(program, list).toStdString();
+    return output(program, arguments).toStdString();
 }
 
-int count(const std::string &text, const std::string &word)
+qsizetype count(const std::string &text, const char *word)
 {
-    int found = 0;
-    for (std::size_t at = text.find(word); at != std::string::npos; at = text.find(word, at + 1))
-        ++found;
-    return found;
+    return QString::fromStdString(text).count(word);
 }
 
 class CalculationReport : public StoreTest
 {
 protected:
+    /// What the model in the store has on paper.
+    std::string textOfReport(const CalculationOptions &options = {})
+    {
+        write(path("r.pdf"),
+              pdfOf(calculationDocument(options), Paper::A4, [](int, int) { return true; }));
+        return poppler("pdftotext", {"-layout", QString::fromStdString(path("r.pdf")), "-"});
+    }
     /// The whole text of the report of @p model, whose pages are all vectors and of that size.
     std::string report(const std::string &model, const std::string &paper, bool fails = false)
     {
@@ -54,7 +55,8 @@ protected:
                   fails ? batchStatus::someFailed : batchStatus::allAnalysed)
             << err.str();
         setDesktop(&desktop);
-        const std::string pdf = path(std::filesystem::path(model).stem().string() + "_report.pdf");
+        const QString pdf = QString::fromStdString(
+            path(std::filesystem::path(model).stem().string() + "_report.pdf"));
         EXPECT_EQ(count(poppler("pdfimages", {"-list", pdf}), "\n"), 2) << "images";
         const std::string fonts = poppler("pdffonts", {pdf});
         EXPECT_EQ(count(fonts, " yes no  yes"), count(fonts, "\n") - 2) << fonts;
@@ -68,7 +70,7 @@ TEST_F(CalculationReport, HasModelDiagramsResultsAndCheckOnPagesOfTheSizeAsked)
 {
     for (const char *paper : {"A4", "Letter"}) {
         const std::string text = report(EXAMPLES "/gable_frame.vsk", paper);
-        const int pages = count(text, "\f");
+        const auto pages = count(text, "\f");
         for (const std::string said :
              {"Hall 7", "gable_frame.vsk", "2.4 Elemental loads",
               "between the ends: 132.9, element 3", " in the model's unit of length",
@@ -79,8 +81,8 @@ TEST_F(CalculationReport, HasModelDiagramsResultsAndCheckOnPagesOfTheSizeAsked)
         EXPECT_THAT(text, testing::ContainsRegex("max\\. +132.945 +3 +2.81044"));
         EXPECT_THAT(text, testing::ContainsRegex("3.3 +Axial force N +4\n"));
         for (int page = 1; page <= pages; ++page)
-            EXPECT_EQ(count(text, "Page " + std::to_string(page) + " of " + std::to_string(pages)),
-                      1);
+            EXPECT_EQ(
+                count(text, QString("Page %1 of %2").arg(page).arg(pages).toUtf8().constData()), 1);
     }
     const std::string limit = report(EXAMPLES "/limit.vsk", "A4");
     EXPECT_GE(count(limit, "\fElement "), 5) << "the header comes again on each page";
@@ -117,29 +119,18 @@ TEST_F(CalculationReport, LeavesTheStoreAsItWasAndNothingInTheLog)
                           cutReportedFor, denseGridReported, gridPosition, Allagi_Montelou);
     };
     const auto before = state();
-    const std::string pdf =
-        pdfOf(calculationDocument({.withCheck = true}), Paper::A4, [](int, int) { return true; });
+    const std::string text = textOfReport({.withCheck = true});
     EXPECT_TRUE(state() == before);
     EXPECT_TRUE(desktop.log.empty());
-    write(path("r.pdf"), pdf);
-    EXPECT_THAT(poppler("pdftotext", {path("r.pdf"), "-"}),
-                HasSubstr("Values beyond this limit are shown as 0"));
+    EXPECT_THAT(text, HasSubstr("Values beyond this limit are shown as 0"));
     EXPECT_EQ(pdfOf(calculationDocument({}), Paper::A4, [](int, int) { return false; }), "");
 }
 
 TEST_F(CalculationReport, TellsOfValuesThatTheDecimalsHideAndOfOldResults)
 {
-    const auto textOfReport = [&] {
-        write(path("r.pdf"),
-              pdfOf(calculationDocument({}), Paper::A4, [](int, int) { return true; }));
-        return poppler("pdftotext", {"-layout", path("r.pdf"), "-"});
-    };
-    const struct
-    {
-        const char *load, *said;
-    } cases[] = {{"3e9", "units: 2147.483647"}, // of displacements, with their six decimals
-                 {"3e-5", "smaller units: 0.0005"}};
-    for (const auto &[load, said] : cases) {
+    for (const auto &[load, said] :
+         {std::pair{"3e9", "units: 2147.483647"}, // of displacements, with their six decimals
+          {"3e-5", "smaller units: 0.0005"}}) {
         buildModel(std::string("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4 ooo ") + load
                    + "; N 5 4; N 5 0 xxx; E 1 2 1; E 2 3 1; E 3 4 1");
         Epilisi();
@@ -197,14 +188,12 @@ struct Parts : PrintedBlock
 TEST(PageFlow, KeepsHeadingsWithWhatTheyStandOverAndLeavesNoLoneRow)
 {
     using Ends = std::vector<std::vector<std::size_t>>; // of the parts on each page
-    const struct
-    {
-        std::size_t above, table;
-        Ends ends;
-    } cases[] = {{4, 3, {{4, 1, 3}}},        {5, 3, {{5}, {1, 3}}},
-                 {1, 10, {{1, 1, 6}, {10}}}, {1, 7, {{1, 1, 4}, {7}}},
-                 {2, 6, {{2, 1, 3}, {6}}},   {25, 2, {{10}, {20}, {25, 1, 2}}}};
-    for (const auto &[above, table, ends] : cases) {
+    for (const auto &[above, table, ends] : {std::tuple{4, 3, Ends{{4, 1, 3}}},
+                                             {5, 3, {{5}, {1, 3}}},
+                                             {1, 10, {{1, 1, 6}, {10}}},
+                                             {1, 7, {{1, 1, 4}, {7}}},
+                                             {2, 6, {{2, 1, 3}, {6}}},
+                                             {25, 2, {{10}, {20}, {25, 1, 2}}}}) {
         std::vector<std::unique_ptr<PrintedBlock>> blocks;
         blocks.push_back(std::make_unique<Parts>(above, false));
         blocks.push_back(std::make_unique<Parts>(1, true));

@@ -9,7 +9,7 @@
 #include "Zoom.h"
 
 #include <QAbstractButton>
-#include <QCoreApplication>
+#include <QApplication>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTextEdit>
@@ -17,6 +17,7 @@
 #include <QWindow>
 
 #include <cstdlib>
+#include <functional>
 
 namespace veskora {
 
@@ -94,6 +95,25 @@ protected:
         window->start(QString::fromStdString(commandLine));
         QCoreApplication::processEvents();
     }
+    void makeProgram(const std::string &name, const std::string &content) const
+    {
+        const std::filesystem::path file = path(name);
+        std::filesystem::create_directories(file.parent_path());
+        write(file, content);
+        std::filesystem::permissions(file, std::filesystem::perms::owner_all);
+    }
+    /// Of a window of a new run, with the small model open.
+    void startWithSmall()
+    {
+        write(path("m.vsk"), small);
+        reopen();
+        start(path("m.vsk"));
+    }
+    void resize(int width, int height)
+    {
+        window->resize(width, height);
+        QCoreApplication::processEvents();
+    }
 
     template <typename Object>
     Object *find(const char *name)
@@ -105,10 +125,44 @@ protected:
     }
     void trigger(const char *action) { find<QAction>(action)->trigger(); }
     void click(const char *button) { find<QAbstractButton>(button)->click(); }
+    bool shown(const char *name) { return find<QWidget>(name)->isVisible(); }
+    /// What the timer does at its time.
+    void tick(const char *timer) { QMetaObject::invokeMethod(find<QTimer>(timer), "timeout"); }
+    /// Talks to the window that comes up next, if @p act brings one, from inside its event loop.
+    static void answered(const std::function<void()> &act,
+                         const std::function<void(QWidget &)> &talk)
+    {
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            if (QWidget *modal = QApplication::activeModalWidget())
+                talk(*modal);
+        });
+        timer.start(0);
+        act();
+    }
+    void expectSaveQuestion(Answer answer, const std::string &file = "Untitled.vsk",
+                            Icon icon = Icon::none)
+    {
+        desktop.expectMessage("Do you want to save the changes you made to file: '" + file + "'?",
+                              icon, answer);
+    }
     /// As the desktop shows it.
     std::string caption() const { return window->windowHandle()->title().toStdString(); }
     std::string panel(const char *name) { return find<QLabel>(name)->text().toStdString(); }
     QStringList log() { return find<QTextEdit>("RichTextBox1")->toPlainText().split('\n'); }
+    /// Of the last letters.
+    QTextCharFormat endOfLog()
+    {
+        QTextCursor end(find<QTextEdit>("RichTextBox1")->document());
+        end.movePosition(QTextCursor::End);
+        return end.charFormat();
+    }
+    /// From another window, which may have changed files.
+    void comeBack()
+    {
+        QEvent back(QEvent::WindowActivate);
+        QCoreApplication::sendEvent(window.get(), &back);
+    }
     CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
 
     void mouse(QEvent::Type type, Qt::MouseButton button, double x, double y)
@@ -140,6 +194,7 @@ protected:
 
     double canvasX(double x) const { return Kosmos_X(x); }
     double canvasY(double y) const { return Kosmos_Y(y); }
+    /// These in model coordinates, through the events that a desktop sends.
     void press(double x, double y, Qt::MouseButton button = Qt::LeftButton)
     {
         moveTo(x, y);
@@ -153,7 +208,6 @@ protected:
     {
         mouse(QEvent::MouseButtonRelease, button, canvasX(x), canvasY(y));
     }
-    /// All in model coordinates, through the events that a desktop sends.
     void dragModel(double x1, double y1, double x2, double y2)
     {
         press(x1, y1);

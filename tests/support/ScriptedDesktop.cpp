@@ -4,24 +4,14 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <ostream>
-#include <sstream>
 
 namespace veskora {
 
 void PrintTo(const LogLine &line, std::ostream *out)
 {
     *out << '"' << line.text << "\" colour " << line.colour << (line.bold ? " bold" : "");
-}
-
-void ScriptedDesktop::expectMessage(const std::string &text, Icon icon, Answer answer)
-{
-    messages_.push_back({text, icon, answer});
-}
-
-void ScriptedDesktop::expectAnyMessage(std::string &said)
-{
-    messages_.push_back({"(any)", Icon::none, Answer::ok, &said});
 }
 
 void ScriptedDesktop::expectNothingLeft() const
@@ -33,41 +23,45 @@ void ScriptedDesktop::expectNothingLeft() const
     EXPECT_TRUE(files_.empty()) << "a file dialog did not come";
 }
 
-Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons)
+namespace {
+
+/// The next answer of @p script, or @p otherwise where @p question was not foreseen.
+template <typename T>
+T next(std::deque<T> &script, const std::string &question, T otherwise)
 {
-    if (answerAnything)
-        return answerAnything();
-    if (messages_.empty()) {
-        ADD_FAILURE() << "not foreseen: " << text;
-        return Answer::cancel;
+    if (script.empty()) {
+        ADD_FAILURE() << "not foreseen: " << question;
+        return otherwise;
     }
-    const Expected expected = messages_.front();
-    messages_.pop_front();
-    if (expected.said != nullptr) {
-        *expected.said = text;
-        return expected.answer;
-    }
-    EXPECT_EQ(text, expected.text);
-    EXPECT_EQ(icon, expected.icon) << text;
-    return expected.answer;
+    T answer = script.front();
+    script.pop_front();
+    return answer;
 }
 
-void ScriptedDesktop::expectChoice(const std::string &text, std::size_t place)
+} // namespace
+
+Answer ScriptedDesktop::message(const std::string &text, Icon icon, Buttons buttons)
 {
-    choices_.emplace_back(text, place);
+    if (agrees)
+        return buttons == Buttons::ok || buttons == Buttons::okCancel ? Answer::ok : Answer::yes;
+    if (answerAnything)
+        return answerAnything();
+    const Expected expected = next(messages_, text, {text, icon, Answer::cancel});
+    if (expected.said != nullptr) {
+        *expected.said = text;
+    } else {
+        EXPECT_EQ(text, expected.text);
+        EXPECT_EQ(icon, expected.icon) << text;
+    }
+    return expected.answer;
 }
 
 std::size_t ScriptedDesktop::choose(const std::string &text, const std::vector<std::string> &,
                                     std::size_t escape)
 {
-    if (choices_.empty()) {
-        ADD_FAILURE() << "not foreseen: " << text;
-        return escape;
-    }
     if (beforeChoice)
         beforeChoice();
-    const auto [expected, place] = choices_.front();
-    choices_.pop_front();
+    const auto [expected, place] = next(choices_, text, {text, escape});
     EXPECT_EQ(text, expected);
     return place;
 }
@@ -75,25 +69,13 @@ std::size_t ScriptedDesktop::choose(const std::string &text, const std::vector<s
 std::string ScriptedDesktop::askText(const std::string &question)
 {
     textQuestions.push_back(question);
-    if (texts_.empty()) {
-        ADD_FAILURE() << "not foreseen: " << question;
-        return {};
-    }
-    const std::string text = texts_.front();
-    texts_.pop_front();
-    return text;
+    return next(texts_, question, {});
 }
 
 std::optional<std::string> ScriptedDesktop::askOpenFile(const FileQuestion &question)
 {
     fileQuestions.push_back(question);
-    if (files_.empty()) {
-        ADD_FAILURE() << "file dialog not foreseen";
-        return std::nullopt;
-    }
-    const auto path = files_.front();
-    files_.pop_front();
-    return path;
+    return next(files_, "file dialog", {});
 }
 
 std::optional<std::string> ScriptedDesktop::askSaveFile(const FileQuestion &question)
@@ -113,16 +95,6 @@ void ScriptedDesktop::insertLog(const std::string &text, std::uint32_t colour, b
         log.back().text += text;
 }
 
-void ScriptedDesktop::setPointer(Pointer pointer)
-{
-    events.emplace_back(pointer == Pointer::hourglass ? "hourglass" : "pointer");
-}
-
-void ScriptedDesktop::setAnalysing(bool isOn)
-{
-    events.emplace_back(isOn ? "analysing" : "idle");
-}
-
 TimeOfDay ScriptedDesktop::timeOfDay()
 {
     if (times.empty())
@@ -135,14 +107,8 @@ TimeOfDay ScriptedDesktop::timeOfDay()
 std::string ScriptedDesktop::setting(std::string_view section, std::string_view key,
                                      std::string_view standard)
 {
-    const auto found = settingsStore.find(std::string(section) + "/" + std::string(key));
+    const auto found = settingsStore.find(settingName(section, key));
     return found != settingsStore.end() ? found->second : std::string(standard);
-}
-
-void ScriptedDesktop::storeSetting(std::string_view section, std::string_view key,
-                                   std::string_view value)
-{
-    settingsStore[std::string(section) + "/" + std::string(key)] = value;
 }
 
 StoreTest::StoreTest()
@@ -168,9 +134,7 @@ StoreTest::~StoreTest()
 std::string StoreTest::contentOf(const std::string &path)
 {
     std::ifstream in(path, std::ios::binary);
-    std::ostringstream content;
-    content << in.rdbuf();
-    return in ? content.str() : "(no file " + path + ")";
+    return in ? std::string(std::istreambuf_iterator<char>(in), {}) : "(no file " + path + ")";
 }
 
 void StoreTest::write(const std::string &path, const std::string &content)

@@ -30,12 +30,21 @@ class ScriptedDesktop : public Desktop
 public:
     /// The next box must say exactly @p text under @p icon.
     void expectMessage(const std::string &text, Icon icon = Icon::exclamation,
-                       Answer answer = Answer::ok);
+                       Answer answer = Answer::ok)
+    {
+        messages_.push_back({text, icon, answer});
+    }
     /// The next box may say anything, which goes to @p said.
-    void expectAnyMessage(std::string &said);
+    void expectAnyMessage(std::string &said)
+    {
+        messages_.push_back({"(any)", Icon::none, Answer::ok, &said});
+    }
     /// The next box with answers of its own must say exactly @p text; it gets the answer at @p
     /// place.
-    void expectChoice(const std::string &text, std::size_t place);
+    void expectChoice(const std::string &text, std::size_t place)
+    {
+        choices_.emplace_back(text, place);
+    }
     /// The next input box is answered by @p text; empty is Cancel.
     void expectQuestion(std::string text) { texts_.push_back(std::move(text)); }
     /// The next file dialog gives @p path; none is Cancel.
@@ -43,6 +52,7 @@ public:
     std::string filterPattern; ///< of the filter that save dialogs give; empty: they give none
     void expectNothingLeft() const;
     std::function<Answer()> answerAnything; ///< when set, no box is unforeseen
+    bool agrees = false;                    ///< to whatever a box asks
 
     std::function<void()> beforeChoice; ///< what happens when such a box comes
 
@@ -63,8 +73,11 @@ public:
     std::optional<std::string> askSaveFile(const FileQuestion &question) override;
     void insertLog(const std::string &text, std::uint32_t colour, bool bold) override;
     void setCaption(const std::string &text) override { caption = text; }
-    void setPointer(Pointer pointer) override;
-    void setAnalysing(bool isOn) override;
+    void setPointer(Pointer pointer) override
+    {
+        events.emplace_back(pointer == Pointer::hourglass ? "hourglass" : "pointer");
+    }
+    void setAnalysing(bool isOn) override { events.emplace_back(isOn ? "analysing" : "idle"); }
     void repaintMainWindow() override { events.emplace_back("repaint window"); }
     void repaintLog() override { events.emplace_back("repaint log"); }
     void redraw() override { events.emplace_back("redraw"); }
@@ -72,7 +85,10 @@ public:
     std::string setting(std::string_view section, std::string_view key,
                         std::string_view standard) override;
     void storeSetting(std::string_view section, std::string_view key,
-                      std::string_view value) override;
+                      std::string_view value) override
+    {
+        settingsStore[settingName(section, key)] = value;
+    }
     std::string writeSettings() override { return {}; }
     std::string programFolder() override { return program; }
     std::string documentsFolder() override { return "/documents"; }
@@ -86,6 +102,10 @@ private:
         Answer answer;
         std::string *said = nullptr; ///< where any text is welcome
     };
+    static std::string settingName(std::string_view section, std::string_view key)
+    {
+        return std::string(section) + "/" + std::string(key);
+    }
     std::deque<Expected> messages_;
     std::deque<std::pair<std::string, std::size_t>> choices_;
     std::deque<std::string> texts_;

@@ -44,11 +44,6 @@ struct Page
     const QTextTable *tornAbove = nullptr, *tornBelow = nullptr;
 };
 
-QRectF placeOf(const QTextBlock &block)
-{
-    return block.document()->documentLayout()->blockBoundingRect(block);
-}
-
 /// Device units of one pixel of a text's margins and rules.
 double pixelOf(const QTextDocument &text)
 {
@@ -62,7 +57,7 @@ QRectF placeOf(const QTextTable &table, int row, int column)
     const QTextTableCellFormat format = cell.format().toTableCellFormat();
     const QMarginsF padding(format.leftPadding(), format.topPadding(), format.rightPadding(),
                             format.bottomPadding());
-    return placeOf(cell.firstCursorPosition().block()) + padding * pixelOf(*table.document());
+    return blockPlace(cell.firstCursorPosition().block()) + padding * pixelOf(*table.document());
 }
 
 /// The rows of @p table. The last column tells their places; the first may be one cell for all.
@@ -95,7 +90,7 @@ std::vector<Piece> piecesOf(const QTextDocument &text)
             addRows(pieces, *table);
         } else {
             const QTextBlock block = part.currentBlock();
-            const QRectF place = placeOf(block);
+            const QRectF place = blockPlace(block);
             pieces.push_back({place.top(), place.bottom(),
                               block.blockFormat().boolProperty(keepsWithNext)
                                   ? Piece::Next::together
@@ -192,7 +187,7 @@ void numberContents(const StepsText &laid, const std::vector<Page> &pages)
     QTextCursor all(laid.text.get());
     std::vector<int> numbers;
     for (const int section : laid.sections) {
-        const double top = placeOf(laid.text->findBlock(section)).top();
+        const double top = blockPlace(laid.text->findBlock(section)).top();
         const auto next = std::find_if(pages.begin(), pages.end(),
                                        [top](const Page &page) { return top < page.bottom; });
         numbers.push_back(static_cast<int>(next - pages.begin()) + 1);

@@ -493,6 +493,11 @@ DrawnSteps drawn(steps::Document document)
     return result;
 }
 
+QRectF blockPlace(const QTextBlock &block)
+{
+    return block.document()->documentLayout()->blockBoundingRect(block);
+}
+
 StepsText stepsText(const DrawnSteps &steps, QPaintDevice *device, const QFont &font, double room)
 {
     StepsText result{std::make_unique<QTextDocument>(), {}};

@@ -33,6 +33,9 @@ struct StepsText
     QTextTable *contents = nullptr; ///< on paper: a row of each, with a cell for its page
 };
 
+/// Where @p block stands in its text, which has been laid out.
+QRectF blockPlace(const QTextBlock &block);
+
 /// Blocks that stand on the page of what follows them bear this property.
 inline constexpr int keepsWithNext = QTextFormat::UserProperty + 1;
 

@@ -51,11 +51,6 @@ QPageSize pageOfRegion()
                                                                             : QPageSize::Letter);
 }
 
-QRectF placeOf(const QTextBlock &block)
-{
-    return block.document()->documentLayout()->blockBoundingRect(block);
-}
-
 struct WaitPointer
 {
     WaitPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
@@ -286,7 +281,7 @@ frmSteps::Place frmSteps::place() const
     return {sections[static_cast<std::size_t>(marked)].id, sections[section].id,
             top.blockNumber()
                 - top.document()->findBlock(shown_->text.sections[section]).blockNumber(),
-            ui_->Steps->verticalScrollBar()->value() - static_cast<int>(placeOf(top).top())};
+            ui_->Steps->verticalScrollBar()->value() - static_cast<int>(blockPlace(top).top())};
 }
 
 void frmSteps::goBackTo(const Place &place)
@@ -302,7 +297,7 @@ void frmSteps::goBackTo(const Place &place)
                         ? text.findBlock(sections[section + 1]).blockNumber()
                         : text.blockCount();
     const int block = text.findBlock(sections[section]).blockNumber() + place.blocks;
-    const QRectF top = placeOf(text.findBlockByNumber(std::min(block, end - 1)));
+    const QRectF top = blockPlace(text.findBlockByNumber(std::min(block, end - 1)));
     ui_->Steps->verticalScrollBar()->setValue(
         static_cast<int>(top.top() + std::min(1.0 * place.pixels, top.height())));
 }
@@ -431,7 +426,7 @@ void frmSteps::goTo(int section)
     cursor.setPosition(shown_->text.sections[static_cast<std::size_t>(section)]);
     ui_->Steps->setTextCursor(cursor);
     ui_->Steps->verticalScrollBar()->setValue(
-        section == 0 ? 0 : static_cast<int>(placeOf(cursor.block()).top()));
+        section == 0 ? 0 : static_cast<int>(blockPlace(cursor.block()).top()));
     mark(section);
 }
 

@@ -6,11 +6,12 @@
 #include "Models.h"
 #include "ScriptedDesktop.h"
 
-#include <QGuiApplication>
+#include <QImage>
 #include <QList>
 #include <QMap>
 
 #include <algorithm>
+#include <set>
 #include <sstream>
 #include <vector>
 
@@ -22,28 +23,44 @@ namespace {
 constexpr double red = 255, blue = 0xFF0000, white = 0xFFFFFF;
 constexpr double centimetre = 96 / 2.54; // pixels
 
-QRgb at(const ImageKanvas &kanvas, double x, double y)
-{
-    return kanvas.image().pixel(static_cast<int>(x), static_cast<int>(y)) | 0xFF000000;
-}
+constexpr QRgb redPixel = 0xFFFF0000, bluePixel = 0xFF0000FF, whitePixel = 0xFFFFFFFF;
 
-int count(const ImageKanvas &kanvas, QRgb colour, QRect part)
+int count(const QImage &image, QRgb colour, QRect part)
 {
     int pixels = 0;
     for (int y = part.top(); y <= part.bottom(); ++y)
         for (int x = part.left(); x <= part.right(); ++x)
-            pixels += kanvas.image().pixel(x, y) == colour ? 1 : 0;
+            pixels += image.pixel(x, y) == colour ? 1 : 0;
     return pixels;
 }
 
-constexpr QRgb redPixel = 0xFFFF0000, bluePixel = 0xFF0000FF, whitePixel = 0xFFFFFFFF;
-
-TEST(Image, StraightLinesCoverWholePixelsAtEveryScale)
+/// With a red pen on white.
+class Image : public testing::Test
 {
-    for (const double scale : {1., 1.5, 2.}) {
+protected:
+    Image() { kanvas.setPenColour(red); }
+    QRgb at(double x, double y) const
+    {
+        return kanvas.image().pixel(static_cast<int>(x * centimetre),
+                                    static_cast<int>(y * centimetre))
+               | 0xFF000000;
+    }
+    int reds(QRect part) const { return count(kanvas.image(), redPixel, part); }
+    /// Pixels that are not white.
+    int inked(QRect part) const
+    {
+        return part.width() * part.height() - count(kanvas.image(), whitePixel, part);
+    }
+
+    ImageKanvas kanvas{QSize(400, 400)};
+};
+
+TEST_F(Image, StraightLinesCoverWholePixelsAtEveryScale)
+{
+    for (const double scale : {1., 1.5, 2.})
         for (const int width : {1, 2, 3}) {
-            ImageKanvas kanvas(QSize(100, 100), scale);
-            kanvas.setPenColour(red);
+            SCOPED_TRACE(testing::Message() << scale << ' ' << width);
+            kanvas.resize(QSize(100, 100), scale);
             kanvas.setPenWidth(width);
             kanvas.line(0.5, 0.51, 2, 0.51);
             kanvas.line(1.03, 1, 1.03, 2);
@@ -51,192 +68,93 @@ TEST(Image, StraightLinesCoverWholePixelsAtEveryScale)
             ASSERT_EQ(kanvas.image().size(), QSize(side, side));
             const int thickness = width * static_cast<int>(std::lround(scale));
             const int across = static_cast<int>(1.2 * centimetre * scale);
-            EXPECT_EQ(count(kanvas, redPixel, QRect(across, 0, 1, side / 2)), thickness) << scale;
-            const int along = static_cast<int>(1.5 * centimetre * scale);
-            EXPECT_EQ(count(kanvas, redPixel, QRect(0, along, side, 1)), thickness) << scale;
-            EXPECT_EQ(count(kanvas, whitePixel, QRect(0, along, side, 1)), side - thickness);
+            EXPECT_EQ(reds(QRect(across, 0, 1, side / 2)), thickness);
+            const QRect along(0, static_cast<int>(1.5 * centimetre * scale), side, 1);
+            EXPECT_EQ(reds(along), thickness);
+            EXPECT_EQ(inked(along), thickness);
             // At the edge of a pixel too a symbol's place is that of a line.
             for (int edge = 1; edge < side; ++edge) {
                 const double x = edge / (centimetre * scale);
                 kanvas.clear();
                 kanvas.line(x, 0, x, 2);
                 kanvas.line(kanvas.crisp(x), 0, kanvas.crisp(x), 2);
-                EXPECT_LE(count(kanvas, redPixel, QRect(0, 9, side, 1)), thickness) << x;
+                EXPECT_LE(reds(QRect(0, 9, side, 1)), thickness) << x;
             }
         }
-    }
 }
 
-// As much ink in every column, no less where chords meet; broken in two by a place that is none.
-TEST(Image, ACurveIsOneStroke)
+TEST_F(Image, StateSurvivesClearAndResize)
 {
-    for (const double scale : {1., 1.5, 2.}) {
-        ImageKanvas kanvas(QSize(400, 100), scale);
-        kanvas.setPenColour(red);
-        kanvas.setPenWidth(2);
-        std::vector<Point> places;
-        for (int k = 0; k <= 20; ++k)
-            places.push_back({k / 2., 1 + .5 * std::sin(k / 20. * 3.1416)});
-        kanvas.polyline(places);
-        EXPECT_EQ(kanvas.currentX(), 10);
-        const auto ink = [&](double column) {
-            double sum = 0;
-            for (int y = 0; y < kanvas.image().height(); ++y)
-                sum += 255 - qGreen(kanvas.image().pixel(static_cast<int>(column), y));
-            return sum / 255;
-        };
-        for (double x = 2; x < 9.9 * centimetre * scale; ++x)
-            EXPECT_NEAR(ink(x), 2 * std::round(scale), .15) << scale << " " << x;
-        places[7] = {NAN, 1};
-        kanvas.clear();
-        kanvas.polyline(places);
-        EXPECT_EQ(ink(3.5 * centimetre * scale), 0);
-        EXPECT_NEAR(ink(2.5 * centimetre * scale) - ink(4.5 * centimetre * scale), 0, .1);
-    }
-}
-
-TEST(Image, StateSurvivesClearAndResize)
-{
-    ImageKanvas kanvas(QSize(100, 100));
     kanvas.setBackground(blue);
-    kanvas.setPenColour(red);
     kanvas.setPenWidth(3);
     kanvas.setFillOn(true);
     kanvas.setFillColour(white);
     kanvas.resize(QSize(200, 200), 1);
-    EXPECT_EQ(at(kanvas, 199, 199), bluePixel);
+    EXPECT_EQ(at(5.2, 5.2), bluePixel);
     kanvas.clear();
     kanvas.circle(2, 2, 1);
-    EXPECT_EQ(at(kanvas, 2 * centimetre, 2 * centimetre), whitePixel);
-    EXPECT_EQ(at(kanvas, 3 * centimetre, 2 * centimetre), redPixel);
+    EXPECT_EQ(at(2, 2), whitePixel);
+    EXPECT_EQ(at(3, 2), redPixel);
     kanvas.arc(4, 4, .5, 0, 1); // never filled
-    EXPECT_EQ(at(kanvas, 4 * centimetre, 4 * centimetre), bluePixel);
+    EXPECT_EQ(at(4, 4), bluePixel);
+    kanvas.clear(); // counter-clockwise from the right, over it: 119 degrees
+    kanvas.arc(2, 2, 1, 3.14159265358979 + 2.1, 4.2 - 3.14159265358979);
+    for (const auto &[angle, isPainted] :
+         {std::pair{0., true}, {-.9, true}, {.9, true}, {1.3, false}, {3., false}, {-1.3, false}})
+        EXPECT_EQ(at(2 + std::cos(angle), 2 - std::sin(angle)) == redPixel, isPainted) << angle;
+    kanvas.setPenWidth(1);
+    kanvas.setPenStyle(PenStyle::dotted);
+    kanvas.clear();
+    kanvas.line(0, 1, 10, 1);
+    EXPECT_NEAR(reds(QRect(0, static_cast<int>(centimetre), 180, 1)), 60, 6);
 }
 
-TEST(Image, ArcsRunCounterClockwiseFromTheRight)
+TEST_F(Image, TextStandsUnderAndRightOfThePoint)
 {
-    ImageKanvas kanvas(QSize(200, 200));
-    kanvas.setPenColour(red);
-    kanvas.setPenWidth(3);
-    const auto painted = [&](double angle) {
-        return at(kanvas, (2 + std::cos(angle)) * centimetre, (2 - std::sin(angle)) * centimetre)
-               == redPixel;
-    };
-    kanvas.arc(2, 2, 1, 3.14159265358979 + 2.1,
-               4.2 - 3.14159265358979); // over the right, 119 degrees
-    EXPECT_TRUE(painted(0) && painted(-.9) && painted(.9));
-    EXPECT_FALSE(painted(1.3) || painted(3) || painted(-1.3));
-}
-
-TEST(Image, TextStandsUnderAndRightOfThePointAlsoWhenTurned)
-{
-    ImageKanvas kanvas(QSize(400, 400));
-    kanvas.setPenColour(red);
     kanvas.setFontSize(8);
     kanvas.moveTo(2, 3);
     kanvas.print("WWW");
     EXPECT_EQ(kanvas.currentX(), 0);
     EXPECT_NEAR(kanvas.currentY(), 3 + kanvas.textHeight(), 1e-6);
     const int x = static_cast<int>(2 * centimetre), y = static_cast<int>(3 * centimetre);
-    const auto inked = [&](QRect part) {
-        return part.width() * part.height() - count(kanvas, whitePixel, part);
-    };
     EXPECT_GT(inked(QRect(x, y, 60, 20)), 20);
-    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x, y, 60, 20)));
-    kanvas.clear();
-    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 900); // upward, its top to the left
-    EXPECT_GT(inked(QRect(x, y - 60, 14, 62)), 20);
-    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x, y - 60, 14, 62)));
-    kanvas.clear();
-    kanvas.printRotated("WWW", 2, 3, {"Arial", 11, 200}, 2700);
-    EXPECT_EQ(inked(QRect(0, 0, 400, 400)), inked(QRect(x - 14, y - 2, 16, 62)));
-    // Turned by quarters it is as sharp as level.
-    QMap<int, QList<int>> shades;
-    for (const int angle : {0, 900, 2700, 3600}) {
-        kanvas.clear();
-        kanvas.printRotated("142", 2, 3, {"Arial", 11, 200}, angle);
-        for (int row = 0; row < 400; ++row)
-            for (int column = 0; column < 400; ++column)
-                shades[angle] << qGreen(kanvas.image().pixel(column, row));
-        std::ranges::sort(shades[angle]);
-        EXPECT_EQ(shades[angle], shades[0]) << angle;
-    }
+    EXPECT_EQ(inked(kanvas.image().rect()), inked(QRect(x, y, 60, 20)));
 }
 
-// The inked height of a capital, in device pixels.
-int inkHeight(const ImageKanvas &kanvas)
+TEST_F(Image, FontsFollowTheScaleAndComeBack)
 {
-    int height = 0;
-    for (int y = 0; y < kanvas.image().height(); ++y)
-        height += count(kanvas, whitePixel, QRect(0, y, kanvas.image().width(), 1))
-                          < kanvas.image().width()
-                      ? 1
-                      : 0;
-    return height;
-}
-
-TEST(Image, FontsFollowTheScaleAndComeBack)
-{
-    ImageKanvas kanvas(QSize(200, 100));
-    kanvas.setPenColour(red);
+    kanvas.resize(QSize(200, 100), 1);
     kanvas.setFontSize(12);
-    const auto printed = [&](bool turned) {
+    const auto rows = [&](bool turned) { // that a capital covers, device pixels
         kanvas.clear();
         kanvas.moveTo(1, 1);
         if (turned)
             kanvas.printRotated("H", 1, 1, {"Arial", 11, 200}, 0);
         else
             kanvas.print("H");
-        return inkHeight(kanvas);
+        int height = 0;
+        for (int y = 0; y < kanvas.image().height(); ++y)
+            height += inked(QRect(0, y, kanvas.image().width(), 1)) > 0 ? 1 : 0;
+        return height;
     };
-    const int upright = printed(false), turned = printed(true);
+    const int upright = rows(false), turned = rows(true);
     const double advance = kanvas.textHeight();
     EXPECT_NEAR(upright, 16 * .72, 1.5);       // capitals of 12 points at 96 dots an inch
     EXPECT_NEAR(turned, 11 / 1.15 * .72, 1.5); // the cell is 11 high, not the letter
-    EXPECT_EQ(printed(false), upright);        // the font of before is back
+    EXPECT_EQ(rows(false), upright);           // the font of before is back
     kanvas.resize(QSize(200, 100), 2);
-    EXPECT_NEAR(printed(false), 2 * upright, 2);
-    EXPECT_NEAR(printed(true), 2 * turned, 2);
+    EXPECT_NEAR(rows(true), 2 * turned, 2);
+    EXPECT_NEAR(rows(false), 2 * upright, 2);
     EXPECT_NEAR(kanvas.textHeight(), advance, .05);
-    const auto ink = [&] { return 400 * 200 - count(kanvas, whitePixel, QRect(0, 0, 400, 200)); };
-    printed(false);
-    const int regular = ink();
+    const int regular = inked(kanvas.image().rect());
     kanvas.setFontBold(true);
-    printed(false);
-    EXPECT_GT(ink(), regular * 11 / 10);
+    rows(false);
+    EXPECT_GT(inked(kanvas.image().rect()), regular * 11 / 10);
 }
 
-TEST(Image, DottedLinesHaveGapsAndFlatCurvesNoSteps)
+TEST_F(Image, PrimitivesFarOutsideAreNoTrouble)
 {
-    ImageKanvas kanvas(QSize(400, 100));
-    kanvas.setPenColour(red);
-    kanvas.setPenStyle(PenStyle::dotted);
-    kanvas.line(0, 1, 10, 1);
-    const int row = static_cast<int>(centimetre);
-    EXPECT_NEAR(count(kanvas, redPixel, QRect(0, row, 300, 1)), 100, 10);
-    kanvas.setPenStyle(PenStyle::solid);
-    kanvas.clear();
-    std::vector<Point> places;
-    for (int k = 0; k <= 20; ++k) // a sag of three pixels
-        places.push_back({k / 2., 1 + .08 * std::sin(k / 20. * 3.1416)});
-    kanvas.polyline(places);
-    const auto weight = [&](int x) { // mean row of the ink of a column
-        double sum = 0, ink = 0;
-        for (int y = 0; y < 100; ++y) {
-            const double dark = 255 - qGreen(kanvas.image().pixel(x, y));
-            sum += dark * y;
-            ink += dark;
-        }
-        return sum / ink;
-    };
-    for (int x = 2; x < 374; ++x)
-        EXPECT_LT(std::abs(weight(x) - weight(x - 1)), .6) << x;
-}
-
-TEST(Image, PrimitivesFarOutsideAreNoTrouble)
-{
-    ImageKanvas kanvas(QSize(100, 100));
-    kanvas.setPenColour(red);
+    kanvas.resize(QSize(100, 100), 1);
     for (const double far : {1e4, 1e9, 3e38}) {
         kanvas.line(-far, -far, far, far); // through the middle of what is seen
         kanvas.polyline(std::vector<Point>{{-far, 1}, {1, 1.5}, {far, far}});
@@ -247,79 +165,97 @@ TEST(Image, PrimitivesFarOutsideAreNoTrouble)
         kanvas.print("text");
         kanvas.printRotated("text", far, far, {"Arial", 11, 200}, 450);
     }
-    EXPECT_NE(at(kanvas, 50, 50), whitePixel);
+    EXPECT_NE(at(1.32, 1.32), whitePixel);
     kanvas.clear();
     kanvas.line(NAN, 0, 1, 1);
     kanvas.line(0, 0, HUGE_VAL, 1);
-    EXPECT_EQ(count(kanvas, whitePixel, QRect(0, 0, 100, 100)), 10000);
+    EXPECT_EQ(inked(QRect(0, 0, 100, 100)), 0);
 }
 
 class Pictures : public StoreTest
-{};
-
-TEST_F(Pictures, AreWrittenForEachOfTheFiveViews)
 {
-    std::ostringstream out, err;
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), EXAMPLES "/portal_frame.vsk"}, out, err),
-              batchStatus::allAnalysed)
-        << err.str();
-    EXPECT_EQ(std::distance(fs::directory_iterator(path("p")), {}), 6);
-    QImage previous;
-    for (const char *view : {"model", "M", "Q", "N", "D"}) {
-        const QImage picture(QString::fromStdString(path("p/portal_frame_") + view + ".png"));
-        EXPECT_EQ(picture.size(), QSize(1280, 800)) << view;
-        EXPECT_NE(picture, previous) << view;
-        previous = picture;
+protected:
+    /// Runs the batch runner with the options that stand between blanks, the folder and the model.
+    int run(const QString &options, const std::string &folder, const std::string &model)
+    {
+        std::vector<std::string> arguments = {"--out", path(folder), model};
+        for (const QString &option : options.split(' '))
+            arguments.push_back(option.toStdString());
+        std::ostringstream out, err;
+        const int status = runBatch(arguments, out, err);
+        said = err.str();
+        return status;
     }
+    int runOf(const char *model, const QString &options, const std::string &folder)
+    {
+        buildModel(model);
+        std::string file = path("m.vsk");
+        EXPECT_TRUE(Apothikefsi_Arxeiou(file, true));
+        return run(options, folder, file);
+    }
+    auto filesIn(const std::string &folder)
+    {
+        return std::distance(fs::directory_iterator(path(folder)), {});
+    }
+    QImage picture(const std::string &file) { return QImage(QString::fromStdString(path(file))); }
+
+    std::string said;
+};
+
+TEST_F(Pictures, AreWrittenOfEachOfTheFiveViewsInEachKindOrdered)
+{
+    const std::string portal = EXAMPLES "/portal_frame.vsk";
+    for (const auto &[option, files, ending, begin] :
+         {std::tuple{"--pictures=svg,pdf", 1 + 10, ".svg", "<?xml"},
+          {"--pictures=svg,pdf", 1 + 10, ".pdf", "%PDF"},
+          {"--pictures=png", 1 + 5, ".png", "\x89PNG"},
+          {"--pictures", 1 + 5, ".png", "\x89PNG"}}) {
+        EXPECT_EQ(run(option, option, portal), batchStatus::allAnalysed) << said;
+        EXPECT_EQ(filesIn(option), files) << "with the report";
+        std::set<std::string> contents;
+        for (const char *view : {"model", "M", "Q", "N", "D"}) {
+            const std::string file = contentOf(path(option) + "/portal_frame_" + view + ending);
+            EXPECT_TRUE(file.starts_with(begin)) << view << ending;
+            EXPECT_TRUE(contents.insert(file).second) << view << ending;
+        }
+    }
+    EXPECT_EQ(picture("--pictures/portal_frame_D.png").size(), QSize(1280, 800));
     // At best fit, on the model's own ground, wherever its view was.
-    std::string model = contentOf(EXAMPLES "/portal_frame.vsk");
-    const auto replaceLine = [&model](int line, const char *text) {
-        std::size_t at = model.find("Rithmiseis");
-        for (int i = 0; i < line; ++i)
-            at = model.find("\r\n", at) + 2;
-        model.replace(at, model.find("\r\n", at) - at, text);
-    };
-    replaceLine(22, "255");
-    replaceLine(39, "-5000");
-    write(path("moved.vsk"), model);
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("p"), path("moved.vsk")}, out, err),
-              batchStatus::allAnalysed);
-    const QImage moved(QString::fromStdString(path("p/moved_model.png")));
+    QStringList lines = QString::fromStdString(contentOf(portal)).split("\r\n");
+    const auto settings = lines.indexOf("Rithmiseis");
+    lines[settings + 22] = "255";
+    lines[settings + 39] = "-5000";
+    write(path("moved.vsk"), lines.join("\r\n").toStdString());
+    EXPECT_EQ(run("--pictures", "p", path("moved.vsk")), batchStatus::allAnalysed);
+    const QImage moved = picture("p/moved_model.png");
     EXPECT_EQ(moved.pixel(5, 5), redPixel);
-    int dark = 0;
-    for (int y = 0; y < moved.height(); ++y)
-        dark += moved.pixel(68, y) == 0xFF000000 ? 1 : 0; // the left column, 1.8 cm from the edge
-    EXPECT_GT(dark, 400);
+    // The left column, 1.8 cm from the edge.
+    EXPECT_GT(count(moved, 0xFF000000, QRect(68, 0, 1, moved.height())), 400);
 
     fs::create_directories(path("q/portal_frame_M.png"));
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("q"), EXAMPLES "/portal_frame.vsk"}, out, err),
+    EXPECT_EQ(run("--pictures", "q", portal), batchStatus::someFailed);
+    EXPECT_NE(said.find("q/portal_frame_M.png: "), std::string::npos);
+    EXPECT_EQ(runOf("G 2e8 .01 1e-4; N 0 0; N 0 4; E 1 2 1", "--pictures", "t"),
               batchStatus::someFailed);
-    EXPECT_NE(err.str().find("q/portal_frame_M.png: "), std::string::npos);
+    EXPECT_EQ(filesIn("t"), 1);
+    EXPECT_TRUE(fs::exists(path("t/m_model.png")));
 }
 
 TEST_F(Pictures, StandInTheStepsOfTheAnalysis)
 {
-    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 3 4; N 8 4; E 1 2 1; E 2 3 1");
-    std::string model = path("frame.vsk");
-    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    std::ostringstream out, err;
-    EXPECT_EQ(runBatch({"--steps", "--steps-elements", "1,4-5", "--steps-digits", "3", "--out",
-                        path("s"), model},
-                       out, err),
+    EXPECT_EQ(runOf("G 2e8 .01 1e-4; N 0 0 xxx; N 3 4; N 8 4; E 1 2 1; E 2 3 1",
+                    "--steps --steps-elements 1,4-5 --steps-digits 3", "s"),
               batchStatus::allAnalysed);
-    EXPECT_NE(err.str().find("frame_steps.html: the model has no elements 4 and 5\n"),
-              std::string::npos);
-    const std::string html = contentOf(path("s/frame_steps.html"));
-    std::vector<QImage> images;
-    for (std::size_t at = 0; (at = html.find("src=\"data:", at)) != std::string::npos; ++at) {
-        const std::size_t data = html.find(',', at) + 1;
-        images.push_back(QImage::fromData(QByteArray::fromPercentEncoding(QByteArray::fromStdString(
-                                              html.substr(data, html.find('"', data) - data))),
-                                          "svg"));
-        EXPECT_FALSE(images.back().isNull());
+    EXPECT_NE(said.find("m_steps.html: the model has no elements 4 and 5\n"), std::string::npos);
+    const QStringList parts =
+        QString::fromStdString(contentOf(path("s/m_steps.html"))).split("src=\"data:");
+    EXPECT_EQ(parts.size(), 1 + 3); // freedoms, pattern, element 1
+    for (const QString &part : parts.mid(1)) {
+        const QString data = part.section('"', 0, 0).section(',', 1);
+        EXPECT_FALSE(
+            QImage::fromData(QByteArray::fromPercentEncoding(data.toUtf8()), "svg").isNull());
     }
-    EXPECT_EQ(images.size(), 3U); // freedoms, pattern, element 1
-    EXPECT_NE(html.find("20000000"), std::string::npos);
+    EXPECT_TRUE(parts.join("").contains("20000000"));
 }
 
 TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
@@ -331,40 +267,27 @@ TEST_F(Pictures, AreShapedForSlidesAndHoldTheDiagram)
                     return true;
         return false;
     };
-    buildModel("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4; N 8 4; N 8 0 xxx; E 1 2 1; E 2 3 1 0 0 0 -900;"
-               "E 3 4 1");
-    std::string model = path("large.vsk");
-    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    using Options = std::vector<std::string>;
     for (const auto &[options, size, isCut, labelScale] :
-         {std::tuple{Options{}, QSize(1280, 800), true, 1},
-          {Options{"--fit", "--size", "640x480"}, QSize(640, 480), false, 1},
-          {Options{"--fit", "--size", "640x480", "--label-scale", "2"}, QSize(640, 480), false,
-           2}}) {
-        Options arguments = {"--pictures", "--out", path("s"), model};
-        arguments.insert(arguments.end(), options.begin(), options.end());
-        std::ostringstream out, err;
-        EXPECT_EQ(runBatch(arguments, out, err), batchStatus::allAnalysed) << err.str();
-        EXPECT_EQ(err.str().find("large_M.png: the diagram leaves") != std::string::npos, isCut);
-        const QImage picture(QString::fromStdString(path("s/large_M.png")));
-        ASSERT_EQ(picture.size(), size);
-        const QImage edge = picture.copy(size.width() - 1, 0, 1, size.height()); // the grid is grey
+         {std::tuple{"--pictures", QSize(1280, 800), true, 1},
+          {"--pictures --fit --size 640x480", QSize(640, 480), false, 1},
+          {"--pictures --fit --size 640x480 --label-scale 2", QSize(640, 480), false, 2}}) {
+        SCOPED_TRACE(options);
+        EXPECT_EQ(runOf("G 2e8 .01 1e-4; N 0 0 xxx; N 0 4; N 8 4; N 8 0 xxx; E 1 2 1;"
+                        "E 2 3 1 0 0 0 -900; E 3 4 1",
+                        options, "s"),
+                  batchStatus::allAnalysed)
+            << said;
+        EXPECT_EQ(said.find("m_M.png: the diagram leaves") != std::string::npos, isCut);
+        const QImage M = picture("s/m_M.png");
+        ASSERT_EQ(M.size(), size);
+        const QImage edge = M.copy(size.width() - 1, 0, 1, size.height()); // the grid is grey
         EXPECT_EQ(has(edge, [](const QColor &c) { return c.saturation() > 100; }), isCut);
         int bottom = 10; // of the heading's letter
         const auto isDark = [](const QColor &c) { return qGray(c.rgb()) < 120; };
-        while (has(picture.copy(0, bottom, 30, 1), isDark))
+        while (has(M.copy(0, bottom, 30, 1), isDark))
             ++bottom;
         EXPECT_NEAR(bottom, 16 * labelScale, 4); // pixels of 12 points
     }
-
-    buildModel("G 2e8 .01 1e-4; N 0 0; N 0 4; E 1 2 1");
-    model = path("loose.vsk");
-    ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
-    std::ostringstream out, err;
-    EXPECT_EQ(runBatch({"--pictures", "--out", path("t"), model}, out, err),
-              batchStatus::someFailed);
-    EXPECT_EQ(std::distance(fs::directory_iterator(path("t")), {}), 1);
-    EXPECT_TRUE(fs::exists(path("t/loose_model.png")));
 }
 
 } // namespace

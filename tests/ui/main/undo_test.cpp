@@ -1,19 +1,9 @@
 // Undo and redo of each kind of action, through the real window.
 
+#include "Gestures.h"
 #include "History.h"
-#include "MainWindowTest.h"
-#include "Models.h"
 
-#include <QApplication>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDialog>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QTest>
-#include <QTimer>
-
-#include <functional>
 
 namespace veskora {
 namespace {
@@ -30,124 +20,27 @@ std::string bytes()
     return all;
 }
 
-class Undo : public MainWindow
+class Undo : public Gestures
 {
 protected:
-    Undo()
-    {
-        start();
-        window->resize(1200, 900);
-        QCoreApplication::processEvents();
-    }
-
-    /// Talks to the window that comes up next, if @p act brings one, from inside its event loop.
-    static void answered(const std::function<void()> &act,
-                         const std::function<void(QWidget &)> &talk)
-    {
-        QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, [&] {
-            if (QWidget *modal = QApplication::activeModalWidget())
-                talk(*modal);
-        });
-        timer.start(0);
-        act();
-    }
-    /// "Field=text Field=text" in a dialog, where a check box takes "x", and a button's name alone.
-    static void fill(const QWidget &dialog, const QString &entries)
-    {
-        for (const QString &entry : entries.split(' ')) {
-            const QString name = entry.section('=', 0, 0), text = entry.section('=', 1);
-            if (auto *list = dialog.findChild<QComboBox *>(name))
-                list->setEditText(text);
-            else if (auto *field = dialog.findChild<QLineEdit *>(name))
-                field->setText(text);
-            else if (auto *check = dialog.findChild<QCheckBox *>(name))
-                check->setChecked(text == "x");
-            else
-                QTest::mouseClick(dialog.findChild<QAbstractButton *>(name), Qt::LeftButton);
-        }
-    }
-    void inDialog(const char *command, const char *entries)
-    {
-        answered([&] { trigger(command); },
-                 [&](QWidget &dialog) {
-                     fill(dialog, entries);
-                     dialog.close();
-                 });
-    }
-
-    struct Action
-    {
-        const char *line; ///< what the log says was undone
-        std::function<void()> act;
-    };
-    std::vector<Action> actions()
-    {
-        const auto in = [this](const char *command, const char *entries) {
-            return [=, this] { inDialog(command, entries); };
-        };
-        const auto fromMenu = [this](double x, double y, const char *entry) {
-            return [=, this] { chooseInMenu(x, y, entry); };
-        };
-        return {
-            {"New node #4, x=9, y=1, Free", [this] { click(9, 1); }},
-            {"New element #3, Node i: #4, Node j: #3, E,A,I Group: #1, P2 Type (further lines: 1)",
-             [this] { dragModel(2, 2, 6, 0); }},
-            {"* Node #2, x=3, y=0, Constraints: xoo", [this] { doubleClick(3, 0); }},
-            {"* Node #1, x=0, y=0, Free", [this] { doubleClick(0, 0); }},
-            {"* Node #4, x=8, y=4, Constraints: xoo (further lines: 1)",
-             [this] { doubleClick(8, 4); }},
-            {"* Node #2, x=3, y=0, Constraints: oox", fromMenu(3, 0, "HoldRotation")},
-            {"Node deleted: #2. Nodes renumbered: #3. (further lines: 2)",
-             fromMenu(3, 0, "DeleteNode")},
-            {"* Element #1, Node i: #1, Node j: #2, E,A,I Group: #1, P1 Type: Hinges at both ends "
-             "i,j",
-             fromMenu(1, 0, "HingeBothEnds")},
-            {"* Element #2, Node i: #2, Node j: #3, E,A,I Group: #1, P1 Type: Hinges at both ends "
-             "i,j (further lines: 1)",
-             fromMenu(1, 0, "HingeGroup")},
-            {"New load on element #2, Fy= -2", fromMenu(1, 0, "ShareLoads")},
-            {"New group #2, E= 5, A= 6, I= 7", in("EAI", "Text1=5 Text2=6 Text3=7 SSCommand3")},
-            {"New node #4, x=1, y=7, Constraints: xoo, Ky= 8",
-             in("Komboi", "Text2=1 Text3=7 SSCheck1=x TextKY=8 SSCommand3")},
-            {"* Node #2, x=3, y=5, Free", in("Komboi", "Combo1=2 SSCommand3 Text3=5 SSCommand3")},
-            {"Node deleted: #2. Nodes renumbered: #3. (further lines: 2)",
-             in("Komboi", "Combo1=2 SSCommand2 SSCommand2")},
-            {"New element #3, Node i: #1, Node j: #3, E,A,I Group: #1, P2 Type",
-             in("Stoixeia", "Combo3=1 Combo4=3 SSCommand3")},
-            {"Element deleted: #1. Elements renumbered: #2.",
-             in("Stoixeia", "Combo1=1 SSCommand2 SSCommand2")},
-            {"New loads on node #1, Fx= 4", in("Epikombia", "Text1=4 SSCommand3")},
-            {"* Loads on element #1, Fy= -3", in("Omoiomorfa", "Text2=-3 SSCommand3")},
-            {"Loads deleted on element #1", in("Omoiomorfa", "SSCommand2")},
-            {"Moved nodes: #1 to #3, dx=1, dy=2",
-             in("mnuMETAKINISIKOMBONitem", "Combo2=3 Text1=1 Text2=2 SSCommand3")},
-            {"Node # 1 moved to the middle of segment A\u0392. (further lines: 3)",
-             in("mnuSIGXONEFSIitem", "Combo2=2 Check2=x SSCommand3")},
-            {"Elements divided: #1 to #2 into 3 segments each.",
-             in("mnuDIAIRESIitem", "Combo2=2 Text1=3 SSCommand3")},
-            {"New node #6, x=-5, y=6.123234E-16, Free (further lines: 4)",
-             in("mnuKYKLIKOitem", "Text3=5 Text5=-5 Text7=2 SSCommand3")},
-        };
-    }
-
     const char *const frame = "G 1 2 3; N 0 0 xxx; N 3 0; N 6 0; E 1 2 1 0 0 0 -2; E 2 3 1;";
 };
 
 TEST_F(Undo, EachKindOfActionIsOneStepThatGoesBackAndForth)
 {
     desktop.answerAnything = [] { return Answer::ok; };
-    for (const auto &[line, act] : actions()) {
-        SCOPED_TRACE(line);
-        buildModel(frame);
+    for (const auto &[given, line] : dataCases("actions.txt")) {
+        SCOPED_TRACE(given);
+        const std::size_t bar = given.find(" | ");
+        buildModel(bar == std::string::npos ? frame : given.substr(0, bar));
         const std::string before = bytes();
-        act();
+        act(bar == std::string::npos ? given : given.substr(bar + 3));
         const std::string after = bytes();
         EXPECT_TRUE(after != before);
         for (const auto &[command, leads, says] :
-             {std::tuple{"mnuUNDOitem", before, std::string("Undo: ") + line},
+             {std::tuple{"mnuUNDOitem", before, "Undo: " + line},
               {"mnuUNDOitem", before, "There is nothing to undo."},
-              {"mnuREDOitem", after, std::string("Redo: ") + line},
+              {"mnuREDOitem", after, "Redo: " + line},
               {"mnuREDOitem", after, "There is nothing to redo."}}) {
             trigger(command);
             EXPECT_TRUE(bytes() == leads) << says;
@@ -210,7 +103,7 @@ TEST_F(Undo, GoesFromAnOpenDialogButNotFromItsFields)
     answered([this] { trigger("Komboi"); },
              [&](QWidget &dialog) {
                  for (const char *x : {"7", "8"})
-                     fill(dialog, QString("Text2=%1 SSCommand3").arg(x));
+                     fill(dialog, {"Text2=" + QString(x), "SSCommand3"});
                  for (const auto &[control, key, number] : {std::tuple{"Text2", Qt::Key_Z, "6"},
                                                             {"Text2", Qt::Key_Y, "6"},
                                                             {"SSCheck1", Qt::Key_Z, "5"},
@@ -239,7 +132,7 @@ TEST_F(Undo, WaitsForTheEndOfADragThatOpenedADialog)
     desktop.answerAnything = [] { return Answer::yes; }; // to the main group
     answered([this] { dragModel(0, 0, 3, 0); },
              [this](QWidget &dialog) {
-                 fill(dialog, "Text1=5 Text2=6 Text3=7 SSCommand3");
+                 fill(dialog, {"Text1=5", "Text2=6", "Text3=7", "SSCommand3"});
                  QTest::keyClick(&dialog, Qt::Key_Z, Qt::ControlModifier);
                  EXPECT_EQ(panel("Label1"),
                            "This can be done when the action that goes on has ended.");
