@@ -8,16 +8,12 @@
 #include <QPageSize>
 #include <QPdfWriter>
 
-#include <iostream>
-
 int main(int argc, char **argv)
 {
     const QGuiApplication fonts(argc, argv);
     const QStringList arguments = QGuiApplication::arguments();
-    if (arguments.size() != 3) {
-        std::cerr << "Usage: veskora_printed_page REPORT.txt PAGES.pdf\n";
+    if (arguments.size() != 3)
         return 2;
-    }
     QFile report(arguments[1]);
     QPdfWriter paper(arguments[2]);
     paper.setPageSize(QPageSize(QPageSize::A4));

@@ -2,9 +2,11 @@
 
 #include "JournalKeeper.h"
 #include "Metablites.h"
+#include "ModelText.h"
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QTimer>
 
 namespace veskora {
@@ -33,11 +35,11 @@ DrivenWindow::DrivenWindow(UnattendedDesktop &desktop, bool withWelcome) : deskt
     desktop.attach(&window_);
 }
 
-void DrivenWindow::trigger(const char *action)
+void DrivenWindow::trigger(const QString &action)
 {
     auto *found = window_.findChild<QAction *>(action);
     if (found == nullptr)
-        qFatal("no action named %s", action);
+        qFatal("no action named %s", qPrintable(action));
     found->trigger();
 }
 
@@ -47,12 +49,20 @@ QPointF DrivenWindow::anywhere()
             static_cast<double>(desktop_.below(static_cast<std::size_t>(canvas().height())))};
 }
 
-void DrivenWindow::mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button)
+void DrivenWindow::mouse(QEvent::Type type, const QPointF &at)
 {
     const bool isRelease = type == QEvent::MouseButtonRelease;
-    QMouseEvent event(type, at, canvas().mapToGlobal(at), button, isRelease ? Qt::NoButton : button,
-                      Qt::NoModifier);
+    QMouseEvent event(type, at, canvas().mapToGlobal(at), Qt::LeftButton,
+                      isRelease ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
     QCoreApplication::sendEvent(&canvas(), &event);
+}
+
+void DrivenWindow::drawElement()
+{
+    const QPointF end = anywhere();
+    mouse(QEvent::MouseButtonPress, anywhere());
+    mouse(QEvent::MouseMove, end);
+    mouse(QEvent::MouseButtonRelease, end);
 }
 
 void DrivenWindow::keepJournal()
@@ -69,6 +79,11 @@ void DrivenWindow::provideGroup()
         return;
     Arithmos_Omadon = 1;
     Omades(1, group::E) = Omades(1, group::A) = Omades(1, group::I) = 1;
+}
+
+QByteArray DrivenWindow::sumOfModel()
+{
+    return QCryptographicHash::hash(modelText(), QCryptographicHash::Md5).toHex();
 }
 
 } // namespace veskora

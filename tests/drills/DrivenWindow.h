@@ -51,7 +51,7 @@ public:
     void start(const QString &model) { window_.start(model); }
 
     /// Triggers the action of that object name; a name that is none ends the process.
-    void trigger(const char *action);
+    void trigger(const QString &action);
     frmMain &window() { return window_; }
     /// A part of it, by its class and object name.
     template <typename Part>
@@ -62,11 +62,15 @@ public:
     CanvasWidget &canvas() { return *find<CanvasWidget>("Picture1"); }
     /// A place on the canvas, by chance.
     QPointF anywhere();
-    void mouse(QEvent::Type type, const QPointF &at, Qt::MouseButton button = Qt::LeftButton);
+    void mouse(QEvent::Type type, const QPointF &at);
+    /// An element from one place to another, by chance.
+    void drawElement();
     /// Seconds of the journal's time, enough for a change to be on the disk.
     void keepJournal();
     /// The first group, without which drawing would ask for one.
     static void provideGroup();
+    /// Of the model's text, in hexadecimal digits.
+    static QByteArray sumOfModel();
 
 private:
     UnattendedDesktop &desktop_;

@@ -139,10 +139,8 @@ bool writes(const FileCall &call, const Arguments &given)
 MadeCall made(const FileCall &call, const Arguments &given)
 {
     MadeCall one = {call.number, writes(call, given), {}, {}};
-    if (call.path == descriptor)
-        one.file = pathOf(given[0]);
-    else
-        one.file = pathOf(call, given, static_cast<std::size_t>(call.path));
+    one.file = call.path == descriptor ? pathOf(given[0])
+                                       : pathOf(call, given, static_cast<std::size_t>(call.path));
     if (std::strncmp(call.name, "rename", 6) == 0)
         one.to = pathOf(call, given, static_cast<std::size_t>(2 * call.path + 1));
     return one;
@@ -176,15 +174,10 @@ bool canHappen(std::string_view fault, const FileCall &call, const Arguments &gi
 
 long strike(std::string_view fault, const FileCall &call, const Arguments &given, bool isFirst)
 {
-    const auto die = [] {
-        drillCall(SYS_kill, drillCall(SYS_getpid, 0, 0, 0, 0, 0, 0), SIGKILL, 0, 0, 0, 0);
-    };
-    if (fault == "kill")
-        die();
-    if (fault == "kill-behind") {
+    if (fault == "kill-behind")
         (void)passOn(call.number, given);
-        die();
-    }
+    if (fault.starts_with("kill"))
+        drillCall(SYS_kill, drillCall(SYS_getpid, 0, 0, 0, 0, 0, 0), SIGKILL, 0, 0, 0, 0);
     if (fault == "short" || (fault == "full" && isFirst && (call.can & beShort) != 0)) {
         Arguments half = given;
         half[2] = (given[2] + 1) / 2;

@@ -11,7 +11,6 @@
 #include "RecentFiles.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -69,28 +68,24 @@ public:
 private:
     void obey()
     {
-        std::string line, name;
+        std::string line, name, first, second;
         if (!std::getline(std::cin, line))
             return QApplication::quit();
-        std::istringstream words(line);
-        words >> name;
-        const std::string text = orders_.at(name)(words);
+        std::istringstream(line) >> name >> first >> second;
+        const std::string text = orders_.at(name)(first, second);
         QCoreApplication::processEvents(); // what waits to be written is
         answer(text);
     }
 
     void answer(const std::string &text)
     {
-        const QByteArray sum = QCryptographicHash::hash(modelText(), QCryptographicHash::Md5);
-        std::cout << std::exchange(desktop_.asked, 0) << ' ' << sum.toHex().constData() << ' '
-                  << text << std::endl;
+        std::cout << std::exchange(desktop_.asked, 0) << ' '
+                  << DrivenWindow::sumOfModel().constData() << ' ' << text << std::endl;
     }
 
     /// @return "saved" or nothing
-    std::string save(const char *command, std::istream &words)
+    std::string save(const char *command, const std::string &reply)
     {
-        std::string reply;
-        words >> reply;
         desktop_.replaces = reply == "yes";
         desktop_.saves = true;
         const std::string text = modelText(), file = Onoma_Arxeiou;
@@ -98,44 +93,6 @@ private:
         desktop_.saves = false;
         const auto known = knownFileSum ? knownFileSum : sumOfFile(file); // the model may be left
         return known == sumOf(text) ? "saved" : "";
-    }
-
-    static std::string edit(std::istream &words)
-    {
-        DrivenWindow::provideGroup();
-        words >> Omades(1, group::E);
-        return {};
-    }
-
-    std::string set(std::istream &words)
-    {
-        std::string key, value;
-        words >> key >> value;
-        desktop_.storeSetting("Drill", key, value);
-        return {};
-    }
-
-    std::string get(std::istream &words)
-    {
-        std::string key;
-        words >> key;
-        return desktop_.setting("Drill", key, "");
-    }
-
-    static std::string remember(std::istream &words)
-    {
-        std::string path;
-        words >> path;
-        rememberFile(path);
-        return {};
-    }
-
-    static std::string recent()
-    {
-        std::string all;
-        for (const std::string &file : recentFiles())
-            all += file + ' ';
-        return all;
     }
 
     /// What the search of the help says of a word that many pages have, once its index is there.
@@ -160,26 +117,45 @@ private:
     DrivenWindow &window_;
     CopyDesktop &desktop_;
     QSocketNotifier input_{0, QSocketNotifier::Read};
-    using Order = std::function<std::string(std::istream &)>;
-    const std::map<std::string, Order> orders_ = {
-        {"edit", edit},
-        {"remember", remember},
-        {"set", [this](std::istream &words) { return set(words); }},
-        {"get", [this](std::istream &words) { return get(words); }},
-        {"save", [this](std::istream &words) { return save("mnuAPOTHIKEFSIitem", words); }},
-        {"new", [this](std::istream &words) { return save("mnuNEOitem", words); }},
+    using Words = const std::string &;
+    const std::map<std::string, std::function<std::string(Words, Words)>> orders_ = {
+        {"edit",
+         [](Words value, Words) {
+             DrivenWindow::provideGroup();
+             Omades(1, group::E) = std::stod(value);
+             return "";
+         }},
+        {"remember",
+         [](Words path, Words) {
+             rememberFile(path);
+             return "";
+         }},
+        {"recent",
+         [](Words, Words) {
+             std::string all;
+             for (const std::string &file : recentFiles())
+                 all += file + ' ';
+             return all;
+         }},
+        {"set",
+         [this](Words key, Words value) {
+             desktop_.storeSetting("Drill", key, value);
+             return "";
+         }},
+        {"get", [this](Words key, Words) { return desktop_.setting("Drill", key, ""); }},
+        {"save", [this](Words reply, Words) { return save("mnuAPOTHIKEFSIitem", reply); }},
+        {"new", [this](Words reply, Words) { return save("mnuNEOitem", reply); }},
         {"open",
-         [this](std::istream &) {
+         [this](Words, Words) {
              window_.trigger("mnuANAGNOSIitem");
              return Onoma_Arxeiou;
          }},
         {"journal",
-         [this](std::istream &) {
+         [this](Words, Words) {
              window_.keepJournal();
-             return std::string();
+             return "";
          }},
-        {"recent", [](std::istream &) { return recent(); }},
-        {"help", [this](std::istream &) { return searchHelp(); }},
+        {"help", [this](Words, Words) { return searchHelp(); }},
     };
 };
 

@@ -8,11 +8,9 @@
 #include "DrivenWindow.h"
 #include "Files.h"
 #include "Metablites.h"
-#include "ModelText.h"
 #include "Recovery.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
 #include <QFile>
 #include <QTimer>
 
@@ -54,26 +52,16 @@ private:
             note();
         }
         DrivenWindow::provideGroup();
-        switch (desktop_.below(60)) {
-        case 0:
+        if (const unsigned whim = desktop_.below(60); whim == 0) {
             window_.trigger("mnuAPOTHIKEFSIitem");
-            break;
-        case 1:
-        case 2:
-        case 3: {
+        } else if (whim <= 3) {
             const QPointF place = window_.anywhere();
-            window_.mouse(QEvent::MouseButtonPress, place);
-            window_.mouse(QEvent::MouseButtonRelease, place);
-            window_.mouse(QEvent::MouseButtonDblClick, place);
-            window_.mouse(QEvent::MouseButtonRelease, place);
-            break;
-        }
-        default: {
-            const QPointF end = window_.anywhere();
-            window_.mouse(QEvent::MouseButtonPress, window_.anywhere());
-            window_.mouse(QEvent::MouseMove, end);
-            window_.mouse(QEvent::MouseButtonRelease, end);
-        }
+            for (const QEvent::Type type :
+                 {QEvent::MouseButtonPress, QEvent::MouseButtonRelease, QEvent::MouseButtonDblClick,
+                  QEvent::MouseButtonRelease})
+                window_.mouse(type, place);
+        } else {
+            window_.drawElement();
         }
         note();
         // Now at work without a second's rest, now resting.
@@ -84,8 +72,7 @@ private:
     /// Time in seconds, sum of the model's text, whether it has anything to lose.
     void note()
     {
-        const QByteArray sum =
-            QCryptographicHash::hash(modelText(), QCryptographicHash::Md5).toHex();
+        const QByteArray sum = DrivenWindow::sumOfModel();
         if (sum == noted_)
             return;
         noted_ = sum;

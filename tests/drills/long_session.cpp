@@ -19,7 +19,6 @@
 #include <QTimer>
 
 #include <iostream>
-#include <iterator>
 #include <malloc.h>
 #include <utility>
 
@@ -39,24 +38,16 @@ public:
     }
 };
 
-/// What opens a window or a dialog, and what does not: one of them in each round.
-constexpr const char *opening[] = {
-    "mnuOMADESitem",           "mnuKOMBOIitem",       "mnuSTOIXEIAitem",
-    "mnuSIGKENTROMENAitem",    "mnuOMOIOMORFAitem",   "mnuMETAKINISIKOMBONitem",
-    "mnuSIGXONEFSIitem",       "mnuDIAIRESIitem",     "mnuKYKLIKOitem",
-    "mnuRITHMISEISitem",       "Apotelesmata",        "mnuELEGXOS_ANALYSIS_item",
-    "mnuTIMES_STOIXEIOU_item", "mnuCALCULATION_item", "mnuVIMATA_ANALYSIS_item",
-    "mnuCONTENTSitem",         "mnuPERIitem",
-};
-constexpr const char *others[] = {
-    "mnuSIMP_KOMBitem",
-    "mnuSIMP_STOIXitem",
-    "mnuEIKONA_SVG_PDF_item",
-    "mnuEIKONA_arxeio_bmp_item",
-    "mnuEIKONA_Clipboard_item",
-    "mnuAPOTHIKEFSIitem",
-    "mnuNEOitem",
-};
+/// One of them in each round: the first ones open a window or a dialog.
+const QStringList turns =
+    QString("mnuOMADESitem mnuKOMBOIitem mnuSTOIXEIAitem mnuSIGKENTROMENAitem mnuOMOIOMORFAitem "
+            "mnuMETAKINISIKOMBONitem mnuSIGXONEFSIitem mnuDIAIRESIitem mnuKYKLIKOitem "
+            "mnuRITHMISEISitem Apotelesmata mnuELEGXOS_ANALYSIS_item mnuTIMES_STOIXEIOU_item "
+            "mnuCALCULATION_item mnuVIMATA_ANALYSIS_item mnuCONTENTSitem mnuPERIitem "
+            "mnuSIMP_KOMBitem mnuSIMP_STOIXitem mnuEIKONA_SVG_PDF_item mnuEIKONA_arxeio_bmp_item "
+            "mnuEIKONA_Clipboard_item mnuAPOTHIKEFSIitem mnuNEOitem")
+        .split(' ');
+constexpr int opening = 17;
 
 /// In each round, between the analysis and that.
 constexpr const char *pictures[] = {"M", "Q", "N", "Deform", "ZoomBestFit", "Foreas"};
@@ -81,6 +72,7 @@ private:
         isBusy_ = true;
         closeWindows();
         opened_ += std::exchange(hasOpened_, false);
+        const int cycle = static_cast<int>(turns.size());
         const int perSample = std::max(1, rounds_ / samples_ / cycle) * cycle;
         if (done_ > 0 && done_ % perSample == 0)
             tell();
@@ -93,8 +85,8 @@ private:
         for (const char *action : pictures)
             window_.trigger(action);
         const int turn = done_++ % cycle;
-        due_ += turn < opens;
-        window_.trigger(turn < opens ? opening[turn] : others[turn - opens]);
+        due_ += turn < opening;
+        window_.trigger(turns[turn]);
         isBusy_ = false;
     }
 
@@ -108,10 +100,7 @@ private:
     /// An element drawn, taken back, and drawn again; then none is left of it.
     void edit()
     {
-        const QPointF end = window_.anywhere();
-        window_.mouse(QEvent::MouseButtonPress, window_.anywhere());
-        window_.mouse(QEvent::MouseMove, end);
-        window_.mouse(QEvent::MouseButtonRelease, end);
+        window_.drawElement();
         for (const char *action : {"mnuUNDOitem", "mnuREDOitem", "mnuUNDOitem"})
             window_.trigger(action);
     }
@@ -170,8 +159,6 @@ private:
                   << withLog - heap << ' ' << analysed_ << ' ' << due_ << ' ' << opened_
                   << std::endl;
     }
-
-    static constexpr int opens = std::size(opening), cycle = opens + std::size(others);
 
     DrivenWindow &window_;
     const int rounds_, samples_;

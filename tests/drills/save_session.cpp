@@ -17,7 +17,6 @@
 #include "frmSXEDIASI.h"
 #include "frmWelcome.h"
 #include "Functions.h"
-#include "JournalKeeper.h"
 #include "Metablites.h"
 #include "ModelText.h"
 #include "RecentFiles.h"
@@ -28,7 +27,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPushButton>
-#include <QTimer>
 
 #include <functional>
 #include <iostream>
@@ -63,7 +61,6 @@ public:
         UnattendedDesktop::insertLog(text, colour, bold);
     }
     std::optional<std::string> askSaveFile(const FileQuestion &) override { return target; }
-    std::string programFolder() override { return UnattendedDesktop::programFolder() + "/../bin"; }
 
     std::string target;
     QJsonArray told; ///< boxes, and what is red in the log
@@ -85,7 +82,7 @@ public:
         record_ = new (::mmap(nullptr, sizeof(CallRecord), PROT_READ | PROT_WRITE,
                               MAP_SHARED | MAP_ANONYMOUS, -1, 0)) CallRecord;
         (void)desktop.writeSettings();
-        lookAtJournal();
+        window_.keepJournal();
     }
 
     void serve()
@@ -111,7 +108,7 @@ public:
             const pid_t child = ::fork();
             if (child == 0)
                 save(kind);
-            tell(child);
+            tellOf(child);
         }
     }
 
@@ -139,7 +136,7 @@ private:
                                     {"before", stateBefore},
                                     {"after", state()},
                                     {"saved", Idio_Me_To_Arxeio()}};
-        std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
+        tell(answer);
         std::exit(0);
     }
 
@@ -150,7 +147,12 @@ private:
                 knownFileSum ? QString::number(*knownFileSum) : QString()};
     }
 
-    void tell(pid_t child)
+    static void tell(const QJsonObject &answer)
+    {
+        std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
+    }
+
+    void tellOf(pid_t child)
     {
         int status = 0;
         ::waitpid(child, &status, 0);
@@ -167,16 +169,7 @@ private:
                                     {"struck", static_cast<int>(record_->struck)},
                                     {"made", made},
                                     {"calls", calls}};
-        std::cout << QJsonDocument(answer).toJson(QJsonDocument::Compact).constData() << std::endl;
-    }
-
-    void lookAtJournal()
-    {
-        auto *keeper = window_.find<JournalKeeper>();
-        for (int i = 0; i < 4; ++i) { // changed, at rest, written, on its way to the disk
-            QMetaObject::invokeMethod(window_.find<QTimer>("JournalTimer"), "timeout");
-            keeper->waitForWriting();
-        }
+        tell(answer);
     }
 
     void press(QWidget &form, const char *button)
@@ -201,7 +194,7 @@ private:
         {"model-link", [this] { window_.trigger("mnuAPOTHIKEFSIitem"); }},
         {"model-as", [this] { window_.trigger("mnuAPOTHIKEFSIOSitem"); }},
         {"recovery", [this] { window_.trigger("mnuNEOitem"); }},
-        {"journal", [this] { lookAtJournal(); }},
+        {"journal", [this] { window_.keepJournal(); }},
         {"options",
          [this] {
              frmSXEDIASI form(nullptr);

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <sys/mman.h>
 #include <unistd.h>
+#include <vector>
 
 namespace veskora {
 
@@ -38,6 +39,19 @@ private:
 inline std::string_view bytes(const unsigned char *data, std::size_t size)
 {
     return {reinterpret_cast<const char *>(data), size};
+}
+
+/// Its lines; an empty text has none.
+inline std::vector<std::string> lines(std::string_view text)
+{
+    std::vector<std::string> all;
+    for (bool isLast = text.empty(); !isLast;) {
+        const std::size_t end = text.find('\n');
+        all.emplace_back(text.substr(0, end));
+        isLast = end == std::string_view::npos;
+        text.remove_prefix(isLast ? text.size() : end + 1);
+    }
+    return all;
 }
 
 } // namespace veskora

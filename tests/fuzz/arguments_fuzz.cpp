@@ -14,18 +14,6 @@ namespace {
 
 using Arguments = std::vector<std::string>;
 
-Arguments lines(std::string_view text)
-{
-    Arguments arguments;
-    for (bool isLast = text.empty(); !isLast;) {
-        const std::size_t end = text.find('\n');
-        arguments.emplace_back(text.substr(0, end));
-        isLast = end == std::string_view::npos;
-        text.remove_prefix(isLast ? text.size() : end + 1);
-    }
-    return arguments;
-}
-
 void requireWithinLimits(const Order &order)
 {
     const auto isWithin = [](int value, int most) { return value >= 1 && value <= most; };

@@ -16,15 +16,12 @@ class SettingsDesktop : public BatchDesktop
 public:
     using BatchDesktop::BatchDesktop;
 
-    void hold(std::string_view lines)
+    void hold(std::string_view content)
     {
         texts_.clear();
-        while (!lines.empty()) {
-            const std::string_view line = lines.substr(0, lines.find('\n'));
-            lines.remove_prefix(std::min(line.size() + 1, lines.size()));
-            if (const std::size_t sign = line.find('='); sign != std::string_view::npos)
-                texts_[std::string(line.substr(0, sign))] = line.substr(sign + 1);
-        }
+        for (const std::string &line : lines(content))
+            if (const std::size_t sign = line.find('='); sign != std::string::npos)
+                texts_[line.substr(0, sign)] = line.substr(sign + 1);
     }
     std::string setting(std::string_view, std::string_view key, std::string_view standard) override
     {

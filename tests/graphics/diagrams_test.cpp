@@ -1,3 +1,4 @@
+#include "AlongElement.h"
 #include "Analysis.h"
 #include "DiagramFit.h"
 #include "Functions.h"
@@ -11,8 +12,6 @@
 namespace veskora {
 namespace {
 
-using Pens = RecordingKanvas::Pens;
-
 constexpr double nearly = 2e-5; // centimetres held in Singles
 
 class Diagrams : public DrawingTest
@@ -22,229 +21,68 @@ protected:
     {
         originAt(0, 0);
         nai_grid = nai_aksones = nai_arithmisi_stoixeion = nai_arithmisi_kombon = false;
-        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = 10;
+        setScales(10);
     }
 
-    static void setEndForces(int e, const std::array<double, 6> &forces)
+    static void setScales(float scale)
     {
-        std::ranges::copy(forces, Entasi_Topiki.row(e).begin());
-        Allagi_Montelou = false;
+        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = scale;
+    }
+    /// By the mode of the view; that of the model alone has none.
+    static std::array<float, 5> scales()
+    {
+        return {10, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000};
     }
 };
 
-TEST_F(Diagrams, PositiveValuesStandOnTheRightSeenFromIToJ)
+// Against the values at stations, which are found in another way; between two nodes on springs. The
+// deformed shape of an element with one hinge is not its elastic line.
+TEST_F(Diagrams, CurvesAreThoseOfTheValuesAlongTheElement)
 {
-    struct Case
-    {
-        void (*draw)();
-        bool &side;
-        bool &values;
-        const char *picture;
-    };
-    buildModel("N 0 0; N 3 4; E 1 2");
-    setEndForces(1, {-10, 20, -30, 12.1234, -5, -8});
-    nai_stoixeia = false;
-    for (const Case &c : {
-             Case{Diagramma_M, M_sin_Tension, nai_times_M,
-                  "pen 3557577 1 7; line 0 0 2.4 1.8; line 2.4 1.8 -.04 -6.28;"
-                  "text 2.4 1.8 ' 30 '; text 2.36 -4.48 '-8 '; line 2.36 -4.48 .64 .48;"
-                  "pen 0 1 12 bold; text .1 .07 'M'; pen 0 1 8; text .1 .55 'max.= 30';"
-                  "text .1 .87 'min.= -8'"},
-             {Diagramma_Q, Q_sin_Ina, nai_times_Q,
-              "pen 10499638 1 7; line 0 0 1.6 1.2; text 1.6 1.2 ' 20 ';"
-              "line 1.6 1.2 1.8 -4.9; text 3.4 -3.7 ' 5 '; line 3.4 -3.7 -.4 -.3;"
-              "pen 0 1 12 bold; text .1 .07 'Q'; pen 0 1 8; text .1 .55 'max.= 20';"
-              "text .1 .87 'min.= 5'"},
-             {Diagramma_N, N_sin_Ina, nai_times_N,
-              "pen 2852397 1 7; line 0 0 .8 .6; text .8 .6 ' 10 ';"
-              "line .8 .6 3.1699 -3.8726; text 3.9699 -3.2726 ' 12.123 ';"
-              "line 3.9699 -3.2726 -.9699 -.7274; pen 0 1 12 bold; text .1 .07 'N';"
-              "pen 0 1 8; text .1 .55 'max.= 12.123'; text .1 .87 'min.= 10'"},
+    nai_eleftheroseis = false;
+    xroma_paramorfosis = 0x123456; // no symbol's
+    Ena_cm_posa_m_epi_1000 = 500;
+    for (const std::string line : {
+             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 0 0 -10",
+             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 1 3 -10",
+             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 0 0 10",
+             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 1 0 -10",
+             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 .1 -3",
+             "N -4 3 ooo .1 .2 .3; E 1 2 1 0 1 7 2",
+             "N -4 -3 ooo .1 .2 .3; E 1 2 1 1 0 -7 2",
+             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 10 0",
+             "N 0 -5 ooo .1 .2 .3; E 1 2 1 1 1 10 4",
+             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 0 -10", // along the element: straight
+             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 3 4",
          }) {
-        kanvas.pen = Pen{};
-        c.draw();
-        EXPECT_EQ(kanvas.picture(0, 0, Pens::shown), picture(c.picture));
-        EXPECT_EQ(kanvas.pen.fontSize, 8);
-
-        // The other side, at a zoom that the ordinates do not follow.
-        const auto before = kanvas.of(Primitive::Kind::line).at(0);
-        const auto texts = kanvas.of(Primitive::Kind::text);
-        c.side = false;
-        originAt(0, 0, 50);
-        c.draw();
-        const auto after = kanvas.of(Primitive::Kind::line).at(0);
-        EXPECT_NEAR(after.x2, -before.x2, nearly);
-        EXPECT_NEAR(after.y2, -before.y2, nearly);
-        EXPECT_EQ(kanvas.of(Primitive::Kind::text).at(0).text, texts.at(0).text);
-        c.values = false;
-        c.draw();
-        EXPECT_EQ(kanvas.linesOf(after.pen.colour).size(), 3U);
-        EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 3U);
-        originAt(0, 0);
-    }
-}
-
-// Beams between two clamps, q per length across them, positive towards the right-hand side: end
-// moments -q L^2/12, with one hinge -q L^2/8 at the other end, and between them
-// M(x) = Mi (1 - x/L) + Mj x/L + q x (L - x)/2.
-TEST_F(Diagrams, MomentsOfLoadedBeamsAreTheParabolasOfTheTextbook)
-{
-    struct Case
-    {
-        double dx, dy;
-        int hingeI, hingeJ;
-        double wx, wy;
-    };
-    for (const Case &c : {
-             Case{6, 0, 0, 0, 0, -10},
-             {6, 0, 0, 1, 3, -10},
-             {6, 0, 1, 0, 0, 10},
-             {6, 0, 1, 1, 0, -10},
-             {3, 4, 0, 0, 0, -10},
-             {-4, 3, 0, 1, 7, 2},
-             {-4, -3, 1, 0, -7, 2},
-             {0, 5, 0, 0, 10, 0},
-             {0, -5, 0, 0, 10, 4},
-             {0, 5, 0, 0, 0, -10}, // along the element: straight
-             {3, 4, 0, 0, 3, 4},
-         }) {
-        Katharismos_Montelou();
-        putGroup(3e7, 0.1, 0.001);
-        putNode(0, 0, "xxx");
-        putNode(c.dx, c.dy, "xxx");
-        putElement(1, 2, 1, c.hingeI, c.hingeJ, c.wx, c.wy);
-        putElement(2, putNode(9, 9)); // something to solve
+        buildModel("G 1 8 5; N 0 0; " + line + "; S 1 20 30 40; S 2 25 35 45");
         analyse();
+        const AlongElement along = alongElement(1);
+        const auto isAt = [&](double x, double y, double t, double u, double v) {
+            const double part = t * along.length + u;
+            EXPECT_NEAR(x, part * along.c - v * along.s, nearly) << line << " at " << t;
+            EXPECT_NEAR(-y, part * along.s + v * along.c, nearly) << line << " at " << t;
+        };
         for (const double side : {1, -1}) {
             M_sin_Tension = side > 0;
             Diagramma_M();
-            const double L = std::hypot(c.dx, c.dy);
-            const double q = (c.wx * c.dy - c.wy * c.dx) / L;
-            const double fixedEnd = -q * L * L / (c.hingeI == c.hingeJ ? 12 : 8);
-            const double Mi = c.hingeI == 1 ? 0 : fixedEnd;
-            const double Mj = c.hingeJ == 1 ? 0 : fixedEnd;
             const auto lines = kanvas.linesOf(xroma_M);
-            ASSERT_EQ(lines.size(), 18U + 3);
-            const auto texts = kanvas.of(Primitive::Kind::text);
-            EXPECT_NEAR(std::stod(texts.at(0).text), Mi, 0.0005);
-            EXPECT_NEAR(std::stod(texts.at(1).text), Mj, 0.0005);
-            for (int k = 0; k <= 16; ++k) {
-                SCOPED_TRACE(testing::Message() << c.dx << ' ' << c.dy << " at " << k);
-                const double t = k / 16.0;
-                const double M = Mi * (1 - t) + Mj * t + q * L * L * t * (1 - t) / 2;
-                const double x = c.dx * t + side * M / 10 * c.dy / L;
-                const double y = -(c.dy * t - side * M / 10 * c.dx / L);
-                const auto isThere = [&](double foundX, double foundY) {
-                    EXPECT_NEAR(foundX, x, nearly);
-                    EXPECT_NEAR(foundY, y, nearly);
-                };
-                const std::size_t chord = static_cast<std::size_t>(k) + 1; // that ends here
-                if (k > 0)
-                    isThere(lines[chord].x2, lines[chord].y2);
-                if (k < 16)
-                    isThere(lines[chord + 1].x, lines[chord + 1].y);
-                if (k % 16 != 0)
-                    continue;
-                const std::size_t end = k == 0 ? 0 : 1; // from the element to the parabola's ends
-                EXPECT_NEAR(lines[end].x, c.dx * t, nearly);
-                EXPECT_NEAR(lines[end].y, -c.dy * t, nearly);
-                isThere(lines[end].x2, lines[end].y2);
-                isThere(texts[end].x, texts[end].y);
+            ASSERT_EQ(lines.size(), 18U); // the first two from the element to the ends of the curve
+            for (std::size_t k = 1; k <= 16; ++k) {
+                const double t = static_cast<double>(k) / 16;
+                isAt(lines[k + 1].x2, lines[k + 1].y2, t, 0,
+                     -side * along.M(t * along.length) / 10);
             }
         }
-    }
-}
-
-TEST_F(Diagrams, WhatMustBeToldStandsInRedBelowTheHeading)
-{
-    const std::string changed = "The model has been changed since these results.;";
-    const std::string mechanism = "The structure is probably a mechanism.;";
-    buildModel("N 0 0; N 4 0; E 1 2");
-    for (const auto &[isChanged, isAnalysed, isMechanism, lines] :
-         {std::tuple{false, true, false, std::string()},
-          {true, true, false, changed},
-          {true, false, false, "The model has not been analysed: these are no results.;"},
-          {true, true, true, changed + mechanism},
-          {false, true, true, mechanism}})
-        for (void (*draw)() : {Diagramma_M, Diagramma_Q, Diagramma_N, Sxedio_Paramorfosis}) {
-            std::tie(Allagi_Montelou, hasResults, mechanismSuspected) =
-                std::tie(isChanged, isAnalysed, isMechanism);
-            draw();
-            std::string red;
-            for (const Primitive &text : kanvas.of(Primitive::Kind::text))
-                if (text.pen.colour == 255)
-                    red += text.text + ";";
-            EXPECT_EQ(red, lines);
-            EXPECT_EQ(kanvas.pen.colour, xroma_stoixeion);
-        }
-}
-
-// Moments of textbook beams: q L^2 / 24 and 9 q L^2 / 128 in the span; a cantilever has its vertex
-// at its tip.
-TEST_F(Diagrams, TheHeadingTellsWhatTheCurveShowsBeyondItsEnds)
-{
-    const std::string clamps = "G 3e7 .1 .001; N 0 0 xxx; N 6 0 xxx; N 6 3; E 2 3 1; ";
-    struct Case
-    {
-        std::string model, lines;
-        std::int16_t decimals = 3;
-    };
-    for (const auto &[model, lines, decimals] :
-         {Case{clamps + "E 1 2 1 0 0 0 -10", "between the ends: 15, element 2, x = 3;"},
-          {clamps + "E 2 1 1 1 0 0 -10", "between the ends: -25.3125, element 2, x = 2.25;", 4},
-          {clamps + "E 1 2 1 1 1 0 -10; N 0 9 xxx; N 6 9 xxx; E 4 5 1 1 1 0 4",
-           "between the ends: 45, element 2, x = 3;between the ends: -18, element 3, x = 3;"},
-          {clamps + "N 0 9 xxx; N 4 9; E 4 5 1 0 0 0 -10", ""},
-          {clamps + "E 1 2 1 1 1 0 -.1", "", 0}, // .45
-          {clamps + "E 1 2 1 0 0 -10 0", ""}}) {
-        buildModel(model);
-        analyse();
-        dekadika_M = decimals;
-        for (const bool isOld : {false, true}) { // end forces of other loads
-            Allagi_Montelou = isOld;
-            Diagramma_M();
-            std::string told;
-            for (const Primitive &text : kanvas.of(Primitive::Kind::text))
-                if (text.text.starts_with("between"))
-                    told += text.text + ";";
-            EXPECT_EQ(told, isOld ? "" : lines) << model;
+        Sxedio_Paramorfosis();
+        const auto chords = kanvas.linesOf(xroma_paramorfosis);
+        ASSERT_EQ(chords.size(), 20U);
+        for (std::size_t k = 1;
+             k <= 20 && Stoixeia(1, element::hingeI) == Stoixeia(1, element::hingeJ); ++k) {
+            const double t = static_cast<double>(k) / 20, x = t * along.length;
+            isAt(chords[k - 1].x2, chords[k - 1].y2, t, 2 * *along.u(x), 2 * *along.v(x));
         }
     }
-}
-
-TEST_F(Diagrams, WhatHasNoOrdinateSpoilsNothingElse)
-{
-    buildModel("N 0 0; N 0 0; N 4 0; E 1 2; E 1 3");
-    setEndForces(1, {1, 1, 1, 1, 1, 1});
-    setEndForces(2, {-10, 20, -30, 10, -20, 30});
-    for (const auto &[draw, scale, colour] : {std::tuple{&Diagramma_M, &Ena_cm_posa_KNm_M, xroma_M},
-                                              {&Diagramma_Q, &Ena_cm_posa_KN_Q, xroma_Q},
-                                              {&Diagramma_N, &Ena_cm_posa_KN_N, xroma_N}}) {
-        draw();
-        EXPECT_EQ(kanvas.linesOf(colour).size(), 3U);
-        *scale = 0;
-        draw();
-        EXPECT_TRUE(kanvas.linesOf(colour).empty());
-        EXPECT_EQ(kanvas.of(Primitive::Kind::line).size(), 2U);
-        EXPECT_EQ(kanvas.of(Primitive::Kind::text).size(), 3U);
-    }
-}
-
-TEST_F(Diagrams, AValueTooLargeToBeRoundedIsReportedOnceAPicture)
-{
-    buildModel("N 0 0; N 4 0; E 1 2");
-    setEndForces(1, {0, 0.0001, -3e6, 0, 0, 4e6});
-    Diagramma_Q(); // rounds to 0 by itself
-    EXPECT_TRUE(desktop.log.empty());
-    Diagramma_M();
-    ASSERT_EQ(desktop.log.size(), 1U);
-    EXPECT_EQ(desktop.log.at(0),
-              (LogLine{"Values beyond this limit are shown as 0; use fewer decimals or larger "
-                       "units: 2147483.647",
-                       255}));
-    dekadika_M = 2;
-    Diagramma_M();
-    EXPECT_EQ(desktop.log.size(), 1U);
 }
 
 // On a canvas of 20 by 20 cm with one world unit a centimetre.
@@ -288,15 +126,13 @@ TEST_F(Diagrams, AFittedScaleIsTheFinestRoundOneThatStaysInside)
         SCOPED_TRACE(testing::Message()
                      << c.model << ' ' << c.mode << ' ' << c.M << ' ' << c.right);
         buildModel(c.model);
-        setEndForces(1, {0, c.Q, -c.M, 0, -c.Q, 0});
+        std::ranges::copy(std::array{0., c.Q, -c.M, 0., -c.Q, 0.}, Entasi_Topiki.row(1).begin());
         Metatopiseis(1) = -c.u;
-        Ena_cm_posa_KNm_M = Ena_cm_posa_KN_Q = Ena_cm_posa_KN_N = Ena_cm_posa_m_epi_1000 = 10;
+        setScales(10);
         Katastasi_Provolis = c.mode;
         EXPECT_EQ(isDiagramCut(), c.leaves);
         fitDiagramScale(longest, {.right = c.right});
-        const std::array<float, 5> fitted = {10, Ena_cm_posa_KNm_M, Ena_cm_posa_KN_Q,
-                                             Ena_cm_posa_KN_N, Ena_cm_posa_m_epi_1000};
-        EXPECT_FLOAT_EQ(fitted.at(static_cast<std::size_t>(c.mode)), c.fitted);
+        EXPECT_FLOAT_EQ(scales().at(static_cast<std::size_t>(c.mode)), c.fitted);
     }
 }
 
@@ -309,8 +145,6 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
         double greatest;
         float enlarged, reduced;
     };
-    const std::array<float *, 5> scales = {nullptr, &Ena_cm_posa_KNm_M, &Ena_cm_posa_KN_Q,
-                                           &Ena_cm_posa_KN_N, &Ena_cm_posa_m_epi_1000};
     for (const Case &c : {
              Case{view::M, 10, 10, 8.33F, 12.5F},
              {view::Q, 10, 10, 8.33F, 12.5F},
@@ -327,19 +161,15 @@ TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
          }) {
         Katastasi_Provolis = c.mode;
         Entasi_Topiki.clear();
-        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(static_cast<std::size_t>(c.mode))) =
-            -c.greatest;
+        const auto mode = static_cast<std::size_t>(c.mode);
+        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(mode)) = -c.greatest;
         Metatopiseis(1) = -c.greatest;
         for (const bool enlarge : {true, false}) {
-            for (float *scale : scales)
-                if (scale != nullptr)
-                    *scale = c.scale;
+            setScales(c.scale);
+            std::array<float, 5> expected = scales();
             enlarge ? enlargeDiagram() : reduceDiagram();
-            for (std::size_t mode = 1; mode < scales.size(); ++mode)
-                EXPECT_EQ(*scales.at(mode), mode != static_cast<std::size_t>(c.mode) ? c.scale
-                                            : enlarge                                ? c.enlarged
-                                                                                     : c.reduced)
-                    << c.mode << ' ' << c.scale << ' ' << c.greatest;
+            expected.at(mode) = enlarge ? c.enlarged : c.reduced;
+            EXPECT_EQ(scales(), expected) << c.mode << ' ' << c.scale << ' ' << c.greatest;
         }
     }
 }

@@ -1,4 +1,4 @@
-// The view: conversions, fits, zooms, history; grid, axes and sketch.
+// The view: conversions, zooms, history; views and models that no picture has room for.
 
 #include "Analysis.h"
 #include "ColourWord.h"
@@ -13,22 +13,11 @@
 namespace veskora {
 namespace {
 
-class View : public DrawingTest
-{
-protected:
-    static void expectView(double scale, double x, double y)
-    {
-        EXPECT_FLOAT_EQ(Klimaka, static_cast<float>(scale));
-        EXPECT_NEAR(Arxi_X, x, 1e-5);
-        EXPECT_NEAR(Arxi_Y, y, 1e-5);
-    }
-};
+using View = DrawingTest;
 
 TEST_F(View, ConversionsAreEachOthersInverse)
 {
-    Klimaka = 50;
-    Arxi_X = -3;
-    Arxi_Y = 4;
+    setView({50, -3, 4});
     EXPECT_EQ(Kosmos_X(5), 13);
     EXPECT_EQ(Kosmos_Y_Orthio(1), 6);
     EXPECT_EQ(Kosmos_Y(1), 14);
@@ -36,85 +25,6 @@ TEST_F(View, ConversionsAreEachOthersInverse)
     EXPECT_EQ(Othoni_X(13), 5);
     EXPECT_EQ(Othoni_Y(14), 1);
     EXPECT_EQ(Othoni_Y_Orthio(6), 1);
-}
-
-TEST_F(View, BestFitTakesTheCoarserDirection)
-{
-    struct Case
-    {
-        const char *nodes;
-        double scale, x, y;
-        const char *says = "";
-        float from = 70;
-    };
-    for (const Case &c : {
-             Case{"", 70, -2, 2},
-             Case{"N 7 14", 70, 0, -10},                 // one node in the middle, same scale
-             Case{"N 1 1; N 17.4 1", 100, -.8, 9},       // level: width 16.4 at 1:100
-             Case{"N 3 2; N 3 34.8", 200, -8.5, .8},     // upright
-             Case{"N 0 0; N 8.2 16.4", 100, -5.9, 1.8},  // tall: by height
-             Case{"N 0 0; N 16.4 16.4", 100, -1.8, 1.8}, // a tie: by width
-             Case{"N 0 0; N .1 .1", 70, 5, 6, "finer than 1:1"},
-             Case{"N 4 4; N 4 4", 70, 5, 6, "finer than 1:1"}, // all at one point
-             Case{"N 0 0; N 1e6 0", 70, 5, 6, "only the tool Zoom"},
-             Case{"N 7 14", 100, -3, -4, "", 0}, // a damaged file
-             Case{"", 100, -2, 2, "", 0},
-         }) {
-        SCOPED_TRACE(c.nodes);
-        buildModel(c.nodes);
-        Klimaka = c.from;
-        Arxi_X = 5;
-        Arxi_Y = 6;
-        desktop.log.clear();
-        Zoom_Best_Fit();
-        expectView(c.scale, c.x, c.y);
-        const std::string said = desktop.log.empty() ? "" : desktop.log.back().text;
-        EXPECT_EQ(said.empty(), *c.says == '\0');
-        EXPECT_NE(said.find(c.says), std::string::npos) << said;
-    }
-    kanvas.w = 3.6;
-    buildModel("N 0 0; N 10 1");
-    Zoom_Best_Fit();
-    EXPECT_NE(desktop.log.at(0).text.find("drawing area"), std::string::npos);
-}
-
-TEST_F(View, TheZoomWindowTouchesTheEdges)
-{
-    struct Case
-    {
-        double x1, y1, x2, y2, scale, x, y;
-    };
-    for (const Case &c : {
-             Case{5, 5, 15, 15, 50, 8,
-                  -12}, // the middle quarter, twice as large; world x 4 .. 14, y 6 .. 16
-             Case{15, 15, 5, 5, 50, 8, -12},      // drawn the other way
-             Case{5, 5, 15, 10, 50, 8, -17},      // wide: centred in height
-             Case{5, 5, 10, 15, 50, 3, -12},      // high: centred in width
-             Case{7, 7, 7, 7, 100, -1, -1},       // a click
-             Case{5, 5, 5.05, 5.05, 100, -1, -1}, // below 1:1
-             Case{5, 5, 15, 5, 50, 8, -22},       // no height: by width
-         }) {
-        Klimaka = 100;
-        Arxi_X = -1;
-        Arxi_Y = -1;
-        Zoom_Parathyrou(c.x1, c.y1, c.x2, c.y2);
-        expectView(c.scale, c.x, c.y);
-    }
-}
-
-TEST_F(View, TheDragZoomGoesByTwentiethsAndStopsAtOneToOne)
-{
-    Klimaka = 100;
-    Arxi_X = -2;
-    Arxi_Y = 2;
-    Zoom_Syrsimatos(5, 7); // r = 1.1, out
-    expectView(110, -2 - 8 * .1, 2 - (2 - 10) * .1);
-    Klimaka = 1.01F;
-    Arxi_X = -2;
-    Arxi_Y = 2;
-    Zoom_Syrsimatos(7, 5); // r = 1/1.1, in: the origin moves all the same
-    const double r = 1 / 1.1;
-    expectView(1.01, -2 - 8 * (r - 1), 2 - (2 - 10) * (r - 1));
 }
 
 TEST_F(View, AZoomAboutAPlaceLeavesWhatLiesThere)
@@ -161,187 +71,6 @@ TEST_F(View, TheHistoryKeepsAHundredSteps)
     Apothikefsi_Zoom();
     EXPECT_EQ(Thesi_Istorikou, 1);
     EXPECT_EQ(Istoriko_Zoom(1, 2), 99);
-}
-
-TEST_F(View, TheGridGoesThroughMultiplesOfItsStep)
-{
-    nai_aksones = false;
-    Ananeosi_Sxediou();
-    // 1 cm steps; the world origin 2 cm from left and bottom.
-    EXPECT_EQ(kanvas.linesOf(xroma_grid).size(), 21U + 21U);
-    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].x, 1);
-    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].pen.style, PenStyle::dotted);
-    EXPECT_EQ(kanvas.pen.style, PenStyle::solid);
-    EXPECT_EQ(kanvas.pen.fontSize, 7);
-    Arxi_X = 2.25;
-    Ananeosi_Sxediou();
-    EXPECT_EQ(kanvas.linesOf(xroma_grid)[0].x, .75);
-}
-
-TEST_F(View, ADenseGridIsSaidOnceWhenAZoomCrossesTheLimit)
-{
-    const auto said = [this] {
-        return std::ranges::count(desktop.log, "Grid too dense to display.", &LogLine::text);
-    };
-    Klimaka = 1001; // as at the start: no view before this one
-    Ananeosi_Sxediou();
-    EXPECT_EQ(said(), 0);
-    const auto zoomTo = [](float scale) {
-        Klimaka = scale;
-        Apothikefsi_Zoom();
-        Ananeosi_Sxediou();
-        Ananeosi_Sxediou();
-    };
-    zoomTo(1000); // exactly 0.1
-    EXPECT_FALSE(kanvas.linesOf(xroma_grid).empty());
-    EXPECT_EQ(said(), 0);
-    zoomTo(1001);
-    EXPECT_TRUE(kanvas.linesOf(xroma_grid).empty());
-    EXPECT_EQ(said(), 1);
-    zoomTo(1002);
-    EXPECT_EQ(said(), 1);
-    zoomTo(900);
-    zoomTo(1001);
-    EXPECT_EQ(said(), 2);
-}
-
-TEST_F(View, TheAxesStandAtTheWorldOriginAtEveryZoom)
-{
-    nai_grid = false;
-    Klimaka = 33;
-    Ananeosi_Sxediou();
-    const auto axes = kanvas.linesOf(xroma_aksonon);
-    ASSERT_EQ(axes.size(), 8U);
-    EXPECT_EQ(kanvas.picture(2, 18),
-              "line -0.2000 0.0000 1.7000 0.0000\nline 1.8000 0.0000 -0.3000 0.1000\nline 1.8000 "
-              "0.0000 -0.3000 -0.1000\nline 1.5000 -0.1000 0.0000 0.2000\n"
-              "text 1.6000 0.1000 'x'\nline 0.0000 0.2000 0.0000 -1.7000\nline 0.0000 -1.8000 "
-              "-0.1000 0.3000\nline 0.0000 -1.8000 0.1000 0.3000\n"
-              "line 0.1000 -1.5000 -0.2000 0.0000\ntext -0.3500 -1.8000 'y'\n");
-}
-
-TEST_F(View, TheSketchHasAxesAndElementLinesAlone)
-{
-    buildModel("G 1 1 1; N 0 0 xxx; N 2 0 ooo 5 5 5; N 2 3; E 1 2 1 1 1 5 5; E 2 3 1");
-    Sxedio_Grigoro();
-    const auto lines = kanvas.linesOf(xroma_stoixeion);
-    ASSERT_EQ(lines.size(), 2U);
-    EXPECT_EQ(kanvas.drawn.size(), 2 + 10U);
-    EXPECT_EQ(lines[1].x, 4);
-    EXPECT_EQ(lines[1].y2, 15);
-}
-
-// Which colours come in which order, each named once where its run begins.
-TEST_F(View, EachPictureHasItsLayersInTheirOrder)
-{
-    buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 5 5 5; E 1 2 1 1 2 .1 -12");
-    xroma_kombon = 1;
-    xroma_stoixeion = 2;
-    xroma_omoiomorfon = 3;
-    xroma_sigkentromenon = 4;
-    xroma_M = 5;
-    xroma_Q = 6;
-    xroma_N = 7;
-    xroma_paramorfosis = 8;
-    xroma_grid = 9;
-    xroma_aksonon = 10;
-    dekadika_M = 1;
-    dekadika_Q = 2;
-    dekadika_N = 4;
-    Entasi_Topiki(1, 1) = Entasi_Topiki(1, 2) = -1.23456;
-    Entasi_Topiki(1, 3) = 1.23456;
-    Metatopiseis(4) = 0.0040004;
-    Allagi_Montelou = false;
-    const auto layers = [this] {
-        std::string text;
-        double last = 0;
-        for (const Primitive &primitive : kanvas.drawn)
-            if (primitive.pen.colour != last) {
-                last = primitive.pen.colour;
-                text += std::to_string(static_cast<int>(last)) + " ";
-            }
-        return text;
-    };
-    const auto texts = [this] {
-        std::string all;
-        for (const Primitive &primitive : kanvas.of(Primitive::Kind::text))
-            all += primitive.text + "|";
-        return all;
-    };
-    struct Case
-    {
-        std::int16_t mode;
-        const char *layers, *shows;
-    };
-    for (const Case &c : {Case{view::model, "9 10 3 4 2 1 ", "| 12 | 0.1 |"},
-                          {view::M, "9 10 5 2 ", "max.= 0|min.= -1.2|"},
-                          {view::Q, "9 10 6 2 ", "max.= 0|min.= -1.23|"},
-                          {view::N, "9 10 7 2 ", "max.= 1.2346|min.= 0|"},
-                          {view::deformed, "9 10 2 1 8 2 ", "max.= 0.004|max.|x|= 0.004|"}}) {
-        Katastasi_Provolis = c.mode;
-        Ananeosi_Sxediou();
-        EXPECT_EQ(layers(), c.layers) << c.mode;
-        EXPECT_NE(texts().find(c.shows), std::string::npos) << texts();
-        EXPECT_EQ(kanvas.of(Primitive::Kind::circle).size(), 1U); // a hinge is the exact 1
-    }
-    nai_stoixeia = false; // labels without lines keep the elements' colour
-    Katastasi_Provolis = view::model;
-    Ananeosi_Sxediou();
-    EXPECT_EQ(kanvas.of(Primitive::Kind::turnedText).at(0).pen.colour, 2);
-    buildModel("N 0 0 xoo"); // a roller hides what is under it, whatever was drawn before
-    xroma_background = 11;
-    Ananeosi_Sxediou();
-    EXPECT_EQ(kanvas.of(Primitive::Kind::circle).at(0).pen.fillColour, 11);
-}
-
-TEST_F(View, ADiagramThatIsCutOffIsToldOnceForEachViewAndCanBeFitted)
-{
-    buildModel("G 2e8 .01 1e-4; N 0 0 xxo; N 8 0 oxo; N 8 4 ooo 3; E 1 2 1 0 0 0 -10; E 2 3 1");
-    analyse();
-    desktop.log.clear();
-    nai_grid = nai_aksones = false;
-    Ena_cm_posa_KNm_M = 10; // 8 cm under the beam, which stands 4.1 cm above the edge
-    Ena_cm_posa_KN_N = 1000;
-    Ena_cm_posa_m_epi_1000 = 1;
-    xroma_paramorfosis = 8; // not that of supports
-    const auto draw = [this](std::int16_t mode, std::size_t lines) {
-        Katastasi_Provolis = mode;
-        Ananeosi_Sxediou();
-        reportCutDiagram();
-        EXPECT_EQ(std::exchange(desktop.log, {}).size(), lines) << mode;
-    };
-    Zoom_Best_Fit();
-    draw(view::M, 1);
-    draw(view::N, 0);
-    draw(view::deformed, 1);
-    nai_stoixeia = false; // what is not drawn is not cut
-    EXPECT_FALSE(isDiagramCut());
-    nai_stoixeia = true;
-    draw(view::M, 0); // told already
-    const CanvasView fitted = currentView();
-    Arxi_X += 9; // nodes are out of the view too
-    draw(view::M, 0);
-    for (const std::int16_t mode : {view::M, view::deformed}) {
-        setView(fitted);
-        Katastasi_Provolis = mode;
-        Zoom_Diagram();
-        draw(mode, 0);
-        double least = 20, most = 0;
-        for (const Primitive &line : kanvas.of(Primitive::Kind::line))
-            if (line.pen.colour != xroma_kombon) // supports stand outside
-                for (const double place : {line.x, line.x2, line.y, line.y2}) {
-                    least = std::min(least, place);
-                    most = std::max(most, place);
-                }
-        EXPECT_NEAR(least, 1.8, 1e-3) << mode;
-        EXPECT_NEAR(most, 18.2, 1e-3) << mode;
-    }
-    setView(fitted);
-    Katastasi_Provolis = view::M;
-    Ena_cm_posa_KNm_M = 1; // ordinates of 80 cm
-    Zoom_Diagram();
-    EXPECT_EQ(currentView(), fitted);
-    EXPECT_EQ(desktop.log.size(), 1U);
 }
 
 TEST_F(View, NoViewAndNoModelEndsADrawing)

@@ -16,82 +16,60 @@ namespace veskora {
 
 namespace {
 
-/// A mouse button on @p target, which may go with any of its events.
-class Finger
+/// An event of the mouse, at a part of the way to the line's second place.
+struct Step
 {
-public:
-    Finger(QWidget *target, const Line &line)
-        : target_(target),
-          place_(line.number(2), line.number(3)),
-          button_(static_cast<Qt::MouseButton>(line.number(4))),
-          modifiers_(static_cast<Qt::KeyboardModifiers>(line.number(5)))
-    {}
+    QEvent::Type type;
+    double part = 0;
+};
+const QMap<QString, QList<Step>> gestures = {
+    {"press", {{QEvent::MouseButtonPress}}},
+    {"release", {{QEvent::MouseButtonRelease}}},
+    {"move", {{QEvent::MouseMove}}},
+    {"click", {{QEvent::MouseButtonPress}, {QEvent::MouseButtonRelease}}},
+    {"twice",
+     {{QEvent::MouseButtonPress},
+      {QEvent::MouseButtonRelease},
+      {QEvent::MouseButtonDblClick},
+      {QEvent::MouseButtonRelease}}},
+    {"drag",
+     {{QEvent::MouseMove},
+      {QEvent::MouseButtonPress},
+      {QEvent::MouseMove, 0.5},
+      {QEvent::MouseMove, 1},
+      {QEvent::MouseButtonRelease, 1}}},
+};
 
-    void send(QEvent::Type type)
-    {
-        if (target_ == nullptr)
+/// On @p widget, which may go with any of the events.
+void useMouse(QWidget *widget, const Line &line, Watch &watch)
+{
+    const QPointer<QWidget> target(widget);
+    const QPointF from(line.number(2), line.number(3)), to(line.number(6), line.number(7));
+    const auto button = static_cast<Qt::MouseButton>(line.number(4));
+    const auto modifiers = static_cast<Qt::KeyboardModifiers>(line.number(5));
+    Qt::MouseButtons held = line.verb() == "move" ? button : Qt::NoButton;
+    for (const auto &[type, part] : gestures.value(line.verb())) {
+        if (target == nullptr)
             return;
         const bool isMove = type == QEvent::MouseMove;
         if (!isMove)
-            held_ = type == QEvent::MouseButtonRelease ? Qt::NoButton : button_;
-        QMouseEvent event(type, place_, target_->mapToGlobal(place_),
-                          isMove ? Qt::NoButton : button_, held_, modifiers_);
+            held = type == QEvent::MouseButtonRelease ? Qt::NoButton : button;
+        const QPointF place = from + part * (to - from);
+        QMouseEvent event(type, place, target->mapToGlobal(place), isMove ? Qt::NoButton : button,
+                          held, modifiers);
         QSpontaneKeyEvent::setSpontaneous(&event);
-        QApplication::sendEvent(target_, &event);
-    }
-    void click()
-    {
-        send(QEvent::MouseButtonPress);
-        send(QEvent::MouseButtonRelease);
-    }
-    void moveTo(const QPointF &place)
-    {
-        place_ = place;
-        send(QEvent::MouseMove);
-    }
-    QPointF place() const { return place_; }
-    void hold() { held_ = button_; }
-
-private:
-    QPointer<QWidget> target_;
-    QPointF place_;
-    Qt::MouseButton button_;
-    Qt::KeyboardModifiers modifiers_;
-    Qt::MouseButtons held_ = Qt::NoButton;
-};
-
-void useMouse(QWidget *target, const Line &line, Watch &watch)
-{
-    Finger finger(target, line);
-    const QString verb = line.verb();
-    if (verb == "press") {
-        finger.send(QEvent::MouseButtonPress);
-    } else if (verb == "release") {
-        finger.send(QEvent::MouseButtonRelease);
-    } else if (verb == "move") {
-        finger.hold();
-        finger.send(QEvent::MouseMove);
-    } else if (verb == "click") {
-        finger.click();
-    } else if (verb == "twice") {
-        finger.click();
-        watch.see(); // each click of a button does what it does
-        finger.send(QEvent::MouseButtonDblClick);
-        finger.send(QEvent::MouseButtonRelease);
-    } else if (verb == "drag") {
-        const QPointF end(line.number(6), line.number(7));
-        finger.send(QEvent::MouseMove);
-        finger.send(QEvent::MouseButtonPress);
-        finger.moveTo((finger.place() + end) / 2);
-        finger.moveTo(end);
-        finger.send(QEvent::MouseButtonRelease);
-    } else if (verb == "wheel") {
-        QWheelEvent event(finger.place(), target->mapToGlobal(finger.place()), {},
-                          {0, line.number(4)}, Qt::NoButton,
-                          static_cast<Qt::KeyboardModifiers>(line.number(5)), Qt::NoScrollPhase,
-                          false);
         QApplication::sendEvent(target, &event);
+        if (type == QEvent::MouseButtonRelease)
+            watch.see(); // each click of a button does what it does
     }
+}
+
+void turnWheel(QWidget *target, const Line &line)
+{
+    const QPointF place(line.number(2), line.number(3));
+    QWheelEvent event(place, target->mapToGlobal(place), {}, {0, line.number(4)}, Qt::NoButton,
+                      static_cast<Qt::KeyboardModifiers>(line.number(5)), Qt::NoScrollPhase, false);
+    QApplication::sendEvent(target, &event);
 }
 
 /// The one that keys come to now.
@@ -130,12 +108,21 @@ void type(QLineEdit *field, const QString &text)
                                 QString(letter), Qt::NoModifier);
 }
 
+/// Those of the program that run.
+QList<QTimer *> runningTimers()
+{
+    QList<QTimer *> all;
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        all += window->findChildren<QTimer *>();
+    all.removeIf([](const QTimer *one) { return !one->isActive() || one->objectName().isEmpty(); });
+    return all;
+}
+
 QTimer *timerCalled(const QString &name)
 {
-    for (const QWidget *window : QApplication::topLevelWidgets())
-        for (QTimer *timer : window->findChildren<QTimer *>(name))
-            if (timer->isActive())
-                return timer;
+    for (QTimer *timer : runningTimers())
+        if (timer->objectName() == name)
+            return timer;
     return nullptr;
 }
 
@@ -173,7 +160,9 @@ bool Hands::perform(const Line &line)
         const QScopedValueRollback ends(lets_, true);
         QTimerEvent end(timer->timerId());
         QApplication::sendEvent(timer, &end);
-    } else if (target != nullptr)
+    } else if (target != nullptr && verb == "wheel")
+        turnWheel(target, line);
+    else if (target != nullptr)
         useMouse(target, line, watch_);
     else
         return false;
@@ -221,10 +210,8 @@ void Hands::drop(const QStringList &files)
 QStringList Hands::timers()
 {
     QStringList names;
-    for (const QWidget *window : QApplication::topLevelWidgets())
-        for (const QTimer *timer : window->findChildren<QTimer *>())
-            if (timer->isActive() && !timer->objectName().isEmpty())
-                names << timer->objectName();
+    for (const QTimer *timer : runningTimers())
+        names << timer->objectName();
     names.sort();
     return names;
 }

@@ -6,7 +6,6 @@
 
 #include <QFile>
 
-#include <memory>
 #include <optional>
 
 namespace veskora {
@@ -14,12 +13,10 @@ namespace veskora {
 class Script
 {
 public:
-    /// Lines are made, and kept in the file @p path.
-    static Script kept(const QString &path);
-    /// The lines are those of the file @p path.
-    static Script of(const QString &path);
+    /// The lines of the file @p path once more, or new ones, which are kept there.
+    Script(const QString &path, bool isReplay);
 
-    bool isReplay() const { return replayed_.has_value(); }
+    bool isReplay() const { return isReplay_; }
     /// At once, so that a crash leaves it; of a replay nothing is kept.
     void keep(const QStringList &fields);
     /// The next line of a replay; answers that nothing has asked for are left out.
@@ -28,10 +25,9 @@ public:
     std::optional<QString> nextAnswer();
 
 private:
-    Script() = default;
-
-    std::optional<QList<Line>> replayed_;
-    std::unique_ptr<QFile> file_ = std::make_unique<QFile>();
+    const bool isReplay_;
+    QFile file_;
+    QList<Line> replayed_;
 };
 
 } // namespace veskora

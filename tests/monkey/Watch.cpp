@@ -68,7 +68,6 @@ void Watch::end(const Line &line)
             "the title has the name of the model");
 }
 
-/// Undo and redo do nothing while an action goes on.
 bool Watch::isModelAtHand() const
 {
     const QWidget *modal = QApplication::activeModalWidget();
@@ -88,8 +87,6 @@ std::size_t Watch::go(const char *action)
 
 bool Watch::undo()
 {
-    if (!isModelAtHand())
-        return false;
     const std::size_t now = sumOfTables();
     const bool wasWhole = isWhole_ && before_ != now && after_ == now;
     const std::size_t found = go("mnuUNDOitem");
@@ -104,8 +101,6 @@ bool Watch::undo()
 
 bool Watch::redo()
 {
-    if (!isModelAtHand())
-        return false;
     const std::size_t now = sumOfTables();
     const std::size_t found = go("mnuREDOitem");
     isWhole_ = false;
@@ -115,8 +110,6 @@ bool Watch::redo()
 
 bool Watch::walk()
 {
-    if (!isModelAtHand())
-        return false;
     const bool wasChanged = Allagi_Montelou;
     std::vector<std::size_t> sums = {sumOfTables()};
     for (std::size_t sum = go("mnuUNDOitem"); sum != sums.back(); sum = go("mnuUNDOitem")) {

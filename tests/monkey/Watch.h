@@ -21,8 +21,11 @@ public:
     /// Amid a line that may do several things: the tables as they are by now.
     void see() { seen_.insert(sumOfTables()); }
 
+    /// Whether undo and redo do anything now, as they do not while an action goes on: a condition
+    /// of the next three.
+    bool isModelAtHand() const;
     /// One step back, which must lead where the line before found the model, and forth again.
-    /// @return whether it led anywhere, as of the next two
+    /// @return whether it led anywhere, as of the others
     bool undo();
     bool redo();
     /// All steps back and forth again: each was seen before, and is found again on the way forth.
@@ -33,7 +36,6 @@ public:
 
 private:
     static std::size_t sumOfTables();
-    bool isModelAtHand() const;
     std::size_t go(const char *action);
 
     DrivenWindow &window_;

@@ -17,107 +17,41 @@ namespace veskora {
 namespace {
 
 /// Of which models can come.
-const QStringList numbers = {"1", "2", "3", "4", "7", "-3", "2.5"};
-const QStringList oddTexts = {"0",
-                              "-1",
-                              "2.5",
-                              "1-3, 7",
-                              "abc",
-                              "",
-                              "1e30",
-                              "1e-30",
-                              "1e60",
-                              "-1e38",
-                              "200",
-                              "201",
-                              "300",
-                              "32768",
-                              "99999999999",
-                              "&H3",
-                              "0,5",
-                              "nan",
-                              "inf",
-                              "1,2;3",
-                              "\u0663",
-                              "\u03a9 \u00e4",
-                              "<b>&amp;",
-                              "%1 %n",
-                              "  ",
-                              "-",
-                              "."};
+const QStringList numbers = QString("1|2|3|4|7|-3|2.5").split('|');
+const QStringList oddTexts =
+    QString("0|-1|2.5|1-3, 7|abc||1e30|1e-30|1e60|-1e38|200|201|300|32768|99999999999|&H3|0,5|nan|"
+            "inf|1,2;3|\u0663|\u03a9 \u00e4|<b>&amp;|%1 %n|  |-|.")
+        .split('|');
 
-const QStringList models = {"a.vsk",          "arch.vsk",
-                            "truss.vsk",      "portal_frame.vsk",
-                            "supports.vsk",   "unstable_portal.vsk",
-                            "gerber_beam.vsk"};
-const QStringList oddFiles = {"b.vsk",
-                              "c",
-                              "d.txt",
-                              "e.pdf",
-                              "f.svg",
-                              "g.xlsx",
-                              "h.csv",
-                              "rubbish.vsk",
-                              "cut.vsk",
-                              "none/a.vsk",
-                              "none",
-                              "folder.vsk",
-                              "\u00e4 [*] %1 & .vsk"};
+const QStringList models =
+    QString("a.vsk|arch.vsk|truss.vsk|portal_frame.vsk|supports.vsk|unstable_portal.vsk|"
+            "gerber_beam.vsk")
+        .split('|');
+const QStringList oddFiles =
+    QString("b.vsk|c|d.txt|e.pdf|f.svg|g.xlsx|h.csv|rubbish.vsk|cut.vsk|none/a.vsk|none|folder.vsk|"
+            "\u00e4 [*] %1 & .vsk")
+        .split('|');
 
-const QStringList freeKeys = {"Tab",
-                              "Tab",
-                              "Shift+Tab",
-                              "Return",
-                              "Return",
-                              "Esc",
-                              "Space",
-                              "Up",
-                              "Down",
-                              "Left",
-                              "Right",
-                              "Home",
-                              "End",
-                              "PgUp",
-                              "PgDown",
-                              "Del",
-                              "Backspace",
-                              "+",
-                              "-",
-                              "A",
-                              "X",
-                              "1",
-                              "Ctrl+A",
-                              "Ctrl+C",
-                              "Ctrl+V",
-                              "Ctrl+X",
-                              "Ctrl+Z",
-                              "Ctrl+Y",
-                              "Ctrl+Shift+Z",
-                              "F5",
-                              "F7",
-                              "F8",
-                              "Shift+F7",
-                              "Ctrl+0",
-                              "Ctrl+S",
-                              "Ctrl+Shift+S",
-                              "Ctrl+Shift+C",
-                              "Ctrl+N",
-                              "Ctrl+O",
-                              "Ctrl+F",
-                              "Alt+Left",
-                              "Shift+Up",
-                              "Ctrl+Right",
-                              "Alt+E",
-                              "Alt+A",
-                              "Alt+F",
-                              "Alt+Down",
-                              "Ctrl+Plus"};
+const QStringList freeKeys =
+    QString("Tab Tab Shift+Tab Return Return Esc Space Up Down Left Right Home End PgUp PgDown Del "
+            "Backspace + - A X 1 Ctrl+A Ctrl+C Ctrl+V Ctrl+X Ctrl+Z Ctrl+Y Ctrl+Shift+Z F5 F7 F8 "
+            "Shift+F7 Ctrl+0 Ctrl+S Ctrl+Shift+S Ctrl+Shift+C Ctrl+N Ctrl+O Ctrl+F Alt+Left "
+            "Shift+Up Ctrl+Right Alt+E Alt+A Alt+F Alt+Down Ctrl+Plus")
+        .split(' ');
 const QStringList dearKeys = {"F1", "Ctrl+Q", "Ctrl+F7", "Ctrl+Shift+P"};
 
 /// What takes long, or ends the session.
 const QStringList dear = {"mnuCALCULATION_item", "mnuVIMATA_ANALYSIS_item", "mnuCONTENTSitem",
                           "mnuEKSODOSitem",      "mnuKYKLIKOitem",          "mnuDIAIRESIitem",
                           "mnuIPOLOGISTISitem"};
+
+template <typename Class>
+QList<QWidget *> only(QList<QWidget *> widgets)
+{
+    widgets.removeIf(
+        [](const QWidget *one) { return qobject_cast<const Class *>(one) == nullptr; });
+    return widgets;
+}
 
 } // namespace
 
@@ -205,13 +139,12 @@ QString Whim::place()
     constexpr double pixels = 96 / 2.54; // a centimetre
     QPointF at = window_.anywhere();
     if (Arithmos_Kombon > 0 && !onceIn(3)) {
-        const auto anyNode = [this] {
-            return 1 + static_cast<int>(chance_.below(static_cast<std::size_t>(Arithmos_Kombon)));
+        const auto anyOf = [this](int rows) {
+            return 1 + static_cast<int>(chance_.below(static_cast<std::size_t>(rows)));
         };
-        int i = anyNode(), j = i;
+        int i = anyOf(Arithmos_Kombon), j = i;
         if (Arithmos_Stoixeion > 0 && onceIn(3)) {
-            const int e =
-                1 + static_cast<int>(chance_.below(static_cast<std::size_t>(Arithmos_Stoixeion)));
+            const int e = anyOf(Arithmos_Stoixeion);
             i = static_cast<int>(Stoixeia(e, element::nodeI));
             j = static_cast<int>(Stoixeia(e, element::nodeJ));
         }
@@ -234,31 +167,21 @@ QStringList Whim::onCanvas()
 {
     const QString canvas = placeOf(window_.canvas());
     const QString button = QString::number(onceIn(8) ? Qt::MiddleButton : Qt::LeftButton);
-    const QStringList line = {canvas, place(), button, modifiers()};
-    switch (chance_.below(12)) {
-    case 0:
-    case 1:
-        return QStringList("click") + line;
-    case 2:
-    case 3:
-        return QStringList("twice") + line;
-    case 4: {
-        QStringList right = line;
-        right[2] = QString::number(Qt::RightButton);
-        return QStringList("click") + right;
+    QStringList line = {canvas, place(), button, modifiers()};
+    static const QStringList ways =
+        QString("click click twice twice right wheel single drag drag drag drag drag").split(' ');
+    QString way = any(ways);
+    if (way == "right") {
+        way = "click";
+        line[2] = QString::number(Qt::RightButton);
+    } else if (way == "wheel") {
+        line[2] = QString::number(static_cast<int>(chance_.below(2001)) - 1000);
+    } else if (way == "single") {
+        way = any(QStringList{"press", "move", "move", "release"});
+    } else if (way == "drag") {
+        line << place();
     }
-    case 5: {
-        QStringList turn = line;
-        turn[2] = QString::number(static_cast<int>(chance_.below(2001)) - 1000);
-        return QStringList("wheel") + turn;
-    }
-    case 6: {
-        const QStringList single = {"press", "move", "move", "release"};
-        return QStringList(any(single)) + line;
-    }
-    default:
-        return QStringList("drag") + line + QStringList(place());
-    }
+    return QStringList(way) + line;
 }
 
 QStringList Whim::somewhereOn(const QWidget &widget)
@@ -277,11 +200,7 @@ QStringList Whim::inWindow(QWidget &window)
         return !part->isVisible() || part->window() != &window
                || part->testAttribute(Qt::WA_TransparentForMouseEvents);
     });
-    QList<QWidget *> buttons = parts, fields = parts;
-    buttons.removeIf(
-        [](const QWidget *part) { return qobject_cast<const QAbstractButton *>(part) == nullptr; });
-    fields.removeIf(
-        [](const QWidget *part) { return qobject_cast<const QLineEdit *>(part) == nullptr; });
+    const auto buttons = only<QAbstractButton>(parts), fields = only<QLineEdit>(parts);
     const unsigned mood = chance_.below(100);
     if (mood < 4 && &window != &window_.window())
         return {"close", placeOf(window)};

@@ -124,9 +124,11 @@ public:
     {
         desktop_.setBeforeAnswer([] {});
     }
-    int done() const { return done_; }
-    int effective() const { return effective_; }
-    int mostElements() const { return mostElements_; }
+    void report() const
+    {
+        std::cout << done_ << " actions, effective: " << effective_ << ", at most " << mostElements_
+                  << " elements, analyses: " << analysesFinished << '\n';
+    }
 
 private:
     /// In whatever event loop waits for a user; what the line leads to may begin one more.
@@ -142,13 +144,11 @@ private:
     }
     bool perform(const Line &line)
     {
+        static const std::map<QString, bool (Watch::*)()> ways = {
+            {"undo", &Watch::undo}, {"redo", &Watch::redo}, {"walk", &Watch::walk}};
         const QString verb = line.verb();
-        if (verb == "undo")
-            return watch_.undo();
-        if (verb == "redo")
-            return watch_.redo();
-        if (verb == "walk")
-            return watch_.walk();
+        if (const auto way = ways.find(verb); way != ways.end())
+            return watch_.isModelAtHand() && (watch_.*way->second)();
         watch_.begin(line);
         const bool isEffective = hands_.perform(line);
         watch_.end(line);
@@ -245,7 +245,7 @@ Line firstLine(Script &script, MonkeyDesktop &desktop)
     return Line{fields};
 }
 
-int run(Script script, const QString &folder, unsigned seed, int actions)
+int run(Script &script, const QString &folder, unsigned seed, int actions)
 {
     resetStore();
     MonkeyDesktop desktop(script, folder.toStdString(), seed);
@@ -258,8 +258,7 @@ int run(Script script, const QString &folder, unsigned seed, int actions)
     window.start(model);
     QApplication::exec();
     Watch::requireRoundTrip(folder.toStdString());
-    std::cout << session.done() << " actions, effective: " << session.effective() << ", at most "
-              << session.mostElements() << " elements, analyses: " << analysesFinished << '\n';
+    session.report();
     return EXIT_SUCCESS;
 }
 
@@ -273,7 +272,7 @@ int main(int argc, char **argv)
     const bool isReplay = arguments.value(0) == "--replay";
     if (arguments.size() != (isReplay ? 2 : 3))
         return 2;
-    Script script = isReplay ? Script::of(arguments[1]) : Script::kept(arguments[2]);
+    Script script(arguments.back(), isReplay);
     const QTemporaryDir folder;
     furnish(folder.path().toStdString());
     qInstallMessageHandler(hear);
@@ -281,8 +280,7 @@ int main(int argc, char **argv)
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setCursorFlashTime(0);
     QApplication::styleHints()->setKeyboardInputInterval(-1);
-    const int status =
-        run(std::move(script), folder.path(), arguments[0].toUInt(), arguments.value(1).toInt());
+    const int status = run(script, folder.path(), arguments[0].toUInt(), arguments[1].toInt());
     fs::current_path("/");
     return status;
 }

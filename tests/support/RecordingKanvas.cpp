@@ -4,99 +4,62 @@
 
 #include <array>
 #include <cmath>
-#include <cstdlib>
-#include <sstream>
+#include <cstdio>
 
 namespace veskora {
 
 namespace {
 
-std::string fixed(double value)
+std::string shortest(double value)
 {
     std::array<char, 64> text;
     std::snprintf(text.data(), text.size(), "%.4f", std::abs(value) < 0.00005 ? 0.0 : value);
-    return text.data();
+    std::string number = text.data();
+    number.erase(number.find_last_not_of('0') + 1);
+    return number.ends_with('.') ? number.substr(0, number.size() - 1) : number;
 }
 
-std::string record(const std::string &kind, std::initializer_list<double> numbers,
-                   const std::string &rest = "")
+} // namespace
+
+std::string record(std::string text, std::initializer_list<double> numbers)
 {
-    std::string text = kind;
     for (const double number : numbers)
-        text.append(" ").append(fixed(number));
-    return rest.empty() ? text + "\n" : text + " " + rest + "\n";
+        text.append(" ").append(shortest(number));
+    return text;
 }
 
-std::string quoted(const std::string &text)
-{
-    return "'" + text + "'";
-}
+namespace {
 
 std::string penRecord(const Pen &pen)
 {
-    return record(
-        "pen", {pen.colour, static_cast<double>(pen.width), static_cast<double>(pen.fontSize)},
-        std::string(pen.bold ? "bold" : "") + (pen.style == PenStyle::dotted ? "dotted" : ""));
+    return record("pen", {pen.colour, 1.0 * pen.width, 1.0 * pen.fontSize})
+           + (pen.bold ? " bold" : "") + (pen.style == PenStyle::dotted ? " dotted" : "");
 }
 
-std::string primitiveRecord(const Primitive &p, double x, double y)
+std::string primitiveRecord(const Primitive &p)
 {
+    const std::string words = " '" + p.text + "'";
     switch (p.kind) {
     case Primitive::Kind::line:
-        return record("line", {x, y, p.x2 - p.x, p.y2 - p.y});
+        return record("line", {p.x, p.y, p.x2 - p.x, p.y2 - p.y});
     case Primitive::Kind::point:
-        return record("point", {x, y});
+        return record("point", {p.x, p.y});
     case Primitive::Kind::circle:
-        return p.pen.fillOn ? record("circle", {x, y, p.radius}, "fill " + fixed(p.pen.fillColour))
-                            : record("circle", {x, y, p.radius});
+        return record("circle", {p.x, p.y, p.radius})
+               + (p.pen.fillOn ? record(" fill", {p.pen.fillColour}) : "");
     case Primitive::Kind::arc:
-        return record("arc", {x, y, p.radius, p.start, p.end});
-    case Primitive::Kind::text:
-        return record("text", {x, y}, quoted(p.text));
+        return record("arc", {p.x, p.y, p.radius, p.start, p.end});
+    case Primitive::Kind::turnedText:
+        return record(record("turned", {p.x, p.y, 1.0 * p.angle}) + words + " " + p.font.face,
+                      {1.0 * p.font.height, 1.0 * p.font.weight});
     default:
-        return record("turned",
-                      {x, y, static_cast<double>(p.angle), static_cast<double>(p.font.height),
-                       static_cast<double>(p.font.weight)},
-                      quoted(p.text));
+        break;
     }
-}
-
-std::vector<std::string> split(const std::string &text, char separator)
-{
-    std::vector<std::string> parts;
-    std::istringstream in(text);
-    for (std::string part; std::getline(in, part, separator);)
-        parts.push_back(part);
-    return parts;
-}
-
-/// One primitive written by hand, moved, then mirrored.
-std::string byHand(const std::string &text, double moveX, double moveY, double signX, double signY)
-{
-    std::istringstream in(text);
-    std::string kind, token, rest;
-    in >> kind;
-    std::string line = kind;
-    for (int index = 0; in >> token; ++index) {
-        char *end = nullptr;
-        double number = std::strtod(token.c_str(), &end);
-        if (token.front() == '\'') { // words, blanks and all
-            std::getline(in, rest);
-            return line + " " + token + rest + "\n";
-        }
-        if (*end != '\0') {
-            line.append(" ").append(token);
-            continue;
-        }
-        const bool isPlace = kind != "pen" && index < 2;
-        const bool isExtent = kind == "line" && index >= 2;
-        if (isPlace)
-            number += index == 0 ? moveX : moveY;
-        if (isPlace || isExtent)
-            number *= index % 2 == 0 ? signX : signY;
-        line.append(" ").append(fixed(number));
-    }
-    return line + "\n";
+    if (!p.ordinate)
+        return record("text", {p.x, p.y}) + words;
+    const auto &[node, foot, tip] = *p.ordinate;
+    return record(record("text", {p.x, p.y}) + words + " node",
+                  {1.0 * node, foot.x, foot.y, tip.x, tip.y});
 }
 
 } // namespace
@@ -119,18 +82,18 @@ std::vector<Primitive> RecordingKanvas::linesOf(double colour) const
     return found;
 }
 
-std::string RecordingKanvas::picture(double x0, double y0, Pens pens) const
+std::string RecordingKanvas::text() const
 {
-    std::string text;
-    std::string last;
+    std::string text, last;
     for (const Primitive &p : drawn) {
-        if (const std::string now = penRecord(p.pen); pens == Pens::shown && now != last) {
-            text += now;
+        if (const std::string now = penRecord(p.pen); now != last) {
+            text += now + "\n";
             last = now;
         }
-        text += primitiveRecord(p, p.x - x0, p.y - y0);
+        text += primitiveRecord(p) + "\n";
     }
-    return text;
+    return text + "left" + penRecord(pen).substr(3)
+           + (pen.fillOn ? record(" fill", {pen.fillColour}) : "") + "\n";
 }
 
 Primitive &RecordingKanvas::add(Primitive::Kind kind, float x, float y)
@@ -169,6 +132,13 @@ void RecordingKanvas::doPrint(const std::string &text, float x, float y)
         add(Primitive::Kind::text, x, y).text = text;
 }
 
+void RecordingKanvas::doPrintValue(const std::string &text, float x, float y,
+                                   const Ordinate &ordinate)
+{
+    add(Primitive::Kind::text, x, y).text = text;
+    drawn.back().ordinate = ordinate;
+}
+
 void RecordingKanvas::doPrintRotated(const std::string &text, float x, float y,
                                      const RotatedFont &font, int angle)
 {
@@ -178,25 +148,6 @@ void RecordingKanvas::doPrintRotated(const std::string &text, float x, float y,
     p.text = text;
     p.font = font;
     p.angle = angle;
-}
-
-std::string picture(const std::string &records, double signX, double signY)
-{
-    std::string text;
-    for (std::string part : split(records, ';')) {
-        int times = 1;
-        double stepX = 0, stepY = 0;
-        if (const std::size_t colon = part.find(": "); colon != std::string::npos) {
-            std::istringstream head(part.substr(0, colon));
-            std::string by;
-            head >> times >> by >> stepX >> stepY;
-            part = part.substr(colon + 1);
-        }
-        for (int i = 0; i < times; ++i)
-            for (const std::string &one : split(part, '&'))
-                text += byHand(one, stepX * i, stepY * i, signX, signY);
-    }
-    return text;
 }
 
 void DrawingTest::originAt(double x, double y, float scale)

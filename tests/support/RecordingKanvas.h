@@ -5,6 +5,7 @@
 #include "Kanvas.h"
 #include "ScriptedDesktop.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +34,7 @@ struct Primitive
     std::string text = {};
     RotatedFont font = {};
     int angle = 0;
+    std::optional<Ordinate> ordinate = {}; ///< that the text is the value of
 };
 
 class RecordingKanvas : public Kanvas
@@ -48,16 +50,17 @@ public:
     /// The lines in one pen colour, in their order.
     std::vector<Primitive> linesOf(double colour) const;
 
-    enum class Pens { hidden, shown };
-    /// The drawing as text, one primitive a line, lengths from (x0, y0) with four decimals:
+    /// The drawing as text, one primitive a line, lengths with four decimals at most:
     ///
     ///     line X Y DX DY              circle X Y RADIUS [fill COLOUR]
     ///     point X Y                   arc X Y RADIUS START END
-    ///     text X Y 'WORDS'            turned X Y ANGLE HEIGHT WEIGHT 'WORDS'
+    ///     text X Y 'WORDS' [node N FOOT_X FOOT_Y TIP_X TIP_Y]     those of an ordinate's value
+    ///     turned X Y ANGLE 'WORDS' FACE HEIGHT WEIGHT
     ///     pen COLOUR WIDTH FONTSIZE [bold] [dotted]
+    ///     left COLOUR WIDTH FONTSIZE [fill COLOUR]
     ///
-    /// Pens stand where they change, if at all.
-    std::string picture(double x0 = 0, double y0 = 0, Pens pens = Pens::hidden) const;
+    /// Pens stand where they change, and at the end the one that is left.
+    std::string text() const;
 
     double width() const override { return w; }
     double height() const override { return h; }
@@ -77,6 +80,7 @@ protected:
     void doCircle(float x, float y, float radius) override;
     void doArc(float x, float y, float radius, double start, double end) override;
     void doPrint(const std::string &text, float x, float y) override;
+    void doPrintValue(const std::string &text, float x, float y, const Ordinate &ordinate) override;
     void doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
                         int angle) override;
     double lineAdvance() const override { return 0.04 * pen.fontSize; }
@@ -85,10 +89,8 @@ private:
     Primitive &add(Primitive::Kind kind, float x, float y);
 };
 
-/// The text that `RecordingKanvas::picture` gives for primitives written by hand: separated by
-/// ";", numbers in any form. "5 by .1 0: line ... & circle ..." stands for five times the same,
-/// each a step of (.1, 0) further. The whole may be mirrored about x = 0 and y = 0.
-std::string picture(const std::string &records, double signX = 1, double signY = 1);
+/// A line of such a text, without its end: @p text and the numbers.
+std::string record(std::string text, std::initializer_list<double> numbers);
 
 /// A fresh store, a scripted desktop and a recording canvas.
 class DrawingTest : public StoreTest

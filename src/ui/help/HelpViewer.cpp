@@ -134,6 +134,7 @@ void HelpViewer::setCaptions()
     ui_->SearchButton->setText(text(Metafrasi(2174, "Search")));
     for (QLineEdit *field : {ui_->Find, ui_->Keyword, ui_->SearchText})
         field->setAccessibleName(field->placeholderText());
+    ui_->Results->setAccessibleName(ui_->Tabs->tabText(2));
     pageChanged({});
 }
 
@@ -211,6 +212,7 @@ void HelpViewer::pageChanged(QUrl page)
     const QString help = qtText(std::string(applicationTitle) + " - " + Metafrasi(33, "Help"));
     const QString title = ui_->Page->documentTitle();
     setWindowTitle(title.isEmpty() ? help : title + " - " + help);
+    ui_->Page->setAccessibleName(windowTitle());
     if (!usable_)
         return;
     page.setFragment({});

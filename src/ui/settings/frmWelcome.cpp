@@ -44,6 +44,7 @@ frmWelcome::frmWelcome(QWidget *parent) : QDialog(parent), ui_(std::make_unique<
                                     "set, for instance kN and m, and keep to it."))
         + paragraph(Metafrasi(1106, "Check results that matter by another way, if only by a rough "
                                     "sum of loads and reactions.")));
+    ui_->RichTextBox2->setAccessibleName(windowTitle());
     // As tall as the text is in this language.
     QTextDocument *introduction = ui_->RichTextBox2->document();
     const int frame = 2 * ui_->RichTextBox2->frameWidth();
