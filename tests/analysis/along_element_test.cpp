@@ -1,10 +1,10 @@
 #include "AlongElement.h"
 #include "Analysis.h"
+#include "DataCases.h"
 #include "Functions_Bres_Megista.h"
 
-#include <algorithm>
-#include <cmath>
 #include <map>
+#include <sstream>
 
 namespace veskora {
 namespace {
@@ -103,52 +103,38 @@ TEST_F(Along, MarksStandWhereAFineScanFindsThem)
     EXPECT_GT(found, 300);
 }
 
-// A beam of 8 between two nodes that are held; forces by statics, as where nothing is free there is
-// nothing to solve.
 TEST_F(Along, SpecialPlacesOfKnownBeams)
 {
-    using namespace placeMark;
-    using Marks = std::map<double, unsigned>;
-    const double third = 8 / std::sqrt(12); // from the middle to the zeros of M of a fixed beam
-    const Marks hinged = {{0, zeroM}, {4, extremeM | extremeV | zeroQ}, {8, zeroM}};
-    struct Case
-    {
-        const char *model;
-        double Mi;
-        Marks marks;
-        std::optional<double> middle = 0; ///< deflection
-    };
-    for (const Case &c : {
-             Case{"G 1000 1 1; E 1 2 1 0 0 3 -6",
-                  -32,
-                  {{4 - third, zeroM}, {4, extremeM | extremeV | zeroQ}, {4 + third, zeroM}},
-                  -0.064},
-             {"G 1000 1 1; E 1 2 1 1 1 0 -6", 0, hinged, -0.32},
-             {"G 1000 1 1; E 1 2 1 1 1 3 0", 0, {}, 0}, // nothing across
-             {"G 1000 1 0; E 1 2 1 1 1 0 -6",
-              0,
-              {{0, zeroM}, {4, extremeM | zeroQ}, {8, zeroM}},
-              {}},
-         }) {
-        buildModel("N 0 0 xxx; N 8 0 xxx; " + std::string(c.model));
+    for (const auto &[given, expected] : dataCases("special_places.txt")) {
+        const auto bar = given.find('|');
+        buildModel("N 0 0 xxx; N 8 0 xxx; " + given.substr(0, bar));
         Entasi_Topiki.clear();
         Entasi_Topiki(1, 2) = Entasi_Topiki(1, 5) = -4 * Stoixeia(1, element::wy);
-        Entasi_Topiki(1, 3) = -c.Mi;
-        Entasi_Topiki(1, 6) = c.Mi;
+        Entasi_Topiki(1, 6) = std::stod(given.substr(bar + 1));
+        Entasi_Topiki(1, 3) = -Entasi_Topiki(1, 6);
         Metatopiseis.clear();
         storeExtremes();
-        Marks marks;
+        std::map<double, unsigned> marks;
         for (const Station &s : stations(alongElement(1), 8))
-            if (s.marks != 0)
-                marks[s.x] |= s.marks;
-        ASSERT_EQ(marks.size(), c.marks.size()) << c.model;
-        for (auto is = marks.begin(); const auto &[x, mark] : c.marks) {
-            EXPECT_NEAR(is->first, x, 1e-12) << c.model;
-            EXPECT_EQ((is++)->second, mark) << c.model << ' ' << x;
+            marks[s.x] |= s.marks;
+        std::ostringstream told;
+        told.precision(12);
+        for (const auto &[x, mark] : marks) {
+            if (mark == 0)
+                continue;
+            told << x;
+            for (const auto &[name, one] : {std::pair{" zeroQ", placeMark::zeroQ},
+                                            {" zeroM", placeMark::zeroM},
+                                            {" extremeM", placeMark::extremeM},
+                                            {" extremeV", placeMark::extremeV}})
+                told << ((mark & one) != 0 ? name : "");
+            told << "; ";
         }
-        const auto v = alongElement(1).v(4);
-        ASSERT_EQ(v.has_value(), c.middle.has_value()) << c.model;
-        EXPECT_NEAR(v.value_or(0), c.middle.value_or(0), 1e-12) << c.model;
+        if (const auto v = alongElement(1).v(4))
+            told << *v;
+        else
+            told << "none";
+        EXPECT_EQ(told.str(), expected) << given;
     }
 }
 

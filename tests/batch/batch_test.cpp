@@ -1,4 +1,5 @@
 #include "Batch.h"
+#include "DataCases.h"
 #include "Files.h"
 #include "Metablites.h"
 #include "Models.h"
@@ -8,9 +9,8 @@
 #include "Settings.h"
 #include "Version.h"
 
-#include <algorithm>
-#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <gmock/gmock.h>
 #include <map>
 #include <set>
@@ -31,6 +31,17 @@ protected:
         out.str("");
         err.str("");
         return runBatch(arguments, out, err);
+    }
+    /// Runs with the words of @p line: "small" is the model, "@" stands for the test's folder.
+    int runLine(const std::string &line)
+    {
+        std::vector<std::string> arguments;
+        std::istringstream words(line);
+        for (std::string word; words >> word;)
+            arguments.push_back(word == "small"         ? small
+                                : word.starts_with('@') ? path(word.substr(1))
+                                                        : word);
+        return run(arguments);
     }
     std::ostringstream out, err;
     const std::string small = TEST_DATA "/small.vsk";
@@ -119,31 +130,25 @@ TEST_F(Batch, AFreeMotionThatNoLoadStirsFailsTheCheckAndNotTheAnalysis)
                                     "Fault: Nodes 2 and 3 turn together round node 1\r\n"));
 }
 
-/// The table @p file as Python's csv module reads it; numbers come as their exact bits.
-std::vector<std::vector<std::string>> readByPython(const std::string &file)
+/// The cells of the table @p file by row and column's name ("1 M"), as Python's csv module reads
+/// them; numbers come as their exact bits.
+std::map<std::string, std::string> readByPython(const std::string &file)
 {
-    const std::string command = PYTHON R"( -c '
+    const std::string program = R"(
 import csv, sys
 def exact(cell):
     try: return float(cell).hex()
     except ValueError: return cell
-for row in csv.reader(open(sys.argv[1], newline="")):
-    print("\x1f".join(map(exact, row)), end="\x1e")' )"
-                                + file;
-    std::string text;
-    FILE *pipe = popen(command.c_str(), "r");
-    for (int c = 0; pipe != nullptr && (c = std::fgetc(pipe)) != EOF;)
-        text += static_cast<char>(c);
-    EXPECT_EQ(pipe == nullptr ? -1 : pclose(pipe), 0);
-    std::vector<std::vector<std::string>> rows;
-    std::istringstream lines(text);
-    for (std::string line; std::getline(lines, line, '\x1e');) {
-        std::istringstream cells(line + '\x1f');
-        rows.emplace_back();
-        for (std::string cell; std::getline(cells, cell, '\x1f');)
-            rows.back().push_back(cell);
-    }
-    return rows;
+for n, row in enumerate(csv.DictReader(open(sys.argv[1], newline="")), 1):
+    for name, cell in row.items(): print(f"{n} {name}\x1f{exact(cell)}", end="\x1e"))";
+    const std::string command =
+        PYTHON " -c '" + program + "' '" + file + "' > '" + file + "_cells'";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    std::ifstream text(file + "_cells");
+    std::map<std::string, std::string> cells;
+    for (std::string cell; std::getline(text, cell, '\x1e');)
+        cells[cell.substr(0, cell.find('\x1f'))] = cell.substr(cell.find('\x1f') + 1);
+    return cells;
 }
 
 // A beam of 6 with a cantilever of 2 behind it, 10 per length, from an upright held at its foot.
@@ -156,68 +161,63 @@ TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
     std::string model = path("a, \"b\"\n.vsk");
     ASSERT_TRUE(Apothikefsi_Arxeiou(model, true));
     ASSERT_EQ(
-        run({"--csv", "--values", "2", "--summary", path("summary.csv"), "--out", path(""), model}),
+        run({"--csv", "--values", "2", "--summary", path("summary"), "--out", path(""), model}),
         batchStatus::allAnalysed)
         << err.str();
-    std::map<std::string, std::vector<std::vector<std::string>>> tables;
-    for (const char *ending : {"_ends", "_spans", "_nodes", "_values"}) {
-        fs::rename(path("a, \"b\"\n") + ending + ".csv", path("table.csv"));
-        EXPECT_EQ(contentOf(path("table.csv")).find('\r') != std::string::npos,
-                  std::string(ending) == "_values");
-        tables[ending] = readByPython(path("table.csv"));
+    std::map<std::string, std::map<std::string, std::string>> tables;
+    for (const char *table : {"ends", "spans", "nodes", "values"}) {
+        fs::rename(path("a, \"b\"\n_") + table + ".csv", path(table));
+        EXPECT_EQ(contentOf(path(table)).find('\r') != std::string::npos,
+                  std::string(table) == "values");
+        tables[table] = readByPython(path(table));
     }
-    tables["summary"] = readByPython(path("summary.csv"));
-    EXPECT_EQ(tables["summary"].at(1).at(0), model);
-    EXPECT_EQ(tables["_nodes"].at(4).at(5), ""); // free
-    EXPECT_EQ(tables["_ends"].at(4).at(1), "j");
+    tables["summary"] = readByPython(path("summary"));
+    EXPECT_EQ(tables["summary"].at("1 model"), model);
+    EXPECT_EQ(tables["nodes"].at("4 Rx"), ""); // free
+    EXPECT_EQ(tables["ends"].at("4 end"), "j");
+    EXPECT_FALSE(tables["spans"].contains("2 M")); // that of the cantilever is at its free end
 
     struct Case
     {
-        const char *table;
-        std::size_t row; ///< the first is that of the names
-        const char *column;
+        const char *table, *cell;
         double value;
         double tolerance = 0; ///< 0: to the bit
     };
     constexpr double closedForm = 1e-9;
     const double support = 30 - 20.0 / 6;
     for (const Case &c : {
-             Case{"_ends", 1, "N", -Entasi_Topiki(1, 1)},
-             {"_ends", 3, "axial_force", Entasi_Topiki(2, 1)},
-             {"_ends", 3, "Q", support, closedForm},
-             {"_ends", 4, "node", 3},
-             {"_ends", 4, "M", -20, closedForm},
-             {"_ends", 4, "shear_force", Entasi_Topiki(2, 5)},
-             {"_ends", 5, "M", -20, closedForm},
-             {"_ends", 5, "moment", 20, closedForm},
-             {"_spans", 1, "element", 2},
-             {"_spans", 1, "x", support / 10, closedForm},
-             {"_spans", 1, "M", support * support / 20, closedForm},
-             {"_nodes", 4, "uy", Metatopiseis(11)},
-             {"_nodes", 4, "rotation", Metatopiseis(12)},
-             {"_nodes", 1, "Ry", Antidraseis(1, 2)},
-             {"_nodes", 3, "Ry", 80 - support, closedForm},
-             {"_values", 5, "x", support / 10, closedForm},
-             {"_values", 5, "M", support * support / 20, closedForm},
-             {"_values", 5, "Q", 0},
-             {"_values", 9, "x/L", 1},
-             {"_values", 9, "dx", Metatopiseis(7)},
-             {"_values", 12, "dy", Metatopiseis(11), 1e-15},
-             {"summary", 1, "max_M", support * support / 20, closedForm},
-             {"summary", 1, "max_M_element", 2},
-             {"summary", 1, "min_M", -20, closedForm},
-             {"summary", 1, "max_displacement", Akrotata(7)},
-             {"summary", 1, "max_displacement_node", 3},
-             {"summary", 1, "loads_y", -80, closedForm},
-             {"summary", 1, "reactions_y", 80, closedForm},
-         }) {
-        const auto &table = tables.at(c.table);
-        const auto column = std::ranges::find(table.at(0), c.column) - table.at(0).begin();
-        const std::string cell = table.at(c.row).at(static_cast<std::size_t>(column));
-        EXPECT_NEAR(std::strtod(cell.c_str(), nullptr), c.value, c.tolerance)
-            << c.table << ' ' << c.column << ' ' << c.row;
-    }
-    EXPECT_EQ(tables["_spans"].size(), 2U); // that of the cantilever is at its free end
+             Case{"ends", "1 N", -Entasi_Topiki(1, 1)},
+             {"ends", "3 axial_force", Entasi_Topiki(2, 1)},
+             {"ends", "3 Q", support, closedForm},
+             {"ends", "4 node", 3},
+             {"ends", "4 M", -20, closedForm},
+             {"ends", "4 shear_force", Entasi_Topiki(2, 5)},
+             {"ends", "5 M", -20, closedForm},
+             {"ends", "5 moment", 20, closedForm},
+             {"spans", "1 element", 2},
+             {"spans", "1 x", support / 10, closedForm},
+             {"spans", "1 M", support * support / 20, closedForm},
+             {"nodes", "4 uy", Metatopiseis(11)},
+             {"nodes", "4 rotation", Metatopiseis(12)},
+             {"nodes", "1 Ry", Antidraseis(1, 2)},
+             {"nodes", "3 Ry", 80 - support, closedForm},
+             {"values", "5 x", support / 10, closedForm},
+             {"values", "5 M", support * support / 20, closedForm},
+             {"values", "5 Q", 0},
+             {"values", "9 x/L", 1},
+             {"values", "9 dx", Metatopiseis(7)},
+             {"values", "12 dy", Metatopiseis(11), 1e-15},
+             {"summary", "1 max_M", support * support / 20, closedForm},
+             {"summary", "1 max_M_element", 2},
+             {"summary", "1 min_M", -20, closedForm},
+             {"summary", "1 max_displacement", Akrotata(7)},
+             {"summary", "1 max_displacement_node", 3},
+             {"summary", "1 loads_y", -80, closedForm},
+             {"summary", "1 reactions_y", 80, closedForm},
+         })
+        EXPECT_NEAR(std::strtod(tables.at(c.table).at(c.cell).c_str(), nullptr), c.value,
+                    c.tolerance)
+            << c.table << ' ' << c.cell;
 }
 
 TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextModel)
@@ -240,56 +240,25 @@ TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextM
 
 TEST_F(Batch, WrongUsageIsToldApartFromFailure)
 {
-    for (const std::vector<std::string> &arguments : {std::vector<std::string>{},
-                                                      {"--pix", small},
-                                                      {"--out"},
-                                                      {"--out", path("x")},
-                                                      {"--csv", "-", small},
-                                                      {"--summary", small, small},
-                                                      {"--summary", "--csv", small},
-                                                      {"--summary", path("new.VSK"), small},
-                                                      {"--summary", path(".vsk"), small},
-                                                      {"--out", "--check", small},
-                                                      {"--summary", "-", "-", small},
-                                                      {"--values", "-", small},
-                                                      {"--values", "101", small},
-                                                      {"--values=", small},
-                                                      {"--values=2.5", small},
-                                                      {"--regional", small},
-                                                      {"--fit", small},
-                                                      {"--label-scale", "2", small},
-                                                      {"--pictures=", small},
-                                                      {"--pictures=svg,gif", small},
-                                                      {"--pictures=svg,", small},
-                                                      {"--steps-digits", "4", small},
-                                                      {"--steps-elements", "1", small},
-                                                      {"--steps", "--steps-digits", "2.5", small},
-                                                      {"--steps", "--steps-elements", "3-1", small},
-                                                      {"--steps", "--steps-elements", "1,", small},
-                                                      {"--steps", "--steps-elements", "0", small},
-                                                      {"--steps", "--steps-elements", "2-", small},
-                                                      {"--pictures", "--label-scale", "9", small},
-                                                      {"--pictures", "--size", "1920", small},
-                                                      {"--pictures", "--size", "1920x", small},
-                                                      {"--pictures", "--size", "1920x1080p", small},
-                                                      {"--pictures", "--size", "100x9000", small}})
-        EXPECT_EQ(run(arguments), batchStatus::wrongUsage) << testing::PrintToString(arguments);
-    EXPECT_EQ(run({"--help"}), batchStatus::allAnalysed);
+    auto cases = dataCases("wrong_usage.txt");
+    cases.emplace_back("--title " + std::string(201, 'x'), "--title needs a text of at most 200");
+    for (const auto &[line, says] : cases) {
+        EXPECT_EQ(runLine(line + " small"), batchStatus::wrongUsage) << line;
+        EXPECT_THAT(err.str(), testing::StartsWith("Veskora_batch: " + says)) << line;
+    }
+    for (const std::vector<std::string> &noModel : {std::vector<std::string>{}, {"-", ""}})
+        EXPECT_EQ(run(noModel), batchStatus::wrongUsage);
+    EXPECT_FALSE(fs::exists(path("x")));
+    EXPECT_EQ(runLine("--help"), batchStatus::allAnalysed);
     EXPECT_THAT(out.str(), testing::StartsWith("Usage: Veskora_batch"));
-    out.str("");
-    EXPECT_EQ(run({"--version"}), batchStatus::allAnalysed);
+    EXPECT_EQ(runLine("--version"), batchStatus::allAnalysed);
     EXPECT_THAT(out.str(),
                 testing::StartsWith(std::string("Veskora_batch ") + programVersion + "\n"));
-
-    EXPECT_EQ(run({"-", "--out", path("x"), small}), batchStatus::wrongUsage);
-    EXPECT_EQ(run({"-", ""}), batchStatus::wrongUsage);
-    EXPECT_FALSE(fs::exists(path("x")));
 }
 
 TEST_F(Batch, NoStepsAreMadeOfElementsThatTheModelLacks)
 {
-    EXPECT_EQ(run({"--steps", "--steps-elements", "200-202", "--out", path(""), small}),
-              batchStatus::someFailed);
+    EXPECT_EQ(runLine("--steps --steps-elements 200-202 --out @ small"), batchStatus::someFailed);
     EXPECT_THAT(err.str(),
                 HasSubstr("the model has no elements 200 to 202, none of those to show"));
     EXPECT_FALSE(fs::exists(path("small_steps.html")));
@@ -298,44 +267,43 @@ TEST_F(Batch, NoStepsAreMadeOfElementsThatTheModelLacks)
 TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
 {
     fs::create_directory(path("a"));
-    fs::copy_file(small, path("a/small.vsk"));
-    EXPECT_EQ(run({"--out", path(""), small, path("a/small.vsk")}), batchStatus::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("small.txt was written in this run already"));
-
-    fs::copy_file(small, path("b.csv")); // no model of the run, as its name has gone astray
-    EXPECT_EQ(run({"--out", path(""), "--summary", path("b.csv"), small}), batchStatus::wrongUsage);
-    EXPECT_EQ(contentOf(path("b.csv")), contentOf(small));
-
-    fs::copy_file(small, path("mod.txt"));
-    EXPECT_EQ(run({"--out", path(""), path("mod.txt")}), batchStatus::someFailed);
-    fs::create_symlink("a/small.vsk", path("a/link.txt"));
     fs::create_symlink("small.vsk", path("a/link.vsk"));
-    EXPECT_EQ(run({"--out", path("a"), path("a/link.vsk")}), batchStatus::someFailed);
-    fs::copy_file(small, path("small_check.txt"));
-    EXPECT_EQ(run({"--check", "--out", path(""), small, path("small_check.txt")}),
-              batchStatus::someFailed);
-    fs::copy_file(small, path("small_nodes.csv"));
-    EXPECT_EQ(run({"--csv", "--out", path(""), small, path("small_nodes.csv")}),
-              batchStatus::someFailed);
-    EXPECT_EQ(run({"--summary", path("mod.txt"), "--out", path("b"), path("mod.txt")}),
-              batchStatus::wrongUsage);
-    EXPECT_EQ(run({"--summary", path("b/./small.txt"), "--out", path("b"), small}),
-              batchStatus::someFailed);
+    fs::create_symlink("small.vsk", path("a/link.txt"));
+    const std::vector<std::string> models = {"a/small.vsk", "b.csv", "mod.txt", "small_check.txt",
+                                             "small_nodes.csv"};
+    for (const std::string &model : models)
+        fs::copy_file(small, path(model));
+    using Cases = std::vector<std::tuple<const char *, int, const char *>>;
+    const auto runs = [&](const Cases &cases) {
+        for (const auto &[line, status, says] : cases) {
+            EXPECT_EQ(runLine(line), status) << line;
+            EXPECT_THAT(err.str(), HasSubstr(says)) << line;
+        }
+    };
+    using namespace batchStatus;
+    const char *const ofTheRun = " is a model of this run and no place for results";
+    runs({
+        {"--out @ small @a/small.vsk", someFailed, "small.txt was written in this run already"},
+        {"--out @ --summary @b.csv small", wrongUsage, "b.csv holds a model and is no place"},
+        {"--out @ @mod.txt", someFailed, ofTheRun},
+        {"--out @a @a/link.vsk", someFailed, ofTheRun},
+        {"--check --out @ small", someFailed, "small_check.txt holds a model and is no place"},
+        {"--csv --out @ small @small_nodes.csv", someFailed, ofTheRun},
+        {"--summary @mod.txt --out @b @mod.txt", wrongUsage, "holds a model"},
+        {"--summary @b/./small.txt --out @b small", someFailed, "was written in this run already"},
+        {"--out @mod.txt small", someFailed, "mod.txt"},
+    });
     EXPECT_THAT(contentOf(path("b/small.txt")), testing::StartsWith("Data"));
-    EXPECT_EQ(contentOf(path("small_nodes.csv")), contentOf(small));
-    EXPECT_EQ(contentOf(path("mod.txt")), contentOf(small));
-    EXPECT_EQ(contentOf(path("small_check.txt")), contentOf(small));
-    EXPECT_EQ(contentOf(path("a/small.vsk")), contentOf(small));
+    for (const std::string &model : models)
+        EXPECT_EQ(contentOf(path(model)), contentOf(small)) << model;
 
     write(path("a/small.vsk"), "broken");
-    EXPECT_EQ(run({"--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("small.txt is from an earlier run"));
     write(path("small_check.txt"), "Check of the analysis");
-    EXPECT_EQ(run({"--check", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("small_check.txt is from an earlier run"));
-    EXPECT_EQ(run({"--csv", "--out", path(""), path("a/small.vsk")}), batchStatus::someFailed);
-    EXPECT_THAT(err.str(), HasSubstr("small_ends.csv is from an earlier run"));
-    EXPECT_EQ(run({"--out", path("mod.txt"), small}), batchStatus::someFailed);
+    runs({
+        {"--out @ @a/small.vsk", someFailed, "small.txt is from an earlier run"},
+        {"--check --out @ @a/small.vsk", someFailed, "small_check.txt is from an earlier run"},
+        {"--csv --out @ @a/small.vsk", someFailed, "small_ends.csv is from an earlier run"},
+    });
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 // Model files: all stages, every quirk of the format, every way to fail.
 
+#include "DataCases.h"
 #include "Files.h"
 #include "FileSystem.h"
 #include "Metablites.h"
@@ -29,16 +30,13 @@ class ModelFile : public StoreTest
 {
 protected:
     const std::string small = contentOf(TEST_DATA "/small.vsk");
+    std::vector<std::string> lines; ///< its own
 
-    static std::vector<std::string> linesOf(const std::string &text)
+    ModelFile()
     {
-        std::vector<std::string> lines;
-        for (std::size_t at = 0; at < text.size();) {
-            const std::size_t end = text.find("\r\n", at);
-            lines.push_back(text.substr(at, end - at));
-            at = end == std::string::npos ? text.size() : end + 2;
-        }
-        return lines;
+        std::istringstream in(small);
+        for (std::string line; std::getline(in, line); lines.push_back(line))
+            line.pop_back();
     }
     static std::string joined(const std::vector<std::string> &lines, const char *end = "\r\n")
     {
@@ -48,13 +46,21 @@ protected:
         return text;
     }
 
+    /// The small file with @p text in place of line @p number.
+    std::string withLine(int number, const std::string &text) const
+    {
+        std::vector<std::string> changed = lines;
+        changed.at(static_cast<std::size_t>(number - 1)) = text;
+        return joined(changed);
+    }
+
     /// The small file of the stage whose Rithmiseis section ends with @p line.
     std::string ofStage(int line) const
     {
-        std::vector<std::string> lines = linesOf(small);
+        std::vector<std::string> kept = lines;
         if (line < 48)
-            lines.erase(std::ranges::find(lines, "Rithmiseis") + 1 + line, lines.end() - 1);
-        return joined(lines);
+            kept.erase(std::ranges::find(kept, "Rithmiseis") + 1 + line, kept.end() - 1);
+        return joined(kept);
     }
 
     void read(const std::string &content)
@@ -96,14 +102,8 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
     EXPECT_EQ(desktop.caption, path("m.vsk") + " - " + title);
     EXPECT_EQ(Onoma_Arxeiou, path("m.vsk"));
     EXPECT_TRUE(Allagi_Montelou);
-    EXPECT_EQ(Omades(1, group::E), 2.1e8);
-    EXPECT_EQ(Komboi(2, node::Fy), -10);
-    EXPECT_EQ(Elatiria(2, 2), 5000);
-    EXPECT_EQ(Stoixeia(1, element::nodeJ), 2);
     EXPECT_EQ(Thesi_Istorikou, 0);
-    EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
-    EXPECT_EQ(Istoriko_Zoom(0, 2), 2);
-    EXPECT_EQ(Istoriko_Zoom(0, 3), -2);
+    EXPECT_THAT(Istoriko_Zoom.row(0), testing::ElementsAre(100, 2, -2));
 
     std::string name = path("again.vsk");
     EXPECT_TRUE(Apothikefsi_Arxeiou(name, true));
@@ -114,37 +114,22 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
 // Each line of the section alone gets another value, which must show in its own variable.
 TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 {
-    std::istringstream names(
-        "nai_aksones nai_grid nai_komboi nai_arithmisi_kombon nai_desmefseis "
-        "nai_sint_kombon nai_stoixeia nai_arithmisi_stoixeion nai_eleftheroseis "
-        "nai_omades nai_miki nai_fortiseis_si nai_times_fortiseon_si nai_fortiseis_om "
-        "nai_times_fortiseon_om nai_times_M nai_times_Q nai_times_N Q_sin_Ina N_sin_Ina "
-        "xroma_background xroma_aksonon xroma_grid xroma_stoixeion xroma_kombon "
-        "xroma_sigkentromenon xroma_omoiomorfon xroma_M xroma_Q xroma_N dekadika_M "
-        "dekadika_Q dekadika_N Ena_cm_posa_KNm_M Ena_cm_posa_KN_Q Ena_cm_posa_KN_N "
-        "Klimaka Arxi_X Arxi_Y kannab nai_graf_stir Nai_Apolites_Sint Nai_Sxetikes_Sint "
-        "xroma_paramorfosis Ena_cm_posa_m_epi_1000 M_sin_Tension nai_springs");
     std::map<std::string, StoreVariable> variables = {
         {"Klimaka", &Klimaka}, {"Arxi_X", &Arxi_X}, {"Arxi_Y", &Arxi_Y}};
     for (const Setting &setting : settings)
         variables.emplace(setting.key, setting.value);
-    std::size_t line = 50;
-    for (std::string name; names >> name; line += line == 50 ? 2 : 1) { // the second is retired
+    for (const auto &[number, name] : dataCases("setting_lines.txt")) {
+        const int line = std::stoi(number);
         const StoreVariable &variable = variables.at(name);
-        std::vector<std::string> lines = linesOf(small);
-        std::string &text = lines[line];
         const bool isSwitch = std::holds_alternative<bool *>(variable);
-        text = isSwitch ? text == "1" ? "0" : "1" : "7";
-        read(joined(lines));
-        std::visit(
-            [&](const auto *value) { EXPECT_EQ(*value, isSwitch ? text == "1" : 7) << name; },
-            variable);
-        std::string again = path("again.vsk");
-        Apothikefsi_Arxeiou(again, true);
-        EXPECT_EQ(contentOf(again), joined(lines)) << name;
+        const bool isOn = lines.at(static_cast<std::size_t>(line - 1)) == "1";
+        const std::string content = withLine(line, !isSwitch ? "7" : isOn ? "0" : "1");
+        read(content);
+        SCOPED_TRACE(name);
+        std::visit([&](const auto *value) { EXPECT_EQ(*value, isSwitch ? !isOn : 7); }, variable);
+        EXPECT_EQ(modelText(), content);
         variables.erase(name);
     }
-    EXPECT_EQ(line, 98U);
     variables.erase("smallHeldRotation"); // behind the springs, where it is on
     const std::string section = "Small symbol of held rotation\r\n";
     const std::string before = small.substr(0, small.find(modelEndLine));
@@ -166,19 +151,24 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 
 TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)
 {
-    struct Case
-    {
-        int lastLine;
-        std::vector<double> view;
+    const auto settings = [] {
+        return std::vector<double>{Arxi_X,
+                                   Arxi_Y,
+                                   kannab,
+                                   1. * nai_graf_stir,
+                                   1. * Nai_Apolites_Sint,
+                                   1. * Nai_Sxetikes_Sint,
+                                   xroma_paramorfosis,
+                                   Ena_cm_posa_m_epi_1000,
+                                   1. * M_sin_Tension,
+                                   1. * nai_springs};
     };
-    for (const Case &c : {
-             // Arxi_X, Arxi_Y, kannab, nai_graf_stir, Apolites, Sxetikes, paramorfosis, D scale,
-             // Tension, springs
-             Case{38, {-2, 2, 1, 1, 1, 0, 5, 6, 0, 0}},
-             Case{42, {-2, 2, 1, 1, 0, 1, 5, 6, 0, 0}},
-             Case{44, {-2, 2, 1, 1, 0, 1, 16711680, 100, 0, 0}},
-             Case{46, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
-             Case{48, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
+    for (const auto &[lastLine, expected] : {
+             std::pair{38, std::vector<double>{-2, 2, 1, 1, 1, 0, 5, 6, 0, 0}},
+             {42, {-2, 2, 1, 1, 0, 1, 5, 6, 0, 0}},
+             {44, {-2, 2, 1, 1, 0, 1, 16711680, 100, 0, 0}},
+             {46, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
+             {48, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
          }) {
         resetStore();
         Arxi_X = 8;
@@ -188,79 +178,38 @@ TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)
         Nai_Apolites_Sint = true;
         xroma_paramorfosis = 5;
         Ena_cm_posa_m_epi_1000 = 6;
-        read(ofStage(c.lastLine));
-        EXPECT_THAT((std::vector<double>{Arxi_X, Arxi_Y, kannab, nai_graf_stir ? 1. : 0.,
-                                         Nai_Apolites_Sint ? 1. : 0., Nai_Sxetikes_Sint ? 1. : 0.,
-                                         xroma_paramorfosis, Ena_cm_posa_m_epi_1000,
-                                         M_sin_Tension ? 1. : 0., nai_springs ? 1. : 0.}),
-                    testing::ElementsAreArray(c.view))
-            << c.lastLine;
-        EXPECT_EQ(Elatiria(2, 2), c.lastLine == 48 ? 5000 : 0);
+        read(ofStage(lastLine));
+        EXPECT_EQ(settings(), expected) << lastLine;
+        EXPECT_EQ(Elatiria(2, 2), lastLine == 48 ? 5000 : 0);
         EXPECT_EQ(Onoma_Arxeiou, path("m.vsk"));
-        EXPECT_EQ(Idio_Me_To_Arxeio(), c.lastLine == 48); // an earlier stage always differs
+        EXPECT_EQ(Idio_Me_To_Arxeio(), lastLine == 48); // an earlier stage always differs
     }
 }
 
 TEST_F(ModelFile, WhatTheProgramCannotHaveWrittenIsRefused)
 {
-    struct Case
-    {
-        int line;
-        const char *text;
-        const char *says;
-    };
-    for (const Case &c : {
-             Case{8, "301", "at most 300 groups, found '301'"},
-             Case{8, "-1", "the number of groups expected, found '-1'"},
-             Case{8, "1.5", "the number of groups expected, found '1.5'"},
-             Case{11, "abc", "Young's modulus E expected, found 'abc'"},
-             Case{12, "", "a section area A expected, found ''"},
-             Case{12, "1e999", "a section area A expected, found '1e999'"},
-             Case{13, "nan", "a section moment of inertia I expected, found 'nan'"},
-             Case{16, "201", "at most 200 nodes, found '201'"},
-             Case{19, "1e39", "an x coordinate expected, found '1e39'"},
-             Case{21, "2", "a restraint (0 or 1) expected, found '2'"},
-             Case{39, "1e300", "at most 300 elements, found '1e300'"},
-             Case{42, "0", "node 0 of 2"},
-             Case{43, "3", "node 3 of 2"},
-             Case{43, "1.5", "a node of the model expected, found '1.5'"},
-             Case{44, "2", "group 2 of 1"},
-             Case{45, "-1", "a hinge (0 or 1) expected, found '-1'"},
-             Case{48, "inf", "an elemental load wy expected, found 'inf'"},
-             Case{51, "on", "a view setting expected, found 'on'"},
-             Case{83, "32768", "a view setting expected, found '32768'"},
-             Case{83, "2.5", "a view setting expected, found '2.5'"},
-             Case{88, "1e39", "a view setting expected, found '1e39'"},
-             Case{89, "END of vesk Input File",
-                  "a view setting expected, found 'END of vesk Input File'"},
-             Case{100, "201", "at most 200 springs, found '201'"},
-             Case{101, "3", "node 3 of 2"},
-             Case{102, "\x1B[2Jé\xE9\xC2\x9B\xE2\x80\xAE",
-                  "a spring constant expected, found '\\x1B[2Jé\\xE9\\xC2\\x9B\\xE2\\x80\\xAE'"},
-             Case{102, "\u200B\u200F\uFEFF\u00AD",
-                  "a spring constant expected, found "
-                  "'\\xE2\\x80\\x8B\\xE2\\x80\\x8F\\xEF\\xBB\\xBF\\xC2\\xAD'"},
-             Case{103, "39 bytes and then a letter of two bytesäb",
-                  "a spring constant expected, found '39 bytes and then a letter of two bytes...'"},
-         }) {
-        SCOPED_TRACE(c.says);
-        std::vector<std::string> lines = linesOf(small);
-        lines[static_cast<std::size_t>(c.line - 1)] = c.text;
-        refuse(joined(lines), "Line " + std::to_string(c.line) + ": " + c.says);
+    auto cases = dataCases("refused_lines.txt");
+    cases.emplace_back("102: \x1B[2Jé\xE9\xC2\x9B\xE2\x80\xAE",
+                       "a spring constant expected, found "
+                       "'\\x1B[2Jé\\xE9\\xC2\\x9B\\xE2\\x80\\xAE'");
+    cases.emplace_back("102: \u200B\u200F\uFEFF\u00AD",
+                       "a spring constant expected, found "
+                       "'\\xE2\\x80\\x8B\\xE2\\x80\\x8F\\xEF\\xBB\\xBF\\xC2\\xAD'");
+    // A row number, which nobody looks at.
+    cases.emplace_back("10: " + std::string(5000, 'x'), "an item longer than 4096 bytes");
+    for (const auto &[given, says] : cases) {
+        SCOPED_TRACE(says);
+        const auto colon = given.find(':');
+        const std::string text = given.substr(std::min(given.size(), colon + 2));
+        refuse(withLine(std::stoi(given), text), "Line " + given.substr(0, colon) + ": " + says);
     }
-    std::string comma = small;
-    comma.replace(comma.find("0.01"), 4, "0,01");
-    refuse(comma,
+    refuse(withLine(12, "0,01"),
            "Line 15: the number of nodes expected, found 'Komboi' (the comma in line 12 ended an "
            "item: the decimal separator is the point)");
-    std::vector<std::string> lines = linesOf(small);
-    lines[9] = std::string(5000, 'x'); // a row number, which nobody looks at
-    refuse(joined(lines), "Line 10: an item longer than 4096 bytes");
 }
 
 TEST_F(ModelFile, EveryCutOfAFileIsRefusedOrReadWhole)
 {
-    const std::vector<std::string> lines = linesOf(small);
     for (std::size_t kept = 0; kept + 1 < lines.size(); ++kept)
         refuse(joined({lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(kept)}),
                "Input past end of file in line " + std::to_string(kept + 1));
@@ -270,7 +219,6 @@ TEST_F(ModelFile, EveryCutOfAFileIsRefusedOrReadWhole)
 
 TEST_F(ModelFile, OddButHarmlessFilesAreRead)
 {
-    std::vector<std::string> lines = linesOf(small);
     const auto set = [&](int line, const char *text) {
         lines[static_cast<std::size_t>(line - 1)] = text;
     };
@@ -305,33 +253,40 @@ TEST_F(ModelFile, AWrongBannerChangesNothing)
         std::string content = small;
         content.replace(content.find(from), std::string(from).size(), to);
         buildModel("N 1 2");
-        Allagi_Montelou = false;
         Klimaka = 77;
+        const std::string before = modelText();
+        Allagi_Montelou = false;
         Onoma_Arxeiou = "old.vsk";
         desktop.caption = "old";
         desktop.expectMessage(wrongBanner, Icon::critical);
         read(content);
         EXPECT_EQ(desktop.log.back(), (LogLine{wrongBanner, red, true}));
         EXPECT_FALSE(Allagi_Montelou);
-        EXPECT_EQ(Klimaka, 77);
-        EXPECT_EQ(Arithmos_Kombon, 1);
+        EXPECT_EQ(modelText(), before);
         EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
         EXPECT_EQ(desktop.caption, "old");
     }
 }
 
-TEST_F(ModelFile, WhatIsNoFileIsRefusedAndNeverWaitedFor)
+TEST_F(ModelFile, WhatIsNoFileIsNeitherReadNorWrittenAndNeverWaitedFor)
 {
-    fs::create_directory(path("folder"));
-    ASSERT_EQ(::mkfifo(path("pipe").c_str(), 0600), 0);
-    for (const auto &[name, says] : {std::pair{"missing", "No such file or directory"},
-                                     {"folder", "Is a directory"},
-                                     {"pipe", "It is not a regular file"}}) {
-        desktop.expectMessage(notOpened + " " + path(name) + ": " + says, Icon::critical);
+    fs::create_directory(path("folder.vsk"));
+    ASSERT_EQ(::mkfifo(path("pipe.vsk").c_str(), 0600), 0);
+    for (const auto &[name, says] : {std::pair{"none/m.vsk", "No such file or directory"},
+                                     {"folder.vsk", "Is a directory"},
+                                     {"pipe.vsk", "It is not a regular file"}}) {
         std::string file = path(name);
+        Onoma_Arxeiou = "old.vsk";
+        const std::string text = "There was an error saving the file: " + file + ": " + says;
+        desktop.expectMessage(text, Icon::critical);
+        EXPECT_FALSE(Apothikefsi_Arxeiou(file, false));
+        EXPECT_EQ(desktop.log.back(), (LogLine{text, red}));
+        EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
+        desktop.expectMessage(notOpened + " " + file + ": " + says, Icon::critical);
         Anagnosi_Arxeiou(file);
         EXPECT_EQ(Onoma_Arxeiou, "");
     }
+    EXPECT_TRUE(fs::is_fifo(path("pipe.vsk")));
 }
 
 TEST_F(ModelFile, OpenAsksWhereNoPathIsGivenAndCancelChangesNothing)
@@ -354,23 +309,20 @@ TEST_F(ModelFile, OpenAsksWhereNoPathIsGivenAndCancelChangesNothing)
 
 TEST_F(ModelFile, SaveAsksForANameAndMindsItsExtension)
 {
-    struct Case
-    {
-        const char *old, *proposed, *chosen, *written;
-    };
-    for (const Case &c : {Case{"", "Untitled", "a", "a.vsk"},
-                          {"model.vsk", "model", "b.vsk", "b.vsk"},
-                          {"model.vsk", "model", "c.VSK", "c.VSK.vsk"}}) {
-        Onoma_Arxeiou = c.old;
-        desktop.expectFileDialog(path(c.chosen));
+    for (const auto &[old, proposed, chosen, written] :
+         {std::tuple{"", "Untitled", "a", "a.vsk"},
+          {"model.vsk", "model", "b.vsk", "b.vsk"},
+          {"model.vsk", "model", "c.VSK", "c.VSK.vsk"}}) {
+        Onoma_Arxeiou = old;
+        desktop.expectFileDialog(path(chosen));
         std::string name;
         EXPECT_TRUE(Apothikefsi_Arxeiou(name, false));
-        EXPECT_EQ(desktop.fileQuestions.back().proposed, c.proposed);
+        EXPECT_EQ(desktop.fileQuestions.back().proposed, proposed);
         EXPECT_EQ(desktop.fileQuestions.back().filter, "Kalvorn Veskora files (*.vsk)|*.vsk");
-        EXPECT_EQ(Onoma_Arxeiou, path(c.written));
-        EXPECT_EQ(desktop.caption, path(c.written) + " - " + title);
-        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(c.written), black, true}));
-        EXPECT_TRUE(fs::exists(path(c.written)));
+        EXPECT_EQ(Onoma_Arxeiou, path(written));
+        EXPECT_EQ(desktop.caption, path(written) + " - " + title);
+        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(written), black, true}));
+        EXPECT_TRUE(fs::exists(path(written)));
         EXPECT_EQ(currentFolder + "/", path(""));
     }
     // The dialog asked about "a", which is not there; "a.vsk" is.
@@ -386,13 +338,7 @@ TEST_F(ModelFile, SaveAsksForANameAndMindsItsExtension)
 TEST_F(ModelFile, NodesWithoutAPositiveSpringLoseTheirRecord)
 {
     buildModel("N 0 0; N 1 0; N 2 0; S 1 -5 0 0; S 2 -5 0 3; S 3 0 0 0");
-    std::string name = path("s.vsk");
-    Apothikefsi_Arxeiou(name, false);
-    EXPECT_THAT(contentOf(name),
-                testing::HasSubstr("Elatiria\r\n1\r\n2\r\n-5\r\n0\r\n3\r\nEND of"));
-    Anagnosi_Arxeiou(name);
-    EXPECT_EQ(Elatiria(1, 1), 0);
-    EXPECT_EQ(Elatiria(2, 1), -5);
+    EXPECT_THAT(modelText(), testing::HasSubstr("Elatiria\r\n1\r\n2\r\n-5\r\n0\r\n3\r\nEND of"));
 }
 
 TEST_F(ModelFile, AModelAtTheLimitReadsBackAsTheSameText)
@@ -403,12 +349,10 @@ TEST_F(ModelFile, AModelAtTheLimitReadsBackAsTheSameText)
         putElement(1, 2);
     while (Arithmos_Omadon < maxGroups)
         putGroup(1.0 / Arithmos_Omadon, 1e-300, 1e300);
-    std::string first = path("1.vsk"), second = path("2.vsk");
-    Apothikefsi_Arxeiou(first, true);
-    Anagnosi_Arxeiou(first);
+    const std::string text = modelText();
+    read(text);
     EXPECT_EQ(Arithmos_Omadon, 300);
-    Apothikefsi_Arxeiou(second, true);
-    EXPECT_EQ(contentOf(first), contentOf(second));
+    EXPECT_EQ(modelText(), text);
 }
 
 // What becomes of the file behind the program's back, and whether a save would lose it.
@@ -416,16 +360,11 @@ TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
 {
     const std::string file = path("m.vsk");
     std::string other = small;
-    other.replace(other.find("0.01"), 4, "0.02"); // of the same length
-    struct Case
-    {
-        const char *name;
-        std::function<void()> act;
-        bool isForeign;
-    };
+    other.replace(other.find("0.01"), 4, "0.02");                       // of the same length
+    using Case = std::tuple<const char *, std::function<void()>, bool>; // whether it is foreign
     for (const int stage : {46, 48}) // what the program would write differs from the first
         for (const bool isSaved : {false, true})
-            for (const Case &c : {
+            for (const auto &[name, act, isForeign] : {
                      Case{"nothing", [] {}, false},
                      {"edited here", [] { Klimaka = 77; }, false},
                      {"written again", [&] { write(file, contentOf(file)); }, false},
@@ -449,10 +388,10 @@ TEST_F(ModelFile, AnotherProgramsChangeIsKnownByTheContent)
                 read(ofStage(stage));
                 if (isSaved)
                     Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
-                c.act();
-                EXPECT_EQ(sumOfForeignChange().has_value(), c.isForeign) << c.name;
+                act();
+                EXPECT_EQ(sumOfForeignChange().has_value(), isForeign) << name;
                 Apothikefsi_Arxeiou(Onoma_Arxeiou, false);
-                EXPECT_EQ(sumOfForeignChange(), std::nullopt) << c.name;
+                EXPECT_EQ(sumOfForeignChange(), std::nullopt) << name;
             }
     fs::remove(file);
     fs::create_directory(file);
@@ -495,24 +434,6 @@ TEST_F(ChangeTest, AnswersByTheWholeFile)
     Klimaka = 77;
     EXPECT_FALSE(Idio_Me_To_Arxeio());
     EXPECT_EQ(contentOf(scratch), small);
-}
-
-TEST_F(ModelFile, AFailedSaveLeavesTheOldFileAndTheOldName)
-{
-    fs::create_directory(path("folder.vsk"));
-    ASSERT_EQ(::mkfifo(path("pipe.vsk").c_str(), 0600), 0);
-    for (const auto &[name, says] : {std::pair{"folder.vsk", "Is a directory"},
-                                     {"pipe.vsk", "It is not a regular file"},
-                                     {"none/m.vsk", "No such file or directory"}}) {
-        Onoma_Arxeiou = "old.vsk";
-        std::string file = path(name);
-        const std::string text = "There was an error saving the file: " + file + ": " + says;
-        desktop.expectMessage(text, Icon::critical);
-        EXPECT_FALSE(Apothikefsi_Arxeiou(file, false));
-        EXPECT_EQ(desktop.log.back(), (LogLine{text, red}));
-        EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
-    }
-    EXPECT_TRUE(fs::is_fifo(path("pipe.vsk")));
 }
 
 } // namespace

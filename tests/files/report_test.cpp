@@ -1,6 +1,5 @@
 #include "Anafora.h"
 #include "Csv.h"
-#include "Languages.h"
 #include "Metablites.h"
 #include "Models.h"
 #include "ScriptedDesktop.h"
@@ -10,7 +9,6 @@
 #include <cstdlib>
 #include <gmock/gmock.h>
 #include <locale.h>
-#include <map>
 
 #if defined(__has_feature)
 #if __has_feature(address_sanitizer)
@@ -67,34 +65,6 @@ TEST_F(Report, TextsOfAPackAreCutAndPaddedByCharacters)
     EXPECT_THAT(text, testing::HasSubstr("\r\nΚόμβοι:                     8\r\n"));
     EXPECT_THAT(text, testing::HasSubstr("\r\nA label of more than twenty-4\r\n"));
     EXPECT_THAT(text, testing::HasSubstr("      Ράβδος με αρθρώσεις στα δ2       \r\n"));
-}
-
-TEST_F(Report, HeadingsOfEveryPackStandOverTheirNumbers)
-{
-    buildEveryField();
-    std::filesystem::create_directory_symlink(LANGUAGES, path("Languages"));
-    ASSERT_EQ(languagePacks().size(), 6U);
-    const auto characters = [](std::string_view text) {
-        return static_cast<int>(std::ranges::count_if(
-            text, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
-    };
-    const std::map<int, std::array<int, 3>> headings = {{2, {343, 344, 345}}, {4, {349, 350, 351}}};
-    for (const std::string &pack : languagePacks()) {
-        if (pack == "English") // its report stands above
-            continue;
-        desktop.storeSetting("Rithmiseis", "Language", pack);
-        Fortosi_Glossas();
-        for (const auto &[kind, slots] : headings) {
-            const std::string section = Anafora_Keimenou(kind);
-            const std::string header = section.substr(section.find("\r\n\r\n") + 4);
-            const std::string row = section.substr(section.find("-\r\n") + 3);
-            for (std::size_t column = 0; column < slots.size(); ++column) {
-                const std::size_t heading = header.find(Pinakas_Glossas(slots.at(column)));
-                const auto digits = static_cast<int>(row.find_first_not_of(' ', 8 + 25 * column));
-                EXPECT_NEAR(characters(header.substr(0, heading)), digits, 2) << pack << column;
-            }
-        }
-    }
 }
 
 TEST_F(Report, NumbersHaveTheSeparatorOfTheRegion)

@@ -1,10 +1,13 @@
+#include "DataCases.h"
 #include "MathFunc.h"
 
 #include <gtest/gtest.h>
 
 #include <clocale>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
+#include <sstream>
 
 namespace veskora {
 namespace {
@@ -14,51 +17,8 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 TEST(Numbers, ValTakesTheLongestPrefixThatIsANumber)
 {
-    struct Case
-    {
-        const char *text;
-        double value;
-    };
-    for (const Case &c : {
-             Case{"", 0},
-             {"abc", 0},
-             {"12abc", 12},
-             {"  -3.5 m", -3.5},
-             {"+5", 5},
-             {".5", .5},
-             {"5.", 5},
-             {"1.2.3", 1.2},
-             {"1e3", 1000},
-             {"1E-2x", .01},
-             {"2E", 2},
-             {"2E+", 2},
-             {"-", 0},
-             {".", 0},
-             {"- 5", 0},
-             {"1,5", 1},
-             {"inf", 0},
-             {"nan", 0},
-             {"0x10", 0},
-             {"&HE0E0E0", 14737632},
-             {"&h10", 16},
-             {"&H8000000E", -2147483634.},
-             {"&HFFFFFFFF", -1},
-             {"&H123456789", 305419896},
-             {"&H", 0},
-             {"&Hzz", 0},
-             {"-&H10", 0},
-             {"1e400", infinity},
-             {"-1e400", -infinity},
-             {"1e-400", 0},
-             {"1.79769313486232E+308", largest},
-             {"-17976931348623.2E+295", -largest},
-             {"1.79769313486233E+308", infinity},
-             {"1e99999999999999999999", infinity},
-             {"1e-99999999999999999999", 0},
-             {"0e999", 0},
-             {"0.0000000001e300", 1e290},
-         })
-        EXPECT_EQ(Val(c.text), c.value) << c.text;
+    for (const auto &[text, value] : dataCases("leading_numbers.txt"))
+        EXPECT_EQ(Val(text), std::strtod(value.c_str(), nullptr)) << text;
     EXPECT_EQ(Val("1" + std::string(400, '0')), infinity);
     EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
 }
@@ -92,29 +52,13 @@ TEST(Numbers, NarrowingRefusesWhatASingleCannotHold)
 
 TEST(Numbers, RoundingTakesTiesToTheEvenIntegerOf32Bits)
 {
-    struct Case
-    {
-        double value;
-        int decimals;
-        double rounded;
-    };
-    for (const Case &c : {
-             Case{2.5, 0, 2},
-             {3.5, 0, 4},
-             {-2.5, 0, -2},
-             {1.2345, 3, 1.234},
-             {1234.5678, 1, 1234.6},
-             {2147483647, 0, 2147483647.},
-             {2147483648., 0, 0},
-             {-2147483648., 0, -2147483648.},
-             {3e6, 3, 0},
-             {infinity, 2, 0},
-             {std::nan(""), 2, 0},
-             {1, 60, 0},
-             {1, -60, 0},
-         })
-        EXPECT_DOUBLE_EQ(Stroggylopoiisi(c.value, static_cast<std::int16_t>(c.decimals)), c.rounded)
-            << c.value << " to " << c.decimals;
+    for (const auto &[given, rounded] : dataCases("rounded_numbers.txt")) {
+        std::istringstream words(given);
+        std::string value;
+        std::int16_t decimals = 0;
+        words >> value >> decimals;
+        EXPECT_DOUBLE_EQ(Stroggylopoiisi(std::stod(value), decimals), std::stod(rounded)) << given;
+    }
 }
 
 TEST(Numbers, TextHasTheDigitsOfTheTypeInEveryLocale)

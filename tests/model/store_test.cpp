@@ -1,8 +1,8 @@
 #include "Fault.h"
-#include "Files.h"
 #include "Functions.h"
 #include "Metablites.h"
 #include "Models.h"
+#include "ModelText.h"
 #include "Registry.h"
 #include "ScriptedDesktop.h"
 
@@ -57,9 +57,8 @@ TEST_F(Store, APackGivesEveryTextAndAnEmptyOneForWhatItLeavesOut)
 // every table was written to.
 TEST_F(Store, EverythingGoesBackToItsStart)
 {
-    for (int i = 1; i <= 19; ++i)
-        Akrotata(i) = i;
-    Metatopiseis(600) = Entasi_Topiki(300, 6) = Antidraseis(200, 3) = Seira_Vathmon(600) = 5;
+    Akrotata(1) = Akrotata(19) = Metatopiseis(600) = Entasi_Topiki(300, 6) = Antidraseis(200, 3) =
+        Seira_Vathmon(600) = 5;
     Istoriko_Zoom(100, 3) = Entasi_Oliki(1, 1) = U_Eleftheroi(1) = P_Oliko(1) = 5;
     Omades(300, 3) = 1;
     Elatiria(200, 3) = Stoixeia(300, 9) = 1;
@@ -70,24 +69,18 @@ TEST_F(Store, EverythingGoesBackToItsStart)
     Pinakas_Glossas(1) = "Datei";
     resetStore();
     EXPECT_EQ(Glossa + Metafrasi(1, " File") + Pinakas_Glossas(1), "English File");
-    double sum = Metatopiseis(600) + Entasi_Topiki(300, 6) + Antidraseis(200, 3)
-                 + Seira_Vathmon(600) + Istoriko_Zoom(100, 3) + Entasi_Oliki(1, 1) + U_Eleftheroi(1)
-                 + P_Oliko(1) + Omades(300, 3) + Elatiria(200, 3) + Stoixeia(300, 9);
-    for (int i = 1; i <= 19; ++i)
-        sum += Akrotata(i);
+    const double sum = Akrotata(1) + Akrotata(19) + Metatopiseis(600) + Entasi_Topiki(300, 6)
+                       + Antidraseis(200, 3) + Seira_Vathmon(600) + Istoriko_Zoom(100, 3)
+                       + Entasi_Oliki(1, 1) + U_Eleftheroi(1) + P_Oliko(1) + Omades(300, 3)
+                       + Elatiria(200, 3) + Stoixeia(300, 9);
     EXPECT_EQ(sum, 0);
     EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
-    std::string path = this->path("start.vsk");
     buildModel("G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; S 2 0 5000 0; E 1 2 1");
-    Apothikefsi_Arxeiou(path, true); // all but the keys that the file does not carry in this order
-    EXPECT_EQ(contentOf(path), contentOf(TEST_DATA "/small.vsk"));
+    EXPECT_EQ(modelText(), contentOf(TEST_DATA "/small.vsk"));
 }
 
 TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
 {
-    EXPECT_TRUE(nai_springs);
-    EXPECT_EQ(xroma_grid, 14737632);
-    EXPECT_EQ(xroma_background, -2147483634.);
     desktop.settingsStore = {
         {"Rithmiseis/nai_grid", "FALSE"}, {"Rithmiseis/nai_miki", "yes"},
         {"Rithmiseis/kannab", "2.5 m"},   {"Rithmiseis/Ena_cm_posa_KN_Q", "0"},
@@ -97,18 +90,13 @@ TEST_F(Store, SettingsComeFromTheUsersStoreAndADamagedOneIsMended)
         {"Rithmiseis/xroma_N", "&H red"}, {"Rithmiseis/xroma_kombon", "blue"},
     };
     Fortosi_Rithmiseon();
-    EXPECT_FALSE(nai_grid);
-    EXPECT_FALSE(nai_miki);
-    EXPECT_EQ(kannab, 2.5F);
-    EXPECT_EQ(Ena_cm_posa_KN_Q, 100);
-    EXPECT_EQ(Ena_cm_posa_KN_N, 100);
-    EXPECT_EQ(dekadika_M, 13);
-    EXPECT_EQ(dekadika_Q, 3);
-    EXPECT_EQ(dekadika_N, 3);
-    EXPECT_EQ(xroma_M, 255);
-    EXPECT_EQ(xroma_Q, 10499638);
-    EXPECT_EQ(xroma_N, 2852397);
-    EXPECT_EQ(xroma_kombon, 16711680);
+    EXPECT_FALSE(nai_grid || nai_miki);
+    EXPECT_EQ((std::vector<double>{kannab, Ena_cm_posa_KN_Q, Ena_cm_posa_KN_N}),
+              (std::vector<double>{2.5, 100, 100}));
+    EXPECT_EQ((std::vector{dekadika_M, dekadika_Q, dekadika_N}),
+              (std::vector<std::int16_t>{13, 3, 3}));
+    EXPECT_EQ((std::vector{xroma_M, xroma_Q, xroma_N, xroma_kombon}),
+              (std::vector<double>{255, 10499638, 2852397, 16711680}));
 }
 
 } // namespace

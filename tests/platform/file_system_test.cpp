@@ -25,9 +25,7 @@ TEST_F(WholeFile, ASecondRunningCopyHasItsScratchFileElsewhere)
     ::close(lock);
     EXPECT_NE(folder, path("other"));
     EXPECT_TRUE(isWritableFolder(folder));
-    struct stat status = {};
-    ::stat(folder.c_str(), &status);
-    EXPECT_EQ(status.st_mode & 0077, 0U);
+    EXPECT_EQ(fs::status(folder).permissions() & fs::perms(077), fs::perms::none);
     EXPECT_EQ(scratchFolder(path("")), path(""));
 }
 
@@ -138,49 +136,34 @@ TEST_F(WholeFile, TheOldFileOrTheNewOneIsThereWithAllItHas)
 }
 
 // As a user who owns the file but may not make new ones beside it; only the superuser can become
-// one.
+// one. In a folder of one's own a rename would get past the protection of the file.
 TEST_F(WholeFile, AFolderThatForbidsNewFilesIsWrittenInPlaceAndAProtectedFileIsNot)
 {
     if (::geteuid() != 0)
         GTEST_SKIP() << "needs the superuser to become another user";
     constexpr uid_t nobody = 65534;
-    for (const char *name : {"mine.vsk", "protected.vsk"})
-        write(path(name), "a longer old content");
-    ASSERT_EQ(::chown(path("mine.vsk").c_str(), nobody, nobody), 0);
-    ::chmod(path("protected.vsk").c_str(), 0644);
-    ::chmod(path("").c_str(), 0755);
-    const std::string folder = path("");
-    EXPECT_EXIT(
-        {
-            if (::setuid(nobody) != 0)
-                std::exit(1);
-            writeWholeFile(folder + "mine.vsk", "new", Durability::onDisk);
-            try {
-                writeWholeFile(folder + "protected.vsk", "new", Durability::onDisk);
-            } catch (const Fault &) {
-                std::exit(7);
-            }
-        },
-        testing::ExitedWithCode(7), "");
-    EXPECT_EQ(contentOf(path("mine.vsk")), "new");
-    EXPECT_EQ(contentOf(path("protected.vsk")), "a longer old content");
-
-    // In a folder of one's own a rename would get past the protection of the file.
     fs::create_directory(path("open"));
-    write(path("open/protected.vsk"), "old");
-    ::chmod(path("open").c_str(), 0777);
-    EXPECT_EXIT(
-        {
+    fs::permissions(path(""), fs::perms(0755));
+    fs::permissions(path("open"), fs::perms(0777));
+    for (const auto &[name, isRefused] :
+         {std::pair{"mine.vsk", false}, {"protected.vsk", true}, {"open/protected.vsk", true}}) {
+        const std::string file = path(name), old = "a longer old content";
+        write(file, old);
+        fs::permissions(file, fs::perms(0644));
+        ASSERT_EQ(::chown(file.c_str(), isRefused ? 0 : nobody, 0), 0);
+        const auto writeAsNobody = [&] {
             if (::setuid(nobody) != 0)
                 std::exit(1);
             try {
-                writeWholeFile(folder + "open/protected.vsk", "new", Durability::onDisk);
+                writeWholeFile(file, "new", Durability::onDisk);
             } catch (const Fault &fault) {
                 std::exit(fault.facts() == "Permission denied" ? 7 : 8);
             }
-        },
-        testing::ExitedWithCode(7), "");
-    EXPECT_EQ(contentOf(path("open/protected.vsk")), "old");
+            std::exit(0);
+        };
+        EXPECT_EXIT(writeAsNobody(), testing::ExitedWithCode(isRefused ? 7 : 0), "") << name;
+        EXPECT_EQ(contentOf(file), isRefused ? old : "new");
+    }
 }
 
 } // namespace

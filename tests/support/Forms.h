@@ -91,7 +91,7 @@ protected:
                 control<QAbstractButton>(name)->click();
             else if (!isCheckable(name))
                 type(name, text);
-            else if (shown(name) != text)
+            else if (valueOf(name) != text)
                 control<QAbstractButton>(name)->click();
             if (enters)
                 pressKey("Return");
@@ -105,7 +105,7 @@ protected:
     }
     /// Of a field its text, of a list its rows, of a check box "x" or "o"; "focus" is the name of
     /// what has it.
-    std::string shown(const std::string &name)
+    std::string valueOf(const std::string &name)
     {
         if (name == "focus")
             return form->focusWidget()->objectName().toStdString();
@@ -125,7 +125,7 @@ protected:
     {
         QStringList texts;
         for (const QString &name : QString::fromStdString(names).split(' ', Qt::SkipEmptyParts))
-            texts << QString::fromStdString(shown(name.toStdString()));
+            texts << QString::fromStdString(valueOf(name.toStdString()));
         return texts.join('|').toStdString();
     }
 

@@ -33,33 +33,22 @@ Element elementOf(int e)
     Element element = {};
     element.ni = static_cast<int>(Stoixeia(e, 1));
     element.nj = static_cast<int>(Stoixeia(e, 2));
-    const float dx = Komboi(element.nj, 1) - Komboi(element.ni, 1);
-    const float dy = Komboi(element.nj, 2) - Komboi(element.ni, 2);
-    const double L = std::sqrt(static_cast<double>(dx) * static_cast<double>(dx)
-                               + static_cast<double>(dy) * static_cast<double>(dy));
-    const double c = static_cast<double>(dx) / L;
-    const double s = static_cast<double>(dy) / L;
-    element.L = L;
-
-    const double T[7][7] = {{},
-                            {0, c, s, 0, 0, 0, 0},
-                            {0, -s, c, 0, 0, 0, 0},
-                            {0, 0, 0, 1, 0, 0, 0},
-                            {0, 0, 0, 0, c, s, 0},
-                            {0, 0, 0, 0, -s, c, 0},
-                            {0, 0, 0, 0, 0, 0, 1}};
-    for (int r = 0; r <= 6; ++r)
-        for (int m = 0; m <= 6; ++m)
-            element.T[r][m] = T[r][m];
+    const double dx = Komboi(element.nj, 1) - Komboi(element.ni, 1); // of Singles
+    const double dy = Komboi(element.nj, 2) - Komboi(element.ni, 2);
+    const double L = element.L = std::sqrt(dx * dx + dy * dy);
+    const double c = dx / L;
+    const double s = dy / L;
+    auto &T = element.T;
+    T[1][1] = T[2][2] = T[4][4] = T[5][5] = c;
+    T[1][2] = T[4][5] = s;
+    T[2][1] = T[5][4] = -s;
+    T[3][3] = T[6][6] = 1;
 
     const int g = static_cast<int>(Stoixeia(e, 3));
-    const double E = Omades(g, 1);
-    const double A = Omades(g, 2);
-    const double I = Omades(g, 3);
-    const double q =
-        -static_cast<double>(Stoixeia(e, 6)) * s + static_cast<double>(Stoixeia(e, 7)) * c;
-    const double n =
-        static_cast<double>(Stoixeia(e, 6)) * c + static_cast<double>(Stoixeia(e, 7)) * s;
+    const double E = Omades(g, 1), A = Omades(g, 2), I = Omades(g, 3);
+    const double wx = Stoixeia(e, 6), wy = Stoixeia(e, 7);
+    const double q = -wx * s + wy * c;
+    const double n = wx * c + wy * s;
     auto &K = element.K;
     K[1][1] = K[4][4] = (A * E) / L;
     K[1][4] = K[4][1] = (-1 * A * E) / L;
@@ -118,47 +107,6 @@ void assemble(const Element &element, Table &whole)
             whole(bj + r, bi + c) += K[r + 3][c];
             whole(bj + r, bj + c) += K[r + 3][c + 3];
         }
-}
-
-void extremes(Results &results)
-{
-    const auto search = [](int count, int ends, auto value, bool largest) {
-        double best = value(1, 0);
-        for (int row = 1; row <= count; ++row)
-            for (int end = 0; end < ends; ++end)
-                if (largest ? value(row, end) > best : value(row, end) < best)
-                    best = value(row, end);
-        return best;
-    };
-    const auto &u = results.displacements;
-    const auto &f = results.endForces;
-    const int nodes = Arithmos_Kombon;
-    const int elements = Arithmos_Stoixeion;
-    int at = 0;
-    for (const int component : {1, 2, 3}) {
-        const auto signedValue = [&](int n, int) { return u(3 * n - 3 + component); };
-        const auto absolute = [&](int n, int) { return std::abs(u(3 * n - 3 + component)); };
-        results.extremes(++at) = search(nodes, 1, absolute, true);
-        results.extremes(++at) = search(nodes, 1, signedValue, true);
-        results.extremes(++at) = search(nodes, 1, signedValue, false);
-        if (component == 2)
-            results.extremes(++at) = search(
-                nodes, 1,
-                [&](int n, int) {
-                    return std::sqrt(u(3 * n - 2) * u(3 * n - 2) + u(3 * n - 1) * u(3 * n - 1));
-                },
-                true);
-    }
-    for (const int component : {3, 2, 1}) {
-        const double atI = component == 2 ? 1 : -1;
-        const auto signedValue = [&](int e, int end) {
-            return (end == 0 ? atI : -atI) * f(e, component + 3 * end);
-        };
-        const auto absolute = [&](int e, int end) { return std::abs(f(e, component + 3 * end)); };
-        results.extremes(++at) = search(elements, 2, absolute, true);
-        results.extremes(++at) = search(elements, 2, signedValue, true);
-        results.extremes(++at) = search(elements, 2, signedValue, false);
-    }
 }
 
 } // namespace
@@ -283,7 +231,6 @@ Results analyse()
     for (int n = 1; n <= Arithmos_Kombon; ++n)
         for (int k = 1; k <= 3; ++k)
             results.reactions(n, k) -= Komboi(n, k + 5);
-    extremes(results);
     // At the end every working table is released and created once more.
     for (Table *table : {&whole, &permuted, &fs, &sf, &ss})
         *table = Table(600, 600);

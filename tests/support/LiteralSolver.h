@@ -26,7 +26,6 @@ public:
     {
         return const_cast<Table &>(*this)(row, column);
     }
-    const std::vector<double> &cells() const { return cells_; }
 
 private:
     int columns_;
@@ -43,7 +42,6 @@ struct Results
     Table displacements{600};
     Table endForces{300, 6};
     Table reactions{200, 3};
-    Table extremes{19};
 };
 
 /// One element; rows and columns from 1. `fixedEnd` in global axes.

@@ -16,7 +16,9 @@ double Expectation::found() const
     case 'u':
         return Metatopiseis(freedomOf(row, column));
     case 'r':
-        return Antidraseis(row, column);
+        return Komboi(row, node::fixedX - 1 + column) == 1
+                   ? Antidraseis(row, column)
+                   : -Elatiria(row, column) * Metatopiseis(freedomOf(row, column));
     default:
         return Entasi_Topiki(row, column);
     }
@@ -81,8 +83,9 @@ std::vector<Expectation> buildModel(const std::string &text)
                 Elatiria(n, 2) = static_cast<float>(c);
                 Elatiria(n, 3) = static_cast<float>(d);
             } else if (kind == "=") {
-                in >> code >> a >> b >> c;
-                expectations.push_back({code.at(0), static_cast<int>(a), static_cast<int>(b), c});
+                Expectation expected;
+                in >> expected.table >> expected.row >> expected.column >> expected.value;
+                expectations.push_back(expected);
             }
         }
     }

@@ -8,12 +8,13 @@
 
 namespace veskora {
 
-/// An expected value of a model text: table 'u' displacements, 'r' reactions, 'f' end forces.
+/// An expected value of a model text: table 'u' displacements, 'r' reactions and forces of springs,
+/// 'f' end forces.
 struct Expectation
 {
     char table;
     int row, column;
-    double value;
+    std::string value; ///< as written
 
     double found() const; ///< what the result tables hold there
 };

@@ -234,7 +234,7 @@ TEST_F(Boxes, FileDialogsOfferTheFiltersAndTellWhichOneWasTaken)
                auto *filters = control<QComboBox>("fileTypeCombo");
                EXPECT_EQ(filters->itemText(0), "SVG files (*.svg)");
                EXPECT_EQ(filters->itemText(1), "All files (*)");
-               EXPECT_EQ(shown("fileNameEdit"), "a");
+               EXPECT_EQ(valueOf("fileNameEdit"), "a");
                filters->setCurrentIndex(1);
                qobject_cast<QFileDialog *>(form)->selectNameFilter("All files (*)");
                act("@fileNameEdit [Return]");

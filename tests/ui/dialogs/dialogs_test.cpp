@@ -89,7 +89,7 @@ protected:
         (this->*fill)(0, [&] {
             act(acts + " SSCommand3");
             EXPECT_TRUE(form->isVisible());
-            EXPECT_EQ(shown("focus"), focus);
+            EXPECT_EQ(valueOf("focus"), focus);
             EXPECT_EQ(line(focus)->selectedText(), line(focus)->text());
         });
         EXPECT_THAT(logged(), ElementsAre("red " + says));
@@ -357,7 +357,7 @@ TEST_F(Dialogs, ATypedNumberIsTakenOverOnLeavingTheList)
     const auto letterOfCheck = [this] {
         const QString letter = control<QAbstractButton>("SSCheck2")->text().section('&', 1).left(1);
         pressKey("Alt+" + letter);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return shown("SSCheck2") == "o"; }));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return valueOf("SSCheck2") == "o"; }));
         act("SSCheck2");
     };
     // Apply and Delete show the row and do no more.
@@ -446,7 +446,7 @@ TEST_F(Dialogs, EnterGoesFromFieldToFieldAndEscapeCloses)
     const auto walk = [&](std::initializer_list<const char *> fields) {
         for (const auto *field = fields.begin(); field + 1 != fields.end(); ++field) {
             act("@" + std::string(*field) + " [Return]");
-            EXPECT_EQ(shown("focus"), field[1]) << *field;
+            EXPECT_EQ(valueOf("focus"), field[1]) << *field;
         }
     };
     in<frmKomboi>(0, [&] {
@@ -514,12 +514,12 @@ TEST_F(Dialogs, MoveNodes)
         EXPECT_EQ(model(), moved);
         EXPECT_TRUE(Allagi_Montelou);
         does({"", "focus Note", "Combo1|Moved nodes: #2 to #3, dx=0.5, dy=0"});
-        EXPECT_EQ(control("Combo1")->accessibleDescription().toStdString(), shown("Note"));
+        EXPECT_EQ(control("Combo1")->accessibleDescription().toStdString(), valueOf("Note"));
         does({"[Return]", "focus", "Combo2"}); // only goes on
         auto *moment = control<QTimer>("NoteTimer");
         moment->start(0);
         QSignalSpy(moment, &QTimer::timeout).wait();
-        EXPECT_EQ(shown("Note") + control("Combo1")->accessibleDescription().toStdString(), "");
+        EXPECT_EQ(valueOf("Note") + control("Combo1")->accessibleDescription().toStdString(), "");
         // Nothing to do, nothing to say; and no node stands between them.
         act("Text1=0.0 SSCommand3 Combo1=3 Combo2=2 Text2=1 SSCommand3");
     });

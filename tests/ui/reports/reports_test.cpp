@@ -107,7 +107,7 @@ TEST_F(Reports, TheFormOfTheCalculationRemembersAndWritesUnlessCancelled)
     });
     EXPECT_THAT(desktop.fileQuestions.back().proposed, EndsWith("/small_report.pdf"));
     open([&] {
-        EXPECT_EQ(shown("ReportTitle"), "Halle");
+        EXPECT_EQ(valueOf("ReportTitle"), "Halle");
         EXPECT_EQ(control<QComboBox>("ReportPaper")->currentText(), "Letter");
         EXPECT_EQ(control<QComboBox>("ReportDigits")->currentText(), "all");
         desktop.expectFileDialog(file);

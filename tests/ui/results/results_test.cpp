@@ -118,7 +118,7 @@ protected:
                    const char *boxes = "Check1 Check2 Check3 Check4";
                    asked = form->windowTitle().toStdString() + ": " + shownIn(boxes);
                    EXPECT_EQ(Anafora, "");
-                   EXPECT_EQ(shown("focus"), "Check1");
+                   EXPECT_EQ(valueOf("focus"), "Check1");
                    for (std::size_t box = 0; box < answer.size(); ++box)
                        act("Check" + std::to_string(box + 1) + "=" + answer[box]);
                    QTest::keyClick(form, answer.empty() ? Qt::Key_Escape : Qt::Key_Return);

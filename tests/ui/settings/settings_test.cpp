@@ -296,7 +296,7 @@ TEST_F(Settings, TypedNumbersAreTestedInTheirOrder)
                 desktop.expectMessage(says);
                 act(button);
                 EXPECT_EQ(tabs->currentIndex(), page) << says;
-                EXPECT_EQ(shown("focus"), field) << says;
+                EXPECT_EQ(valueOf("focus"), field) << says;
                 EXPECT_EQ(line(field)->selectedText(), line(field)->text());
                 EXPECT_EQ(log().last().toStdString(), " " + says);
             }
@@ -324,7 +324,7 @@ TEST_F(Settings, ChecksGovernTheirFields)
     for (const auto &[check, field] : governed)
         withOptions([&, check = check, field = field] {
             for (int time = 0; time < 2; ++time) {
-                EXPECT_EQ(control(field)->isEnabled(), shown(check) == "x") << field;
+                EXPECT_EQ(control(field)->isEnabled(), valueOf(check) == "x") << field;
                 act(check);
             }
         });
@@ -334,7 +334,7 @@ TEST_F(Settings, ChecksGovernTheirFields)
         control<QLineEdit>("Text7")->setText("no");
         desktop.expectMessage("The value given for grid is unacceptable.");
         act("SSCommand3");
-        EXPECT_EQ(shown("focus"), "Check2");
+        EXPECT_EQ(valueOf("focus"), "Check2");
     });
     // A direction's picture follows it.
     withOptions([&] {
@@ -345,7 +345,7 @@ TEST_F(Settings, ChecksGovernTheirFields)
                 act(name);
             }
             EXPECT_EQ(pictures.size(), 2U);
-            EXPECT_EQ(shown(name), "x");
+            EXPECT_EQ(valueOf(name), "x");
         }
     });
 }
