@@ -17,6 +17,8 @@ RATIOS = [
     ("batch_files/limit", "batch_model/limit"),
     ("batch_jobs_1/limit", "batch_jobs_2/limit"),
 ]
+for view in ("model", "M", "Q", "N", "D"):
+    RATIOS += [(f"picture_{view}/limit", f"picture_{view}_{other}/limit") for other in ("plain", "floor")]
 
 with open(sys.argv[1], encoding="utf-8") as file:
     rows = json.load(file)["benchmarks"]
@@ -26,4 +28,4 @@ for name, time in median.items():
     print(f"{name:32}{time:12.1f} us")
 print()
 for slow, fast in RATIOS:
-    print(f"{slow + ' : ' + fast:60}{median[slow] / median[fast]:8.1f}")
+    print(f"{slow + ' : ' + fast:60}{median[slow] / median[fast]:8.2f}")

@@ -45,6 +45,8 @@ struct RotatedFont
     bool italic = false;
     bool underline = false;
     bool strikeout = false;
+
+    bool operator==(const RotatedFont &) const = default;
 };
 
 class Kanvas

@@ -94,8 +94,12 @@ std::vector<Expectation> buildModel(const std::string &text)
 
 void buildStoreyFrame()
 {
+    buildStoreys(25);
+}
+
+void buildStoreys(int levels)
+{
     constexpr int lines = 8;
-    constexpr int levels = 25;
     Katharismos_Montelou();
     putGroup(3e7, 0.24, 0.0072);
     putGroup(3e7, 0.18, 0.0054);

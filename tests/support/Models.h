@@ -36,6 +36,9 @@ int putGroup(double E, double A, double I);
 /// 108 beams, numbered storey by storey.
 void buildStoreyFrame();
 
+/// One of fewer storeys; the ground is one of the levels.
+void buildStoreys(int levels);
+
 /// Numbers the nodes of the store anew at random; elements follow.
 void shuffleNodes(std::mt19937 &random);
 

@@ -53,11 +53,13 @@ void ImageKanvas::open()
     const QSize devicePixels(std::max(1, static_cast<int>(std::ceil(size_.width() * scale_))),
                              std::max(1, static_cast<int>(std::ceil(size_.height() * scale_))));
     image_ = QImage(devicePixels, QImage::Format_RGB32);
+    rows_ = reinterpret_cast<QRgb *>(image_.bits()); // painter and canvas write to the same
     painter_ = std::make_unique<QPainter>(&image_);
     painter_->setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    applyPen();
+    changePen();
+    dots_ = {};
     applyFont();
-    rotatedAscent_ = 0; // made anew for the new scale
+    rotated_.reset();
 }
 
 double ImageKanvas::width() const
@@ -96,7 +98,7 @@ QPointF ImageKanvas::alignedPoint(double x, double y) const
     return {aligned(x), aligned(y)};
 }
 
-void ImageKanvas::applyPen()
+QPen ImageKanvas::pen() const
 {
     QPen pen(penColour_, penPixels());
     pen.setCapStyle(Qt::FlatCap);
@@ -105,37 +107,52 @@ void ImageKanvas::applyPen()
         pen.setDashPattern({1, 2});
         pen.setCosmetic(true);
     }
-    painter_->setPen(pen);
+    return pen;
 }
 
-void ImageKanvas::setCap(Qt::PenCapStyle cap)
+void ImageKanvas::takePen(Qt::PenCapStyle cap)
 {
-    if (penStyle_ == PenStyle::dotted || painter_->pen().capStyle() == cap)
+    if (isPenTaken_ && painter_->pen().capStyle() == cap)
         return;
-    QPen pen = painter_->pen();
-    pen.setCapStyle(cap);
-    painter_->setPen(pen);
+    QPen wanted = pen();
+    wanted.setCapStyle(cap);
+    painter_->setPen(wanted);
+    isPenTaken_ = true;
+}
+
+void ImageKanvas::takeFill(const QBrush &brush)
+{
+    if (painter_->brush() != brush)
+        painter_->setBrush(brush);
+}
+
+void ImageKanvas::changePen()
+{
+    isPenTaken_ = false;
+    cap_ = Qt::FlatCap;
 }
 
 void ImageKanvas::applyFont()
 {
     constexpr double pixelsPerPoint = 96.0 / 72;
-    font_ = QFont(QString::fromLatin1(canvasFontFace));
-    font_.setStyleHint(QFont::SansSerif);
-    font_.setBold(fontBold_);
-    font_.setPixelSize(std::max(
-        1, static_cast<int>(std::lround(fontSize_ * pixelsPerPoint * scale_ * textScale_))));
-    painter_->setFont(font_);
-    const QFontMetricsF metrics(font_);
-    ascent_ = metrics.ascent();
-    lineHeight_ = metrics.ascent() + metrics.descent();
+    const int pixels = std::max(
+        1, static_cast<int>(std::lround(fontSize_ * pixelsPerPoint * scale_ * textScale_)));
+    constexpr std::size_t mostFonts = 8; // a picture has three
+    const std::pair key(pixels, fontBold_);
+    if (texts_.size() >= mostFonts && !texts_.contains(key))
+        texts_.clear();
+    QFont font(QString::fromLatin1(canvasFontFace));
+    font.setStyleHint(QFont::SansSerif);
+    font.setBold(fontBold_);
+    font.setPixelSize(pixels);
+    text_ = &texts_.try_emplace(key, font).first->second;
 }
 
 void ImageKanvas::setTextScale(double factor)
 {
     textScale_ = factor;
     applyFont();
-    rotatedAscent_ = 0; // made anew for the new size
+    rotated_.reset(); // made anew in the new size
 }
 
 void ImageKanvas::setBackground(double word)
@@ -149,7 +166,7 @@ void ImageKanvas::setPenColour(double word)
     if (wanted == penColour_)
         return;
     penColour_ = wanted;
-    applyPen();
+    changePen();
 }
 
 void ImageKanvas::setPenWidth(int devicePixels)
@@ -157,7 +174,7 @@ void ImageKanvas::setPenWidth(int devicePixels)
     if (devicePixels == penWidth_)
         return;
     penWidth_ = devicePixels;
-    applyPen();
+    changePen();
 }
 
 void ImageKanvas::setPenStyle(PenStyle style)
@@ -165,7 +182,7 @@ void ImageKanvas::setPenStyle(PenStyle style)
     if (style == penStyle_)
         return;
     penStyle_ = style;
-    applyPen();
+    changePen();
 }
 
 void ImageKanvas::setFillOn(bool on)
@@ -206,17 +223,76 @@ void ImageKanvas::doLine(float x1, float y1, float x2, float y2)
     // An upright or level line is put on whole pixels and needs no smoothing; dots want none.
     const bool upright = std::abs(from.x() - to.x()) < straight;
     const bool level = std::abs(from.y() - to.y()) < straight;
-    const bool onPixels = upright || level || penStyle_ == PenStyle::dotted;
+    const bool isDotted = penStyle_ == PenStyle::dotted;
+    const bool onPixels = upright || level || isDotted;
     if (onPixels) {
         from = alignedPoint(x1, y1);
         to = alignedPoint(upright ? x1 : x2, level ? y1 : y2);
     }
     if (!clip(from, to))
         return;
-    setCap(onPixels ? Qt::SquareCap : Qt::FlatCap);
+    if (!isDotted)
+        cap_ = onPixels ? Qt::SquareCap : Qt::FlatCap;
+    if (onPixels && from != to && (!isDotted || upright || level))
+        return isDotted ? drawDots(from, to) : drawOnPixels(from, to);
+    takePen(isDotted ? Qt::FlatCap : cap_);
     painter_->setRenderHint(QPainter::Antialiasing, !onPixels);
     painter_->drawLine(from, to);
     painter_->setRenderHint(QPainter::Antialiasing, true);
+}
+
+void ImageKanvas::drawOnPixels(const QPointF &from, const QPointF &to)
+{
+    const double half = penPixels() / 2.0;
+    const QMarginsF ends(half, half, half, half);
+    colour((QRectF(from, to).normalized() + ends).toRect());
+}
+
+void ImageKanvas::colour(const QRect &pixels)
+{
+    const QRect seen = pixels & image_.rect();
+    const QRgb colour = penColour_.rgb();
+    for (int y = seen.top(); y <= seen.bottom(); ++y)
+        std::fill_n(rows_ + static_cast<std::ptrdiff_t>(y) * image_.width() + seen.left(),
+                    seen.width(), colour);
+}
+
+void ImageKanvas::drawDots(const QPointF &from, const QPointF &to)
+{
+    const bool isLevel = from.y() == to.y();
+    const std::ptrdiff_t row = image_.width(), along = isLevel ? 1 : row,
+                         across = isLevel ? row : 1;
+    const int side = isLevel ? image_.height() : image_.width();
+    const int first = static_cast<int>((isLevel ? from.y() : from.x()) - penPixels() / 2.0);
+    const Dots &alike = isLevel ? dots(from.x(), to.x(), true) : dots(from.y(), to.y(), false);
+    const QRgb colour = penColour_.rgb();
+    for (int k = std::max(first, 0); k < std::min(first + penPixels(), side); ++k)
+        for (const int place : alike.inked)
+            rows_[place * along + k * across] = colour;
+}
+
+/// The painter's own, taken from one such line.
+const ImageKanvas::Dots &ImageKanvas::dots(double from, double to, bool isLevel)
+{
+    const int width = penPixels();
+    if (dots_.from == from && dots_.to == to && dots_.isLevel == isLevel && dots_.width == width)
+        return dots_;
+    dots_ = {from, to, isLevel, width, {}};
+    QImage line(isLevel ? QSize(image_.width(), width) : QSize(width, image_.height()),
+                QImage::Format_RGB32);
+    line.fill(Qt::black);
+    QPainter painter(&line);
+    QPen white = pen();
+    white.setColor(Qt::white);
+    painter.setPen(white);
+    const double middle = width / 2.0;
+    painter.drawLine(isLevel ? QLineF(from, middle, to, middle) : QLineF(middle, from, middle, to));
+    painter.end();
+    const int length = isLevel ? line.width() : line.height();
+    for (int place = 0; place < length; ++place)
+        if (qRed(isLevel ? line.pixel(place, 0) : line.pixel(0, place)) != 0)
+            dots_.inked.push_back(place);
+    return dots_;
 }
 
 void ImageKanvas::doPolyline(std::span<const Point> places)
@@ -229,12 +305,16 @@ void ImageKanvas::doPolyline(std::span<const Point> places)
         return doLine(static_cast<float>(left.x), static_cast<float>(top.y),
                       static_cast<float>(right.x), static_cast<float>(bottom.y));
     QPolygonF line;
-    for (const Point &place : places)
-        line << QPointF(device(place.x), device(place.y));
-    QPen pen = painter_->pen();
-    pen.setCapStyle(Qt::RoundCap); // elements that meet at an angle close the corner
-    pen.setJoinStyle(Qt::MiterJoin);
-    painter_->strokePath(clippedCurve(line), pen);
+    for (const Point &place : places) {
+        const QPointF at(device(place.x), device(place.y));
+        if (line.isEmpty() || at != line.back()) // a way of no length would have ends
+            line << at;
+    }
+    takePen(Qt::RoundCap); // elements that meet at an angle close the corner
+    if (QRectF(image_.rect()).contains(line.boundingRect()))
+        painter_->drawPolyline(line);
+    else
+        painter_->strokePath(clippedCurve(line), painter_->pen());
 }
 
 void ImageKanvas::doPoint(float x, float y)
@@ -243,11 +323,10 @@ void ImageKanvas::doPoint(float x, float y)
     const QPointF centre = alignedPoint(x, y);
     if (!reaches(image_.size(), centre, side))
         return;
-    painter_->save();
     painter_->setPen(Qt::NoPen);
-    painter_->setBrush(penColour_);
+    isPenTaken_ = false;
+    takeFill(penColour_);
     painter_->drawEllipse(centre, side / 2, side / 2);
-    painter_->restore();
 }
 
 void ImageKanvas::doCircle(float x, float y, float radius)
@@ -256,9 +335,9 @@ void ImageKanvas::doCircle(float x, float y, float radius)
     const double deviceRadius = device(radius);
     if (!reaches(image_.size(), centre, deviceRadius))
         return;
-    painter_->setBrush(fillOn_ ? QBrush(fillColour_) : QBrush(Qt::NoBrush));
+    takePen(cap_);
+    takeFill(fillOn_ ? QBrush(fillColour_) : QBrush(Qt::NoBrush));
     painter_->drawEllipse(centre, deviceRadius, deviceRadius);
-    painter_->setBrush(Qt::NoBrush);
 }
 
 void ImageKanvas::doArc(float x, float y, float radius, double start, double end)
@@ -270,9 +349,21 @@ void ImageKanvas::doArc(float x, float y, float radius, double start, double end
         return;
     const QRectF square(device(x) - deviceRadius, device(y) - deviceRadius, 2 * deviceRadius,
                         2 * deviceRadius);
+    takePen(cap_);
     painter_->drawArc(square,
                       static_cast<int>(std::lround(std::fmod(start, whole) * stepsPerRadian)),
                       static_cast<int>(std::lround(arcSpan(start, end) * stepsPerRadian)));
+}
+
+void ImageKanvas::drawLevel(ReadyTexts &texts, const std::string &text, const QPointF &place)
+{
+    takePen(painter_->pen().capStyle());
+    if (texts.font().underline() || texts.font().strikeOut()) { // lines that no glyph has
+        painter_->setFont(texts.font());
+        return painter_->drawText(place, QString::fromStdString(text));
+    }
+    for (const QGlyphRun &glyphs : texts.level(text))
+        painter_->drawGlyphRun(place, glyphs);
 }
 
 void ImageKanvas::doPrint(const std::string &text, float x, float y)
@@ -280,34 +371,30 @@ void ImageKanvas::doPrint(const std::string &text, float x, float y)
     // Text is never higher than a few lines nor longer than the widest of screens.
     if (device(y) > image_.height() || device(y) < -farOutside || std::abs(device(x)) > farOutside)
         return;
-    const QPointF place(std::round(device(x)), std::round(device(y) + ascent_));
-    painter_->drawText(place, QString::fromStdString(text));
+    drawLevel(*text_, text,
+              QPointF(std::round(device(x)), std::round(device(y) + text_->ascent())));
 }
 
-const QFont &ImageKanvas::rotatedFont(const RotatedFont &font)
+ReadyTexts &ImageKanvas::rotatedTexts(const RotatedFont &font)
 {
-    const bool same = font.face == rotatedKey_.face && font.height == rotatedKey_.height
-                      && font.weight == rotatedKey_.weight && font.italic == rotatedKey_.italic
-                      && font.underline == rotatedKey_.underline
-                      && font.strikeout == rotatedKey_.strikeout && rotatedAscent_ > 0;
-    if (same)
-        return rotated_;
+    if (rotated_ && font == rotatedKey_)
+        return *rotated_;
     rotatedKey_ = font;
-    rotated_ = QFont(QString::fromStdString(font.face));
-    rotated_.setStyleHint(QFont::SansSerif);
-    rotated_.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight, 1, 1000)));
-    rotated_.setItalic(font.italic);
-    rotated_.setUnderline(font.underline);
-    rotated_.setStrikeOut(font.strikeout);
+    QFont made(QString::fromStdString(font.face));
+    made.setStyleHint(QFont::SansSerif);
+    made.setWeight(static_cast<QFont::Weight>(std::clamp(font.weight, 1, 1000)));
+    made.setItalic(font.italic);
+    made.setUnderline(font.underline);
+    made.setStrikeOut(font.strikeout);
     // The height is that of ascent and descent together, not of the letter M.
     constexpr int probe = 100;
-    rotated_.setPixelSize(probe);
-    const QFontMetricsF large(rotated_);
+    made.setPixelSize(probe);
+    const QFontMetricsF large(made);
     const double ratio = probe / (large.ascent() + large.descent());
-    rotated_.setPixelSize(
+    made.setPixelSize(
         std::max(1, static_cast<int>(std::lround(font.height * scale_ * textScale_ * ratio))));
-    rotatedAscent_ = QFontMetricsF(rotated_).ascent();
-    return rotated_;
+    rotated_ = std::make_unique<ReadyTexts>(made);
+    return *rotated_;
 }
 
 void ImageKanvas::doPrintRotated(const std::string &text, float x, float y, const RotatedFont &font,
@@ -316,41 +403,25 @@ void ImageKanvas::doPrintRotated(const std::string &text, float x, float y, cons
     constexpr double reach = 2000; // device pixels, longer than any label
     if (text.empty() || !reaches(image_.size(), QPointF(device(x), device(y)), reach))
         return;
-    painter_->setFont(rotatedFont(font));
-    painter_->translate(std::round(device(x)), std::round(device(y)));
-    const QString shown = QString::fromStdString(text);
+    ReadyTexts &texts = rotatedTexts(font);
+    const QPointF place(std::round(device(x)), std::round(device(y)));
     const int turn = angle % 3600;
-    if (turn == 900 || turn == 2700)
-        printQuarterTurned(shown, -turn / 10);
-    else {
-        painter_->rotate(-turn / 10.0);
-        painter_->drawText(QPointF(0, std::round(rotatedAscent_)), shown);
+    const QPointF baseLine(0, std::round(texts.ascent()));
+    if (turn == 900 || turn == 2700) {
+        const QImage &image = texts.quarterTurned(text, -turn / 10, penColour_);
+        const QPointF corner =
+            turn == 900 ? QPointF(0, -image.height()) : QPointF(-image.width(), 0);
+        return painter_->drawImage(place + corner, image);
     }
+    painter_->translate(place);
+    painter_->rotate(-turn / 10.0);
+    drawLevel(texts, text, baseLine);
     painter_->resetTransform();
-    painter_->setFont(font_);
-}
-
-/// Turns the pixels of level text, as glyphs that are turned themselves are not put on whole ones.
-void ImageKanvas::printQuarterTurned(const QString &text, int degrees)
-{
-    const QFontMetricsF metrics(rotated_);
-    QImage level(static_cast<int>(std::ceil(metrics.horizontalAdvance(text))),
-                 static_cast<int>(std::ceil(metrics.height())),
-                 QImage::Format_ARGB32_Premultiplied);
-    level.fill(Qt::transparent);
-    QPainter painter(&level);
-    painter.setFont(rotated_);
-    painter.setPen(penColour_);
-    painter.drawText(QPointF(0, std::round(rotatedAscent_)), text);
-    painter.end();
-    QTransform turn;
-    turn.rotate(degrees);
-    painter_->drawImage(turn.mapRect(QRectF(level.rect())).topLeft(), level.transformed(turn));
 }
 
 double ImageKanvas::lineAdvance() const
 {
-    return lineHeight_ / scale_ / pixelsPerCentimetre;
+    return text_->lineHeight() / scale_ / pixelsPerCentimetre;
 }
 
 } // namespace veskora

@@ -3,16 +3,19 @@
 /// The drawing surface as a retained image at the screen's device pixels.
 
 #include "Kanvas.h"
+#include "ReadyTexts.h"
 
-#include <QBrush>
 #include <QColor>
-#include <QFont>
 #include <QImage>
 #include <QPainter>
 #include <QPen>
+#include <QRect>
 #include <QSize>
 
+#include <map>
 #include <memory>
+#include <utility>
+#include <vector>
 
 namespace veskora {
 
@@ -67,22 +70,41 @@ protected:
 
 private:
     void open();
-    void applyPen();
-    void setCap(Qt::PenCapStyle cap);
+    QPen pen() const;
+    /// Has the painter draw in the pen in force, its lines ended so.
+    void takePen(Qt::PenCapStyle cap);
+    void takeFill(const QBrush &brush);
+    /// A pen that changes ends its next line flat.
+    void changePen();
     void applyFont();
     double device(double centimetres) const;
     /// The nearest place where a line of the pen's width covers whole device pixels.
     double aligned(double centimetres) const;
     QPointF alignedPoint(double x, double y) const;
     int penPixels() const;
-    const QFont &rotatedFont(const RotatedFont &font);
-    /// At the painter's origin.
-    void printQuarterTurned(const QString &text, int degrees);
+    /// Colours whole pixels without the painter, whose way to a single line is long.
+    void colour(const QRect &pixels);
+    /// A solid line along a row or a column of pixels.
+    void drawOnPixels(const QPointF &from, const QPointF &to);
+    /// A dotted one; grids have many that are dotted alike.
+    void drawDots(const QPointF &from, const QPointF &to);
+    struct Dots
+    {
+        double from, to; ///< along the line
+        bool isLevel;
+        int width;
+        std::vector<int> inked; ///< places along the image
+    };
+    const Dots &dots(double from, double to, bool isLevel);
+    ReadyTexts &rotatedTexts(const RotatedFont &font);
+    /// With the beginning of its base line at a place of whole pixels.
+    void drawLevel(ReadyTexts &texts, const std::string &text, const QPointF &place);
 
     QSize size_;
     double scale_;
     double textScale_ = 1;
     QImage image_;
+    QRgb *rows_ = nullptr; ///< of the image, without gaps
     std::unique_ptr<QPainter> painter_;
 
     QColor background_ = Qt::white;
@@ -93,12 +115,16 @@ private:
     QColor fillColour_ = Qt::white;
     int fontSize_ = 9;
     bool fontBold_ = false;
-    QFont font_;
-    double ascent_ = 0;     ///< of the font, device pixels
-    double lineHeight_ = 0; ///< of the font, device pixels
+
+    bool isPenTaken_ = false;           ///< by the painter
+    Qt::PenCapStyle cap_ = Qt::FlatCap; ///< of the last line; an arc takes it over
+    Dots dots_{};
+
+    /// By pixel size and boldness, and the one in force.
+    std::map<std::pair<int, bool>, ReadyTexts> texts_;
+    ReadyTexts *text_ = nullptr;
     RotatedFont rotatedKey_{};
-    QFont rotated_;
-    double rotatedAscent_ = 0;
+    std::unique_ptr<ReadyTexts> rotated_;
 };
 
 } // namespace veskora
