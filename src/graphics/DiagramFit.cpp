@@ -73,10 +73,12 @@ bool fitDiagramScale(double longest, const EdgeRoom &room)
     if (greatest < negligible * reference(greatest) || !std::isnormal(static_cast<float>(finest)))
         return false;
     constexpr double coarsest = 100;
-    for (double scale = finest; scale <= coarsest * finest; scale = roundedUp(1.5 * scale)) {
+    double scale = finest;
+    while (scale <= coarsest * finest) {
         shown->setting = static_cast<float>(scale);
         if (!isDiagramCut(room))
             return true;
+        scale = roundedUp(1.5 * scale);
     }
     shown->setting = static_cast<float>(finest); // what leaves the canvas is to be read at least
     return true;

@@ -15,6 +15,7 @@ template <typename T>
 bool haveSameBytes(const T &a, const T &b)
 {
     static_assert(std::is_trivially_copyable_v<T>);
+    // NOLINTNEXTLINE(bugprone-suspicious-memory-comparison): the bits are meant, of -0 and NaN too
     return std::memcmp(&a, &b, sizeof a) == 0;
 }
 

@@ -50,6 +50,7 @@ public:
     constexpr DoubleDouble &operator/=(DoubleDouble b) { return *this = *this / b; }
 
     /// The high parts decide, as a low part is at most half a unit of their last place.
+    // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy 14 takes its own 0 for a pointer
     friend constexpr auto operator<=>(const DoubleDouble &, const DoubleDouble &) = default;
 
     friend constexpr DoubleDouble abs(DoubleDouble a) { return a.high_ < 0 ? -a : a; }

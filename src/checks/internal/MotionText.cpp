@@ -20,6 +20,7 @@ constexpr std::size_t largestMovers = 8; ///< of a linkage, in its title
 std::vector<int> nodesOf(const std::vector<Motion::Move> &moves)
 {
     std::vector<int> nodes;
+    nodes.reserve(moves.size());
     for (const Motion::Move &move : moves)
         nodes.push_back(move.node);
     std::ranges::sort(nodes);

@@ -164,6 +164,7 @@ std::string elementsText(const std::vector<int> &elements);
 std::vector<Cell> cellsOf(const auto &lines)
 {
     std::vector<Cell> cells;
+    cells.reserve(lines.size());
     for (const Line &line : lines)
         cells.push_back({line});
     return cells;
