@@ -124,6 +124,20 @@ void eigenSparse(benchmark::State &state, Numbering numbering)
     }
 }
 
+void analysisOfStoreys(benchmark::State &state, int levels)
+{
+    const BenchDesktop desktop;
+    buildStoreys(levels);
+    for (auto _ : state)
+        Epilisi();
+}
+BENCHMARK_CAPTURE(analysisOfStoreys, small, 7)
+    ->Name("analysis/56_nodes")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(analysisOfStoreys, medium, 13)
+    ->Name("analysis/104_nodes")
+    ->Unit(benchmark::kMicrosecond);
+
 const bool registered = [] {
     struct Entry
     {

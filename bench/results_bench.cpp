@@ -11,10 +11,10 @@
 namespace veskora {
 namespace {
 
-void resultsWindow(benchmark::State &state)
+void resultsWindow(benchmark::State &state, int levels)
 {
     const BenchDesktop desktop;
-    buildStoreyFrame();
+    buildStoreys(levels);
     Epilisi();
     for (auto _ : state) {
         ResultsPlace place;
@@ -25,7 +25,15 @@ void resultsWindow(benchmark::State &state)
     }
 }
 
-BENCHMARK(resultsWindow)->Name("results_window/limit")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(resultsWindow, small, 7)
+    ->Name("results_window/56_nodes")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(resultsWindow, medium, 13)
+    ->Name("results_window/104_nodes")
+    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(resultsWindow, limit, 25)
+    ->Name("results_window/limit")
+    ->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace veskora

@@ -13,6 +13,9 @@
 #include <benchmark/benchmark.h>
 
 #include <QAction>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -21,6 +24,9 @@
 
 namespace veskora {
 namespace {
+
+const QString bareWindow =
+    "--bare"; ///< in place of a model: one with a menu and a text, and no more
 
 void startOf(benchmark::State &state, const QString &model)
 {
@@ -45,6 +51,10 @@ void startOf(benchmark::State &state, const QString &model)
             return state.SkipWithError("no window");
 }
 
+BENCHMARK_CAPTURE(startOf, toolkit, bareWindow)
+    ->Name("start/toolkit")
+    ->Unit(benchmark::kMicrosecond)
+    ->UseRealTime();
 BENCHMARK_CAPTURE(startOf, window, QString())
     ->Name("start/window")
     ->Unit(benchmark::kMicrosecond)
@@ -59,6 +69,16 @@ BENCHMARK_CAPTURE(startOf, limit, QString(EXAMPLES "/limit.vsk"))
 int windowSession(int argc, char **argv)
 {
     Application application(argc, argv);
+    const QString model = Application::arguments().value(2);
+    if (model == bareWindow) {
+        QMainWindow window;
+        window.menuBar()->addMenu("File");
+        QLabel text("text", &window);
+        PaintedOnce start(window);
+        window.show();
+        start.wait();
+        std::_Exit(EXIT_SUCCESS);
+    }
     std::setlocale(LC_NUMERIC, "C");
     resetStore();
     QtDesktop desktop;
@@ -66,7 +86,6 @@ int windowSession(int argc, char **argv)
     desktop.storeSetting("Startup", "ShowForm", "0");
     frmMain window;
     desktop.attach(&window);
-    const QString model = Application::arguments().value(2);
     auto *canvas = window.findChild<QWidget *>("Picture1");
     PaintedOnce start(*canvas);
     window.start(model);

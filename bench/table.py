@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Prints the medians of a Google Benchmark result file, and the ratios that matter."""
 import json
+import re
 import sys
 
 RATIOS = [
@@ -13,6 +14,8 @@ RATIOS = [
     ("undo/limit", "picture_model/limit"),
     ("quick_test/limit", "analysis/storey"),
     ("check/limit", "analysis/storey"),
+    ("start/window", "start/toolkit"),
+    ("start/file_analysis_M/limit", "start/window"),
     ("batch_process/limit", "batch_model/limit"),
     ("batch_files/limit", "batch_model/limit"),
     ("batch_jobs_1/limit", "batch_jobs_2/limit"),
@@ -22,7 +25,8 @@ for view in ("model", "M", "Q", "N", "D"):
 
 with open(sys.argv[1], encoding="utf-8") as file:
     rows = json.load(file)["benchmarks"]
-median = {row["run_name"].removesuffix("/manual_time"): row["real_time"] for row in rows if row.get("aggregate_name") == "median"}
+median = {re.sub("/(manual|real)_time$", "", row["run_name"]): row["real_time"]
+          for row in rows if row.get("aggregate_name") == "median"}
 
 for name, time in median.items():
     print(f"{name:32}{time:12.1f} us")
