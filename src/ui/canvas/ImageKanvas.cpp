@@ -34,7 +34,7 @@ bool writeImage(const QImage &image, const QString &path, const char *format)
 ImageKanvas::ImageKanvas(QSize size, double scale) : size_(size), scale_(scale)
 {
     open();
-    doClear();
+    ImageKanvas::doClear(); // by name: what derives from it does not stand yet
 }
 
 ImageKanvas::~ImageKanvas() = default;
