@@ -92,13 +92,7 @@ TEST_F(Driver, WhatCannotBeSolvedIsSaidAndLeavesTheOldResults)
 
 TEST_F(Driver, AFaultOutsideTheSolverLeavesTheAnalysisWithPointerAndToolbarRestored)
 {
-    for (const auto &[model, says] : {
-             std::pair{"G 1 1 1; N 0 0 xxx; N 0 0; E 1 2 1", "Division by zero"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 1 3 1", "a node that does not exist"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 0 2 1", "a node that does not exist"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 1 2 2", "a group that does not exist"},
-             {"G 1 1 1; N -3e38 0 xxx; N 3e38 0; E 1 2 1", "Overflow"},
-         }) {
+    for (const auto &[model, says] : dataCases("analysis_faults.txt")) {
         buildModel(model);
         desktop.events.clear();
         EXPECT_THAT(Epilisi, testing::ThrowsMessage<Fault>(testing::HasSubstr(says))) << model;

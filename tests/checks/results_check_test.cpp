@@ -68,21 +68,13 @@ TEST_F(ResultChecks, SumsAreThoseOfStatics)
 TEST_F(ResultChecks, SoundResultsPassItAndAgreeInTheirDigits)
 {
     std::mt19937 random(5);
-    for (const char *model : {
-             "N 0 0 xxx; N 1 3 ooo 1 3; E 1 2 1",               // an inclined bar, pulled
-             "N .1 0 xxx; N 1 3 ooo 0 -3; E 1 2 1",             // no force along x
-             "N 0 .3 xxx; N 1 3 ooo 0 0 7; E 1 2 1",            // a moment alone
-             "N 0 0 xxx; N 2 3 ooo 7; N 3 7; E 1 2 1; E 2 3 1", // a part without forces
-             "N 0 0 ooo 7; N 3 0; S 1 3 3 3; E 1 2 1",          // carried along
-             "N 0 0 xxx; N 3 0; E 1 2 1",                       // no load at all
-             "",                                                // a frame at the limit
-         }) {
-        buildModel(std::string("G 2e8 .01 1e-4;") + model);
-        if (*model == 0)
+    for (const auto &[model, kind] : dataCases("sound_results.txt")) {
+        buildModel("G 2e8 .01 1e-4;" + model);
+        if (model.empty())
             buildStoreyFrame();
         analyse();
-        EXPECT_EQ(checkEquilibrium().severity, Severity::good) << model;
-        EXPECT_EQ(checkDigits().severity, Severity::good) << model;
+        EXPECT_EQ(checkEquilibrium().severity, Severity::good) << kind;
+        EXPECT_EQ(checkDigits().severity, Severity::good) << kind;
     }
     for (int nodes = 3; nodes <= 200; nodes += 5) { // far better than what is told
         buildRandomFrame(random, nodes);

@@ -44,19 +44,7 @@ TEST_F(Diagrams, CurvesAreThoseOfTheValuesAlongTheElement)
     nai_eleftheroseis = false;
     xroma_paramorfosis = 0x123456; // no symbol's
     Ena_cm_posa_m_epi_1000 = 500;
-    for (const std::string line : {
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 0 0 -10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 1 3 -10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 0 0 10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 1 0 -10",
-             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 .1 -3",
-             "N -4 3 ooo .1 .2 .3; E 1 2 1 0 1 7 2",
-             "N -4 -3 ooo .1 .2 .3; E 1 2 1 1 0 -7 2",
-             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 10 0",
-             "N 0 -5 ooo .1 .2 .3; E 1 2 1 1 1 10 4",
-             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 0 -10", // along the element: straight
-             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 3 4",
-         }) {
+    for (const auto &[line, kind] : dataCases("curved_members.txt")) {
         buildModel("G 1 8 5; N 0 0; " + line + "; S 1 20 30 40; S 2 25 35 45");
         analyse();
         const AlongElement along = alongElement(1);

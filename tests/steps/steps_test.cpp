@@ -1,8 +1,6 @@
 #include "Analysis.h"
 #include "DataCases.h"
 #include "LiteralSolver.h"
-#include "RecordingKanvas.h"
-#include "Settings.h"
 #include "StepsHtml.h"
 
 #include <QXmlStreamReader>
@@ -11,12 +9,11 @@
 #include <gmock/gmock.h>
 #include <set>
 #include <sstream>
-#include <tuple>
 
 namespace veskora::steps {
 namespace {
 
-class AnalysisSteps : public DrawingTest
+class AnalysisSteps : public StoreTest
 {
 protected:
     static const Section *find(const Document &document, const std::string &id)
