@@ -69,17 +69,8 @@ TEST_F(Driver, AFinishedAnalysisLogsItsTimesAndClearsItsTables)
 
 TEST_F(Driver, WhatCannotBeSolvedIsSaidAndLeavesTheOldResults)
 {
-    for (const char *model : {
-             "G 1 1 1; N 0 0 xxx; N 1 0 xxx; E 1 2 1",     // nothing is free
-             "N 0 0",                                      // no element
-             "G 1 1 1; N 0 0; N 1 0; E 1 2 1",             // no support
-             "G 1 1 1; N 0 0 xxx; N 1 0 oxo; E 1 2 1 1 1", // a rotation in a truss
-             "G 0 1 1; N 0 0 xxx; N 1 0; E 1 2 1",         // E of 0
-             "N 0 0 oxx; S 1 0 0 0",                       // no spring
-             "G 1e200 1e200 1; N 0 0 xxx; N 1 0; E 1 2 1", // beyond a Double, and of a held part
-             "G 1e200 1e200 1; G 1 1 1; N 0 0 xxx; N 1 0 xxx; N 2 0; E 1 2 1; E 2 3 2",
-         }) {
-        SCOPED_TRACE(model);
+    for (const auto &[model, reason] : dataCases("not_solved.txt")) {
+        SCOPED_TRACE(reason);
         buildModel(model);
         Allagi_Montelou = true;
         Metatopiseis(1) = 42;
@@ -101,13 +92,7 @@ TEST_F(Driver, WhatCannotBeSolvedIsSaidAndLeavesTheOldResults)
 
 TEST_F(Driver, AFaultOutsideTheSolverLeavesTheAnalysisWithPointerAndToolbarRestored)
 {
-    for (const auto &[model, says] : {
-             std::pair{"G 1 1 1; N 0 0 xxx; N 0 0; E 1 2 1", "Division by zero"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 1 3 1", "a node that does not exist"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 0 2 1", "a node that does not exist"},
-             {"G 1 1 1; N 0 0 xxx; N 1 0; E 1 2 2", "a group that does not exist"},
-             {"G 1 1 1; N -3e38 0 xxx; N 3e38 0; E 1 2 1", "Overflow"},
-         }) {
+    for (const auto &[model, says] : dataCases("analysis_faults.txt")) {
         buildModel(model);
         desktop.events.clear();
         EXPECT_THAT(Epilisi, testing::ThrowsMessage<Fault>(testing::HasSubstr(says))) << model;

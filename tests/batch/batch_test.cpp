@@ -151,9 +151,6 @@ for n, row in enumerate(csv.DictReader(open(sys.argv[1], newline="")), 1):
     return cells;
 }
 
-// A beam of 6 with a cantilever of 2 behind it, 10 per length, from an upright held at its foot.
-// Over the support M = -20; the span's reaction at its hinge is 30 - 20/6 and its largest M half
-// its square over 10.
 TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
 {
     buildModel("G 2e8 .01 1e-4; N 0 -3 xxx; N 0 0; N 6 0; N 8 0; S 3 0 12345 0;"
@@ -177,47 +174,23 @@ TEST_F(Batch, TablesReadBackInPythonToTheVeryDoubles)
     EXPECT_EQ(tables["ends"].at("4 end"), "j");
     EXPECT_FALSE(tables["spans"].contains("2 M")); // that of the cantilever is at its free end
 
-    struct Case
-    {
-        const char *table, *cell;
-        double value;
-        double tolerance = 0; ///< 0: to the bit
+    const auto expectCell = [&](const std::string &at, double value, double tolerance) {
+        const std::string &cell =
+            tables.at(at.substr(0, at.find(' '))).at(at.substr(at.find(' ') + 1));
+        EXPECT_NEAR(std::strtod(cell.c_str(), nullptr), value, tolerance) << at;
     };
-    constexpr double closedForm = 1e-9;
-    const double support = 30 - 20.0 / 6;
-    for (const Case &c : {
-             Case{"ends", "1 N", -Entasi_Topiki(1, 1)},
-             {"ends", "3 axial_force", Entasi_Topiki(2, 1)},
-             {"ends", "3 Q", support, closedForm},
-             {"ends", "4 node", 3},
-             {"ends", "4 M", -20, closedForm},
-             {"ends", "4 shear_force", Entasi_Topiki(2, 5)},
-             {"ends", "5 M", -20, closedForm},
-             {"ends", "5 moment", 20, closedForm},
-             {"spans", "1 element", 2},
-             {"spans", "1 x", support / 10, closedForm},
-             {"spans", "1 M", support * support / 20, closedForm},
-             {"nodes", "4 uy", Metatopiseis(11)},
-             {"nodes", "4 rotation", Metatopiseis(12)},
-             {"nodes", "1 Ry", Antidraseis(1, 2)},
-             {"nodes", "3 Ry", 80 - support, closedForm},
-             {"values", "5 x", support / 10, closedForm},
-             {"values", "5 M", support * support / 20, closedForm},
-             {"values", "5 Q", 0},
-             {"values", "9 x/L", 1},
-             {"values", "9 dx", Metatopiseis(7)},
-             {"values", "12 dy", Metatopiseis(11), 1e-15},
-             {"summary", "1 max_M", support * support / 20, closedForm},
-             {"summary", "1 max_M_element", 2},
-             {"summary", "1 min_M", -20, closedForm},
-             {"summary", "1 max_displacement", Akrotata(7)},
-             {"summary", "1 max_displacement_node", 3},
-             {"summary", "1 loads_y", -80, closedForm},
-             {"summary", "1 reactions_y", 80, closedForm},
-         })
-        EXPECT_NEAR(std::strtod(tables.at(c.table).at(c.cell).c_str(), nullptr), c.value,
-                    c.tolerance)
-            << c.table << ' ' << c.cell;
+    for (const auto &[at, value] : dataCases("table_cells.txt"))
+        expectCell(at, std::stod(value), 1e-9);
+    for (const auto &[at, value] : {std::pair{"ends 1 N", -Entasi_Topiki(1, 1)},
+                                    {"ends 3 axial_force", Entasi_Topiki(2, 1)},
+                                    {"ends 4 shear_force", Entasi_Topiki(2, 5)},
+                                    {"nodes 4 uy", Metatopiseis(11)},
+                                    {"nodes 4 rotation", Metatopiseis(12)},
+                                    {"nodes 1 Ry", Antidraseis(1, 2)},
+                                    {"values 9 dx", Metatopiseis(7)},
+                                    {"summary 1 max_displacement", Akrotata(7)}})
+        expectCell(at, value, 0);
+    expectCell("values 12 dy", Metatopiseis(11), 1e-15);
 }
 
 TEST_F(Batch, AnUnconnectedNodeIsReportedAndKeptAndSettingsDoNotLeakIntoTheNextModel)
@@ -273,37 +246,20 @@ TEST_F(Batch, AReportReplacesNoModelAndNoOtherReportOfTheRun)
                                              "small_nodes.csv"};
     for (const std::string &model : models)
         fs::copy_file(small, path(model));
-    using Cases = std::vector<std::tuple<const char *, int, const char *>>;
-    const auto runs = [&](const Cases &cases) {
-        for (const auto &[line, status, says] : cases) {
-            EXPECT_EQ(runLine(line), status) << line;
-            EXPECT_THAT(err.str(), HasSubstr(says)) << line;
+    const auto expectRefusals = [&](const char *file) {
+        for (const auto &[line, says] : dataCases(file)) {
+            EXPECT_EQ(runLine(line), std::stoi(says)) << line;
+            EXPECT_THAT(err.str(), HasSubstr(says.substr(2))) << line;
         }
     };
-    using namespace batchStatus;
-    const char *const ofTheRun = " is a model of this run and no place for results";
-    runs({
-        {"--out @ small @a/small.vsk", someFailed, "small.txt was written in this run already"},
-        {"--out @ --summary @b.csv small", wrongUsage, "b.csv holds a model and is no place"},
-        {"--out @ @mod.txt", someFailed, ofTheRun},
-        {"--out @a @a/link.vsk", someFailed, ofTheRun},
-        {"--check --out @ small", someFailed, "small_check.txt holds a model and is no place"},
-        {"--csv --out @ small @small_nodes.csv", someFailed, ofTheRun},
-        {"--summary @mod.txt --out @b @mod.txt", wrongUsage, "holds a model"},
-        {"--summary @b/./small.txt --out @b small", someFailed, "was written in this run already"},
-        {"--out @mod.txt small", someFailed, "mod.txt"},
-    });
+    expectRefusals("taken_places.txt");
     EXPECT_THAT(contentOf(path("b/small.txt")), testing::StartsWith("Data"));
     for (const std::string &model : models)
         EXPECT_EQ(contentOf(path(model)), contentOf(small)) << model;
 
     write(path("a/small.vsk"), "broken");
     write(path("small_check.txt"), "Check of the analysis");
-    runs({
-        {"--out @ @a/small.vsk", someFailed, "small.txt is from an earlier run"},
-        {"--check --out @ @a/small.vsk", someFailed, "small_check.txt is from an earlier run"},
-        {"--csv --out @ @a/small.vsk", someFailed, "small_ends.csv is from an earlier run"},
-    });
+    expectRefusals("old_reports.txt");
 }
 
 } // namespace

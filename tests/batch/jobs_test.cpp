@@ -143,24 +143,17 @@ TEST_F(Jobs, OnlyDrawingsNeedTheProgramThatDraws)
     fs::create_directory(path("bin"));
     fs::copy_file(BATCH_PROGRAM, path("bin/Veskora_batch"));
     fs::create_symlink(BATCH_PROGRAM, path("link"));
-    struct Case
-    {
-        const char *command;
-        int status;
-        const char *told;
-        const char *file;
-    };
-    for (const Case &c :
-         {Case{"bin/Veskora_batch --csv", 0, "Total time", "small_ends.csv"},
+    for (const auto &[line, status, told, file] :
+         {std::tuple{"bin/Veskora_batch --csv", 0, "Total time", "small_ends.csv"},
           {"bin/Veskora_batch --version", 0, "", nullptr},
           {"bin/Veskora_batch --pdf", 1,
            "/libexec/veskora-ml/Veskora_draw, which cannot be started: No such file", nullptr},
           {"./link --size 200x200 --jobs 2 --pictures", 0, "", "small_N.png"}}) {
         const std::string command =
-            "cd " + path("") + " && " + c.command + " " + TEST_DATA + "/small.vsk >told 2>&1";
-        EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), c.status) << c.command;
-        EXPECT_THAT(contentOf(path("told")), HasSubstr(c.told));
-        EXPECT_TRUE(c.file == nullptr || fs::exists(path(c.file))) << c.command;
+            "cd " + path("") + " && " + line + " " + TEST_DATA + "/small.vsk >told 2>&1";
+        EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), status) << line;
+        EXPECT_THAT(contentOf(path("told")), HasSubstr(told));
+        EXPECT_TRUE(file == nullptr || fs::exists(path(file))) << line;
     }
 }
 

@@ -111,36 +111,26 @@ int exactFreeMotions()
     return static_cast<int>(columns.size() - rank);
 }
 
-/// A connected frame of whole coordinates: hinges, springs and supports at random.
+/// A connected frame on a lattice: hinges, springs and supports at random.
 void buildIntegerFrame(std::mt19937 &random)
 {
-    const auto from = [&](int least, int most) {
-        return least + static_cast<int>(random() % static_cast<unsigned>(most - least + 1));
-    };
-    resetStore();
-    for (int g = 1; g <= 3; ++g)
-        putGroup(std::pow(10., from(6, 9)), std::pow(10., from(-3, -1)),
-                 std::pow(10., from(-6, -3)));
-    std::map<std::pair<int, int>, int> places;
-    for (int n = from(2, 12); n > 0; --n)
-        if (const std::pair place{from(0, 6), from(0, 6)}; !places.contains(place))
-            places[place] = putNode(place.first, place.second);
-    const int hinges = from(0, 100); // in a hundred ends
-    const auto join = [&](int a, int b) {
-        if (a != b && !areJoined(a, b))
-            putElement(a, b, from(1, 3), from(1, 100) <= hinges, from(1, 100) <= hinges);
-    };
-    for (int n = 2; n <= Arithmos_Kombon; ++n)
-        join(from(1, n - 1), n);
-    for (int more = from(0, Arithmos_Kombon); more > 0; --more)
-        join(from(1, Arithmos_Kombon), from(1, Arithmos_Kombon));
-    for (int supports = from(1, Arithmos_Kombon); supports > 0; --supports)
-        for (int k = 1, n = from(1, Arithmos_Kombon); k <= 3; ++k)
-            Komboi(n, node::fixedX - 1 + k) = from(0, 2) > 0 ? 1.F : 0.F;
-    for (int n = 1, held = from(0, 1); n <= Arithmos_Kombon * held; ++n)
-        Komboi(n, node::fixedRotation) = 1;
-    for (int springs = from(0, 2); springs > 0; --springs)
-        Elatiria(from(1, Arithmos_Kombon), from(1, 3)) = 100;
+    const auto isOneOf = [&](unsigned times) { return random() % times == 0; };
+    buildRandomFrame(random, 2 + static_cast<int>(random() % 11));
+    const unsigned hinges = 1 + random() % 4, supports = 1 + random() % 4;
+    const bool holdsRotations = isOneOf(2), hasSprings = isOneOf(4);
+    for (int n = 1; n <= Arithmos_Kombon; ++n) {
+        Komboi(n, node::x) = static_cast<float>(n % 4);
+        Komboi(n, node::y) = static_cast<float>(n / 4);
+        for (int k = 1; k <= 3; ++k) {
+            Komboi(n, node::fixedX - 1 + k) = isOneOf(2 * supports) ? 1.F : 0.F;
+            Elatiria(n, k) *= hasSprings ? 1.F : 0.F;
+        }
+        if (holdsRotations)
+            Komboi(n, node::fixedRotation) = 1;
+    }
+    for (int e = 1; e <= Arithmos_Stoixeion; ++e)
+        for (const int hinge : {element::hingeI, element::hingeJ})
+            Stoixeia(e, hinge) = isOneOf(hinges) ? 1.F : 0.F;
 }
 
 TEST(FreeMotions, AreAsManyAsTheExactRankLeaves)

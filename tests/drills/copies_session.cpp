@@ -17,10 +17,9 @@
 #include <QPushButton>
 #include <QSocketNotifier>
 
-#include <functional>
 #include <iostream>
-#include <map>
 #include <sstream>
+#include <stdexcept>
 
 namespace veskora {
 namespace {
@@ -72,9 +71,43 @@ private:
         if (!std::getline(std::cin, line))
             return QApplication::quit();
         std::istringstream(line) >> name >> first >> second;
-        const std::string text = orders_.at(name)(first, second);
+        const std::string text = perform(name, first, second);
         QCoreApplication::processEvents(); // what waits to be written is
         answer(text);
+    }
+
+    std::string perform(const std::string &order, const std::string &first,
+                        const std::string &second)
+    {
+        if (order == "edit") {
+            DrivenWindow::provideGroup();
+            Omades(1, group::E) = std::stod(first);
+        } else if (order == "remember") {
+            rememberFile(first);
+        } else if (order == "recent") {
+            std::string all;
+            for (const std::string &file : recentFiles())
+                all += file + ' ';
+            return all;
+        } else if (order == "set") {
+            desktop_.storeSetting("Drill", first, second);
+        } else if (order == "get") {
+            return desktop_.setting("Drill", first, "");
+        } else if (order == "save") {
+            return save("mnuAPOTHIKEFSIitem", first);
+        } else if (order == "new") {
+            return save("mnuNEOitem", first);
+        } else if (order == "open") {
+            window_.trigger("mnuANAGNOSIitem");
+            return Onoma_Arxeiou;
+        } else if (order == "journal") {
+            window_.keepJournal();
+        } else if (order == "help") {
+            return searchHelp();
+        } else {
+            throw std::invalid_argument(order);
+        }
+        return {};
     }
 
     void answer(const std::string &text)
@@ -117,46 +150,6 @@ private:
     DrivenWindow &window_;
     CopyDesktop &desktop_;
     QSocketNotifier input_{0, QSocketNotifier::Read};
-    using Words = const std::string &;
-    const std::map<std::string, std::function<std::string(Words, Words)>> orders_ = {
-        {"edit",
-         [](Words value, Words) {
-             DrivenWindow::provideGroup();
-             Omades(1, group::E) = std::stod(value);
-             return "";
-         }},
-        {"remember",
-         [](Words path, Words) {
-             rememberFile(path);
-             return "";
-         }},
-        {"recent",
-         [](Words, Words) {
-             std::string all;
-             for (const std::string &file : recentFiles())
-                 all += file + ' ';
-             return all;
-         }},
-        {"set",
-         [this](Words key, Words value) {
-             desktop_.storeSetting("Drill", key, value);
-             return "";
-         }},
-        {"get", [this](Words key, Words) { return desktop_.setting("Drill", key, ""); }},
-        {"save", [this](Words reply, Words) { return save("mnuAPOTHIKEFSIitem", reply); }},
-        {"new", [this](Words reply, Words) { return save("mnuNEOitem", reply); }},
-        {"open",
-         [this](Words, Words) {
-             window_.trigger("mnuANAGNOSIitem");
-             return Onoma_Arxeiou;
-         }},
-        {"journal",
-         [this](Words, Words) {
-             window_.keepJournal();
-             return "";
-         }},
-        {"help", [this](Words, Words) { return searchHelp(); }},
-    };
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "AlongElement.h"
 #include "Analysis.h"
+#include "DataCases.h"
 #include "DiagramFit.h"
 #include "Functions.h"
 #include "RecordingKanvas.h"
@@ -8,6 +9,7 @@
 
 #include <array>
 #include <cmath>
+#include <sstream>
 
 namespace veskora {
 namespace {
@@ -42,19 +44,7 @@ TEST_F(Diagrams, CurvesAreThoseOfTheValuesAlongTheElement)
     nai_eleftheroseis = false;
     xroma_paramorfosis = 0x123456; // no symbol's
     Ena_cm_posa_m_epi_1000 = 500;
-    for (const std::string line : {
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 0 0 -10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 0 1 3 -10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 0 0 10",
-             "N 6 0 ooo .1 .2 .3; E 1 2 1 1 1 0 -10",
-             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 .1 -3",
-             "N -4 3 ooo .1 .2 .3; E 1 2 1 0 1 7 2",
-             "N -4 -3 ooo .1 .2 .3; E 1 2 1 1 0 -7 2",
-             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 10 0",
-             "N 0 -5 ooo .1 .2 .3; E 1 2 1 1 1 10 4",
-             "N 0 5 ooo .1 .2 .3; E 1 2 1 0 0 0 -10", // along the element: straight
-             "N 3 4 ooo .1 .2 .3; E 1 2 1 0 0 3 4",
-         }) {
+    for (const auto &[line, kind] : dataCases("curved_members.txt")) {
         buildModel("G 1 8 5; N 0 0; " + line + "; S 1 20 30 40; S 2 25 35 45");
         analyse();
         const AlongElement along = alongElement(1);
@@ -85,91 +75,43 @@ TEST_F(Diagrams, CurvesAreThoseOfTheValuesAlongTheElement)
     }
 }
 
-// On a canvas of 20 by 20 cm with one world unit a centimetre.
 TEST_F(Diagrams, AFittedScaleIsTheFinestRoundOneThatStaysInside)
 {
-    struct Case
-    {
-        const char *model;
-        std::int16_t mode;
-        double M, Q, u; ///< moment at end i, shear force along, displacement of node 1
-        float fitted;   ///< 10 at first
-        bool leaves;    ///< before
-        double right = 0;
-    };
     constexpr double longest = 3;
     originAt(0, 20);
-    const char *const middle = "N 2 10; N 18 10; E 1 2";
-    const char *const elastic = "G 1 1 1; N 2 10; N 18 10; E 1 2 1";
-    const char *const top = "N 2 19; N 18 19; E 1 2";
-    const char *const loaded = "N 2 10; N 18 10; E 1 2 0 0 0 0 -10"; // 320 in the middle
-    const char *const upright = "N 16 15; N 16 2; E 1 2";            // values to the right
-    for (const Case &c : {
-             Case{middle, view::M, 30, 0, 0, 10, false},
-             {middle, view::M, 30.1, 0, 0, 20, false},
-             {middle, view::M, 0.003, 0, 0, 0.001F, false},
-             {middle, view::Q, 0, -70, 0, 50, false},
-             {middle, view::Q, 0, 130, 0, 50, true},
-             {top, view::M, -30, 0, 0, 50, true},
-             {top, view::M, 30, 0, 0, 10, false},
-             {loaded, view::M, 0, 80, 0, 200, true},
-             {upright, view::M, -30, 0, 0, 10, false},
-             {upright, view::M, -30, 0, 0, 20, false, 2.5},
-             {upright, view::M, -30, 0, 0, 10, false, 4.5}, // the frame itself is in the way
-             {middle, view::M, 1e-12, 100, 0, 10, false},   // rounding
-             {middle, view::M, 1e-12, 0, 0, 5e-13F, false},
-             {middle, view::N, 0, 30, 0, 10, false},
-             {elastic, view::deformed, 0, 0, 0.01, 5, false},
-             {elastic, view::deformed, 0, 0, 0.1, 50, true},
-             {middle, view::model, 30, 30, 1, 10, false},
-         }) {
-        SCOPED_TRACE(testing::Message()
-                     << c.model << ' ' << c.mode << ' ' << c.M << ' ' << c.right);
-        buildModel(c.model);
-        std::ranges::copy(std::array{0., c.Q, -c.M, 0., -c.Q, 0.}, Entasi_Topiki.row(1).begin());
-        Metatopiseis(1) = -c.u;
+    for (const auto &[given, expected] : dataCases("fitted_scales.txt")) {
+        buildModel(given.substr(0, given.find('|')));
+        std::istringstream values(given.substr(given.find('|') + 1));
+        double M = 0, Q = 0, u = 0, right = 0;
+        values >> Katastasi_Provolis >> M >> Q >> u >> right;
+        std::ranges::copy(std::array{0., Q, -M, 0., -Q, 0.}, Entasi_Topiki.row(1).begin());
+        Metatopiseis(1) = -u;
         setScales(10);
-        Katastasi_Provolis = c.mode;
-        EXPECT_EQ(isDiagramCut(), c.leaves);
-        fitDiagramScale(longest, {.right = c.right});
-        EXPECT_FLOAT_EQ(scales().at(static_cast<std::size_t>(c.mode)), c.fitted);
+        EXPECT_EQ(isDiagramCut(), expected.find("leaves") != std::string::npos) << given;
+        fitDiagramScale(longest, {.right = right});
+        EXPECT_FLOAT_EQ(scales().at(static_cast<std::size_t>(Katastasi_Provolis)),
+                        std::stof(expected))
+            << given;
     }
 }
 
 TEST_F(Diagrams, EnlargeAndReduceMoveTheLongestOrdinateByTwoMillimetres)
 {
-    struct Case
-    {
-        std::int16_t mode;
-        float scale;
-        double greatest;
-        float enlarged, reduced;
-    };
-    for (const Case &c : {
-             Case{view::M, 10, 10, 8.33F, 12.5F},
-             {view::Q, 10, 10, 8.33F, 12.5F},
-             {view::N, 10, 10, 8.33F, 12.5F},
-             {view::deformed, 10, 0.01, 8.33F, 12.5F},
-             {view::M, 0.8F, 1, 0.69F, 0.95F},
-             {view::M, 10, 0, 10, 10},
-             {view::M, 0, 0, 0, 0},
-             {view::M, 50, 10, 25, 50},       // no divisor
-             {view::M, 100, 10, 33.33F, 100}, // a negative scale
-             {view::M, 0.01F, 10, 0.01F, 0.01F},
-             {view::Q, 2e7F, 4.1e6, 10123457, 2e7F}, // beyond what can be rounded
-             {view::model, 10, 10, 10, 10},
-         }) {
-        Katastasi_Provolis = c.mode;
+    for (const auto &[given, expected] : dataCases("scale_steps.txt")) {
+        std::istringstream values(given + ' ' + expected);
+        float scale = 0;
+        double greatest = 0;
+        values >> Katastasi_Provolis >> scale >> greatest;
         Entasi_Topiki.clear();
-        const auto mode = static_cast<std::size_t>(c.mode);
-        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(mode)) = -c.greatest;
-        Metatopiseis(1) = -c.greatest;
-        for (const bool enlarge : {true, false}) {
-            setScales(c.scale);
-            std::array<float, 5> expected = scales();
-            enlarge ? enlargeDiagram() : reduceDiagram();
-            expected.at(mode) = enlarge ? c.enlarged : c.reduced;
-            EXPECT_EQ(scales(), expected) << c.mode << ' ' << c.scale << ' ' << c.greatest;
+        const auto mode = static_cast<std::size_t>(Katastasi_Provolis);
+        Entasi_Topiki(1, std::array{1, 3, 2, 1, 1}.at(mode)) = -greatest;
+        Metatopiseis(1) = -greatest;
+        for (const auto change : {enlargeDiagram, reduceDiagram}) {
+            setScales(scale);
+            std::array<float, 5> wanted = scales();
+            change();
+            values >> wanted.at(mode);
+            EXPECT_EQ(scales(), wanted) << given;
         }
     }
 }

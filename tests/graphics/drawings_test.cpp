@@ -10,6 +10,7 @@
 #include "RecordingKanvas.h"
 #include "RowMarks.h"
 #include "Settings.h"
+#include "Steps.h"
 #include "Sxediastika.h"
 #include "Zoom.h"
 
@@ -116,6 +117,7 @@ private:
         reportCutDiagram();
     }
 
+    steps::Document steps_;
     using Order = std::function<void(Words &)>;
     const std::map<std::string, Order> orders_ = {
         {"model",
@@ -173,6 +175,16 @@ private:
         {"draw-motion", [](Words &words) { drawMotion(rest<double>(words)); }},
         {"draw-marks", [](Words &words) { markRows(std::array{2}, rest<int>(words)); }},
         {"draw-freedoms", [](Words &words) { drawFreedoms(rest<int>(words), 3); }},
+        {"steps", [this](Words &) { steps_ = steps::stepsOfAnalysis({}); }},
+        {"draw-step", // SECTION of the steps of the model as it was then
+         [this](Words &words) {
+             const auto id = rest<std::string>(words).front();
+             for (const steps::Section &section : steps_.sections)
+                 for (const steps::Block &block : section.blocks)
+                     if (const auto *drawn = std::get_if<steps::Picture>(&block);
+                         drawn != nullptr && section.id == id)
+                         steps::drawStepPicture(*drawn);
+         }},
         {"draw-end-forces", // COSINE SINE of the element's direction, FORCES
          [](Words &words) {
              double c = 0, s = 0;

@@ -2,6 +2,7 @@
 
 #include "Analysis.h"
 #include "ColourWord.h"
+#include "DataCases.h"
 #include "DiagramOutline.h"
 #include "RecordingKanvas.h"
 #include "Settings.h"
@@ -9,6 +10,7 @@
 #include "Zoom.h"
 
 #include <algorithm>
+#include <sstream>
 
 namespace veskora {
 namespace {
@@ -29,18 +31,11 @@ TEST_F(View, ConversionsAreEachOthersInverse)
 
 TEST_F(View, AZoomAboutAPlaceLeavesWhatLiesThere)
 {
-    // Scale, factor, new scale: at a limit it stays, and beyond one it goes only back.
-    constexpr double cases[][3] = {{100, 2, 50},
-                                   {1.5, 2, 1},
-                                   {1, 2, 1},
-                                   {.5, 2, .5},
-                                   {.5, .25, 2},
-                                   {2e6, .5, 2147483},
-                                   {2147483, .5, 2147483},
-                                   {1e9, .5, 1e9},
-                                   {1e9, 2, 5e8}};
-    for (const auto &[from, factor, to] : cases) {
-        SCOPED_TRACE(testing::Message() << "1:" << from << " times " << factor);
+    for (const auto &[given, expected] : dataCases("zooms_about.txt")) {
+        SCOPED_TRACE(given);
+        std::istringstream numbers(given + ' ' + expected);
+        double from = 0, factor = 0, to = 0;
+        numbers >> from >> factor >> to;
         resetView();
         Klimaka = static_cast<float>(from);
         const double x = Othoni_X(3), y = Othoni_Y(4);

@@ -3,7 +3,7 @@
 /// Does what a line says, by the events that a user's hands bring about. What the line names may
 /// have gone; then nothing happens.
 
-#include "Line.h"
+#include "Script.h"
 #include "Watch.h"
 
 QT_BEGIN_NAMESPACE

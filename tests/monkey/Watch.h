@@ -3,7 +3,7 @@
 /// What must hold after each line of a session, and at its end.
 
 #include "DrivenWindow.h"
-#include "Line.h"
+#include "Script.h"
 
 #include <unordered_set>
 

@@ -3,7 +3,7 @@
 /// What comes to the mind of a user without any, in view of what is on the screen.
 
 #include "DrivenWindow.h"
-#include "Line.h"
+#include "Script.h"
 
 namespace veskora {
 

@@ -64,20 +64,11 @@ std::string primitiveRecord(const Primitive &p)
 
 } // namespace
 
-std::vector<Primitive> RecordingKanvas::of(Primitive::Kind kind) const
-{
-    std::vector<Primitive> found;
-    for (const Primitive &p : drawn)
-        if (p.kind == kind)
-            found.push_back(p);
-    return found;
-}
-
 std::vector<Primitive> RecordingKanvas::linesOf(double colour) const
 {
     std::vector<Primitive> found;
-    for (const Primitive &p : of(Primitive::Kind::line))
-        if (p.pen.colour == colour)
+    for (const Primitive &p : drawn)
+        if (p.kind == Primitive::Kind::line && p.pen.colour == colour)
             found.push_back(p);
     return found;
 }

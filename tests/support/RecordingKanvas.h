@@ -46,7 +46,6 @@ public:
     double background = 0;
     std::vector<Primitive> drawn; ///< since the last clear; empty texts are no part of it
 
-    std::vector<Primitive> of(Primitive::Kind kind) const;
     /// The lines in one pen colour, in their order.
     std::vector<Primitive> linesOf(double colour) const;
 
