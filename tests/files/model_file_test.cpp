@@ -6,13 +6,12 @@
 #include "Metablites.h"
 #include "Models.h"
 #include "ModelText.h"
+#include "NamedVariables.h"
 #include "Refusals.h"
 #include "ScriptedDesktop.h"
-#include "Settings.h"
 
 #include <algorithm>
 #include <gmock/gmock.h>
-#include <map>
 #include <sstream>
 #include <sys/stat.h>
 
@@ -114,10 +113,7 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
 // Each line of the section alone gets another value, which must show in its own variable.
 TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 {
-    std::map<std::string, StoreVariable> variables = {
-        {"Klimaka", &Klimaka}, {"Arxi_X", &Arxi_X}, {"Arxi_Y", &Arxi_Y}};
-    for (const Setting &setting : settings)
-        variables.emplace(setting.key, setting.value);
+    auto variables = namedVariables();
     for (const auto &[number, name] : dataCases("setting_lines.txt")) {
         const int line = std::stoi(number);
         const StoreVariable &variable = variables.at(name);
@@ -126,7 +122,7 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
         const std::string content = withLine(line, !isSwitch ? "7" : isOn ? "0" : "1");
         read(content);
         SCOPED_TRACE(name);
-        std::visit([&](const auto *value) { EXPECT_EQ(*value, isSwitch ? !isOn : 7); }, variable);
+        EXPECT_EQ(valueOf(variable), isSwitch ? !isOn : 7);
         EXPECT_EQ(modelText(), content);
         variables.erase(name);
     }
@@ -151,38 +147,29 @@ TEST_F(ModelFile, EverySettingHasALineOfItsOwn)
 
 TEST_F(ModelFile, EarlierStagesSetTheirOwnSubstitutesAndNoOthers)
 {
-    const auto settings = [] {
-        return std::vector<double>{Arxi_X,
-                                   Arxi_Y,
-                                   kannab,
-                                   1. * nai_graf_stir,
-                                   1. * Nai_Apolites_Sint,
-                                   1. * Nai_Sxetikes_Sint,
-                                   xroma_paramorfosis,
-                                   Ena_cm_posa_m_epi_1000,
-                                   1. * M_sin_Tension,
-                                   1. * nai_springs};
-    };
-    for (const auto &[lastLine, expected] : {
-             std::pair{38, std::vector<double>{-2, 2, 1, 1, 1, 0, 5, 6, 0, 0}},
-             {42, {-2, 2, 1, 1, 0, 1, 5, 6, 0, 0}},
-             {44, {-2, 2, 1, 1, 0, 1, 16711680, 100, 0, 0}},
-             {46, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
-             {48, {-2, 2, 1, 1, 0, 1, 16711680, 100, 1, 1}},
-         }) {
+    const auto variables = namedVariables();
+    std::string before;
+    for (const auto &[stage, values] : dataCases("stages.txt")) {
+        SCOPED_TRACE(stage);
+        const auto each = [&](const std::string &row, const auto &act) {
+            std::istringstream items(row);
+            for (std::string name, value;
+                 std::getline(items, name, '=') && items >> value >> std::ws;)
+                act(variables.at(name), std::stod(value), name);
+        };
+        if (before.empty()) {
+            before = values;
+            continue;
+        }
         resetStore();
-        Arxi_X = 8;
-        Arxi_Y = 9;
-        kannab = 7;
-        nai_graf_stir = Nai_Sxetikes_Sint = M_sin_Tension = nai_springs = false;
-        Nai_Apolites_Sint = true;
-        xroma_paramorfosis = 5;
-        Ena_cm_posa_m_epi_1000 = 6;
-        read(ofStage(lastLine));
-        EXPECT_EQ(settings(), expected) << lastLine;
-        EXPECT_EQ(Elatiria(2, 2), lastLine == 48 ? 5000 : 0);
+        each(before, [](auto variable, double value, auto &) { setValue(variable, value); });
+        read(ofStage(std::stoi(stage)));
+        each(values, [](auto variable, double value, auto &name) {
+            EXPECT_EQ(valueOf(variable), value) << name;
+        });
+        EXPECT_EQ(Elatiria(2, 2), stage == "48" ? 5000 : 0);
         EXPECT_EQ(Onoma_Arxeiou, path("m.vsk"));
-        EXPECT_EQ(Idio_Me_To_Arxeio(), lastLine == 48); // an earlier stage always differs
+        EXPECT_EQ(Idio_Me_To_Arxeio(), stage == "48"); // an earlier stage always differs
     }
 }
 

@@ -52,11 +52,16 @@ protected:
         QCoreApplication::sendEvent(&canvas(), &event);
     }
 
+    /// What a test has of verbs besides those of `act`. @return whether it is one
+    virtual bool perform(const QString &) { return false; }
+
     /// Several acts stand between commas. What is none of these verbs is a command; behind it, or
     /// behind an entry of the right button's menu, stands what is entered in its form.
     void act(const std::string &acts)
     {
         for (const QString &gesture : QString::fromStdString(acts).split(", ")) {
+            if (perform(gesture))
+                continue;
             const QStringList words = gesture.split(' ');
             const QByteArray name = words.value(1).toLatin1();
             const double x = words.value(1).toDouble(), y = words.value(2).toDouble();

@@ -93,61 +93,44 @@ void drawAnything(Kanvas &kanvas, unsigned seed)
     };
     const char *const texts[] = {" 12.5 ", "-0.731 ", "Ροπή κάμψης 7", "AVTo. ffi", "ß",
                                  " 日本",  ""};
+    double x = 0, y = 0;
+    const char *text = "";
+    const auto print = [&] {
+        kanvas.moveTo(x, y);
+        kanvas.print(text);
+    };
+    const auto printRotated = [&] {
+        const RotatedFont font = {"Arial",      9 + pick(3),  200 + 500 * pick(2),
+                                  pick(4) == 0, pick(4) == 0, pick(4) == 0};
+        kanvas.printRotated(text, x, y, font, pick(2) == 0 ? 900 * (pick(9) - 4) : pick(3600));
+    };
+    const std::function<void()> acts[] = {
+        [&] { kanvas.setPenColour(pick(0x1000000)); },
+        [&] { kanvas.setPenWidth(1 + pick(4)); },
+        [&] { kanvas.setPenStyle(pick(3) == 0 ? PenStyle::dotted : PenStyle::solid); },
+        [&] { kanvas.setFillOn(pick(2) == 0); },
+        [&] { kanvas.setFillColour(pick(0x1000000)); },
+        [&] { kanvas.setFontSize(6 + pick(9)); },
+        [&] { kanvas.setFontBold(pick(3) == 0); },
+        [&] { kanvas.line(x, y, place(), place()); },
+        [&] { kanvas.line(x, y, place(), y); },
+        [&] { kanvas.line(x, y, x, place()); },
+        [&] { kanvas.point(x, y); },
+        [&] { kanvas.circle(x, y, pick(9) / 10.); },
+        [&] { kanvas.arc(x, y, pick(9) / 10., pick(8), pick(8)); },
+        [&] {
+            kanvas.polyline(std::vector<Point>{{x, y}, {place(), y}, {place(), place()}});
+        },
+        print,
+        print,
+        printRotated,
+    };
     kanvas.clear();
     for (int k = 0; k < 150; ++k) {
-        const double x = place(), y = place();
-        const char *const text = texts[pick(7)];
-        switch (pick(16)) {
-        case 0:
-            kanvas.setPenColour(pick(0x1000000));
-            break;
-        case 1:
-            kanvas.setPenWidth(1 + pick(4));
-            break;
-        case 2:
-            kanvas.setPenStyle(pick(3) == 0 ? PenStyle::dotted : PenStyle::solid);
-            break;
-        case 3:
-            kanvas.setFillOn(pick(2) == 0);
-            kanvas.setFillColour(pick(0x1000000));
-            break;
-        case 4:
-            kanvas.setFontSize(6 + pick(9));
-            kanvas.setFontBold(pick(3) == 0);
-            break;
-        case 5:
-        case 6:
-            kanvas.line(x, y, place(), place());
-            break;
-        case 7:
-            kanvas.line(x, y, place(), y);
-            break;
-        case 8:
-            kanvas.line(x, y, x, place());
-            break;
-        case 9:
-            kanvas.point(x, y);
-            break;
-        case 10:
-            kanvas.circle(x, y, pick(9) / 10.);
-            break;
-        case 11:
-            kanvas.arc(x, y, pick(9) / 10., pick(8), pick(8));
-            break;
-        case 12:
-            kanvas.polyline(std::vector<Point>{{x, y}, {place(), y}, {place(), place()}});
-            break;
-        case 13:
-        case 14:
-            kanvas.moveTo(x, y);
-            kanvas.print(text);
-            break;
-        default:
-            kanvas.printRotated(text, x, y,
-                                {"Arial", 9 + pick(3), 200 + 500 * pick(2), pick(4) == 0,
-                                 pick(4) == 0, pick(4) == 0},
-                                pick(2) == 0 ? 900 * (pick(9) - 4) : pick(3600));
-        }
+        x = place();
+        y = place();
+        text = texts[pick(7)];
+        acts[pick(static_cast<int>(std::size(acts)))]();
     }
 }
 

@@ -259,9 +259,11 @@ TEST_F(CanvasTools, WheelPinchAndKeysAreStepsOfTheView)
         EXPECT_EQ(Thesi_Istorikou, steps);
     }
     const qsizetype lines = log().size();
+    const QImage drawn = canvas().kanvas().image().copy();
     wheel(5, 9999, 3);
     EXPECT_EQ(log().size(), lines + 1); // the limit is told once
     const QImage sketch = canvas().kanvas().image().copy();
+    EXPECT_NE(sketch, drawn);
     tick("ViewRest");
     EXPECT_NE(canvas().kanvas().image(), sketch);
 }

@@ -6,13 +6,13 @@
 #include "Commands.h"
 #include "DataCases.h"
 #include "DiagramOutline.h"
+#include "ElidedLabel.h"
 #include "Files.h"
 #include "FileType.h"
 #include "Functions_Bres_Megista.h"
 #include "Kanvas.h"
 #include "MainWindowTest.h"
 #include "Models.h"
-#include "ModelText.h"
 #include "QtColour.h"
 #include "Settings.h"
 #include "StatusPanel.h"
@@ -23,11 +23,11 @@
 
 #include <QClipboard>
 #include <QDialog>
-#include <QFocusFrame>
-#include <QMimeData>
+#include <QHelpEvent>
 #include <QTest>
 #include <QToolBar>
 #include <QToolButton>
+#include <QToolTip>
 
 #include <gmock/gmock.h>
 
@@ -57,6 +57,7 @@ TEST_F(MainWindow, StartsEmptyAndSaysWhatItIs)
                                       "frames program\n.*\n \n [A-Z][a-z]+day [0-9].*"));
     EXPECT_EQ(qtDesktop->setting("Startup", "Version", ""), programVersion);
     EXPECT_EQ(Thesi_Istorikou, 0);
+    EXPECT_EQ(find<QTimer>("Timer1")->interval(), 5000);
 }
 
 TEST_F(MainWindow, RegistersItsFileTypeAndHasTheDesktopsTablesMadeAnewForWhatChanged)
@@ -135,42 +136,6 @@ TEST_F(MainWindow, AnInstalledProgramStaysTheRegisteredOne)
     }
 }
 
-TEST_F(MainWindow, OpensTheFileOfTheCommandLineOrSaysWhyNot)
-{
-    const std::string file = path("a file with  blanks.vsk"), untitled = title + " - Untitled.vsk";
-    const std::string error = "There was an error opening the file";
-    std::string bare = small;
-    bare.replace(bare.find("Rithmiseis\r\n1\r\n0\r\n1"), 19, "Rithmiseis\r\n0\r\n0\r\n0");
-    for (const auto &[content, says, shown, nodes] : {
-             std::tuple{bare, ""s, file + " - " + title, 2},
-             {"", error + ": " + file + ": No such file or directory", untitled, 0},
-             {small.substr(0, small.find("Omadas")).substr(0, 190),
-              error + ": " + file + ": Input past end of file in line 7", untitled, 0},
-             {"a\nb\nc\nd\ne\nf\n", error + ". The file could not be read.", untitled, 0},
-             // It gives no place to save in.
-             {small + "Journal of the model\r\n", "", "*" + untitled, 2},
-         }) {
-        SCOPED_TRACE(shown + says);
-        fs::remove(file);
-        if (!content.empty())
-            write(file, content);
-        reopen();
-        if (!says.empty())
-            desktop.expectMessage(says, Icon::critical);
-        start(file);
-        tick("JournalTimer");
-        EXPECT_EQ(caption(), shown);
-        EXPECT_EQ(Onoma_Arxeiou, shown.starts_with(file) ? file : "");
-        EXPECT_EQ(Arithmos_Kombon, nodes);
-        EXPECT_EQ(currentFolder + "/", path(""));
-        EXPECT_EQ(endOfLog().fontWeight() == QFont::Bold, !says.starts_with(error + ":"));
-        for (const char *part : {"Aksones", "Kannabos"})
-            EXPECT_EQ(find<StatusPanel>(part)->look(), content != bare);
-    }
-    window->setCaption("a[*]b");
-    EXPECT_EQ(window->windowTitle(), "[*]a[*][*]b");
-}
-
 // What is asked, what each answer does, and that nothing is lost by a Yes whose save did not come
 // off.
 TEST_F(MainWindow, AsksToSaveBeforeTheModelIsLeft)
@@ -208,33 +173,6 @@ TEST_F(MainWindow, AsksToSaveBeforeTheModelIsLeft)
             }
 }
 
-TEST_F(MainWindow, KeepsTheModelWhenTheSaveBeforeLeavingDidNotComeOff)
-{
-    for (const auto &[command, logHidden] :
-         {std::pair{"mnuNEOitem"s, false}, {"mnuNEOitem", true}, {"mnuEKSODOSitem", false}}) {
-        reopen();
-        start();
-        putGroup(7, 8, 9);
-        if (logHidden)
-            click("SSCommand32");
-        const bool closing = command == "mnuEKSODOSitem";
-        expectSaveQuestion(Answer::yes, "Untitled.vsk", closing ? Icon::exclamation : Icon::none);
-        desktop.expectFileDialog(std::nullopt); // the save dialog is cancelled
-        fs::remove_all(recovery());
-        std::string said;
-        if (closing || logHidden)
-            desktop.expectAnyMessage(said);
-        trigger(command.c_str());
-        ASSERT_TRUE(fs::exists(recovery()));
-        std::string kept = fs::directory_iterator(recovery())->path();
-        const std::string text = "The model is kept in the recovery file: " + kept;
-        EXPECT_EQ(said, closing || logHidden ? text : "");
-        EXPECT_TRUE(log().contains(" " + QString::fromStdString(text)));
-        Anagnosi_Arxeiou(kept);
-        EXPECT_EQ(Omades(1, group::I), 9);
-    }
-}
-
 TEST_F(MainWindow, AModelThatCanBeKeptNowhereIsNotLeft)
 {
     start();
@@ -251,35 +189,6 @@ TEST_F(MainWindow, AModelThatCanBeKeptNowhereIsNotLeft)
     EXPECT_EQ(Arithmos_Omadon, 1);
     qunsetenv("TMPDIR");
     qputenv("HOME", home);
-}
-
-TEST_F(MainWindow, AnotherModelIsShownAsAModelWithoutTheToolAtHand)
-{
-    for (const bool isNew : {true, false}) { // else an Open that is cancelled
-        SCOPED_TRACE(isNew);
-        startWithSmall();
-        EXPECT_EQ(Thesi_Istorikou, 0);
-        trigger("ZoomBestFit");
-        trigger("Xeraki");
-        Katastasi_Provolis = view::Q;
-        Allagi_Montelou = false;
-        xroma_background = 255; // a change of the file, and of the canvas only from here on
-        expectSaveQuestion(Answer::no, path("m.vsk"));
-        if (!isNew)
-            desktop.expectFileDialog(std::nullopt);
-        trigger(isNew ? "New" : "Open");
-        EXPECT_EQ(caption() == title + " - Untitled.vsk", isNew);
-        EXPECT_EQ(Arithmos_Kombon, isNew ? 0 : 2);
-        EXPECT_EQ(Klimaka == 100, isNew);
-        EXPECT_EQ(Thesi_Istorikou, isNew ? 0 : 1);
-        EXPECT_EQ(Istoriko_Zoom(0, 1), 100);
-        EXPECT_EQ(log().last() == " New file", isNew);
-        EXPECT_TRUE(Allagi_Montelou);
-        EXPECT_EQ(Katastasi_Provolis, view::model);
-        EXPECT_EQ(canvas().cursor().shape(), Qt::CrossCursor);
-        EXPECT_EQ(xroma_background == 255, !isNew);
-        EXPECT_EQ(canvas().kanvas().image().pixel(1, 1), qtColour(xroma_background).rgb());
-    }
 }
 
 TEST_F(MainWindow, ComesBackWhereItWasOnAScreenThatIsThere)
@@ -324,6 +233,19 @@ TEST_F(MainWindow, ComesBackWhereItWasOnAScreenThatIsThere)
     };
     trigger("mnuEKSODOSitem");
     EXPECT_TRUE(window->isVisible() && window->isMaximized());
+}
+
+TEST(ElidedLabel, HasTheWholeTextInItsTipWhereItIsCut)
+{
+    ElidedLabel label(nullptr);
+    label.setText(" the whole text");
+    for (const auto &[width, tip] : {std::pair{500, ""}, {20, "the whole text"}}) {
+        label.resize(width, 20);
+        QHelpEvent asks(QEvent::ToolTip, {1, 1}, {1, 1});
+        QCoreApplication::sendEvent(&label, &asks);
+        EXPECT_EQ(QToolTip::text().toStdString(), tip);
+    }
+    QToolTip::hideText();
 }
 
 TEST_F(MainWindow, ToolPointersHaveTheirHotSpotAtEveryScale)
@@ -466,12 +388,15 @@ TEST_F(MainWindow, IsLaidOutByItsNumbers)
           {901, true, 2220, 1755, 720, "x"}}) {
         SCOPED_TRACE(height);
         resize(width, 700);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return canvas().width() == central->width() - 19; }));
         if (isClicked)
             click("SSCommand32");
         const int W = central->width() * 15;
         const int H = (central->height() + find<QWidget>("StatusBar1")->height()) * 15 + 420;
         EXPECT_EQ(canvas().geometry(), QRect(9, 0, (W - 285) / 15, (H - height) / 15));
         EXPECT_EQ(canvas().kanvas().image().size(), canvas().size());
+        const QRect button = find<QWidget>("Command2")->geometry();
+        EXPECT_EQ(canvas().width() - button.right(), button.top() + 1);
         EXPECT_EQ(collapse->pos(), QPoint((W - left) / 15, (H - top - 420) / 15));
         EXPECT_EQ(collapse->text(), text);
         EXPECT_EQ(log->isVisible(), text == "x"s);
@@ -519,100 +444,11 @@ TEST_F(MainWindow, ToolsMoveTheViewAndSwitchEachOther)
     EXPECT_NE(Klimaka, 100);
 }
 
-TEST_F(MainWindow, PanelsShowThePointerAndSwitchTheView)
-{
-    start();
-    const double bottom = canvas().kanvas().height();
-    nai_grid = false;
-    mouse(QEvent::MouseMove, Qt::NoButton, 3.25, bottom - 2.5);
-    EXPECT_THAT(panel("Panel1") + panel("Panel2"), testing::MatchesRegex("x = 1.2.*y = 0\\..*"));
-    nai_grid = true;
-    mouse(QEvent::MouseMove, Qt::NoButton, 3.3, bottom - 2.2);
-    EXPECT_EQ(panel("Panel1") + panel("Panel2"), "x = 1y = 0");
-    click("sint");
-    EXPECT_FALSE(shown("Panel1") || shown("Panel2"));
-    for (const auto &[part, setting] :
-         {std::pair{"Aksones", &nai_aksones}, {"Kannabos", &nai_grid}})
-        for (const bool isOn : {false, true}) {
-            click(part);
-            EXPECT_EQ(*setting, isOn) << part;
-            EXPECT_EQ(find<StatusPanel>(part)->look(), isOn) << part;
-        }
-}
-
-TEST_F(MainWindow, TheLabelsPopUpFlipsItsSwitches)
-{
-    start();
-    bool *const switches[] = {&nai_arithmisi_kombon,
-                              &nai_sint_kombon,
-                              &nai_arithmisi_stoixeion,
-                              &nai_omades,
-                              &nai_miki,
-                              &nai_times_fortiseon_si,
-                              &nai_times_fortiseon_om,
-                              &nai_times_M,
-                              &nai_times_Q,
-                              &nai_times_N};
-    const auto states = [&switches] {
-        std::string text;
-        for (const bool *setting : switches)
-            text += *setting ? '1' : '0';
-        return text;
-    };
-    click("Times");
-    auto *popup = find<QMenu>("mnu_Aorato_Times");
-    EXPECT_TRUE(popup->isVisible());
-    popup->close();
-    std::string expected = states();
-    auto next = expected.begin();
-    for (QAction *entry : popup->actions())
-        if (entry->isCheckable()) {
-            SCOPED_TRACE(entry->objectName().toStdString());
-            EXPECT_EQ(entry->isChecked(), *next == '1');
-            entry->trigger();
-            *next = *next == '1' ? '0' : '1';
-            EXPECT_EQ(states(), expected);
-            EXPECT_EQ(entry->isChecked(), *next++ == '1');
-        }
-    EXPECT_EQ(next, expected.end());
-    for (const auto &[shown, command, after] :
-         {std::tuple{view::model, "mnuKamia_item", "0000000000"},
-          {view::model, "mnuOles_item", "1111111111"},
-          {view::model, "mnuBasikes_item", "1010011111"},
-          {view::N, "mnuBasikes_item", "0000000111"},
-          {view::deformed, "mnuKamia_item", "0000000000"},
-          {view::deformed, "mnuBasikes_item", "0000000000"}}) {
-        Katastasi_Provolis = shown;
-        trigger(command);
-        EXPECT_EQ(states(), after) << command;
-    }
-}
-
-TEST_F(MainWindow, AnalyzesAndShowsTheResults)
+TEST_F(MainWindow, BestFitTakesTurnsWhereTheDiagramIsCut)
 {
     startWithSmall();
     trigger("Epilisi");
-    EXPECT_FALSE(Allagi_Montelou);
-    EXPECT_THAT(log().at(log().size() - 2).toStdString(),
-                ContainsRegex("^ Total time:  [0-9.E-]+ sec$"));
-    EXPECT_TRUE(find<QAction>("ToolbarSeparator25")->isEnabled());
-    EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().at(25)->objectName(), "Epilisi");
-    for (const auto &[button, entry, mode, text] :
-         {std::tuple{"M", "mnuDIAG_Mitem", view::M, " Bending moment Diagram [M]"},
-          {"Q", "mnuDIAG_Qitem", view::Q, " Shear force Diagram [Q]"},
-          {"N", "mnuDIAG_Nitem", view::N, " Axial force Diagram [N]"},
-          {"Deform", "mnuDEFORMitem", view::deformed, " Deformed model"},
-          {"Foreas", "mnuFOREASitem", view::model, " Model"}})
-        for (const char *command : {button, entry}) {
-            Katastasi_Provolis = -1;
-            trigger(command);
-            EXPECT_EQ(Katastasi_Provolis, mode) << command;
-            EXPECT_EQ(panel("Panel7"), text);
-            EXPECT_EQ(shown("Command1") && shown("Command2"), mode != view::model);
-        }
     trigger("M");
-    click("Command1"); // 0.2 cm more on an ordinate of 6.58 / 100 cm
-    EXPECT_FLOAT_EQ(Ena_cm_posa_KNm_M, 24.75F);
     Ena_cm_posa_KNm_M = static_cast<float>(Bres_Max_Abs_M() / (0.6 * Picture1().height()));
     trigger("ZoomBestFit"); // of the nodes, which leaves half of the height
     const CanvasView nodes = currentView();
@@ -622,15 +458,11 @@ TEST_F(MainWindow, AnalyzesAndShowsTheResults)
     EXPECT_EQ(currentView(), nodes);
     EXPECT_EQ(log().filter("The diagram goes beyond the edge").size(),
               2); // as often as it came to be cut
-    trigger("Foreas");
-    EXPECT_FALSE(shown("Command1") || shown("Command2"));
 }
 
 TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
 {
     startWithSmall();
-    trigger("Epilisi");
-    trigger("M");
     const QImage picture = canvas().kanvas().image().copy();
     canvas().setFocus();
     for (const bool byKeys : {false, true}) {
@@ -641,41 +473,9 @@ TEST_F(MainWindow, ThePictureGoesOutAsItIsShown)
             trigger("mnuEIKONA_Clipboard_item");
         EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(picture.format()), picture);
     }
-    const char *bitmap = "mnuEIKONA_arxeio_bmp_item", *vectors = "mnuEIKONA_SVG_PDF_item";
-    for (const auto &[command, chosen, pattern, file, begin] :
-         {std::tuple{bitmap, "a", "", "a.bmp", "BM"},
-          {bitmap, "b.bmp", "", "b.bmp", "BM"},
-          {bitmap, "c.BMP", "", "c.BMP.bmp", "BM"},
-          {vectors, "a", "", "a.svg", "<?xml"},
-          {vectors, "b", "*.pdf", "b.pdf", "%PDF"},
-          // The name proposed, another filter.
-          {vectors, "c.svg", "*.pdf", "c.pdf", "%PDF"},
-          {vectors, "d.pdf", "*.svg", "d.pdf", "%PDF"},
-          {vectors, "e.png", "*.svg", "e.png.svg", "<?xml"}}) {
-        desktop.filterPattern = pattern;
-        desktop.expectFileDialog(path(chosen));
-        trigger(command);
-        EXPECT_TRUE(contentOf(path(file)).starts_with(begin)) << file;
-        EXPECT_EQ(log().last().toStdString(), " Picture: " + path(file));
-    }
+    desktop.expectFileDialog(path("a.bmp"));
+    trigger("mnuEIKONA_arxeio_bmp_item");
     EXPECT_EQ(QImage(QString::fromStdString(path("a.bmp"))), picture);
-    const std::string unsaved = "There was an error saving the file: " + path("none/d");
-    for (const auto &[command, filter, proposed, says] :
-         {std::tuple{bitmap, "Bitmap Files (*.bmp)|*.bmp", "Picture"s, ""s}, // fails in silence
-          {vectors, "SVG files (*.svg)|*.svg|PDF files (*.pdf)|*.pdf", path("m_M.svg"), unsaved}}) {
-        const QStringList before = log();
-        std::string said;
-        if (!says.empty())
-            desktop.expectAnyMessage(said);
-        for (const auto &chosen : {std::optional(path("none/d")), std::optional<std::string>()}) {
-            desktop.expectFileDialog(chosen);
-            trigger(command);
-        }
-        EXPECT_EQ(desktop.fileQuestions.back().filter, filter);
-        EXPECT_EQ(desktop.fileQuestions.back().proposed, proposed);
-        EXPECT_TRUE(said.starts_with(says)) << said;
-        EXPECT_EQ(log(), says.empty() ? before : before + QStringList(qtText(" " + said)));
-    }
 }
 
 TEST_F(MainWindow, ACommandOpensItsFormOrSaysWhatItLacks)
@@ -743,27 +543,8 @@ TEST_F(MainWindow, EveryCommandStandsInItsPlaceWithATextAndAKeyOfItsOwn)
         EXPECT_NE(find<QToolButton>(command.name)->focusPolicy(), Qt::NoFocus);
     }
     EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().size(), 28);
+    EXPECT_EQ(find<QToolBar>("Toolbar2")->actions().at(25)->objectName(), "Epilisi");
     EXPECT_LE(find<QToolBar>("Toolbar2")->sizeHint().width(), window->minimumWidth());
-}
-
-TEST_F(MainWindow, AToolButtonShowsThatItHasTheFocus)
-{
-    start();
-    const auto *focus = find<QFocusFrame>("ToolbarFocus");
-    find<QToolButton>("Epilisi")->setFocus();
-    EXPECT_EQ(focus->widget(), find<QToolButton>("Epilisi"));
-    find<QTextEdit>("RichTextBox1")->setFocus();
-    EXPECT_FALSE(focus->isVisible());
-}
-
-TEST_F(MainWindow, AnInstantMessageGoesAfterItsTime)
-{
-    start();
-    window->Stigmiaio_Minima("Saved");
-    EXPECT_TRUE(shown("Label1"));
-    EXPECT_EQ(find<QTimer>("Timer1")->interval(), 5000);
-    tick("Timer1");
-    EXPECT_FALSE(shown("Label1"));
 }
 
 TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
@@ -808,214 +589,6 @@ TEST_F(MainWindow, AnAbruptEndKeepsAModelThatIsNotInItsFile)
                                                                       : "Omades\r\n")));
             fs::remove_all(recovery());
         }
-}
-
-TEST_F(MainWindow, OffersTheJournalOfAProcessThatIsGone)
-{
-    enum Reply { openIt, keepIt, deleteIt };
-    struct Case
-    {
-        Reply reply;
-        std::string model; ///< of the journal
-        Answer leaves;     ///< the model of the command line, that was changed; ok where it was not
-        bool opens, stays; ///< the journal, the latter after this process
-    };
-    const std::string journal = (recovery() / "Veskora_journal_1.vsk").string();
-    const std::string a = path("a.vsk"), b = path("b.vsk");
-    for (const Case &c : {Case{openIt, a, Answer::ok, true, false},
-                          {openIt, "", Answer::no, true, false},
-                          {openIt, a, Answer::cancel, false, true},
-                          {keepIt, a, Answer::ok, false, true},
-                          {deleteIt, a, Answer::ok, false, false}}) {
-        SCOPED_TRACE(testing::Message() << c.reply << ' ' << c.model);
-        const std::string name = c.model.empty() ? "Untitled.vsk" : c.model;
-        write(b, small);
-        fs::create_directories(recovery());
-        std::string changed = small;
-        changed.replace(changed.find("Komboi\r\n2\r\n\r\n1\r\n") + 16, 1, "3"); // the first x
-        write(journal, changed + "Journal of the model\r\n" + c.model);
-        write((recovery() / "Veskora_journal_1.lock").string(), "");
-        reopen();
-        const std::string says = "The program ended before this model was saved: " + name;
-        const std::string where = "The journal has it as it was a moment before: " + journal;
-        desktop.expectChoice(says + "\r\n\r\n" + where, c.reply);
-        if (c.leaves != Answer::ok) {
-            desktop.beforeChoice = [] { Ena_cm_posa_KN_Q = 55; };
-            expectSaveQuestion(c.leaves, b);
-        }
-        start(b);
-        desktop.beforeChoice = nullptr;
-        for (const std::string &line : {says, where})
-            EXPECT_EQ(log().count(" " + QString::fromStdString(line)), 1);
-        EXPECT_EQ(Onoma_Arxeiou, c.opens ? c.model : b);
-        EXPECT_EQ(Komboi(1, node::x) == 3, c.opens);
-        if (c.opens) { // a model that has yet to be saved
-            expectSaveQuestion(Answer::cancel, name);
-            trigger("mnuNEOitem");
-        }
-        desktop.expectNothingLeft();
-        window.reset();
-        EXPECT_EQ(fs::exists(journal), c.stays);
-    }
-}
-
-TEST_F(MainWindow, TitleAndJournalTellThatTheSaveQuestionWouldCome)
-{
-    std::string oldStage = small; // whose stage ends before the springs: it is never as it is saved
-    oldStage.replace(oldStage.find("Elatiria") - 6, std::string::npos, std::string(modelEndLine));
-    write(path("old.vsk"), oldStage);
-    startWithSmall();
-    desktop.answerAnything = [] { return Answer::no; };
-    const auto open = [this](const char *name) {
-        return [=, this] {
-            desktop.expectFileDialog(path(name));
-            trigger("Open");
-        };
-    };
-    const auto loseFile = [this] {
-        fs::remove(path("m.vsk"));
-        comeBack();
-    };
-    const std::tuple<const char *, std::function<void()>, bool, int> cases[] = {
-        {"opened", [] {}, false, 0},
-        {"edited", [] { putNode(9, 9); }, true, 1},
-        {"taken back", [] { --Arithmos_Kombon; }, false, 0},
-        {"view", [] { Klimaka = 77; }, true, 1},
-        {"saved", [this] { trigger("Save"); }, false, 0},
-        {"emptied", [] { Katharismos_Montelou(); }, true, 0},
-        {"new", [this] { trigger("New"); }, false, 0},
-        {"unnamed", [] { putNode(1, 1); }, true, 1},
-        {"of an earlier stage", open("old.vsk"), true, 0},
-        {"of this one", open("m.vsk"), false, 0},
-        {"gone", loseFile, true, 0},
-    };
-    for (const auto &[name, act, isMarked, journals] : cases) {
-        act();
-        for (int seconds = 0; seconds < 3; ++seconds) {
-            tick("JournalTimer");
-            find<JournalKeeper>("")->waitForWriting();
-        }
-        EXPECT_EQ(keptModels().size(), journals) << name;
-        EXPECT_EQ(caption().starts_with('*'), isMarked) << name;
-        EXPECT_EQ(FileCommands::isSaved(), !isMarked) << name;
-    }
-}
-
-TEST_F(MainWindow, AFileChangedByAnotherProgramIsNotReplacedUnasked)
-{
-    const std::string file = path("m.vsk"), copy = path("copy.vsk");
-    const std::string other = small + "another program's";
-    struct Case
-    {
-        std::string command;
-        Answer reply;
-        std::optional<std::string> chosen = {}; ///< where another name is asked for
-        std::string says = {};                  ///< on leaving the model without one
-    };
-    for (const Case &c : {
-             Case{"mnuAPOTHIKEFSIitem", Answer::no},
-             {"mnuAPOTHIKEFSIitem", Answer::yes},
-             {"mnuAPOTHIKEFSIOSitem", Answer::ok, copy},
-             {"mnuAPOTHIKEFSIOSitem", Answer::no, file},
-             {"mnuNEOitem", Answer::yes},
-             {"mnuNEOitem", Answer::no, copy},
-             {"mnuEKSODOSitem", Answer::no, copy},
-             {"mnuEKSODOSitem", Answer::no, std::nullopt,
-              "The model is kept in the recovery file: "},
-         }) {
-        SCOPED_TRACE(c.command);
-        fs::remove(copy);
-        startWithSmall();
-        Klimaka = 77;
-        const std::string mine = modelText();
-        write(file, other);
-        comeBack();
-        comeBack();
-        const bool leaves = !c.command.starts_with("mnuAPOTHIKEFSI");
-        if (leaves)
-            expectSaveQuestion(Answer::yes, file,
-                               c.command == "mnuEKSODOSitem" ? Icon::exclamation : Icon::none);
-        if (c.reply != Answer::ok)
-            desktop.expectMessage("The file was changed by another program since it was opened. "
-                                  "Replace it?",
-                                  Icon::exclamation, c.reply);
-        if (c.chosen || !c.says.empty())
-            desktop.expectFileDialog(c.chosen);
-        std::string said;
-        if (!c.says.empty())
-            desktop.expectAnyMessage(said);
-        trigger(c.command.c_str());
-        desktop.expectNothingLeft();
-        EXPECT_EQ(contentOf(file), c.reply == Answer::yes ? mine : other);
-        EXPECT_EQ(fs::exists(copy) ? contentOf(copy) : mine, mine);
-        EXPECT_EQ(fs::exists(copy), c.chosen == copy);
-        EXPECT_TRUE(said.starts_with(c.says)) << said;
-        EXPECT_EQ(log().count(" The file was changed by another program since it was opened: "
-                              + QString::fromStdString(file)),
-                  1);
-        if (!leaves && c.reply == Answer::no) { // it is there to be saved elsewhere
-            EXPECT_EQ(Onoma_Arxeiou + modelText(), file + mine);
-        }
-    }
-}
-
-TEST_F(MainWindow, OpensWhatIsDroppedAndWhatWasOpenLast)
-{
-    const std::string odd = "b & c, \"d\".vsk";
-    fs::create_directory(path("sub"));
-    for (const std::string &name : {"a.vsk"s, odd, "sub/a.vsk"s})
-        write(path(name), small);
-    const auto entries = [this] {
-        auto *menu = find<QMenu>("mnuRECENT");
-        emit menu->aboutToShow();
-        std::vector<std::string> tips;
-        for (const QAction *entry : menu->actions())
-            if (entry->isVisible() && entry->isEnabled())
-                tips.push_back(entry->toolTip().toStdString());
-        return tips;
-    };
-    start();
-    EXPECT_THAT(entries(), testing::ElementsAre("No file has been opened or saved yet."));
-    for (const auto &[names, opens] : {std::pair{std::vector{"a.vsk"s}, true},
-                                       {{"a.vsk", odd}, false},
-                                       {{"n.txt"}, false},
-                                       {{odd}, true},
-                                       {{"sub/a.vsk"}, true}}) {
-        QList<QUrl> urls;
-        for (const std::string &name : names)
-            urls << QUrl::fromLocalFile(QString::fromStdString(path(name)));
-        QMimeData data;
-        data.setUrls(urls);
-        const std::string before = Onoma_Arxeiou;
-        if (!opens)
-            desktop.expectMessage("Drop one model file (*.vsk) of this computer here to open it.");
-        if (names[0] == odd) { // the save question comes first
-            Ena_cm_posa_KN_Q = 55;
-            expectSaveQuestion(Answer::no, before);
-        }
-        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(&canvas(), &enter);
-        EXPECT_TRUE(enter.isAccepted());
-        QDropEvent drop({9, 9}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
-        QCoreApplication::sendEvent(window.get(), &drop);
-        EXPECT_EQ(drop.dropAction(), Qt::CopyAction);
-        QCoreApplication::processEvents();
-        desktop.expectNothingLeft();
-        EXPECT_EQ(Onoma_Arxeiou, opens ? path(names[0]) : before);
-    }
-    openDesktop(); // another run
-    start();
-    EXPECT_THAT(entries(), testing::ElementsAre(path("sub/a.vsk"), path(odd), path("a.vsk")));
-    EXPECT_EQ(find<QAction>("mnuRECENT1item")->text().remove('&').toStdString(),
-              "a.vsk (" + path("sub") + ")");
-    EXPECT_EQ(find<QAction>("mnuRECENT2item")->text().toStdString(), "b && c, \"d\".vsk");
-    fs::remove(path("sub/a.vsk"));
-    desktop.expectMessage("The file is not there any more: " + path("sub/a.vsk"));
-    trigger("mnuRECENT1item");
-    EXPECT_THAT(entries(), testing::ElementsAre(path(odd), path("a.vsk")));
-    trigger("mnuRECENT2item");
-    EXPECT_EQ(Onoma_Arxeiou, path("a.vsk"));
-    EXPECT_THAT(entries(), testing::ElementsAre(path("a.vsk"), path(odd)));
 }
 
 } // namespace
