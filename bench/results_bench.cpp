@@ -4,10 +4,9 @@
 #include "epilisi.h"
 #include "frmApotelesmata.h"
 #include "Models.h"
+#include "PaintedOnce.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QCoreApplication>
 
 namespace veskora {
 namespace {
@@ -20,9 +19,9 @@ void resultsWindow(benchmark::State &state)
     for (auto _ : state) {
         ResultsPlace place;
         frmApotelesmata window(place);
+        PaintedOnce painted(window);
         window.show();
-        QCoreApplication::processEvents();
-        window.grab(); // painted, not only asked for
+        painted.wait();
     }
 }
 

@@ -7,12 +7,12 @@
 #include "Application.h"
 #include "frmMain.h"
 #include "Metablites.h"
+#include "PaintedOnce.h"
 #include "QtDesktop.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QAction>
-#include <QElapsedTimer>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -21,33 +21,6 @@
 
 namespace veskora {
 namespace {
-
-/// Sees the painting of a widget end.
-class PaintedOnce : public QObject
-{
-public:
-    explicit PaintedOnce(QWidget &widget) : widget_(widget) { widget.installEventFilter(this); }
-
-    void wait()
-    {
-        painted_ = false;
-        widget_.update();
-        while (!painted_)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-        QCoreApplication::processEvents(); // what it is a part of has been put on the screen
-    }
-
-protected:
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        painted_ = painted_ || event->type() == QEvent::Paint;
-        return false;
-    }
-
-private:
-    QWidget &widget_;
-    bool painted_ = false;
-};
 
 void startOf(benchmark::State &state, const QString &model)
 {
@@ -94,17 +67,19 @@ int windowSession(int argc, char **argv)
     frmMain window;
     desktop.attach(&window);
     const QString model = Application::arguments().value(2);
+    auto *canvas = window.findChild<QWidget *>("Picture1");
+    PaintedOnce start(*canvas);
     window.start(model);
-    PaintedOnce canvas(*window.findChild<QWidget *>("Picture1"));
-    canvas.wait();
+    start.wait();
     if (!model.isEmpty()) {
+        PaintedOnce diagram(*canvas);
         for (const char *name : {"Epilisi", "M"}) {
             auto *action = window.findChild<QAction *>(name);
             if (action == nullptr)
                 return EXIT_FAILURE;
             action->trigger();
         }
-        canvas.wait();
+        diagram.wait();
         if (Arithmos_Stoixeion == 0 || Katastasi_Provolis != view::M)
             return EXIT_FAILURE;
     }

@@ -64,7 +64,7 @@ Extent modelExtent()
 namespace {
 
 /// How the canvas holds an extent.
-struct Place
+struct ShownPlace
 {
     double scale; ///< 1:`scale` fills it
     double room;  ///< between the margins, of the direction that needs the coarser scale
@@ -72,7 +72,7 @@ struct Place
 };
 
 /// An extent of 0 in one direction leaves the other.
-Place placeOf(const Extent &extent, double margin)
+ShownPlace placeOf(const Extent &extent, double margin)
 {
     const double width = extent.xmax - extent.xmin;
     const double height = extent.ymax - extent.ymin;
@@ -85,7 +85,7 @@ Place placeOf(const Extent &extent, double margin)
 
 /// Leaves the view as it is where the scale is no number above 0 or the origin has no place.
 /// @return whether the view is there
-bool show(const Extent &extent, double margin, const Place &place, double scale, double finest)
+bool show(const Extent &extent, double margin, const ShownPlace &place, double scale, double finest)
 {
     const CanvasView before = currentView();
     Klimaka = static_cast<float>(scale);
@@ -101,7 +101,7 @@ bool show(const Extent &extent, double margin, const Place &place, double scale,
 /// all, leaves the view and says why.
 void fit(const Extent &extent, double margin, double finest = finestScale)
 {
-    const Place place = placeOf(extent, margin);
+    const ShownPlace place = placeOf(extent, margin);
     if (!show(extent, margin, place, Stroggylopoiisi(place.scale, scaleDecimals), finest))
         reportNoFit(place.scale, place.room);
 }
@@ -174,7 +174,7 @@ void fitModelAnyhow(double margin)
     if (showSingleNode())
         return;
     const Extent extent = modelExtent();
-    const Place place = placeOf(extent, margin);
+    const ShownPlace place = placeOf(extent, margin);
     if (!show(extent, margin, place, place.scale, 0))
         centreNode1();
 }

@@ -50,12 +50,14 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// What is there already is left alone: each start comes here, and the disk is slow.
 /// @return whether the file was changed
 bool write(const QString &path, const QByteArray &content)
 {
-    const bool same = contentOf(path) == content;
+    if (contentOf(path) == content)
+        return false;
     QDir().mkpath(QFileInfo(path).path());
-    return tryWriteWholeFile(plainText(path), content.toStdString()) && !same;
+    return tryWriteWholeFile(plainText(path), content.toStdString());
 }
 
 /// The first word of the line Exec, without the quotes.

@@ -79,7 +79,17 @@ void GridView::present(ResultGrid *grid, Header header)
     setRowHidden(0, header == Header::fixed);
     for (const int row : grid->separators())
         setRowHeight(row, pixels(separatorHeight));
-    sizeColumns();
+    if (isVisible())
+        sizeColumns();
+    else
+        isSized_ = false;
+}
+
+void GridView::showEvent(QShowEvent *event)
+{
+    if (!isSized_)
+        sizeColumns();
+    QTableView::showEvent(event);
 }
 
 const ResultGrid &GridView::grid() const
@@ -102,6 +112,7 @@ void GridView::sizeColumns()
         }
         setColumnWidth(column, width + padding);
     }
+    isSized_ = true;
 }
 
 void GridView::copySelection() const

@@ -24,11 +24,16 @@ public:
     /// What must be told of the cells, also where they are copied; lines, mostly none.
     void setNotice(const QString &notice) { notice_ = notice; }
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
+    /// To what their texts take. Of thousands that is slow: only of a grid that is seen.
     void sizeColumns();
     void copySelection() const;
 
     QString notice_;
+    bool isSized_ = true;
 };
 
 } // namespace veskora
