@@ -12,6 +12,7 @@
 #include <QListWidget>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <stdexcept>
 #include <utility>
@@ -30,6 +31,9 @@ inline QList<QStringList> rowsOf(const std::string &text)
 
 class Forms
 {
+public:
+    virtual ~Forms() = default;
+
 protected:
     /// Talks to the modal form that @p open shows, from inside its event loop, then closes it.
     template <typename Open, typename Talk>
@@ -74,8 +78,9 @@ protected:
         QTest::keyClick(control(field), Qt::Key_Delete);
         QTest::keyClicks(control(field), QString::fromStdString(text));
     }
-    /// "Field=text Check=x Button @Field [Key]": types the text, after which "!" presses Enter; has
-    /// the box ticked, or by "o" not; presses the button; goes to the field; presses the key.
+    /// "Field=text Check=x Button @Field ~List [Key]": types the text, after which "!" presses
+    /// Enter; has the box ticked, or by "o" not; presses the button; goes to the field; turns the
+    /// wheel over the list, down; presses the key.
     void act(const std::string &acts)
     {
         for (QString entry : QString::fromStdString(acts).split(' ', Qt::SkipEmptyParts)) {
@@ -85,6 +90,8 @@ protected:
             const std::string text = entry.section('=', 1).toStdString();
             if (entry.startsWith('@'))
                 control(name.substr(1))->setFocus();
+            else if (entry.startsWith('~'))
+                turnWheel(*control(name.substr(1)));
             else if (entry.startsWith('['))
                 pressKey(entry.mid(1).chopped(1));
             else if (!entry.contains('='))
@@ -97,6 +104,12 @@ protected:
                 pressKey("Return");
         }
     }
+    static void turnWheel(QWidget &part)
+    {
+        QWheelEvent down({5, 5}, part.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&part, &down);
+    }
     void pressKey(const QString &key)
     {
         const QKeyCombination keys = QKeySequence(key)[0];
@@ -105,7 +118,7 @@ protected:
     }
     /// Of a field its text, of a list its rows, of a check box "x" or "o"; "focus" is the name of
     /// what has it.
-    std::string valueOf(const std::string &name)
+    virtual std::string valueOf(const std::string &name)
     {
         if (name == "focus")
             return form->focusWidget()->objectName().toStdString();

@@ -249,6 +249,32 @@ TEST_F(Help, APackSpeaksWhereTheToolkitLacksItsLanguageAndNothingIsCut)
     }));
 }
 
+TEST_F(Help, ContentsAndPageFollowEachOther)
+{
+    openContents();
+    auto *contents = viewer()->findChild<QTreeView *>("ContentsTree");
+    const auto titleOf = [](const QModelIndex &entry) { return entry.data().toString(); };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return contents->currentIndex().isValid(); }));
+    page()->setSource(QUrl("qthelp://veskora-ml/help/examples.html#somewhere"));
+    EXPECT_EQ(titleOf(contents->currentIndex()), "Examples");
+    contents->setFocus();
+    QTest::keyClick(contents, Qt::Key_Up);
+    EXPECT_EQ(shownPage(), "Examples");
+    QTest::keyClick(contents, Qt::Key_Return);
+    EXPECT_EQ(shownPage(), titleOf(contents->currentIndex()).toStdString());
+
+    viewer()->findChild<QLineEdit *>("Find")->setText("the");
+    std::vector<int> places = {0};
+    for (const auto &[key, held] : {std::pair{Qt::Key_F3, Qt::NoModifier},
+                                    {Qt::Key_F3, Qt::NoModifier},
+                                    {Qt::Key_F3, Qt::ShiftModifier}}) {
+        QTest::keyClick(viewer(), key, held);
+        places.push_back(page()->textCursor().position());
+    }
+    EXPECT_LT(places[1], places[2]);
+    EXPECT_EQ(places[1], places[3]);
+}
+
 TEST_F(Help, ADialogThatBlocksAllWindowsLeavesTheViewerUsable)
 {
     openContents();

@@ -11,6 +11,8 @@
 #include "MainWindowTest.h"
 #include "ModelCheck.h"
 #include "Models.h"
+#include "QtColour.h"
+#include "Settings.h"
 #include "StepsFile.h"
 #include "SystemPrograms.h"
 #include "Text.h"
@@ -253,6 +255,14 @@ TEST_F(ValuesWindow, TableCursorAndLinesHaveTheValues)
 
     auto *place = find<QLineEdit>("Place");
     auto *curves = find<ElementCurves>("Curves");
+    const QImage drawn = curves->grab().toImage();
+    for (const double colour : {xroma_N, xroma_Q, xroma_M, xroma_paramorfosis}) {
+        int pixels = 0;
+        for (int pixel = 0; pixel < drawn.width() * drawn.height(); ++pixel)
+            pixels +=
+                drawn.pixelColor(pixel % drawn.width(), pixel / drawn.width()) == qtColour(colour);
+        EXPECT_GT(pixels, 0) << "no curve of the colour " << colour;
+    }
     const auto types = [place](const char *text) {
         return [=] { place->clear(), QTest::keyClicks(place, text); };
     };

@@ -5,6 +5,7 @@
 #include "Ektiposi.h"
 #include "epilisi.h"
 #include "ExportFlexGrid.h"
+#include "Fault.h"
 #include "Files.h"
 #include "Forms.h"
 #include "frmApotelesmata.h"
@@ -14,6 +15,7 @@
 #include "ModelTree.h"
 #include "ResultGrid.h"
 #include "SystemPrograms.h"
+#include "WorkbookCheck.h"
 
 #include <QClipboard>
 #include <QPdfWriter>
@@ -408,6 +410,15 @@ TEST_F(Results, SectionsBecomeWorkbooksBesideTheModel)
         expected += QString(name).section(" (", 0, 0).toStdString() + "\n" + shownGrid(grid);
         files << QString::fromStdString(file);
         EXPECT_TRUE(log().contains(" Workbook: " + files.last()));
+        const ResultGrid &cells = part<GridView>(grid)->grid();
+        const int count = cells.rowCount() * cells.columnCount();
+        QStringList texts;
+        for (int cell = 0; cell < count; ++cell)
+            texts << cells.text(cell / cells.columnCount(), cell % cells.columnCount());
+        texts.removeAll(QString());
+        EXPECT_NO_THROW(requireWholeWorkbook(file, texts, count));
+        EXPECT_THROW(requireWholeWorkbook(file, texts, count + 1), Fault);
+        EXPECT_THROW(requireWholeWorkbook(file, texts.mid(1), count), Fault);
     }
     static const QRegularExpression colour(R"(\((b|r|g)\))");
     EXPECT_EQ(workbooks(files), QString::fromStdString(expected).remove(colour).toStdString());

@@ -353,26 +353,12 @@ TEST_F(Settings, ChecksGovernTheirFields)
 TEST_F(Settings, ThePickerAnswersWhatWasChosen)
 {
     start();
-    constexpr double systemColour = -2147483634;
-    // By keys: the swatches are one stop, arrows go where they point and end at the edge; so on the
-    // palette, which begins in its middle.
-    const std::tuple<double, const char *, double> answers[] = {
-        {systemColour, "SSCommand2", systemColour},
-        {systemColour, "", systemColour}, // closed by its frame
-        {255, "Picture1(9)", 255},
-        {255, "@Picture1(9) [Return]", 255},
-        {255, "@Picture1(9) [Space] [Return]", 0xFF0000},
-        {255, "Picture1(9) SSCommand3", -1},
-        {255, "[Esc]", -1},
-        {5, "Picture1(6) SSCommand2", 0x008080},
-        {7, "@Picture1(1) [Down] [Right] [Space] SSCommand2", 0x00FF00},
-        {7, "@Picture1(15) [Right] [Down] [Up] [Left] [Space] SSCommand2", 0x008080},
-        {7, "@Picture1(12) [Left] [Tab] [Tab] [Backtab] [Backtab] [Up] [Space] SSCommand2",
-         0x808000},
-        {7, "@Picture1(0) [Tab] [Up] [Down] SSCommand2", 0xFFFF00}, // pure cyan
-        {7, "@pCol [Left] [Right] SSCommand2", 0xFFFF00}};
-    for (const auto &[given, acts, answer] : answers)
-        EXPECT_EQ(picked(given, [&, acts = acts] { act(acts); }), answer) << acts;
+    for (const QStringList &row : rowsOf(contentOf(TEST_DATA "/picker.txt"))) {
+        const auto acts = [&] { act(row.at(1).toStdString()); };
+        EXPECT_EQ(picked(row.at(0).toDouble(), acts), row.at(2).toInt(nullptr, 0))
+            << row.at(1).toStdString();
+    }
+    EXPECT_EQ(picked(5, [] {}), 5); // closed by its frame
 
     // The palette: the button down takes a colour, a drag takes on, what lies outside is nothing.
     const std::pair<QPoint, double> places[] = {{{0, 0}, 0x808080},   {{142, 0}, 0x808080},
