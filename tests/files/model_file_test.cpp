@@ -20,7 +20,7 @@ namespace fs = std::filesystem;
 namespace veskora {
 namespace {
 
-constexpr std::uint32_t black = 0, red = 255;
+constexpr std::uint32_t blackLine = 0, redLine = 255;
 const std::string wrongBanner = "There was an error opening the file. The file could not be read.";
 const std::string notOpened = "There was an error opening the file:";
 const std::string title = "Kalvorn Veskora ML";
@@ -81,7 +81,7 @@ protected:
         const std::string text = notOpened + " " + path("m.vsk") + ": " + description;
         desktop.expectMessage(text, Icon::critical);
         read(content);
-        EXPECT_EQ(desktop.log, (std::vector<LogLine>{{text, red}}));
+        EXPECT_EQ(desktop.log, (std::vector<LogLine>{{text, redLine}}));
         EXPECT_EQ(desktop.caption, title + " - Untitled.vsk");
         EXPECT_EQ(Arithmos_Kombon + Arithmos_Omadon + Arithmos_Stoixeion, 0);
         EXPECT_EQ(Komboi(1, 1), 0);
@@ -97,7 +97,8 @@ TEST_F(ModelFile, TheSmallFileIsReadAndWrittenBackToTheByte)
     Thesi_Istorikou = 5;
     Allagi_Montelou = false;
     read(small);
-    EXPECT_EQ(desktop.log, (std::vector<LogLine>{{"Open file: " + path("m.vsk"), black, true}}));
+    EXPECT_EQ(desktop.log,
+              (std::vector<LogLine>{{"Open file: " + path("m.vsk"), blackLine, true}}));
     EXPECT_EQ(desktop.caption, path("m.vsk") + " - " + title);
     EXPECT_EQ(Onoma_Arxeiou, path("m.vsk"));
     EXPECT_TRUE(Allagi_Montelou);
@@ -247,7 +248,7 @@ TEST_F(ModelFile, AWrongBannerChangesNothing)
         desktop.caption = "old";
         desktop.expectMessage(wrongBanner, Icon::critical);
         read(content);
-        EXPECT_EQ(desktop.log.back(), (LogLine{wrongBanner, red, true}));
+        EXPECT_EQ(desktop.log.back(), (LogLine{wrongBanner, redLine, true}));
         EXPECT_FALSE(Allagi_Montelou);
         EXPECT_EQ(modelText(), before);
         EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
@@ -267,7 +268,7 @@ TEST_F(ModelFile, WhatIsNoFileIsNeitherReadNorWrittenAndNeverWaitedFor)
         const std::string text = "There was an error saving the file: " + file + ": " + says;
         desktop.expectMessage(text, Icon::critical);
         EXPECT_FALSE(Apothikefsi_Arxeiou(file, false));
-        EXPECT_EQ(desktop.log.back(), (LogLine{text, red}));
+        EXPECT_EQ(desktop.log.back(), (LogLine{text, redLine}));
         EXPECT_EQ(Onoma_Arxeiou, "old.vsk");
         desktop.expectMessage(notOpened + " " + file + ": " + says, Icon::critical);
         Anagnosi_Arxeiou(file);
@@ -308,7 +309,7 @@ TEST_F(ModelFile, SaveAsksForANameAndMindsItsExtension)
         EXPECT_EQ(desktop.fileQuestions.back().filter, "Kalvorn Veskora files (*.vsk)|*.vsk");
         EXPECT_EQ(Onoma_Arxeiou, path(written));
         EXPECT_EQ(desktop.caption, path(written) + " - " + title);
-        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(written), black, true}));
+        EXPECT_EQ(desktop.log.back(), (LogLine{"Save file: " + path(written), blackLine, true}));
         EXPECT_TRUE(fs::exists(path(written)));
         EXPECT_EQ(currentFolder + "/", path(""));
     }

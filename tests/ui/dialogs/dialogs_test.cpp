@@ -31,7 +31,7 @@ using testing::ElementsAre;
 
 class Dialogs : public StoreTest, protected Forms
 {
-protected:
+public:
     /// On @p row; 0 is a new one, where the form has rows.
     template <typename Form>
     void in(int row, const std::function<void()> &talk)
