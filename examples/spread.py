@@ -99,7 +99,7 @@ def contents(models):
 
 
 def folder_of(out, planned, models, held):
-    digests = [model and model[0] for model in held]
+    digests = [was and was[0] for was in held]
     facts = json.dumps([planned["options"], planned["version"], planned["locale"], models, digests])
     return out / "done" / hashlib.sha256(facts.encode()).hexdigest()[:32]
 
@@ -149,9 +149,10 @@ def part(out, text, again=False):
         with tempfile.TemporaryDirectory(prefix=done.name + ".work", dir=done.parent) as work:
             made = pathlib.Path(work, "made")
             made.mkdir()
+            others = {name: value for name, value in os.environ.items() if name not in LOCALE}
             run = subprocess.run(
                 [runner(), "--out", ".", "--summary", "summary.csv", *planned["options"], "--", *models],
-                cwd=made, env={name: value for name, value in os.environ.items() if name not in LOCALE} | planned["locale"],
+                cwd=made, env=others | planned["locale"],
                 pass_fds=[lock.fileno()],  # the lock lives as long as the last of the two
                 stderr=subprocess.PIPE, **TEXT)
             if run.returncode not in (0, 1):  # an end that tells nothing of the models
@@ -194,12 +195,12 @@ def gather(out):
 
 
 def main(arguments):
+    task = [os.environ[name] for name in ["SLURM_ARRAY_TASK_ID"] if name in os.environ]
     match arguments:
         case ["plan", folder, *rest] if "--" in rest:
             return plan(pathlib.Path(folder), rest)
-        case ["part", "--again", folder, *rest] | ["part", folder, *rest] if len(rest) < 2:
-            number = rest[0] if rest else os.environ.get("SLURM_ARRAY_TASK_ID", "")
-            return part(pathlib.Path(folder), number, again=arguments[1] == "--again")
+        case ["part", "--again", folder, *rest] | ["part", folder, *rest] if len(rest or task) == 1:
+            return part(pathlib.Path(folder), *(rest or task), again=arguments[1] == "--again")
         case ["gather", folder]:
             return gather(pathlib.Path(folder))
     sys.stderr.write(__doc__)
