@@ -168,7 +168,6 @@ TEST_F(Jobs, StandWhatTheCallerLeavesThem)
     }
     std::map<std::string, std::string> one;
     for (const auto &[before, behind] : {std::pair{"", "--jobs 1"},
-                                         {"", "--jobs 2 2>&-"},
                                          {"", "--jobs 2 <&- >&- 2>&-"},
                                          {"env --ignore-signal=CHLD ", "--jobs 3"},
                                          {"ulimit -n 12; ", "--jobs 200"},
