@@ -48,10 +48,10 @@ TEST_F(Diagrams, CurvesAreThoseOfTheValuesAlongTheElement)
         buildModel("G 1 8 5; N 0 0; " + line + "; S 1 20 30 40; S 2 25 35 45");
         analyse();
         const AlongElement along = alongElement(1);
-        const auto isAt = [&](double x, double y, double t, double u, double v) {
+        const auto isAt = [&, &member = line](double x, double y, double t, double u, double v) {
             const double part = t * along.length + u;
-            EXPECT_NEAR(x, part * along.c - v * along.s, nearly) << line << " at " << t;
-            EXPECT_NEAR(-y, part * along.s + v * along.c, nearly) << line << " at " << t;
+            EXPECT_NEAR(x, part * along.c - v * along.s, nearly) << member << " at " << t;
+            EXPECT_NEAR(-y, part * along.s + v * along.c, nearly) << member << " at " << t;
         };
         for (const double side : {1, -1}) {
             M_sin_Tension = side > 0;

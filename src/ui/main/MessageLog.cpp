@@ -53,7 +53,8 @@ void MessageLog::contextMenuEvent(QContextMenuEvent *event)
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->setObjectName("logMenu");
-    const auto entry = [menu](const char *name, const std::string &caption, QKeySequence keys) {
+    const auto entry = [menu](const char *name, const std::string &caption,
+                              const QKeySequence &keys) {
         QAction *action = menu->addAction(qtText(caption));
         action->setObjectName(name);
         action->setShortcut(keys);

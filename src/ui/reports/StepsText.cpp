@@ -102,7 +102,7 @@ private:
     QTextTable *insertTable(int rows, int columns, const QTextTableFormat &format);
     void writeTable(const Grid &grid, const QFont &font, Brackets brackets = {});
     void writeName(QTextTable &table, const Grid &grid, const QFont &font);
-    void writeCell(QTextTableCell place, const Cell &cell, const QFont &font, bool isLabel,
+    void writeCell(const QTextTableCell &place, const Cell &cell, const QFont &font, bool isLabel,
                    bool isProse);
     void formatCell(QTextTableCell place, const Grid &grid, int column, int first, bool isLabel,
                     Brackets brackets);
@@ -408,8 +408,8 @@ void Writer::formatCell(QTextTableCell place, const Grid &grid, int column, int 
     place.setFormat(format);
 }
 
-void Writer::writeCell(QTextTableCell place, const Cell &cell, const QFont &font, bool isLabel,
-                       bool isProse)
+void Writer::writeCell(const QTextTableCell &place, const Cell &cell, const QFont &font,
+                       bool isLabel, bool isProse)
 {
     QTextBlockFormat block;
     block.setAlignment(isProse ? Qt::AlignLeft : Qt::AlignRight);

@@ -271,6 +271,7 @@ void frmApotelesmata::assignWindowMnemonics()
 {
     std::vector<Caption> captions;
     QTabWidget *tabs = ui_->SSTab1;
+    captions.reserve(static_cast<std::size_t>(tabs->count()));
     for (int tab = 0; tab < tabs->count(); ++tab)
         captions.push_back({tabs->tabText(tab),
                             [tabs, tab](const QString &text) { tabs->setTabText(tab, text); }});

@@ -330,6 +330,7 @@ void frmSXEDIASI::refuse(const Row &row, const std::string &text)
     while (!ui_->SSTab1->widget(tab)->isAncestorOf(row.control))
         ++tab;
     ui_->SSTab1->setCurrentIndex(tab);
+    // NOLINTNEXTLINE(clang-analyzer-core.CallAndMessage): each row has a control
     static_cast<QLineEdit *>(row.control)->selectAll();
     (row.control->isEnabled() ? row.control : row.governor)->setFocus();
 }
