@@ -15,7 +15,10 @@
 #include <memory>
 #include <optional>
 #include <sstream>
+#include <stdexcept>
 #include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -40,7 +43,10 @@ void putText(std::string &record, std::string_view text)
 std::string takeText(std::string_view &record)
 {
     Size size = 0;
-    std::memcpy(&size, record.data(), sizeof size);
+    if (record.size() >= sizeof size)
+        std::memcpy(&size, record.data(), sizeof size);
+    if (record.size() < sizeof size || record.size() - sizeof size < size)
+        throw std::runtime_error("a temporary file was changed by another program");
     std::string text(record.substr(sizeof size, size));
     record.remove_prefix(sizeof size + size);
     return text;
@@ -98,15 +104,30 @@ void replay(std::string_view record, Delivery &delivery, std::ostream &err)
     }
 }
 
-/// A temporary file that goes with its last descriptor.
+/// A temporary file that goes with its last descriptor; null where there can be none.
 std::unique_ptr<Descriptor> namelessFile()
 {
     std::error_code error;
-    std::string name = (fs::temp_directory_path(error) / "veskora-XXXXXX").string();
-    auto file = std::make_unique<Descriptor>(::mkostemp(name.data(), O_CLOEXEC));
-    if (file->valid())
-        ::unlink(name.c_str());
-    return file;
+    const fs::path folder = fs::temp_directory_path(error);
+    std::string name = (folder / "veskora-XXXXXX").string();
+    const int number = error ? -1 : ::mkostemp(name.data(), O_CLOEXEC);
+    if (number < 0)
+        return nullptr;
+    ::unlink(name.c_str());
+    return std::make_unique<Descriptor>(number);
+}
+
+/// How many of @p wanted files can be open beside those that a model needs; at least one.
+std::size_t openFiles(std::size_t wanted)
+{
+    constexpr rlim_t others = 16;
+    rlimit limit{};
+    if (::getrlimit(RLIMIT_NOFILE, &limit) != 0)
+        return wanted;
+    const rlimit raised = {std::min<rlim_t>(wanted + others, limit.rlim_max), limit.rlim_max};
+    if (limit.rlim_cur < raised.rlim_cur && ::setrlimit(RLIMIT_NOFILE, &raised) == 0)
+        limit = raised;
+    return std::clamp<rlim_t>(limit.rlim_cur - std::min(limit.rlim_cur, others), 1, wanted);
 }
 
 bool writeAll(int file, std::string_view bytes)
@@ -140,9 +161,12 @@ struct Share
     std::size_t next, end;                 ///< those whose records are still to be replayed
     pid_t process = 0;                     ///< 0: it has ended
     std::optional<int> killedBy{};         ///< the signal
-    std::unique_ptr<Descriptor> records{}; ///< each is one text
+    std::unique_ptr<Descriptor> records{}; ///< each is one text; null: no process was started
     off_t replayed = 0;                    ///< bytes of them
 };
+
+/// Exit status of a process whose records find no room.
+constexpr int noRoom = 2;
 
 class Processes
 {
@@ -160,18 +184,26 @@ public:
     {
         // Enough for one process to pay for its start, and enough shares for all to end together.
         constexpr std::size_t largestShare = 16, sharesOfEach = 4;
-        const std::size_t count = models().size();
+        const std::size_t count = models().size(), most = openFiles(sharesOfEach * jobs_);
         const std::size_t share =
             std::clamp<std::size_t>(count / (sharesOfEach * jobs_), 1, largestShare);
+        ::signal(SIGCHLD, SIG_DFL); // a caller that ignores it would leave no ends to wait for
         for (std::size_t next = 0; next < count || !shares_.empty();) {
-            for (; next < count && running_ < jobs_ && shares_.size() < sharesOfEach * jobs_;
+            for (; next < count && running_ < jobs_ && shares_.size() < most;
                  next = shares_.back().end) {
                 shares_.push_back({.next = next, .end = std::min(next + share, count)});
                 start(shares_.back());
             }
-            while (!shares_.empty() && shares_.front().process == 0)
-                if (isThrough(shares_.front()))
+            while (!shares_.empty() && shares_.front().process == 0) {
+                Share &share = shares_.front();
+                deliver(share);
+                if (share.next < share.end)
+                    settle(share);
+                if (share.next < share.end)
+                    start(share);
+                else
                     shares_.pop_front();
+            }
             if (running_ > 0)
                 awaitOne();
         }
@@ -180,13 +212,17 @@ public:
 private:
     const std::vector<std::string> &models() const { return task_.order.models; }
 
+    /// A process forked from one that draws would have a toolkit that does not work, and without
+    /// room each model would be run twice.
+    bool mayFork() const { return !hasStarted_ && withoutRoom_ < 3; }
+
     void start(Share &share)
     {
-        share.records = namelessFile();
+        share.records = mayFork() ? namelessFile() : nullptr;
         share.replayed = 0;
         share.killedBy.reset();
         const pid_t parent = ::getpid();
-        share.process = share.records->valid() ? ::fork() : -1;
+        share.process = share.records ? ::fork() : -1;
         if (share.process == 0)
             work(share, parent);
         if (share.process > 0)
@@ -210,7 +246,7 @@ private:
             std::string text;
             putText(text, recorder.record());
             if (!writeAll(share.records->number(), text))
-                ::_exit(EXIT_FAILURE);
+                ::_exit(noRoom);
         }
         ::_exit(EXIT_SUCCESS);
     } catch (...) { // its parent tries the model, and meets the same
@@ -221,43 +257,49 @@ private:
     {
         int ending = 0;
         const pid_t ended = ::waitpid(-1, &ending, 0);
+        const bool haveAll = ended < 0 && errno == ECHILD;
         for (Share &share : shares_)
-            if (share.process == ended && ended > 0) {
+            if (share.process > 0 && (haveAll || share.process == ended)) {
                 share.process = 0;
                 if (WIFSIGNALED(ending))
                     share.killedBy = WTERMSIG(ending);
+                if (WIFEXITED(ending) && WEXITSTATUS(ending) == noRoom)
+                    ++withoutRoom_;
                 --running_;
             }
     }
 
     /// Hands over what a process that has ended made of its share.
-    /// @return false where another process has the rest of it now
-    bool isThrough(Share &share)
+    void deliver(Share &share)
     {
         for (; share.next < share.end; ++share.next) {
             const std::optional<std::string> record = nextRecord(share);
             if (!record)
-                break;
+                return;
             delivery_.begin(models()[share.next]);
             replay(*record, delivery_, err_);
         }
-        if (share.next == share.end)
-            return true;
+    }
+
+    /// Deals with the model at which a process has ended. Where it was killed, the model is left to
+    /// the next process once.
+    void settle(Share &share)
+    {
         if (!share.killedBy)
             runHere(share.next++);
         else if (std::exchange(killed_, share.next) == share.next)
             giveUp(share.next++, *share.killedBy);
-        if (share.next == share.end)
-            return true;
-        start(share);
-        return false;
     }
 
     static std::optional<std::string> nextRecord(Share &share)
     {
         Size size = 0;
+        struct stat status;
+        if (!share.records || ::fstat(share.records->number(), &status) != 0)
+            return std::nullopt;
         const int file = share.records->number();
-        if (!readAll(file, reinterpret_cast<char *>(&size), sizeof size, share.replayed))
+        if (!readAll(file, reinterpret_cast<char *>(&size), sizeof size, share.replayed)
+            || size > static_cast<Size>(status.st_size - share.replayed))
             return std::nullopt;
         std::string record(size, '\0');
         if (!readAll(file, record.data(), size, share.replayed))
@@ -291,7 +333,8 @@ private:
     std::deque<Share> shares_; ///< in the order of the models
     std::size_t running_ = 0;
     std::optional<std::size_t> killed_; ///< the model at which a process was killed last
-    bool hasStarted_ = false;
+    int withoutRoom_ = 0;               ///< processes whose records found none
+    bool hasStarted_ = false;           ///< this process draws itself
 };
 
 } // namespace

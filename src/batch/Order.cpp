@@ -17,6 +17,7 @@ const char *const usage =
     "Usage: Veskora_batch [OPTION...] MODEL.vsk...\n"
     "\n"
     "Analyses plane frames and writes the report of each MODEL.vsk as MODEL.txt.\n"
+    "The value of an option may stand behind \"=\" too, as in --jobs=4.\n"
     "\n"
     "  --out DIR  folder of the reports, made when it is not there; the working\n"
     "             directory when not given\n"
@@ -68,7 +69,8 @@ const char *const usage =
     "  --strict   a structure that is probably a mechanism counts as failed\n"
     "  --         what follows is a model, whatever it begins with\n"
     "  -h, --help this text\n"
-    "  --version  the version of the program, and of Qt, which draws the pictures\n"
+    "  --version  the version of the program, and of Qt, which draws the pictures,\n"
+    "             or that the program which draws them is missing\n"
     "\n"
     "Environment:\n"
     "  LC_ALL, LC_NUMERIC, LANG\n"
@@ -179,7 +181,7 @@ bool takeText(Order &order, const std::string &value)
     return value.size() <= longest;
 }
 
-/// An option that takes the argument behind it.
+/// An option that takes what stands behind it, after "=" or as the next argument.
 struct Valued
 {
     std::string_view name;
@@ -244,20 +246,25 @@ std::string takeValues(Order &order, const std::vector<std::string> &arguments, 
 /// @return what is wrong, empty when nothing
 std::string takeOption(Order &order, const std::vector<std::string> &arguments, std::size_t &i)
 {
-    const std::string &name = arguments[i];
-    if (const auto *flag = std::ranges::find(flags, name, &Flag::name); flag != flags.end()) {
+    const std::string &given = arguments[i];
+    const std::size_t equals = given.find('=');
+    const std::string name = given.substr(0, equals);
+    if (const auto *flag = std::ranges::find(flags, given, &Flag::name); flag != flags.end()) {
         order.*flag->given = true;
         return {};
     }
-    if (name.starts_with(pictureOption))
-        return takePictures(order, std::string_view(name).substr(pictureOption.size()));
-    if (std::string_view(name).substr(0, name.find('=')) == valuesOption)
+    if (given.starts_with(pictureOption))
+        return takePictures(order, std::string_view(given).substr(pictureOption.size()));
+    if (name == valuesOption)
         return takeValues(order, arguments, i);
     const auto *option = std::ranges::find(valued, name, &Valued::name);
     if (option == valued.end())
-        return "unknown option " + name;
+        return "unknown option " + given;
     order.shapesSteps = order.shapesSteps || name.starts_with("--steps-");
-    if (i + 1 < arguments.size() && option->take(order, arguments[++i]))
+    const bool isTaken = equals == std::string::npos
+                             ? i + 1 < arguments.size() && option->take(order, arguments[++i])
+                             : option->take(order, given.substr(equals + 1));
+    if (isTaken)
         return {};
     return name + " needs " + option->needs;
 }

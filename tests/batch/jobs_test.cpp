@@ -145,15 +145,42 @@ TEST_F(Jobs, OnlyDrawingsNeedTheProgramThatDraws)
     fs::create_symlink(BATCH_PROGRAM, path("link"));
     for (const auto &[line, status, told, file] :
          {std::tuple{"bin/Veskora_batch --csv", 0, "Total time", "small_ends.csv"},
-          {"bin/Veskora_batch --version", 0, "", nullptr},
+          {"bin/Veskora_batch --version", 0, "No drawings: they are made by", nullptr},
+          {"$(dirname " BATCH_PROGRAM ")/../libexec/veskora-ml/Veskora_draw --pdf", 1,
+           "works only for a Veskora_batch of the same version", nullptr},
           {"bin/Veskora_batch --pdf", 1,
            "/libexec/veskora-ml/Veskora_draw, which cannot be started: No such file", nullptr},
-          {"./link --size 200x200 --jobs 2 --pictures", 0, "", "small_N.png"}}) {
+          {"./link --size=200x200 --jobs=2 --pictures", 0, "", "small_N.png"}}) {
         const std::string command =
             "cd " + path("") + " && " + line + " " + TEST_DATA + "/small.vsk >told 2>&1";
         EXPECT_EQ(WEXITSTATUS(std::system(command.c_str())), status) << line;
         EXPECT_THAT(contentOf(path("told")), HasSubstr(told));
         EXPECT_TRUE(file == nullptr || fs::exists(path(file))) << line;
+    }
+}
+
+TEST_F(Jobs, StandWhatTheCallerLeavesThem)
+{
+    std::string given;
+    for (int i = 0; i < 9; ++i) {
+        write(path("m" + std::to_string(i) + ".vsk"), contentOf(TEST_DATA "/small.vsk"));
+        given += " m" + std::to_string(i) + ".vsk";
+    }
+    std::map<std::string, std::string> one;
+    for (const auto &[before, behind] : {std::pair{"", "--jobs 1"},
+                                         {"", "--jobs 2 <&- >&- 2>&-"},
+                                         {"env --ignore-signal=CHLD ", "--jobs 3"},
+                                         {"ulimit -n 12; ", "--jobs 200"},
+                                         {"ulimit -f 24; ", "--jobs 2"}}) { // less than a record
+        const std::string command = "cd " + path("") + " && rm -rf o && " + before + BATCH_PROGRAM
+                                    + " --values 100 --out o --summary o/s.csv" + given + " 2>told "
+                                    + behind;
+        EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        std::map<std::string, std::string> files;
+        for (const auto &entry : fs::directory_iterator(path("o")))
+            files[entry.path().filename()] = contentOf(entry.path());
+        one = one.empty() ? files : one;
+        EXPECT_TRUE(files.size() == 19 && files == one) << command;
     }
 }
 
