@@ -77,6 +77,7 @@ private:
             {"isBold", [&] { return number(endOfLog().fontWeight() == QFont::Bold); }},
             {"said", [&] { return said_; }},
             {"log", [&] { return log().mid(linesBefore_.size()).join(" /").toStdString(); }},
+            {"tellings", [&] { return std::to_string(log().filter("by another program").size()); }},
             {"kept", [&] { return kept(); }},
             {"recent", [&] { return recent(); }},
             {"proposed", [&] { return desktop.fileQuestions.back().proposed; }},
