@@ -7,7 +7,7 @@ cd "$(dirname "$0")"
 scripts/install-packages.sh build test
 
 logs=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null; rm -rf "$logs"' EXIT
+trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$logs"' EXIT
 mkdir -p build/passed
 [ "${1:-}" != --again ] || rm -f build/passed/*
 state=$({ git ls-files -coz --exclude-standard | xargs -0 sha1sum 2>/dev/null; dpkg-query -W; } | sha1sum)
