@@ -72,7 +72,7 @@ TEST_F(EliminationTest, GivesTheBitsAndTheFaultsOfThePlainLoops)
         constexpr int rounds = 150;
         for (int round = 0; round < rounds; ++round) {
             n = pick(1, round % 10 == 0 ? 90 : 20);
-            literal::Table A(600, 601), b(600), x(600);
+            literal::Table A(n, n), b(n), x(n);
             std::vector<double> rightSide, solution(static_cast<std::size_t>(n));
             K_ff.clear();
             for (int k = 1; k <= n; ++k) {

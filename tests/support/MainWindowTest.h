@@ -128,17 +128,22 @@ protected:
     bool shown(const char *name) { return find<QWidget>(name)->isVisible(); }
     /// What the timer does at its time.
     void tick(const char *timer) { QMetaObject::invokeMethod(find<QTimer>(timer), "timeout"); }
-    /// Talks to the window that comes up next, if @p act brings one, from inside its event loop.
-    static void answered(const std::function<void()> &act,
+    /// Talks to the window that comes up next, from inside its event loop.
+    /// @return whether @p act brought one
+    static bool answered(const std::function<void()> &act,
                          const std::function<void(QWidget &)> &talk)
     {
         QTimer timer;
+        bool isTalkedTo = false;
         QObject::connect(&timer, &QTimer::timeout, [&] {
-            if (QWidget *modal = QApplication::activeModalWidget())
+            if (QWidget *modal = QApplication::activeModalWidget()) {
+                isTalkedTo = true;
                 talk(*modal);
+            }
         });
         timer.start(0);
         act();
+        return isTalkedTo;
     }
     void expectSaveQuestion(Answer answer, const std::string &file = "Untitled.vsk",
                             Icon icon = Icon::none)

@@ -113,3 +113,5 @@ bool FormArea::event(QEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_FormArea.cpp"

@@ -148,3 +148,5 @@ void LoadDialog::finish(const std::string &done, int next, QWidget *field)
 }
 
 } // namespace veskora
+
+#include "moc_LoadDialog.cpp"

@@ -255,3 +255,5 @@ void showNonZero(QLineEdit *field, float value)
 }
 
 } // namespace veskora
+
+#include "moc_ModelDialog.cpp"

@@ -110,3 +110,5 @@ bool isRowNumber(double number)
 }
 
 } // namespace veskora
+
+#include "moc_NumberList.cpp"

@@ -60,3 +60,5 @@ bool NumberedDialog::takeEntered(QWidget *field)
 }
 
 } // namespace veskora
+
+#include "moc_NumberedDialog.cpp"

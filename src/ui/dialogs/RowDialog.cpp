@@ -110,3 +110,5 @@ void RowDialog::remove()
 }
 
 } // namespace veskora
+
+#include "moc_RowDialog.cpp"

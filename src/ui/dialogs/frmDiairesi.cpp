@@ -82,3 +82,5 @@ void frmDiairesi::apply()
 }
 
 } // namespace veskora
+
+#include "moc_frmDiairesi.cpp"

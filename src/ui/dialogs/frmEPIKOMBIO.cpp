@@ -41,3 +41,5 @@ std::span<float> frmEPIKOMBIO::loads(int n) const
 }
 
 } // namespace veskora
+
+#include "moc_frmEPIKOMBIO.cpp"

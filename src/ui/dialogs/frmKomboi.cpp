@@ -178,3 +178,5 @@ bool frmKomboi::deleteRow(int n)
 }
 
 } // namespace veskora
+
+#include "moc_frmKomboi.cpp"

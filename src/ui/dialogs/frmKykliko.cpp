@@ -194,3 +194,5 @@ void frmKykliko::logNew(int nodes, int elements)
 }
 
 } // namespace veskora
+
+#include "moc_frmKykliko.cpp"

@@ -110,3 +110,5 @@ void MoveGivenNodes::tellMoved(const std::string &by)
 }
 
 } // namespace veskora
+
+#include "moc_frmMETAKINISI.cpp"

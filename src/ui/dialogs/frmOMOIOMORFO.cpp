@@ -48,3 +48,5 @@ std::span<float> frmOMOIOMORFO::loads(int e) const
 }
 
 } // namespace veskora
+
+#include "moc_frmOMOIOMORFO.cpp"

@@ -115,3 +115,5 @@ bool frmOmades::deleteRow(int g)
 }
 
 } // namespace veskora
+
+#include "moc_frmOmades.cpp"

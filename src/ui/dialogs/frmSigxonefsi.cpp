@@ -94,3 +94,5 @@ bool frmSigxonefsi::deleteElementsBetween(int a, int b)
 }
 
 } // namespace veskora
+
+#include "moc_frmSigxonefsi.cpp"

@@ -193,3 +193,5 @@ bool frmStoixeia::deleteRow(int e)
 }
 
 } // namespace veskora
+
+#include "moc_frmStoixeia.cpp"

@@ -128,3 +128,5 @@ void CanvasObjects::tellWhyNot(const std::string &text) const
 }
 
 } // namespace veskora
+
+#include "moc_CanvasObjects.cpp"

@@ -104,3 +104,5 @@ void CanvasLabel::hideAt(const Point &place)
 }
 
 } // namespace veskora
+
+#include "moc_CanvasOverlay.cpp"

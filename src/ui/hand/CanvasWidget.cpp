@@ -169,3 +169,5 @@ void CanvasWidget::pinch(const QNativeGestureEvent &event)
 }
 
 } // namespace veskora
+
+#include "moc_CanvasWidget.cpp"

@@ -175,3 +175,5 @@ void DrawingTool::showRubberBand(const Point &at)
 }
 
 } // namespace veskora
+
+#include "moc_DrawingTool.cpp"

@@ -283,3 +283,5 @@ void Hand::menuClosed()
 }
 
 } // namespace veskora
+
+#include "moc_Hand.cpp"

@@ -13,3 +13,5 @@ bool PickTool::press(const Point &at)
 }
 
 } // namespace veskora
+
+#include "moc_PickTool.cpp"

@@ -25,3 +25,5 @@ QCursor PointerPicture::cursor(double scale) const
 }
 
 } // namespace veskora
+
+#include "moc_Tool.cpp"

@@ -45,3 +45,5 @@ bool ViewKeys::zooms(int key, Qt::KeyboardModifiers with)
 }
 
 } // namespace veskora
+
+#include "moc_ViewKeys.cpp"

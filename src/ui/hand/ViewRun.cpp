@@ -88,3 +88,5 @@ void ViewRun::end()
 }
 
 } // namespace veskora
+
+#include "moc_ViewRun.cpp"

@@ -63,3 +63,5 @@ void ZoomWindowTool::cancel()
 }
 
 } // namespace veskora
+
+#include "moc_ViewTools.cpp"

@@ -88,3 +88,5 @@ void HelpBrowser::mark(const QStringList &words)
 }
 
 } // namespace veskora
+
+#include "moc_HelpBrowser.cpp"

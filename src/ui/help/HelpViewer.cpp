@@ -281,3 +281,5 @@ void HelpViewer::findInPage(QTextDocument::FindFlags direction)
 }
 
 } // namespace veskora
+
+#include "moc_HelpViewer.cpp"

@@ -45,3 +45,5 @@ void frmAbout::done(int result)
 }
 
 } // namespace veskora
+
+#include "moc_frmAbout.cpp"

@@ -127,3 +127,5 @@ void guardOtherEnds()
 }
 
 } // namespace veskora
+
+#include "moc_Application.cpp"

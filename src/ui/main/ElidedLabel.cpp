@@ -35,3 +35,5 @@ bool ElidedLabel::event(QEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_ElidedLabel.cpp"

@@ -273,3 +273,5 @@ void FileCommands::tellForeignChange()
 }
 
 } // namespace veskora
+
+#include "moc_FileCommands.cpp"

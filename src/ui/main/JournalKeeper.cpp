@@ -104,3 +104,5 @@ void JournalKeeper::offerLost()
 }
 
 } // namespace veskora
+
+#include "moc_JournalKeeper.cpp"

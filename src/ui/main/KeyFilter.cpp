@@ -53,3 +53,5 @@ bool KeyFilter::askedForHelp(const QObject *watched, const QEvent &event)
 }
 
 } // namespace veskora
+
+#include "moc_KeyFilter.cpp"

@@ -157,3 +157,5 @@ void Menus::popUpLabels(const QPoint &place)
 }
 
 } // namespace veskora
+
+#include "moc_Menus.cpp"

@@ -89,3 +89,5 @@ void logStartLines()
 }
 
 } // namespace veskora
+
+#include "moc_MessageLog.cpp"

@@ -241,3 +241,5 @@ void PictureCommands::saveVectorPicture()
 }
 
 } // namespace veskora
+
+#include "moc_PictureCommands.cpp"

@@ -61,3 +61,5 @@ void RecentMenu::fill()
 }
 
 } // namespace veskora
+
+#include "moc_RecentMenu.cpp"

@@ -147,3 +147,5 @@ void StatusBar::showGroup()
 }
 
 } // namespace veskora
+
+#include "moc_StatusBar.cpp"

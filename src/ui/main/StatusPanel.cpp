@@ -36,3 +36,5 @@ void StatusPanel::paintEvent(QPaintEvent *)
 }
 
 } // namespace veskora
+
+#include "moc_StatusPanel.cpp"

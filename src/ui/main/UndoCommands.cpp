@@ -183,3 +183,5 @@ void UndoCommands::go(const std::string *(History::*way)(), const std::string &w
 }
 
 } // namespace veskora
+
+#include "moc_UndoCommands.cpp"

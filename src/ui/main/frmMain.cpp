@@ -309,3 +309,5 @@ void frmMain::Stigmiaio_Minima(const std::string &text)
 }
 
 } // namespace veskora
+
+#include "moc_frmMain.cpp"

@@ -281,3 +281,5 @@ void ElementCurves::keyPressEvent(QKeyEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_ElementCurves.cpp"

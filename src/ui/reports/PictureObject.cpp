@@ -60,3 +60,5 @@ const DrawnPicture &PictureObject::pictureOf(const QTextFormat &format) const
 }
 
 } // namespace veskora
+
+#include "moc_PictureObject.cpp"

@@ -84,3 +84,5 @@ void StepsBrowser::wheelEvent(QWheelEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_StepsBrowser.cpp"

@@ -149,3 +149,5 @@ void frmCalculation::reject()
 }
 
 } // namespace veskora
+
+#include "moc_frmCalculation.cpp"

@@ -143,3 +143,5 @@ void frmElegxos::closeEvent(QCloseEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_frmElegxos.cpp"

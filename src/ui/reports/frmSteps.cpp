@@ -535,3 +535,5 @@ PrintJob frmSteps::printJob() const
 }
 
 } // namespace veskora
+
+#include "moc_frmSteps.cpp"

@@ -401,3 +401,5 @@ void frmValues::closeEvent(QCloseEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_frmValues.cpp"

@@ -142,3 +142,5 @@ void GridView::copySelection() const
 }
 
 } // namespace veskora
+
+#include "moc_GridView.cpp"

@@ -75,3 +75,5 @@ QFont gridHeaderFont()
 }
 
 } // namespace veskora
+
+#include "moc_ResultGrid.cpp"

@@ -416,3 +416,5 @@ void frmApotelesmata::exportSections()
 }
 
 } // namespace veskora
+
+#include "moc_frmApotelesmata.cpp"

@@ -47,3 +47,5 @@ void frmSelect::accept()
 }
 
 } // namespace veskora
+
+#include "moc_frmSelect.cpp"

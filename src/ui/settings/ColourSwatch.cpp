@@ -47,3 +47,5 @@ void ColourSwatch::paintEvent(QPaintEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_ColourSwatch.cpp"

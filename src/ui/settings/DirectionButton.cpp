@@ -33,3 +33,5 @@ void DirectionButton::initStyleOption(QStyleOptionButton *option) const
 }
 
 } // namespace veskora
+
+#include "moc_DirectionButton.cpp"

@@ -109,3 +109,5 @@ void PaletteImage::pick(QPoint place)
 }
 
 } // namespace veskora
+
+#include "moc_PaletteImage.cpp"

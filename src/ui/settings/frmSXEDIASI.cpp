@@ -365,3 +365,5 @@ void frmSXEDIASI::storeDefaults()
 }
 
 } // namespace veskora
+
+#include "moc_frmSXEDIASI.cpp"

@@ -109,3 +109,5 @@ void showWelcomeWhenDue()
 }
 
 } // namespace veskora
+
+#include "moc_frmWelcome.cpp"

@@ -179,3 +179,5 @@ void frmXROMATA::closeEvent(QCloseEvent *event)
 }
 
 } // namespace veskora
+
+#include "moc_frmXROMATA.cpp"

@@ -125,12 +125,12 @@ TEST_F(CanvasTools, TheMenuMovesAHeightAndTellsWhatIsSoAlready)
     EXPECT_EQ(Komboi(1, node::y) + Komboi(2, node::y) + Komboi(3, node::y), 1 + 3 + 1);
     EXPECT_EQ(log().last(), " * Node #3, x=8, y=1, Free");
     for (const char *entry : {"mnu1item", "mnu3item"})
-        answered([&] { chooseInMenu(4, 3, entry); },
-                 [&](QWidget &dialog) {
-                     auto *row = dialog.findChild<QComboBox *>("Combo1");
-                     EXPECT_EQ(row->currentText(), "2") << entry;
-                     dialog.close();
-                 });
+        EXPECT_TRUE(answered([&] { chooseInMenu(4, 3, entry); },
+                             [&](QWidget &dialog) {
+                                 auto *row = dialog.findChild<QComboBox *>("Combo1");
+                                 EXPECT_EQ(row->currentText(), "2") << entry;
+                                 dialog.close();
+                             }));
     buildModel("G 1 1 1; N 0 0; N 4 0; E 1 2 1");
     chooseInMenu(2, 0, "ShareLoads");
     EXPECT_EQ(log().last(), " Nothing has changed: it is so already.");
