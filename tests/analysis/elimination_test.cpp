@@ -21,7 +21,7 @@ std::uint64_t bits(double value)
 class EliminationTest : public testing::Test
 {
 protected:
-    ~EliminationTest() override { K_ff.clear(); }
+    void TearDown() override { K_ff.clear(); }
 
     double uniform(double low, double high)
     {
