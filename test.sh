@@ -48,6 +48,11 @@ drills_of_sanitizers() {
   step "Arbitrary files, settings and arguments" scripts/drills/reader
 }
 
+checks_of_tidy() {
+  state+=$(git rev-parse -q --verify HEAD^ origin/main 2>/dev/null || true)
+  step "Checks of .clang-tidy, over what changed" scripts/tidy
+}
+
 aside() { # aside FUNCTION
   "$1" >"$logs/$1" 2>&1 &
   asides+=("$!:$1")
@@ -60,9 +65,8 @@ aside drills_of_release
 step "Tests, optimised" ctest --preset release -j "$(nproc)"
 build sanitize
 aside drills_of_sanitizers
+aside checks_of_tidy
 step "Tests, under the address and undefined-behaviour sanitizers" ctest --preset sanitize -j "$(nproc)"
-state+=$(git rev-parse -q --verify HEAD^ origin/main 2>/dev/null || true)
-step "Checks of .clang-tidy, over what changed" scripts/tidy
 status=0
 for one in "${asides[@]}"; do
   wait "${one%%:*}" || status=1
