@@ -186,7 +186,7 @@ public:
         constexpr std::size_t largestShare = 16, sharesOfEach = 4;
         const std::size_t count = models().size(), most = openFiles(sharesOfEach * jobs_);
         const std::size_t share =
-            std::clamp<std::size_t>(count / (sharesOfEach * jobs_), 1, largestShare);
+            std::clamp<std::size_t>(count / sharesOfEach / jobs_, 1, largestShare);
         ::signal(SIGCHLD, SIG_DFL); // a caller that ignores it would leave no ends to wait for
         for (std::size_t next = 0; next < count || !shares_.empty();) {
             for (; next < count && running_ < jobs_ && shares_.size() < most;
