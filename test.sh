@@ -7,10 +7,28 @@ cd "$(dirname "$0")"
 scripts/install-packages.sh build test
 
 logs=$(mktemp -d)
-trap 'kill $(jobs -p) 2>/dev/null || true; rm -rf "$logs"' EXIT
+# An end before its time takes along what runs aside, and tells what that has said.
+ended() {
+  for group in $(jobs -p); do
+    kill -- "-$group" 2>/dev/null && cat "$logs"/* || true
+  done
+  rm -rf "$logs"
+}
+trap ended EXIT
 mkdir -p build/passed
-[ "${1:-}" != --again ] || rm -f build/passed/*
-state=$({ git ls-files -coz --exclude-standard | xargs -0 sha1sum 2>/dev/null; dpkg-query -W; } | sha1sum)
+case "${1:-}" in
+  '') ;;
+  --again) rm -f build/passed/* ;;
+  *) sed -n '2,4s/^# *//p' "$0"; exit 2 ;;
+esac
+
+# All files and packages as they are now. Without git nothing tells which files: then all is run.
+state() {
+  { git ls-files -coz --exclude-standard || date +%s%N; dpkg-query -W
+    git ls-files -coz --exclude-standard | xargs -0 sha1sum; } 2>/dev/null | sha1sum
+}
+state=$(state)
+base=
 
 # step TITLE COMMAND...
 step() {
@@ -23,12 +41,12 @@ step() {
   fi
   rm -f "$mark"
   "$@" || { echo "failed: $title"; return 1; }
-  echo "$state" >"$mark"
+  [ "$(state)$base" != "$state" ] || echo "$state" >"$mark" # unless a file changed meanwhile
 }
 
 build() { # build PRESET OPTION...
   echo "== Build: $1"
-  cmake --preset "$@" >/dev/null && cmake --build --preset "$1"
+  { cmake --preset "$@" >/dev/null && cmake --build --preset "$1"; } || { echo "failed: Build: $1"; return 1; }
 }
 
 # What takes one core, or sleeps, runs beside what takes all of them; its words come at the end.
@@ -49,12 +67,15 @@ drills_of_sanitizers() {
 }
 
 checks_of_tidy() {
-  state+=$(git rev-parse -q --verify HEAD^ origin/main 2>/dev/null || true)
+  base=$(git rev-parse HEAD origin/main 2>/dev/null || true)
+  state+=$base
   step "Checks of .clang-tidy, over what changed" scripts/tidy
 }
 
 aside() { # aside FUNCTION
+  set -m # a group of its own, which can be ended whole
   "$1" >"$logs/$1" 2>&1 &
+  set +m
   asides+=("$!:$1")
 }
 

@@ -208,6 +208,7 @@ TEST_F(Drawings, AreThoseAccepted)
             found += (found.empty() ? "" : "\n") + now;
             ++drawings;
         }
+        EXPECT_EQ(file.peek(), EOF) << path << ": an empty line too many";
         if (accepting != nullptr)
             write(path, found);
     }

@@ -12,16 +12,18 @@
 
 namespace veskora {
 
-/// What stands before and behind "=>" on each line of the file @p name; other lines, and those that
-/// begin with "#", are for the reader.
+/// What stands before and behind "=>" on each line of the file @p name; those that begin with "#"
+/// are for the reader.
 inline std::vector<std::pair<std::string, std::string>> dataCases(const std::string &name)
 {
     std::ifstream file(TEST_DATA "/" + name);
     std::vector<std::pair<std::string, std::string>> cases;
     for (std::string line; std::getline(file, line);)
-        if (const auto arrow = line.find("=>"); arrow != std::string::npos && line[0] != '#')
+        if (const auto arrow = line.find("=>"); !line.empty() && line[0] != '#') {
+            EXPECT_NE(arrow, std::string::npos) << name << ": " << line;
             cases.emplace_back(line.substr(0, line.find_last_not_of(' ', arrow - 1) + 1),
                                line.substr(std::min(line.size(), arrow + 3)));
+        }
     EXPECT_FALSE(cases.empty()) << name;
     return cases;
 }

@@ -70,6 +70,7 @@ protected:
                                                            : Qt::LeftButton;
             const std::map<QString, std::function<void()>> verbs = {
                 {"model", [&] { buildModel(gesture.mid(6).toStdString()); }},
+                {"agree", [&] { desktop.agrees = true; }}, // to what is asked in this row
                 {"grid", [&] { nai_grid = name == "on"; }},
                 {"view", [&] { Katastasi_Provolis = static_cast<std::int16_t>(x); }},
                 {"move", [&] { moveTo(x, y); }},

@@ -66,6 +66,7 @@ qsizetype look(QWidget &form)
     static const QRegularExpression english("[A-Za-z]{3}");
     qsizetype count = 0;
     QString letters;
+    std::set<QString> captions;
     const auto takeLetter = [&letters](const QString &caption) {
         const QString letter = caption.section('&', 1).left(1).toLower();
         EXPECT_TRUE(letter.isEmpty() || !letters.contains(letter)) << caption.toStdString();
@@ -80,6 +81,10 @@ qsizetype look(QWidget &form)
         const auto *widget = qobject_cast<const QWidget *>(part);
         if (widget == nullptr || !widget->isVisible())
             continue;
+        if (const QString caption = captionOf(widget);
+            caption.startsWith("Wörd") && !part->objectName().startsWith("LabelUnits")) {
+            EXPECT_TRUE(captions.insert(caption).second) << caption.toStdString();
+        }
         takeLetter(captionOf(widget));
         if (const auto *tabs = qobject_cast<QTabWidget *>(part)) {
             for (int tab = 0; tab < tabs->count(); ++tab) {

@@ -55,6 +55,7 @@ private:
         return !fs::exists(name)          ? "none"
                : content == small         ? "small"
                : content == modelText()   ? "the model"
+               : content == left_         ? "the model left"
                : content.starts_with('*') ? "another model"
                                           : content.substr(0, 5);
     }
@@ -124,6 +125,7 @@ private:
 
     bool perform(const QString &gesture) override
     {
+        left_ = modelText();
         const QString verb = gesture.section(' ', 0, 0), rest = gesture.section(' ', 1);
         const QString first = rest.section(' ', 0, 0), others = rest.section(' ', 1);
         static const QMap<QString, Answer> answers = {{"ok", Answer::ok},
@@ -208,7 +210,7 @@ private:
         }
     }
 
-    std::string said_;
+    std::string said_, left_; ///< the model before the last act
 };
 
 TEST_F(Session, IsSeenToDoWhatItDoes)
