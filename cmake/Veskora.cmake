@@ -8,8 +8,8 @@ target_compile_options(veskora_flags INTERFACE
   -ffp-contract=off -fno-fast-math
   # GCC 12 forgets that a Double was narrowed to a Single where it joins two such places to a vector.
   -fno-tree-slp-vectorize
-  # Files compiled together see each other's unnamed namespaces: nothing is shadowed there in truth.
-  $<$<BOOL:${CMAKE_UNITY_BUILD}>:-Wno-shadow $<$<CXX_COMPILER_ID:GNU>:-Wno-subobject-linkage>>
+  # Of files compiled together GCC takes the unnamed namespaces for those of headers.
+  $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>
   $<$<BOOL:${VESKORA_WERROR}>:-Werror>
   # What is read or written at 0 ends by the address sanitizer too; asked before each access, it is a
   # fifth of the time of compiler and tests.

@@ -182,8 +182,10 @@ public:
 
     void run()
     {
-        // Enough for one process to pay for its start, and enough shares for all to end together.
-        constexpr std::size_t largestShare = 16, sharesOfEach = 4;
+        // Enough for one process to pay for its start, and enough shares for all to end together. A
+        // share is handed over whole: drawn models take long, and what is done is to be seen soon.
+        constexpr std::size_t sharesOfEach = 4;
+        const std::size_t largestShare = task_.start ? 4 : 16;
         const std::size_t count = models().size(), most = openFiles(sharesOfEach * jobs_);
         const std::size_t share =
             std::clamp<std::size_t>(count / sharesOfEach / jobs_, 1, largestShare);
@@ -195,12 +197,12 @@ public:
                 start(shares_.back());
             }
             while (!shares_.empty() && shares_.front().process == 0) {
-                Share &share = shares_.front();
-                deliver(share);
-                if (share.next < share.end)
-                    settle(share);
-                if (share.next < share.end)
-                    start(share);
+                Share &first = shares_.front();
+                deliver(first);
+                if (first.next < first.end)
+                    settle(first);
+                if (first.next < first.end)
+                    start(first);
                 else
                     shares_.pop_front();
             }

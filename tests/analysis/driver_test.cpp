@@ -20,7 +20,7 @@ const std::string notSolved = "An error occured during the analysis process. Mak
 const std::string mechanism =
     "The analysis has been carried out successfully, yet some of the resultant displacements have "
     "excessive values. The structure is probably a mechanism.";
-const std::string changed =
+const std::string changedSince =
     "Model has been changed. Do you want to reanalyze before the process goes on?";
 
 const std::string cantilever = "G 2.1e8 .01 1e-4; N 0 0 xxx; N 4 0 ooo 0 -10; E 1 2 1;";
@@ -228,10 +228,10 @@ TEST_F(Commands, WhatCanMoveFreelyIsTold)
 TEST_F(Commands, OldResultsAreOfferedANewAnalysis)
 {
     buildModel(cantilever);
-    desktop.expectMessage(changed, Icon::exclamation, Answer::no);
+    desktop.expectMessage(changedSince, Icon::exclamation, Answer::no);
     Erotisi_Epanepilisis();
     EXPECT_TRUE(Allagi_Montelou);
-    desktop.expectMessage(changed, Icon::exclamation, Answer::yes);
+    desktop.expectMessage(changedSince, Icon::exclamation, Answer::yes);
     Erotisi_Epanepilisis();
     EXPECT_FALSE(Allagi_Montelou);
     Erotisi_Epanepilisis(); // asks nothing

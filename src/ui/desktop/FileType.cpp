@@ -25,7 +25,7 @@ struct Part
 };
 constexpr Part entry = {"/applications/veskora-ml.desktop", ":/packaging/veskora-ml.desktop.in",
                         "update-desktop-database", "/applications"};
-constexpr Part parts[] = {
+constexpr Part typeParts[] = {
     {"/icons/hicolor/scalable/apps/veskora-ml.svg", ":/icons/Veskora_ML.svg"},
     {"/icons/hicolor/scalable/mimetypes/application-x-veskora-model.svg", ":/icons/vesk_model.svg"},
     {"/mime/packages/veskora-ml.xml", ":/packaging/veskora-ml.xml", "update-mime-database",
@@ -84,7 +84,7 @@ bool isInstalled(const QString &own)
     return std::ranges::any_of(folders, [&own](const QString &folder) {
         return folder != own
                && std::ranges::all_of(
-                   parts,
+                   typeParts,
                    [&folder](const Part &part) { return QFile::exists(folder + part.place); })
                && !QStandardPaths::findExecutable(programOf(contentOf(folder + entry.place)))
                        .isEmpty();
@@ -113,7 +113,7 @@ void registerFileType(const QString &program)
     // Copies of ours would stand before what is installed, and start what may be gone by now.
     if (installed && !isOurEntry(contentOf(own + entry.place)))
         return;
-    for (const Part &part : parts) {
+    for (const Part &part : typeParts) {
         const QString path = own + part.place;
         const QByteArray content =
             contentOf(part.source).replace("@VESKORA_EXEC@", quotedArgument(startOf(program)));

@@ -20,12 +20,12 @@ namespace veskora {
 
 namespace {
 
-constexpr const char *section = "CalculationReport";
+constexpr const char *calculationSettings = "CalculationReport";
 constexpr const char *yes = "1", *no = "0";
 
 std::string remembered(const char *key, const std::string &standard = {})
 {
-    return desktop().setting(section, key, standard);
+    return desktop().setting(calculationSettings, key, standard);
 }
 
 /// The entry that was remembered by its data's text, else @p standard.
@@ -85,7 +85,7 @@ void frmCalculation::remember() const
 {
     const CalculationOptions options = chosen();
     const auto store = [](const char *key, const std::string &value) {
-        desktop().storeSetting(section, key, value);
+        desktop().storeSetting(calculationSettings, key, value);
     };
     store("Title", options.title);
     store("Author", options.author);

@@ -184,7 +184,7 @@ struct RowsField
     }
 };
 
-constexpr std::size_t mostRows = 100; // more take seconds, and nobody reads them
+constexpr std::size_t mostRowsShown = 100; // more take seconds, and nobody reads them
 
 /// What is wrong of a list: its rows that the model lacks, and what is no row.
 QString wrongOf(const QString &list, int last)
@@ -211,11 +211,11 @@ QString wrongOf(const QString &list, int last)
 std::string refusalOf(const RowsField &asked)
 {
     const std::optional<std::vector<int>> rows = asked.rows();
-    if (rows && rows->size() > mostRows)
+    if (rows && rows->size() > mostRowsShown)
         return filled(Metafrasi(2121, "These are too many for one window: %1. Up to %2 "
                                       "elements and up to %2 nodes can be shown in full at "
                                       "a time."),
-                      {asked.text().toStdString(), numberText(static_cast<int>(mostRows))});
+                      {asked.text().toStdString(), numberText(static_cast<int>(mostRowsShown))});
     if (rows)
         return "";
     return asked.last == 0 ? asked.none

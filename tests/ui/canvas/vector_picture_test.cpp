@@ -22,7 +22,7 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr double pixels = 96 / 2.54; // of a centimetre
+constexpr double toPixels = 96 / 2.54; // of a centimetre
 
 class VectorPictures : public StoreTest
 {
@@ -159,7 +159,7 @@ TEST_F(VectorPictures, ForPrintNothingIsTooPaleTooThinOrTooSmall)
     QImage page(1000, 1000, QImage::Format_RGB32); // ten of its pixels to one of the canvas
     page.fill(Qt::green);
     QPainter painter(&page);
-    PaperKanvas kanvas(painter, page.rect(), 10 * pixels);
+    PaperKanvas kanvas(painter, page.rect(), 10 * toPixels);
     kanvas.setForPrint();
     kanvas.setBackground(darkBlue);
     kanvas.setFillColour(darkBlue);
@@ -167,7 +167,7 @@ TEST_F(VectorPictures, ForPrintNothingIsTooPaleTooThinOrTooSmall)
     kanvas.clear();
     const auto columnAt = [&](int x, double top, double bottom) { // without the page's green
         std::vector<QColor> inked;
-        for (int row = static_cast<int>(top * 10 * pixels); row < bottom * 10 * pixels; ++row)
+        for (int row = static_cast<int>(top * 10 * toPixels); row < bottom * 10 * toPixels; ++row)
             if (page.pixelColor(x, row) != QColor(Qt::green))
                 inked.push_back(page.pixelColor(x, row));
         return inked;
@@ -184,7 +184,7 @@ TEST_F(VectorPictures, ForPrintNothingIsTooPaleTooThinOrTooSmall)
     EXPECT_EQ(lineOf(yellow).front().blue(), 0);
     EXPECT_EQ(lineOf(pale).front(), QColor(Qt::black));
     kanvas.circle(2, 2, .2); // what hides the lines under a hinge is the paper
-    EXPECT_EQ(columnAt(static_cast<int>(20 * pixels), 1.9, 2.1).front(), QColor(Qt::white));
+    EXPECT_EQ(columnAt(static_cast<int>(20 * toPixels), 1.9, 2.1).front(), QColor(Qt::white));
     kanvas.setFontSize(2);
     kanvas.moveTo(0.2, 2.2);
     kanvas.print("|||");
@@ -202,14 +202,14 @@ TEST_F(VectorPictures, ALineRightBeforeAValueDoesNotMakeItNegative)
         QImage page(1000, 1000, QImage::Format_RGB32);
         page.fill(Qt::white);
         QPainter painter(&page);
-        PaperKanvas kanvas(painter, page.rect(), 10 * pixels);
+        PaperKanvas kanvas(painter, page.rect(), 10 * toPixels);
         kanvas.setFontSize(7);
         kanvas.line(0, 1.175, 1.06, 1.175); // at the height of a minus
         kanvas.moveTo(1, 1);
         kanvas.printValue(value, {1, {1, 2}, {1, 1}});
         kanvas.finish();
-        const int nearIt = static_cast<int>((value > 0 ? 1.0 : 0.95) * 10 * pixels);
-        const int at = static_cast<int>(1.175 * 10 * pixels);
+        const int nearIt = static_cast<int>((value > 0 ? 1.0 : 0.95) * 10 * toPixels);
+        const int at = static_cast<int>(1.175 * 10 * toPixels);
         EXPECT_EQ(page.pixelColor(nearIt, at) == QColor(Qt::white), isCovered) << value;
     }
 }

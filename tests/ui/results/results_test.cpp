@@ -377,6 +377,8 @@ TEST_F(Results, AReportIsSavedAsTheBatchRunnerWritesIt)
     EXPECT_EQ(desktop.fileQuestions.back().proposed, path("a.txt"));
     EXPECT_EQ(desktop.fileQuestions.back().filter, "Text files (*.txt)|*.txt|All files (*.*)|*.*");
     EXPECT_EQ(contentOf(path("r.txt")), contentOf(path("batch/a.txt")));
+    desktop.expectFileDialog(std::nullopt);
+    takeOut("keyApothikefsi", "xxxx"); // nothing more is said
     desktop.expectFileDialog(path("nowhere/r.txt"));
     desktop.expectMessage("There was an error saving the file: " + path("nowhere/r.txt")
                               + ": No such file or directory",
