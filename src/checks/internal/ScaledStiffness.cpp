@@ -103,9 +103,9 @@ bool ScaledStiffness::isStrainedByRounding(const Eigen::VectorXd &scaled) const
 {
     using std::abs, std::sqrt;
     const ExtendedVector u = displacements(scaled);
-    const Extended still = u.cwiseAbs().maxCoeff() * Extended(1e-6);
+    const Extended least = u.cwiseAbs().maxCoeff() * Extended(1e-6);
     for (Eigen::Index freedom = 0; freedom < u.size(); ++freedom)
-        if (springs_(freedom) != 0 && abs(u(freedom)) > still)
+        if (springs_(freedom) != 0 && abs(u(freedom)) > least)
             return false;
     return std::all_of(members_.begin(), members_.end(), [&u](const auto &member) {
         const Extended x = u(freedomOf(member.nodeJ, 1) - 1) - u(freedomOf(member.nodeI, 1) - 1);

@@ -136,14 +136,14 @@ void SettingsFile::read()
     sections_.clear();
     QString section;
     for (const QString &line : text.split('\n')) {
-        const QString entry = line.trimmed();
-        const qsizetype equals = entry.indexOf('=');
-        if (entry.startsWith(';') || entry.startsWith('#'))
+        const QString setting = line.trimmed();
+        const qsizetype equals = setting.indexOf('=');
+        if (setting.startsWith(';') || setting.startsWith('#'))
             continue;
-        if (entry.startsWith('[') && entry.endsWith(']'))
-            section = entry.mid(1, entry.size() - 2).trimmed();
+        if (setting.startsWith('[') && setting.endsWith(']'))
+            section = setting.mid(1, setting.size() - 2).trimmed();
         else if (equals > 0)
-            sections_[section][entry.left(equals).trimmed()] = entry.mid(equals + 1).trimmed();
+            sections_[section][setting.left(equals).trimmed()] = setting.mid(equals + 1).trimmed();
     }
     read_ = now;
 }
