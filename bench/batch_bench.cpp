@@ -1,5 +1,5 @@
-// The batch runner with models at the limit: one more model of a run, a process for one alone, and
-// a run in one process and in two.
+// The batch runner with models at the limit: one more model of a run, a process for one alone,
+// and a run in one process and in two.
 
 #include "Batch.h"
 
@@ -20,7 +20,7 @@
 namespace veskora {
 namespace {
 
-constexpr const char *model = EXAMPLES "/limit.vsk";
+constexpr const char *limitModel = EXAMPLES "/limit.vsk";
 
 void runModels(benchmark::State &state, const std::vector<std::string> &arguments)
 {
@@ -31,14 +31,14 @@ void runModels(benchmark::State &state, const std::vector<std::string> &argument
 
 void printed(benchmark::State &state)
 {
-    runModels(state, {"-", model});
+    runModels(state, {"-", limitModel});
 }
 
 /// Waits until the disk has the report.
 void written(benchmark::State &state)
 {
     const std::string folder = std::filesystem::temp_directory_path() / "veskora-bench";
-    runModels(state, {"--out", folder, model});
+    runModels(state, {"--out", folder, limitModel});
     std::filesystem::remove_all(folder);
 }
 
@@ -77,7 +77,7 @@ Usage runProgram(const std::vector<std::string> &arguments)
 void process(benchmark::State &state)
 {
     for (auto _ : state)
-        state.SetIterationTime(runProgram({"-", model}).processor);
+        state.SetIterationTime(runProgram({"-", limitModel}).processor);
 }
 
 template <int processes>
@@ -85,7 +85,7 @@ void jobs(benchmark::State &state)
 {
     constexpr int models = 64;
     std::vector<std::string> arguments = {"--jobs", std::to_string(processes), "-"};
-    arguments.insert(arguments.end(), models, model);
+    arguments.insert(arguments.end(), models, limitModel);
     for (auto _ : state)
         state.SetIterationTime(runProgram(arguments).clock);
 }
