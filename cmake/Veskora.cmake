@@ -11,10 +11,7 @@ target_compile_options(veskora_flags INTERFACE
   # Of files compiled together GCC takes the unnamed namespaces for those of headers.
   $<$<AND:$<BOOL:${CMAKE_UNITY_BUILD}>,$<CXX_COMPILER_ID:GNU>>:-Wno-subobject-linkage>
   $<$<BOOL:${VESKORA_WERROR}>:-Werror>
-  # What is read or written at 0 ends by the address sanitizer too; asked before each access, it is a
-  # fifth of the time of compiler and tests.
-  $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize=null,alignment
-    -fno-sanitize-recover=all -fno-omit-frame-pointer>)
+  $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer>)
 target_link_options(veskora_flags INTERFACE
   -Wl,-z,relro,-z,now # what the linker has filled in cannot be written any more
   $<$<BOOL:${VESKORA_SANITIZE}>:-fsanitize=address,undefined>)

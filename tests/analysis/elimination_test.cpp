@@ -136,7 +136,7 @@ protected:
 TEST_F(WholeAnalysis, GivesTheBitsOfThePlainLoopsOnRandomFrames)
 {
     std::mt19937 random(7);
-    for (int round = 0; round < 54; ++round) {
+    for (int round = 0; round < 60; ++round) {
         SCOPED_TRACE(round);
         buildRandomFrame(random, round < 50 ? 2 + round : 200);
         ASSERT_TRUE(compare());
